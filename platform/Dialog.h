@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+
+#include "platform/DateTime.h"
+#include "platform/Window.h"
+
+namespace platform {
+
+// A modal dialog made from a dialog template of the program's resources. Closing it, and Esc, is
+// OnCommand(kIdCancel); a pressed button is OnCommand(its id); by default both Ok and Cancel end the dialog.
+class Dialog : public Window {
+  public:
+    explicit Dialog(int templateId);
+    ~Dialog() override;
+
+    // Creates the dialog, runs it until EndModal and destroys it. `owner` (may be null) can't be used
+    // meanwhile. Returns EndModal's result, -1 when the window could not be made.
+    int RunModal(Window* owner);
+
+    // Controls by id; an id that the template lacks does nothing and reads as empty.
+    std::wstring ItemText(int id) const;
+    void SetItemText(int id, const std::wstring& text);
+    void EnableItem(int id, bool enabled);
+    bool IsItemEnabled(int id) const;
+    void FocusItem(int id);
+    void SelectItemText(int id);  // all of an edit's text
+
+    // Date and time pickers; each exchanges only its own half of the moment.
+    DateTime PickedDate(int id) const;
+    DateTime PickedTime(int id) const;
+    void SetPicked(int id, const DateTime& moment);
+
+    // Rectangles in pixels of the handheld's screen.
+    Rect WindowRect() const;
+    Rect ItemRect(int id) const;
+    void Place(const Rect& windowRect);
+
+    void OnCommand(int id) override;
+
+  private:
+    int templateId_;
+};
+
+}  // namespace platform

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/DateTime.h"
+
+// Files and folders by handheld path: rooted with "\", no drive letter, no current directory; a path
+// without its leading "\" names the same entry. Matching is case-insensitive, as on the handheld.
+namespace platform {
+
+enum class EntryKind { Missing, File, Folder };
+
+struct FolderEntry {
+    std::wstring name;
+    bool isFolder = false;
+    DateTime lastWrite;  // local time
+};
+
+// What a search for exactly this path finds. A trailing "\" makes the search fail: strip it first.
+EntryKind FindEntry(const std::wstring& path);
+
+// Entries of `folder` whose names match `pattern` ("*.ikw", "*.*"), "." and ".." left out. False when
+// the folder can't be enumerated; a folder without a match gives true and an empty list.
+bool ListFolder(const std::wstring& folder, const std::wstring& pattern, std::vector<FolderEntry>& entries);
+
+bool MakeFolder(const std::wstring& path);   // one level
+bool DropFolder(const std::wstring& path);   // must be empty
+bool EraseFile(const std::wstring& path);
+bool MoveEntry(const std::wstring& from, const std::wstring& to);  // file or folder; never overwrites
+bool CopyFileTo(const std::wstring& from, const std::wstring& to);  // overwrites
+
+// Bytes that the caller may still use on the storage that holds `folder`.
+bool FreeBytes(const std::wstring& folder, uint64_t& bytes);
+
+// The user's personal documents folder, made when missing; no trailing "\".
+std::wstring DocumentsFolder();
+
+// A path of the host system (drive letter, share) as the handheld path of the same place; a text that is
+// no host path comes back unchanged.
+std::wstring FromHostPath(const std::wstring& path);
+
+}  // namespace platform

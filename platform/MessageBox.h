@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+namespace platform {
+
+class Window;
+
+enum class MessageButtons { Ok, YesNo, YesNoCancel };
+enum class MessageIcon { Error, Question, Information };  // stop, exclamation, information
+enum class MessageAnswer { Ok, Cancel, Yes, No };
+enum class DefaultButton { First, Second };
+
+// Shows the system's own message box and waits for its answer. `owner` may be null.
+MessageAnswer ShowMessage(Window* owner, const std::wstring& text, const std::wstring& caption,
+                          MessageButtons buttons, MessageIcon icon,
+                          DefaultButton defaultButton = DefaultButton::First);
+
+// The shell's own out-of-memory box; needs no memory to speak of.
+void ShowOutOfMemory(Window* owner);
+
+// Shows the wait cursor while it lives. May be nested.
+class WaitCursor {
+  public:
+    WaitCursor();
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+    ~WaitCursor();
+};
+
+}  // namespace platform

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/DateTime.h"
+
+// The operating system's database of timed notifications.
+namespace platform {
+
+using NotificationHandle = uint32_t;  // 0 = none
+
+struct NotificationTrigger {
+    std::wstring application;  // empty: no program is started
+    std::wstring arguments;
+    DateTime start;  // local time
+    DateTime end;
+};
+
+struct UserNotification {
+    bool flashLed = false;
+    bool showDialog = false;
+    std::wstring dialogTitle;
+    std::wstring dialogText;
+};
+
+// Adds a notification, or replaces `existing` in place when it is not 0. 0 when it could not be set.
+NotificationHandle SetNotification(NotificationHandle existing, const NotificationTrigger& trigger,
+                                   const UserNotification& notification);
+
+}  // namespace platform

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/Window.h"
+
+namespace platform {
+
+// A small modal window without a caption, for a choice by one tap. A tap outside it, or Esc, is
+// OnCommand(kIdCancel), which by default ends it.
+class Popup : public Window {
+  public:
+    Popup();
+    ~Popup() override;
+
+    // Opens with a client area of `width` x `height` whose bottom right corner lies at `corner` (handheld
+    // screen pixels, moved as needed to lie on the screen); runs until EndModal and returns its result.
+    int RunModal(Window* owner, const std::wstring& title, Point corner, int width, int height);
+
+    void OnCommand(int id) override;
+};
+
+}  // namespace platform

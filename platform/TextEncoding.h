@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+// The system's ANSI code page, the encoding of text memo files.
+namespace platform {
+
+// Characters without a place in the code page become its default character. False when memory is short.
+bool ToAnsi(const std::wstring& text, std::string& bytes);
+bool FromAnsi(const std::string& bytes, std::wstring& text);
+
+// Comparison as file names are compared: case-insensitive, by code units, no locale.
+bool EqualNoCase(const std::wstring& a, const std::wstring& b);
+
+}  // namespace platform

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/Image.h"
+
+namespace platform {
+
+struct ToolBarButton {
+    int command = 0;                // 0 = separator
+    const wchar_t* title = nullptr;  // tool tip
+};
+
+// Buttons in order; button images stand side by side in the bitmap resource, separators take none.
+struct ToolBarLayout {
+    int bitmapId = 0;
+    int imageWidth = 0;
+    int imageHeight = 0;
+    std::vector<ToolBarButton> buttons;
+};
+
+// The tool bar of a Screen's menu bar; made by Screen::CreateMenuBar, before that nothing has an effect.
+class ToolBar {
+  public:
+    ToolBar();
+    ~ToolBar();
+
+    // Replaces all button images at once.
+    void SetImages(const Image& images);
+    void SetChecked(int command, bool checked);
+    void SetPressed(int command, bool pressed);
+    void SetEnabled(int command, bool enabled);
+    bool IsChecked(int command) const;
+    bool IsPressed(int command) const;
+    bool IsEnabled(int command) const;
+
+    struct Impl;
+    std::unique_ptr<Impl>& Handle() { return impl_; }
+
+  private:
+    std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace platform

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "ink/Geometry.h"
+#include "platform/Image.h"
+
+namespace platform {
+
+using ink::Point;
+using ink::Rect;
+
+constexpr int kIdOk = 1;
+constexpr int kIdCancel = 2;
+
+enum class ScrollCode { LineUp, LineDown, PageUp, PageDown, ThumbPosition, Top, Bottom };
+enum class Key { Left, Up, Right, Down, PageUp, PageDown, Home, End, Enter, Escape, Delete, F2, Other };
+
+struct ScrollState {
+    int minimum = 0;
+    int maximum = 0;
+    int page = 0;
+    int position = 0;
+};
+
+// Base of every window of the program: the operations that windows need and one virtual function for each
+// event. Positions are client pixels unless a name says otherwise. A window is created by its kind (Screen,
+// Dialog, Popup) and destroyed before its object; operations on a window that does not exist do nothing.
+class Window {
+  public:
+    Window();
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+    virtual ~Window();
+
+    bool Exists() const;
+    int ClientWidth() const;
+    int ClientHeight() const;
+
+    void SetTitle(const std::wstring& title);
+    std::wstring Title() const;
+
+    // Asks for OnPaint of the whole client area (nothing is erased first).
+    void Invalidate();
+    // Copies `source` (in image pixels) to the same place of the client area, at once or within OnPaint.
+    void Show(const Image& image, const Rect& source);
+    // Moves what the client area shows by `dy` rows (down when positive); the uncovered rows keep what
+    // they showed and are the caller's to draw. Rows that another window covered are invalidated.
+    void ScrollPixels(int dy);
+    // Inverts the pixels of `area` on the screen.
+    void InvertPixels(const Rect& area);
+
+    bool StartTimer(int id, uint32_t periodMilliseconds);
+    void StopTimer(int id);
+
+    // Pen capture: all pen events come here until released or taken away (OnCaptureLost).
+    void CapturePen();
+    void ReleasePen();
+    bool HasPen() const;
+    // Within OnPenMove and OnPenUp: the pen positions between the previous pen event and this one, oldest
+    // first, this event's own position not included. At most `capacity`; returns how many.
+    size_t PenSamples(Point* samples, size_t capacity) const;
+
+    // Vertical scroll bar: always visible on a Screen that asked for one, disabled when nothing scrolls.
+    void SetScroll(const ScrollState& state);
+    ScrollState GetScroll() const;
+    void SetScrollPosition(int position);
+
+    // Handled after the events that already wait.
+    void PostCommand(int id);
+    void PostScroll(ScrollCode code);
+
+    // Ends the modal run of this window with `result`.
+    void EndModal(int result);
+
+    // For the ports.
+    struct Impl;
+    Impl* Handle() const { return impl_.get(); }
+
+    // Events. Ports call them; one handler for each message.
+    virtual bool OnCreate() { return true; }  // false: the window does not open; EndModal tells the result
+    virtual void OnDestroy() {}
+    virtual void OnPaint() {}  // draw with Show
+    virtual void OnPenDown(Point) {}
+    virtual void OnPenMove(Point) {}
+    virtual void OnPenUp(Point) {}
+    virtual void OnCaptureLost() {}
+    virtual void OnTimer(int) {}
+    virtual void OnScroll(ScrollCode, int /*thumb position*/) {}
+    virtual bool OnKeyDown(Key) { return false; }  // false: default handling
+    virtual void OnCommand(int) {}
+    virtual void OnControlChanged(int) {}  // a control's content was changed by the user
+    // Message 6034 (WM_USER + 5010) from another copy or from a worker of ours.
+    virtual void OnPrivateMessage(uint32_t, intptr_t) {}
+
+  protected:
+    std::unique_ptr<Impl> impl_;
+};
+
+// Message number of OnPrivateMessage.
+constexpr uint32_t kPrivateMessage = 0x0400 + 5010;
+
+}  // namespace platform
