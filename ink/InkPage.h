@@ -1,0 +1,130 @@
+// The note in memory: a tall page of strokes kept in a list of horizontal bands.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ink/Color.h"
+#include "ink/StrokeBand.h"
+#include "ink/StrokePool.h"
+#include "ink/StrokeRecord.h"
+
+namespace ink {
+
+enum class AddResult { Added, NothingToAdd, OutOfMemory };
+
+// A run of consecutive points of a stroke.
+struct StrokeRun {
+    int32_t first;
+    int32_t count;
+};
+
+// First and last slot that may hold strokes touching some rows; nothing when last < first.
+struct SlotRange {
+    int64_t first;
+    int64_t last;
+};
+
+// Coordinates are device pixels; page y is measured from the top of the note, independent of scrolling.
+// No member throws; none shows anything to the user.
+class InkPage {
+  public:
+    // Strokes beyond this slot are refused: no real page is half a million screens tall.
+    static constexpr int64_t kMaxSlot = 1000000;
+
+    // What the editor sets and reads freely.
+    int32_t bandHeight = 1;  // rows per band: the canvas height when the editor was created
+    int32_t canvasWidth = 0;
+    int32_t canvasHeight = 0;
+    uint8_t penStyle = 0;
+    uint8_t penSize = 10;  // tenths of a pixel
+    // Most recent first: [0] is the colour given to new strokes.
+    std::array<ColorRef, 5> penColors{0x808080, 0x4040FF, 0x40FF40, 0xFF4040, 0xFF40FF};
+    ColorRef background = 0x00FFFFFF;
+    int32_t scroll = 0;     // page y of the top of the view
+    bool modified = false;  // set by adding and erasing, cleared by Clear and by the editor after a save
+    std::wstring notePath;  // ends in "\" when only the folder of a new note is known
+    std::wstring memo;
+
+    double PenWidth() const { return penSize * 0.1; }
+
+    InkPage() = default;
+    InkPage(const InkPage&) = delete;
+    InkPage& operator=(const InkPage&) = delete;
+
+    // Drops every stroke and slot and the memo; scroll 0; not modified. Colours, pen and path stay.
+    void Clear();
+
+    // Files a new stroke of `count` points in page coordinates, whose smallest and largest page y are `top`
+    // and `bottom`. Sets `modified` in every case. On OutOfMemory the page holds what it held before.
+    AddResult AddStroke(const Point* points, int32_t count, int32_t top, int32_t bottom, ColorRef color);
+
+    // The slot of a stroke covering rows minY..maxY: the sum of the bands of its first and last row; never
+    // below 0.
+    int64_t SlotOf(int32_t minY, int32_t maxY) const;
+
+    size_t SlotCount() const { return slots_.size(); }
+    // The band of a slot, or null when it holds none.
+    const StrokeBand* Band(size_t slot) const { return slot < slots_.size() ? slots_[slot].get() : nullptr; }
+    // Makes slots up to and including `slot` exist, new ones without a band. False when memory is short or
+    // the slot is beyond kMaxSlot.
+    bool EnsureSlot(int64_t slot);
+    // Drops slots from the end up to the last one that holds a record.
+    void TrimTrailingBands();
+    // Whether any slot holds a record.
+    bool HasInk() const;
+
+    // The slots to look through for strokes that may touch page rows top..bottom (both inclusive).
+    SlotRange SlotsFor(int64_t top, int64_t bottom) const;
+
+    // Calls visit(const StrokeRecord&) for the records with points whose rows overlap top..bottom (both
+    // inclusive): from the highest slot to the lowest, in each in drawing order. A stroke taller than two
+    // bands may lie in a slot that is not looked through; the pen cannot make one.
+    template <typename Visitor>
+    void VisitStrokes(int64_t top, int64_t bottom, Visitor&& visit) const;
+
+    // Replaces a record by new ones holding runs of its points (offset and colour are kept, the y range is
+    // each run's own) at its place in its band. No runs: the record is removed. Sets `modified`. False, with
+    // the band untouched, when memory is short.
+    bool ReplaceRecord(size_t slot, size_t index, const StrokeRun* runs, size_t runCount);
+
+    // Moves every stroke whose smallest y is at least `fromY` by `rows` (down when positive) and files it
+    // anew. Sets `modified`. False, with nothing moved, when memory is short or a stroke would leave the
+    // page.
+    bool ShiftStrokes(int32_t fromY, int32_t rows);
+
+    // For the note reader: the memory of the records, and filing a record that lies in it at the end of a
+    // slot's band. Neither touches `modified`.
+    StrokePool& Pool() { return pool_; }
+    bool FileRecord(StrokeRecord* record, int64_t slot);
+    // Like EnsureSlot without its limit: a file may list more empty slots than strokes can use.
+    bool EnsureSlotCount(size_t count);
+
+  private:
+    using Slots = std::vector<std::unique_ptr<StrokeBand>>;
+
+    int64_t BandOf(int64_t y) const { return y / (bandHeight > 0 ? bandHeight : 1); }
+    void AppendTo(Slots& slots, StrokeRecord* record, int64_t slot) const;
+
+    Slots slots_;
+    StrokePool pool_;
+};
+
+template <typename Visitor>
+void InkPage::VisitStrokes(int64_t top, int64_t bottom, Visitor&& visit) const {
+    const SlotRange range = SlotsFor(top, bottom);
+    for (int64_t slot = range.last; slot >= range.first; --slot) {
+        const StrokeBand* band = slots_[static_cast<size_t>(slot)].get();
+        if (band == nullptr) continue;
+        for (size_t i = 0; i < band->Count(); ++i) {
+            const StrokeRecord& record = band->At(i);
+            if (record.count >= 1 && record.maxY >= top && record.minY <= bottom) visit(record);
+        }
+    }
+}
+
+}  // namespace ink

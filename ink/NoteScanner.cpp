@@ -1,0 +1,106 @@
+#include "ink/NoteScanner.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+namespace ink {
+namespace {
+
+// Hostile numbers may overflow; they wrap like the 32-bit fields they are stored in.
+int32_t Subtract(int32_t a, int32_t b) {
+    return static_cast<int32_t>(static_cast<uint32_t>(a) - static_cast<uint32_t>(b));
+}
+
+}  // namespace
+
+NoteScanner::NoteScanner(ByteSource& source, const NoteFileHeader& header, int32_t bandHeight,
+                         StrokePool& pool, Mode mode)
+    : source_(source),
+      pool_(pool),
+      mode_(mode),
+      hasPagePoints_(header.HasPagePoints()),
+      bandHeight_(bandHeight),
+      blocks_(std::max(header.bandCount, 0)) {}
+
+ScanResult NoteScanner::Next(StrokeRecord*& record) {
+    while (recordsLeft_ == 0) {
+        if (block_ + 1 >= blocks_) return ScanResult::End;
+        const ScanResult result = Need(sizeof(uint32_t));
+        if (result != ScanResult::Record) return result;
+        std::memcpy(&recordsLeft_, chunk_ + cursor_, sizeof(uint32_t));
+        cursor_ += sizeof(uint32_t);
+        ++block_;
+    }
+
+    ScanResult result = Need(sizeof(StrokeRecord));
+    if (result != ScanResult::Record) return result;
+    int32_t count = 0;
+    std::memcpy(&count, chunk_ + cursor_, sizeof count);
+    if (count < 0) return ScanResult::Damaged;
+    const uint64_t size = StrokeRecord::ByteSize(count);
+    result = Need(size);
+    if (result != ScanResult::Record) return result;
+
+    record = reinterpret_cast<StrokeRecord*>(chunk_ + cursor_);
+    cursor_ += static_cast<size_t>(size);
+    // The pool may cut new records from what lies behind the last one handed out.
+    pool_.SetUsed(cursor_);
+    chunkHoldsRecords_ = true;
+    --recordsLeft_;
+    if (hasPagePoints_) Convert(*record);
+    return ScanResult::Record;
+}
+
+ScanResult NoteScanner::Need(uint64_t size) {
+    if (Left() >= size) return ScanResult::Record;
+    while (Left() < size) {
+        if (atEnd_) return ScanResult::Damaged;
+        if (end_ == capacity_ || size > capacity_ - cursor_) {
+            // A claimed size is believed only as far as the bytes that came: the room at most doubles.
+            const uint64_t trusted = std::min<uint64_t>(size, 2 * static_cast<uint64_t>(Left()));
+            const uint64_t room = std::max<uint64_t>(trusted, pool_.NextChunkSize());
+            if (room > std::numeric_limits<size_t>::max() / 2) return ScanResult::OutOfMemory;
+            if (!NextChunk(static_cast<size_t>(room))) return ScanResult::OutOfMemory;
+        }
+        const ScanResult result = Fill();
+        if (result != ScanResult::Record) return result;
+    }
+    return ScanResult::Record;
+}
+
+// Goes on in a new chunk, taking along the bytes not yet handed out.
+bool NoteScanner::NextChunk(size_t capacity) {
+    uint8_t* next = pool_.AddChunk(capacity);
+    if (next == nullptr) return false;
+    const size_t left = Left();
+    if (left != 0) std::memcpy(next, chunk_ + cursor_, left);
+    if (mode_ == Mode::Visit || !chunkHoldsRecords_) pool_.DropPreviousChunk();
+    chunkHoldsRecords_ = false;
+    chunk_ = next;
+    capacity_ = capacity;
+    cursor_ = 0;
+    end_ = left;
+    return true;
+}
+
+ScanResult NoteScanner::Fill() {
+    size_t got = 0;
+    const size_t wanted = capacity_ - end_;
+    if (!source_.Read(chunk_ + end_, wanted, got)) return ScanResult::Damaged;
+    end_ += std::min(got, wanted);
+    atEnd_ = got < wanted;
+    return ScanResult::Record;
+}
+
+// Points of old files hold page y. They become relative to an offset half a band above the stroke's end.
+void NoteScanner::Convert(StrokeRecord& record) const {
+    const int64_t half = bandHeight_ / 2;
+    const int64_t offset = static_cast<int64_t>(record.maxY) + 1 - half;
+    record.yOffset =
+        static_cast<int32_t>(std::clamp<int64_t>(offset, 0, std::numeric_limits<int32_t>::max()));
+    Point* points = record.Points();
+    for (int32_t i = 0; i < record.count; ++i) points[i].y = Subtract(points[i].y, record.yOffset);
+}
+
+}  // namespace ink
