@@ -31,6 +31,7 @@ class ToolBar {
     void SetChecked(int command, bool checked);
     void SetPressed(int command, bool pressed);
     void SetEnabled(int command, bool enabled);
+    bool HasButton(int command) const;
     bool IsChecked(int command) const;
     bool IsPressed(int command) const;
     bool IsEnabled(int command) const;

@@ -1,0 +1,31 @@
+#include "app/PenSettings.h"
+
+#include "app/Settings.h"
+
+namespace app {
+
+namespace {
+
+constexpr SettingId kPenColors[] = {SettingId::LastPenColor, SettingId::PenColor_1, SettingId::PenColor_2,
+                                    SettingId::PenColor_3, SettingId::PenColor_4};
+
+}  // namespace
+
+PenSettings LoadPenSettings() {
+    const Settings settings;
+    PenSettings pen;
+    for (size_t i = 0; i < pen.recentColors.size(); ++i) pen.recentColors[i] = settings.ReadNumber(kPenColors[i]);
+    pen.backgroundColor = settings.ReadNumber(SettingId::LastBGColor);
+    const uint32_t penInfo = settings.ReadNumber(SettingId::PenInfo);
+    pen.penSize = static_cast<uint8_t>(penInfo & 0xFF);
+    pen.penStyle = static_cast<uint8_t>(penInfo >> 16 & 0xFF);
+    return pen;
+}
+
+void SaveColors(const PenSettings& pen) {
+    Settings settings;
+    for (size_t i = 0; i < pen.recentColors.size(); ++i) settings.Write(kPenColors[i], pen.recentColors[i]);
+    settings.Write(SettingId::LastBGColor, pen.backgroundColor);
+}
+
+}  // namespace app

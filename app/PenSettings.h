@@ -1,0 +1,24 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "ink/Color.h"
+
+namespace app {
+
+// The pen and page colours that every new editor page starts with.
+struct PenSettings {
+    // Most recent first; the first is the current pen colour (`LastPenColor`, `PenColor_1` to `PenColor_4`).
+    std::array<ink::ColorRef, 5> recentColors{};
+    ink::ColorRef backgroundColor = 0;
+    uint8_t penSize = 0;   // pen width in tenths of a pixel
+    uint8_t penStyle = 0;  // 2 = smooth, 1 = classic, 0 = simple
+};
+
+PenSettings LoadPenSettings();
+
+// Writes the six colours; pen size and style belong to the options sheet.
+void SaveColors(const PenSettings& settings);
+
+}  // namespace app

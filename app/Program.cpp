@@ -1,0 +1,67 @@
+#include "app/Program.h"
+
+#include <vector>
+
+#include "app/CommandLine.h"
+#include "app/OtherCopies.h"
+#include "app/PenSettings.h"
+#include "app/StorePaths.h"
+#include "app/TodayScreen.h"
+#include "editor/InkCanvas.h"
+#include "platform/FileSystem.h"
+#include "platform/MessageBox.h"
+
+namespace app {
+
+namespace {
+
+void DropMissingTarget(StartRequest& request) {
+    if (request.manageMode || !NamesFile(request.target)) return;
+    if (platform::FindEntry(request.target) != platform::EntryKind::Missing) return;
+    platform::ShowMessage(nullptr, request.target + L"\n\nFile Not Found!",
+                          request.alarmMode ? L" Alarm Error :: Inkwright" : L" Error :: Inkwright",
+                          platform::MessageButtons::Ok, platform::MessageIcon::Error);
+    request.target.clear();
+}
+
+// Pictures made for e-mail stay until the next start: the mail program may still be reading them.
+void RemoveStalePictures() {
+    const std::wstring folder = TemporaryFolder();
+    std::vector<platform::FolderEntry> pictures;
+    platform::ListFolder(WithoutTrailingBackslashes(folder), L"*.bmp", pictures);
+    for (const platform::FolderEntry& picture : pictures) {
+        if (!picture.isFolder) platform::EraseFile(folder + picture.name);
+    }
+}
+
+// A start without a target writes a new note where new notes go.
+std::wstring NewNoteTarget() {
+    const std::wstring folder = RootPrefix() + kNewNotesFolder + L"\\";
+    EnsureFolders(folder);
+    return folder;
+}
+
+}  // namespace
+
+int RunProgram(const std::wstring& commandLine) {
+    StartRequest request = ParseCommandLine(commandLine);
+    MakeRoom(request);
+    PenSettings pen = LoadPenSettings();
+    DropMissingTarget(request);
+    RemoveStalePictures();
+    if (request.manageMode || request.target.empty()) request.target = NewNoteTarget();
+
+    editor::InkCanvas::Opening opening;
+    opening.notePath = request.target;
+    opening.titleOverride = request.caption;
+    opening.alarmStamp = request.alarmTimeCode;
+    opening.openedByAlarm = request.alarmMode;
+    editor::InkCanvas canvas(pen, opening);
+    canvas.RunModal(nullptr);
+
+    SaveColors(pen);
+    RefreshTodayScreen();
+    return 0;
+}
+
+}  // namespace app

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+
+#include "platform/DateTime.h"
+
+// Where notes lie and how their paths are formed. Folder paths handed between modules end in "\"; a note
+// path that ends in "\" names the folder in which a new note is to be made.
+namespace app {
+
+extern const wchar_t* const kNoteExtension;    // ".ikw"
+extern const wchar_t* const kProductFolder;    // "Inkwright"
+extern const wchar_t* const kNewNotesFolder;   // "New Notes"
+extern const wchar_t* const kRemindersFolder;  // "Reminders"
+
+// `path` with one "\" at its end; a path of at most one character is left alone.
+std::wstring WithBackslash(const std::wstring& path);
+std::wstring WithoutTrailingBackslashes(const std::wstring& path);
+bool EndsInBackslash(const std::wstring& path);
+
+// Everything up to and including the last "\"; empty when there is none.
+std::wstring FolderOf(const std::wstring& path);
+// The text after the last "\".
+std::wstring NameOf(const std::wstring& path);
+// True for a path that names a note file, as opposed to nothing or the folder of a new note.
+bool NamesFile(const std::wstring& notePath);
+
+// Makes every missing folder of the path; failures show when the folder is used.
+void EnsureFolders(const std::wstring& path);
+bool IsFile(const std::wstring& path);
+bool IsFolder(const std::wstring& path);
+
+// `RootDirPath` without trailing backslashes; empty when it is unset or unreadable.
+std::wstring ConfiguredRoot();
+// The configured root, else the documents folder + "\Inkwright"; no trailing "\".
+std::wstring StoreRoot();
+// The store root with one trailing "\".
+std::wstring RootPrefix();
+
+// "YYYY-MM-DD", the name of a day's folder under "Reminders".
+std::wstring DateFolderName(const platform::DateTime& date);
+// Reads such a name; false when it is not a day of the calendar written so.
+bool ParseDateFolderName(const std::wstring& name, platform::DateTime& date);
+
+// The text memo that belongs to a note: cut at the last "." and ".txt" appended. Empty when the path has no ".".
+std::wstring MemoPath(const std::wstring& notePath);
+
+// Where pictures made for e-mail lie, under the documents folder wherever the store is; ends in "\".
+std::wstring TemporaryFolder();
+
+}  // namespace app

@@ -1,0 +1,300 @@
+#include "editor/InkCanvas.h"
+
+#include <algorithm>
+
+#include "alarms/AlarmStamp.h"
+#include "alarms/AlarmTimeDialog.h"
+#include "alarms/NoteAlarm.h"
+#include "app/StorePaths.h"
+#include "editor/NoteStorage.h"
+#include "editor/PageScroll.h"
+#include "options/ColorPalette.h"
+#include "platform/FileSystem.h"
+#include "platform/Locale.h"
+#include "platform/MessageBox.h"
+#include "platform/PopupMenu.h"
+#include "platform/TextEncoding.h"
+#include "res/resource.h"
+
+namespace editor {
+
+namespace {
+
+using platform::DefaultButton;
+using platform::MessageAnswer;
+using platform::MessageButtons;
+using platform::MessageIcon;
+
+constexpr int kMenuInset = 20;        // pixels from the screen's bottom right corner
+constexpr uint32_t kTakeOver = 1;     // private message: another copy starts
+constexpr int kCannotOpen = -1;
+
+}  // namespace
+
+struct InkCanvas::Command {
+    int id;
+    void (InkCanvas::*handle)();
+};
+
+const InkCanvas::Command InkCanvas::kCommands[] = {
+    {platform::kIdOk, &InkCanvas::Close},
+    {IDM_NEW_NOTE, &InkCanvas::NewNote},
+    {IDM_TOOLS, &InkCanvas::ShowToolsMenu},
+    {IDM_BACKGROUND_COLOR, &InkCanvas::ChooseBackground},
+    {IDM_PEN, &InkCanvas::UsePen},
+    {IDM_PEN_COLOR_2, &InkCanvas::UseRecentColor2},
+    {IDM_PEN_COLOR_3, &InkCanvas::UseRecentColor3},
+    {IDM_PEN_COLOR_4, &InkCanvas::UseRecentColor4},
+    {IDM_PALETTE_PEN, &InkCanvas::UsePaletteColor},
+    {IDM_FULL_ERASE, &InkCanvas::FullErase},
+    {IDM_SET_ALARM, &InkCanvas::SetAlarmAndExit},
+};
+
+InkCanvas::InkCanvas(app::PenSettings& pen, const Opening& opening)
+    : Screen(ScrollBar::Vertical),
+      pen_(pen),
+      titleOverride_(opening.titleOverride),
+      alarmStamp_(opening.alarmStamp),
+      openedByAlarm_(opening.openedByAlarm),
+      view_(*this, page_),
+      input_(*this, page_, view_) {
+    page_.notePath = opening.notePath;
+}
+
+bool InkCanvas::OnCreate() {
+    page_.penColors = pen_.recentColors;
+    page_.background = pen_.backgroundColor;
+    page_.penStyle = pen_.penStyle;
+    page_.penSize = pen_.penSize;
+    page_.canvasWidth = ClientWidth();
+    page_.canvasHeight = ClientHeight();
+    page_.bandHeight = page_.canvasHeight;
+    MakeMenuBar();
+    if (!view_.Create() || !view_.UpdatePen()) return OutOfMemory();
+    if (app::NamesFile(page_.notePath)) LoadNote(this, page_);
+    view_.Redraw();
+    UpdateScrollRange();
+    ShowTitle();
+    if (openedByAlarm_) alarms::PostAlarmNotice(page_.notePath);
+    openedByAlarm_ = false;
+    return true;
+}
+
+bool InkCanvas::OutOfMemory() {
+    platform::ShowOutOfMemory(this);
+    EndModal(kCannotOpen);
+    return false;
+}
+
+void InkCanvas::MakeMenuBar() {
+    if (!CreateMenuBar(EditorToolBarLayout())) {
+        platform::ShowMessage(this, L"SHCreateMenuBar() failed!", L" Error", MessageButtons::Ok, MessageIcon::Error);
+    }
+    ShowPenColors(Tools(), page_.penColors);
+    Tools().SetEnabled(IDM_SPACE_TOOL, false);
+    Tools().SetEnabled(IDM_ERASER, false);
+}
+
+void InkCanvas::OnDestroy() {
+    input_.StopTimer();
+    pen_.recentColors = page_.penColors;
+    pen_.backgroundColor = page_.background;
+    app::SaveColors(pen_);
+}
+
+void InkCanvas::OnCommand(int id) {
+    for (const Command& command : kCommands) {
+        if (command.id == id) return (this->*command.handle)();
+    }
+}
+
+void InkCanvas::OnPrivateMessage(uint32_t code, intptr_t) {
+    if (code == kTakeOver) Close();
+}
+
+// The commands.
+
+void InkCanvas::NewNote() {
+    bool discarded = false;
+    if (page_.modified && !SaveOrDiscard(discarded)) return;
+    StartAnew();
+    storeChanged_ = true;
+}
+
+void InkCanvas::ShowToolsMenu() {
+    const bool hasInk = page_.HasInk();
+    platform::PopupMenu menu;
+    menu.Add(IDM_TEXT_MEMO, L"Edit Text Memo", false);
+    menu.Add(IDM_SET_ALARM, L"Set Alarm and Exit", hasInk);
+    menu.AddSeparator();
+    menu.Add(IDM_SEND_EMAIL, L"Send as Email Attachment", false);
+    const platform::ScreenSize screen = platform::HandheldScreen();
+    OnCommand(menu.Choose(*this, {screen.width - kMenuInset, screen.height - kMenuInset}));
+}
+
+void InkCanvas::ChooseBackground() {
+    ink::ColorRef color = page_.background;
+    options::ColorPalette palette(color);
+    if (!palette.Choose(*this, color) || color == page_.background) return;
+    page_.background = color;
+    page_.modified = true;
+    view_.Redraw();
+}
+
+void InkCanvas::UsePen() { CheckTool(Tools(), IDM_PEN); }
+
+void InkCanvas::UsePenColor(size_t position, ink::ColorRef color) {
+    MoveToFront(page_.penColors, position, color);
+    ShowPenColors(Tools(), page_.penColors);
+}
+
+void InkCanvas::UsePaletteColor() {
+    ink::ColorRef color = page_.penColors[0];
+    options::ColorPalette palette(color);
+    if (palette.Choose(*this, color) && color != page_.penColors[0]) {
+        UsePenColor(page_.penColors.size() - 1, color);
+    } else {
+        UsePen();
+    }
+}
+
+void InkCanvas::FullErase() {
+    const MessageAnswer answer =
+        platform::ShowMessage(this, L"Notes will be completely erased. Continue?", L" Confirm Full Erase",
+                              MessageButtons::YesNo, MessageIcon::Question);
+    if (answer != MessageAnswer::Yes) return;
+    if (app::NamesFile(page_.notePath)) {
+        platform::EraseFile(page_.notePath);
+        platform::EraseFile(app::MemoPath(page_.notePath));
+        storeChanged_ = true;
+    }
+    StartAnew();
+}
+
+void InkCanvas::SetAlarmAndExit() {
+    alarms::AlarmTimeDialog dialog(alarmStamp_);
+    if (dialog.RunModal(this) != platform::kIdOk) return;
+    alarmStamp_ = alarms::MakeAlarmStamp(dialog.Moment());
+    PostCommand(platform::kIdOk);
+}
+
+void InkCanvas::Close() {
+    if (closing_) return;
+    closing_ = true;
+    if (page_.modified) {
+        bool discarded = false;
+        if (!SaveOrDiscard(discarded)) {
+            closing_ = false;
+            return;
+        }
+        if (discarded) alarmStamp_.clear();
+        saved_ = true;
+    }
+    ScheduleAlarm();
+    closing_ = false;
+    EndModal(platform::kIdOk);
+}
+
+// What they share.
+
+// False when the note could not be saved and the user does not want to lose it.
+bool InkCanvas::SaveOrDiscard(bool& discarded) {
+    if (SaveNote(this, Kind(), page_)) return true;
+    const MessageAnswer answer =
+        platform::ShowMessage(this, L"Saving '" + page_.notePath + L"' failed!\nDiscard changes?", L" Error",
+                              MessageButtons::YesNo, MessageIcon::Error, DefaultButton::Second);
+    discarded = answer == MessageAnswer::Yes;
+    return discarded;
+}
+
+void InkCanvas::ScheduleAlarm() {
+    platform::DateTime moment;
+    const std::wstring& path = page_.notePath;
+    const std::wstring extension = app::kNoteExtension;
+    const bool isNote = path.size() >= extension.size() &&
+                        platform::EqualNoCase(path.substr(path.size() - extension.size()), extension);
+    if (!isNote || !alarms::ReadAlarmStamp(alarmStamp_, moment)) return;
+    const bool isSet = alarms::SetNoteAlarm(path, moment);
+    platform::ShowMessage(this, isSet ? L"Alarm is successfully set!" : L"Setting alarm failed!",
+                          L" " + platform::DateAndTime(moment), MessageButtons::Ok,
+                          isSet ? MessageIcon::Information : MessageIcon::Error);
+}
+
+// An empty page in the same folder, for a new note there.
+void InkCanvas::StartAnew() {
+    page_.Clear();
+    ForgetFile(page_);
+    view_.UpdatePen();
+    view_.Redraw();
+    UpdateScrollRange();
+    ShowTitle();
+}
+
+void InkCanvas::ShowTitle() {
+    std::wstring title = titleOverride_;
+    if (title.empty()) {
+        const std::wstring name = app::NameOf(page_.notePath);
+        title = name.substr(0, name.size() - std::min<size_t>(name.size(), 4));
+    }
+    SetTitle((title.empty() ? L"[new]" : title) + L" - Inkwright");
+}
+
+// Scrolling.
+
+void InkCanvas::OnTimer(int id) {
+    if (id == PenInput::kTimerId && input_.TimerTick()) AdvancePage();
+}
+
+bool InkCanvas::OnKeyDown(platform::Key key) {
+    struct KeyScroll {
+        platform::Key key;
+        platform::ScrollCode code;
+    };
+    // Up and down turn pages, left and right move by lines.
+    constexpr KeyScroll kScrollKeys[] = {{platform::Key::Left, platform::ScrollCode::LineUp},
+                                         {platform::Key::Up, platform::ScrollCode::PageUp},
+                                         {platform::Key::Right, platform::ScrollCode::LineDown},
+                                         {platform::Key::Down, platform::ScrollCode::PageDown}};
+    for (const KeyScroll& candidate : kScrollKeys) {
+        if (candidate.key != key) continue;
+        PostScroll(candidate.code);
+        return true;
+    }
+    return false;
+}
+
+void InkCanvas::OnScroll(platform::ScrollCode code, int thumbPosition) {
+    input_.StopTimer();
+    const ScrollTarget target = ScrollTargetOf(code, GetScroll(), thumbPosition);
+    if (!target.atEnd) return ScrollTo(target.position);
+    if (LastBandHoldsInk(page_)) AdvancePage();
+}
+
+// Sets the scroll bar to the page and returns the position it allows.
+int32_t InkCanvas::UpdateScrollRange() {
+    const platform::ScrollState range = ScrollRangeOf(page_);
+    SetScroll(range);
+    return range.position;
+}
+
+void InkCanvas::ScrollTo(int32_t position) {
+    if (position == page_.scroll) return;
+    SetScrollPosition(position);
+    MoveView(position);
+}
+
+void InkCanvas::MoveView(int32_t position) {
+    const int32_t rows = position - page_.scroll;
+    view_.MoveTo(position);
+    input_.ViewMoved(rows);
+}
+
+// Makes room below: the page grows to hold a view that lies mostly beyond what was in sight.
+void InkCanvas::AdvancePage() {
+    const int32_t position = page_.scroll + AdvanceRows(page_);
+    page_.EnsureSlot(2 * ((int64_t{position} + page_.bandHeight) / page_.bandHeight));
+    MoveView(position);
+    UpdateScrollRange();
+}
+
+}  // namespace editor

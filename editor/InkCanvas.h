@@ -1,0 +1,89 @@
+#pragma once
+
+#include <string>
+
+#include "app/PenSettings.h"
+#include "editor/EditorTools.h"
+#include "editor/FileNamePattern.h"
+#include "editor/PageView.h"
+#include "editor/PenInput.h"
+#include "ink/InkPage.h"
+#include "platform/Screen.h"
+
+namespace editor {
+
+// The note editor: one full-screen window whose client area is the page.
+class InkCanvas : public platform::Screen {
+  public:
+    struct Opening {
+        std::wstring notePath;       // a note, or the folder (ends in "\") of a new one; may be empty
+        std::wstring titleOverride;  // shown instead of the file name; makes a new note a reminder
+        std::wstring alarmStamp;     // the alarm a new note is to get
+        bool openedByAlarm = false;
+    };
+
+    // `pen` gives the colours and the pen, and takes the colours back when the window closes.
+    InkCanvas(app::PenSettings& pen, const Opening& opening);
+
+    // After the run: the note the editor held last, and whether the opener's lists of notes are out of date.
+    const std::wstring& NotePath() const { return page_.notePath; }
+    bool StoreChanged() const { return storeChanged_; }
+    bool WasSaved() const { return saved_; }
+
+    bool OnCreate() override;
+    void OnDestroy() override;
+    void OnPaint() override { view_.Paint(); }
+    void OnPenDown(platform::Point place) override { input_.PenDown(place); }
+    void OnPenMove(platform::Point place) override { input_.PenMove(place); }
+    void OnPenUp(platform::Point place) override { input_.PenUp(place); }
+    void OnCaptureLost() override { input_.CaptureLost(); }
+    void OnTimer(int id) override;
+    void OnScroll(platform::ScrollCode code, int thumbPosition) override;
+    bool OnKeyDown(platform::Key key) override;
+    void OnCommand(int id) override;
+    void OnPrivateMessage(uint32_t code, intptr_t payload) override;
+
+  private:
+    struct Command;
+    static const Command kCommands[];
+
+    bool OutOfMemory();
+    void MakeMenuBar();
+
+    void NewNote();
+    void ShowToolsMenu();
+    void ChooseBackground();
+    void UsePen();
+    void UseRecentColor2() { UsePenColor(1, page_.penColors[1]); }
+    void UseRecentColor3() { UsePenColor(2, page_.penColors[2]); }
+    void UseRecentColor4() { UsePenColor(3, page_.penColors[3]); }
+    void UsePaletteColor();
+    void FullErase();
+    void SetAlarmAndExit();
+    void Close();
+
+    void UsePenColor(size_t position, ink::ColorRef color);
+    bool SaveOrDiscard(bool& discarded);
+    void ScheduleAlarm();
+    void StartAnew();
+    void ShowTitle();
+    NoteKind Kind() const { return titleOverride_.empty() ? NoteKind::Ordinary : NoteKind::Reminder; }
+
+    int32_t UpdateScrollRange();
+    void ScrollTo(int32_t position);
+    void MoveView(int32_t position);
+    void AdvancePage();
+
+    app::PenSettings& pen_;
+    std::wstring titleOverride_;
+    std::wstring alarmStamp_;
+    bool openedByAlarm_;
+    bool storeChanged_ = false;
+    bool saved_ = false;
+    bool closing_ = false;
+    ink::InkPage page_;
+    PageView view_;
+    PenInput input_;
+};
+
+}  // namespace editor

@@ -1,0 +1,91 @@
+#include "editor/NoteStorage.h"
+
+#include "app/FileStreams.h"
+#include "app/StorePaths.h"
+#include "editor/NewNoteFile.h"
+#include "ink/NoteFile.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "platform/MessageBox.h"
+#include "platform/TextEncoding.h"
+
+namespace editor {
+
+namespace {
+
+// Another program that is just writing the note lets go of it within moments.
+constexpr int kHeaderReads = 5;
+constexpr uint32_t kRetryMilliseconds = 500;
+
+bool ReadHeaderPatiently(platform::File& file, ink::ByteSource& source, ink::NoteFileHeader& header) {
+    for (int reads = 1;; ++reads) {
+        if (ink::ReadNoteHeader(source, header)) return true;
+        if (file.Error() != platform::FileError::AccessDenied || reads == kHeaderReads) return false;
+        platform::Pause(kRetryMilliseconds);
+    }
+}
+
+bool ReadNote(platform::Window* owner, ink::InkPage& page) {
+    platform::File file = platform::File::OpenForReading(page.notePath);
+    if (!file.IsOpen()) return false;
+    app::FileSource source(file);
+    ink::NoteFileHeader header;
+    if (!ReadHeaderPatiently(file, source, header)) return false;
+    const ink::LoadResult result = ink::ReadNoteBody(source, header, page);
+    if (result == ink::LoadResult::OutOfMemory) platform::ShowOutOfMemory(owner);
+    return result == ink::LoadResult::Loaded;
+}
+
+void SaveMemo(platform::Window* owner, const ink::InkPage& page) {
+    std::string bytes;
+    if (!platform::ToAnsi(page.memo, bytes)) {
+        platform::ShowOutOfMemory(owner);
+        return;
+    }
+    platform::File file = platform::File::Create(app::MemoPath(page.notePath));
+    if (file.IsOpen() && file.Write(bytes.data(), bytes.size())) return;
+    platform::ShowMessage(owner,
+                          L"Saving Text Memo Failed! Please make sure that the selected storage device has enough "
+                          L"free space.",
+                          L"Error", platform::MessageButtons::Ok, platform::MessageIcon::Error);
+}
+
+bool WriteAndClose(platform::File file, const ink::InkPage& page) {
+    app::FileSink sink(file);
+    return ink::WriteNote(sink, page);
+}
+
+}  // namespace
+
+bool LoadNote(platform::Window* owner, ink::InkPage& page) {
+    const platform::WaitCursor wait;
+    page.Clear();
+    if (ReadNote(owner, page)) return true;
+    page.Clear();
+    ForgetFile(page);
+    return false;
+}
+
+bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page) {
+    const platform::WaitCursor wait;
+    const bool isNew = !app::NamesFile(page.notePath);
+    if (isNew) {
+        page.TrimTrailingBands();
+        const bool hasMemoFolder = !page.notePath.empty() && !page.memo.empty();
+        if (!page.HasInk() && !hasMemoFolder) return true;
+    }
+    platform::File file =
+        isNew ? CreateNewNoteFile(owner, kind, page.notePath) : platform::File::Create(page.notePath);
+    if (!file.IsOpen()) return false;
+    if (!WriteAndClose(std::move(file), page)) {
+        platform::EraseFile(page.notePath);
+        return false;
+    }
+    page.modified = false;
+    if (isNew && !page.memo.empty()) SaveMemo(owner, page);
+    return true;
+}
+
+void ForgetFile(ink::InkPage& page) { page.notePath = app::FolderOf(page.notePath); }
+
+}  // namespace editor

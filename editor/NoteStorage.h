@@ -1,0 +1,23 @@
+#pragma once
+
+#include "editor/FileNamePattern.h"
+#include "ink/InkPage.h"
+
+namespace platform {
+class Window;
+}
+
+namespace editor {
+
+// Fills the page from the file at its note path. False when there is no such file or it can't be read whole:
+// the page is then empty and its path cut back to the folder, so that a save makes a new note there.
+bool LoadNote(platform::Window* owner, ink::InkPage& page);
+
+// Writes the page to its file; a note without one is named by the user first. An empty new note writes
+// nothing and succeeds. False when the note is not on disk; a half-written file is removed.
+bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page);
+
+// Cuts a note path back to its folder: a path without "\" becomes empty.
+void ForgetFile(ink::InkPage& page);
+
+}  // namespace editor

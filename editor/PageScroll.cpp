@@ -1,0 +1,61 @@
+#include "editor/PageScroll.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace editor {
+
+namespace {
+
+constexpr double kLinesPerPage = 10.0;
+constexpr double kPageStep = 1.15;  // a page step leaves some rows of the last view in sight
+
+}  // namespace
+
+platform::ScrollState ScrollRangeOf(const ink::InkPage& page) {
+    const int64_t height = page.canvasHeight;
+    const auto slots = static_cast<int64_t>(page.SlotCount());
+    const int64_t lastSlot = slots - 1;
+    const int64_t bandRows = slots == 0 ? 1 : (lastSlot + lastSlot % 2) / 2 + 1;
+    const int64_t rows = std::min<int64_t>(bandRows * height, std::numeric_limits<int32_t>::max() - height);
+    platform::ScrollState state;
+    state.maximum = static_cast<int>(rows);
+    state.page = page.canvasHeight + 1;
+    state.position = std::min(page.scroll, state.maximum - page.canvasHeight);
+    return state;
+}
+
+ScrollTarget ScrollTargetOf(platform::ScrollCode code, const platform::ScrollState& scroll, int thumbPosition) {
+    using platform::ScrollCode;
+    const int line = static_cast<int>(scroll.page / kLinesPerPage);
+    const int view = static_cast<int>(scroll.page / kPageStep);
+    const bool byPage = code == ScrollCode::PageUp || code == ScrollCode::PageDown;
+    const int step = byPage ? view : line;
+    const int end = scroll.maximum - scroll.page;
+    switch (code) {
+        case ScrollCode::LineUp:
+        case ScrollCode::PageUp: return {std::max(scroll.position - step, scroll.minimum), false};
+        case ScrollCode::LineDown:
+        case ScrollCode::PageDown:
+            if (scroll.position < end) return {std::min(scroll.position + step, end), false};
+            return {scroll.position, true};
+        case ScrollCode::ThumbPosition: return {thumbPosition, false};
+        case ScrollCode::Top: return {scroll.minimum, false};
+        case ScrollCode::Bottom: return {scroll.maximum, false};
+    }
+    return {scroll.position, false};
+}
+
+bool LastBandHoldsInk(const ink::InkPage& page) {
+    if (page.SlotCount() == 0) return false;
+    const size_t lastEven = (page.SlotCount() - 1) & ~size_t{1};
+    const ink::StrokeBand* band = page.Band(lastEven);
+    return band != nullptr && !band->IsEmpty();
+}
+
+// Single precision and truncation: pages made on other devices move on by the same rows.
+int32_t AdvanceRows(const ink::InkPage& page) {
+    return -static_cast<int32_t>(static_cast<float>(page.canvasHeight) * -0.7f);
+}
+
+}  // namespace editor

@@ -1,0 +1,69 @@
+#include "editor/PageView.h"
+
+#include <cstdlib>
+#include <cstring>
+
+#include "platform/MessageBox.h"
+
+namespace editor {
+
+bool PageView::Create() {
+    image_ = platform::Image::Make(page_.canvasWidth, page_.canvasHeight);
+    return image_.IsValid();
+}
+
+void PageView::Redraw() {
+    DrawRows(0, page_.canvasHeight);
+    window_.Invalidate();
+}
+
+void PageView::MoveTo(int32_t top) {
+    const int64_t dy = int64_t{page_.scroll} - top;
+    page_.scroll = top;
+    if (std::llabs(dy) >= page_.canvasHeight) {
+        const platform::WaitCursor wait;
+        Redraw();
+        return;
+    }
+    const auto rows = static_cast<int32_t>(dy);
+    MoveImageRows(rows);
+    window_.ScrollPixels(rows);
+    const int32_t stripTop = rows > 0 ? 0 : page_.canvasHeight + rows;
+    const int32_t stripBottom = rows > 0 ? rows : page_.canvasHeight;
+    DrawRows(stripTop, stripBottom);
+    window_.Show(image_, {0, stripTop, page_.canvasWidth, stripBottom});
+}
+
+void PageView::BeginStroke() {
+    ink::PixelSurface surface = image_.Surface();
+    painter_.BeginStroke(surface, page_.penColors[0]);
+}
+
+void PageView::PaintSegment(const ink::Point* points, size_t count) {
+    ink::PixelSurface surface = image_.Surface();
+    window_.Show(image_, painter_.PaintSegment(surface, points, count));
+}
+
+void PageView::FinishStroke(const ink::Rect& box) {
+    painter_.EndStroke();
+    const int32_t reach = painter_.Reach();
+    const ink::Rect area = Intersect(Inflate(box, reach, reach), Bounds());
+    ink::PixelSurface surface = image_.Surface();
+    painter_.Repaint(surface, page_, page_.scroll, area);
+    window_.Show(image_, area);
+}
+
+void PageView::DrawRows(int32_t top, int32_t bottom) {
+    ink::PixelSurface surface = image_.Surface();
+    painter_.EndStroke();
+    painter_.Repaint(surface, page_, page_.scroll, {0, top, page_.canvasWidth, bottom});
+}
+
+void PageView::MoveImageRows(int32_t dy) {
+    const ink::PixelSurface surface = image_.Surface();
+    const int32_t kept = surface.height - std::abs(dy);
+    const size_t bytes = static_cast<size_t>(kept) * static_cast<size_t>(surface.stride) * sizeof(uint32_t);
+    std::memmove(surface.Row(dy > 0 ? dy : 0), surface.Row(dy > 0 ? 0 : -dy), bytes);
+}
+
+}  // namespace editor

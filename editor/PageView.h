@@ -1,0 +1,47 @@
+#pragma once
+
+#include "ink/InkPage.h"
+#include "ink/InkPainter.h"
+#include "platform/Image.h"
+#include "platform/Window.h"
+
+namespace editor {
+
+// What the window shows of the page: the off-screen page image, brought up to date piece by piece and copied
+// to the screen. View coordinates; view row 0 is page row `page.scroll`.
+class PageView {
+  public:
+    PageView(platform::Window& window, ink::InkPage& page) : window_(window), page_(page) {}
+
+    // The page image, for the page's canvas size; false when memory is short.
+    bool Create();
+
+    // The pen for the page's style and size; false when memory is short.
+    bool UpdatePen() { return painter_.SetPen(page_.penStyle, page_.PenWidth()); }
+
+    // Draws the whole view into the page image and has the window repainted.
+    void Redraw();
+    // Answers the window's paint event.
+    void Paint() { window_.Show(image_, Bounds()); }
+
+    // Moves the view to page row `top`: what stays in view is moved, only the uncovered rows are drawn.
+    void MoveTo(int32_t top);
+
+    // Ink of a stroke in progress, straight to the screen. Each segment starts at the last one's end.
+    void BeginStroke();
+    void PaintSegment(const ink::Point* points, size_t count);
+    // Draws the rows and columns of a finished stroke again from the page: strokes of lower slots lie above it.
+    void FinishStroke(const ink::Rect& box);
+
+  private:
+    ink::Rect Bounds() const { return {0, 0, page_.canvasWidth, page_.canvasHeight}; }
+    void DrawRows(int32_t top, int32_t bottom);
+    void MoveImageRows(int32_t dy);
+
+    platform::Window& window_;
+    ink::InkPage& page_;
+    ink::InkPainter painter_;
+    platform::Image image_;
+};
+
+}  // namespace editor

@@ -1,0 +1,167 @@
+#include "platform/host/HostDesk.h"
+
+#include <algorithm>
+
+#include "platform/host/HostDevice.h"
+#include "platform/host/HostWindow.h"
+
+namespace platform::host {
+
+namespace {
+
+// A window for events that come when none is open; it takes them without effect.
+class NoWindow : public Window {};
+
+}  // namespace
+
+Window& HostDesk::Target() {
+    static NoWindow none;
+    if (!open_.empty()) return *open_.back();
+    problems.emplace_back("an event came while no window was open");
+    return none;
+}
+
+void HostDesk::PenDown(Point place) {
+    Target().Handle()->samples.clear();
+    Target().OnPenDown(place);
+}
+
+void HostDesk::PenMove(Point place, const std::vector<Point>& samples) {
+    Target().Handle()->samples = samples;
+    Target().OnPenMove(place);
+}
+
+void HostDesk::PenUp(Point place, const std::vector<Point>& samples) {
+    Target().Handle()->samples = samples;
+    Target().OnPenUp(place);
+}
+
+void HostDesk::Stroke(const std::vector<Point>& points) {
+    PenDown(points.front());
+    for (size_t i = 1; i < points.size(); ++i) PenMove(points[i]);
+    PenUp(points.back());
+}
+
+void HostDesk::TakePenAway() { Target().ReleasePen(); }
+
+void HostDesk::Command(int id) {
+    Window& window = Target();
+    const auto item = window.Handle()->items.find(id);
+    if (item != window.Handle()->items.end() && !item->second.enabled) return;
+    ToolBar* tools = window.Handle()->tools;
+    if (tools != nullptr && tools->HasButton(id) && !tools->IsEnabled(id)) return;
+    window.OnCommand(id);
+}
+
+void HostDesk::Scroll(ScrollCode code, int position) { Target().OnScroll(code, position); }
+
+void HostDesk::Press(Key key) {
+    Window& window = Target();
+    const bool handled = window.OnKeyDown(key);
+    if (!handled && key == Key::Escape && window.Handle()->isDialog) window.OnCommand(kIdCancel);
+}
+
+void HostDesk::PrivateMessage(uint32_t code, intptr_t payload) { Target().OnPrivateMessage(code, payload); }
+
+void HostDesk::Type(int item, const std::wstring& text) {
+    Target().Handle()->items[item].text = text;
+    Target().OnControlChanged(item);
+}
+
+void HostDesk::PassTime(uint32_t milliseconds) {
+    HostDevice& device = HostDevice::Current();
+    for (uint32_t i = 0; i < milliseconds; ++i) {
+        ++device.ticks;
+        for (Window* window : std::vector<Window*>(open_)) {
+            for (auto& [id, timer] : std::map<int, HostTimer>(window->Handle()->timers)) {
+                if (timer.due != device.ticks) continue;
+                window->Handle()->timers[id].due += timer.period;
+                window->OnTimer(id);
+            }
+        }
+    }
+}
+
+void HostDesk::Settle() {
+    while (!posted_.empty()) {
+        const PostedEvent event = std::move(posted_.front());
+        posted_.pop_front();
+        event.handle();
+    }
+    for (Window* window : open_) {
+        if (!window->Handle()->needsPaint) continue;
+        window->Handle()->needsPaint = false;
+        window->OnPaint();
+    }
+}
+
+int HostDesk::RunModal(Window& window) {
+    Window::Impl& state = *window.Handle();
+    open_.push_back(&window);
+    if (!window.OnCreate() && !state.ended) state.ended = true;
+    while (!state.ended) {
+        Settle();
+        if (state.ended) break;
+        if (steps_.empty()) {
+            problems.emplace_back("the script ended while a window was open");
+            window.EndModal(-1);
+            break;
+        }
+        const std::function<void()> step = std::move(steps_.front());
+        steps_.pop_front();
+        step();
+    }
+    window.OnDestroy();
+    open_.pop_back();
+    const auto isOurs = [&window](const PostedEvent& event) { return event.window == &window; };
+    posted_.erase(std::remove_if(posted_.begin(), posted_.end(), isOurs), posted_.end());
+    state.exists = false;
+    state.timers.clear();
+    state.hasPen = false;
+    return state.result;
+}
+
+}  // namespace platform::host
+
+namespace platform {
+
+using host::HostDesk;
+using host::HostDevice;
+
+MessageAnswer ShowMessage(Window*, const std::wstring& text, const std::wstring& caption, MessageButtons buttons,
+                          MessageIcon icon, DefaultButton defaultButton) {
+    HostDesk& desk = HostDevice::Current().desk;
+    desk.messages.push_back({text, caption, buttons, icon, defaultButton});
+    if (desk.answers.empty()) {
+        if (buttons != MessageButtons::Ok) desk.problems.emplace_back("a question was not answered");
+        return buttons == MessageButtons::Ok ? MessageAnswer::Ok : MessageAnswer::No;
+    }
+    const MessageAnswer answer = desk.answers.front();
+    desk.answers.pop_front();
+    return answer;
+}
+
+void ShowOutOfMemory(Window*) { ++HostDevice::Current().desk.outOfMemoryBoxes; }
+
+WaitCursor::WaitCursor() {
+    HostDesk& desk = HostDevice::Current().desk;
+    if (desk.waitCursorDepth++ == 0) ++desk.waitCursors;
+}
+
+WaitCursor::~WaitCursor() { --HostDevice::Current().desk.waitCursorDepth; }
+
+void PopupMenu::Add(int command, const std::wstring& text, bool enabled) { items_.push_back({command, text, enabled}); }
+
+void PopupMenu::AddSeparator() { items_.push_back({}); }
+
+int PopupMenu::Choose(Window&, ink::Point place) const {
+    HostDesk& desk = HostDevice::Current().desk;
+    desk.menuPlace = place;
+    const int command = desk.chooseFromMenu ? desk.chooseFromMenu(items_) : 0;
+    for (const Item& item : items_) {
+        if (item.command == command && item.enabled) return command;
+    }
+    return 0;
+}
+
+}  // namespace platform

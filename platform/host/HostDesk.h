@@ -1,0 +1,82 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/MessageBox.h"
+#include "platform/PopupMenu.h"
+#include "platform/Screen.h"
+#include "platform/Window.h"
+
+namespace platform::host {
+
+struct ShownMessage {
+    std::wstring text;
+    std::wstring caption;
+    MessageButtons buttons = MessageButtons::Ok;
+    MessageIcon icon = MessageIcon::Error;
+    DefaultButton defaultButton = DefaultButton::First;
+};
+
+// The person in front of the device: does the next scripted step whenever the program waits for an event,
+// and answers its questions. A step that opens a window is followed, inside that window, by the next one.
+class HostDesk {
+  public:
+    void Then(std::function<void()> step) { steps_.push_back(std::move(step)); }
+
+    // The modal window on top; null when none is open.
+    Window* Top() const { return open_.empty() ? nullptr : open_.back(); }
+
+    // Events for the window on top.
+    void PenDown(Point place);
+    void PenMove(Point place, const std::vector<Point>& samples = {});
+    void PenUp(Point place, const std::vector<Point>& samples = {});
+    // Pen down at the first point, a move to each of the others, pen up at the last.
+    void Stroke(const std::vector<Point>& points);
+    void TakePenAway();
+    void Command(int id);  // a tool bar button, a dialog's button; disabled ones do nothing
+    void Scroll(ScrollCode code, int position = 0);
+    void Press(Key key);
+    void PrivateMessage(uint32_t code, intptr_t payload = 0);
+    void Type(int item, const std::wstring& text);
+    // Lets time go by; timers of all open windows fire when due.
+    void PassTime(uint32_t milliseconds);
+    // Handles everything that was posted and paints what was invalidated.
+    void Settle();
+
+    // Message boxes: answers in order, then First button. All that was shown is kept.
+    std::deque<MessageAnswer> answers;
+    std::vector<ShownMessage> messages;
+    // Pop-up menus: chooses a command from the items; dismissed when empty.
+    std::function<int(const std::vector<PopupMenu::Item>&)> chooseFromMenu;
+    Point menuPlace;
+
+    int outOfMemoryBoxes = 0;
+    int waitCursorDepth = 0;
+    int waitCursors = 0;  // how often it came up
+    bool menuBarFails = false;
+    ScreenSize screen{480, 640};
+
+    // What went wrong in the script itself, such as a window left open at its end. Empty in a good test.
+    std::vector<std::string> problems;
+
+    // For the port.
+    int RunModal(Window& window);
+    void Post(Window& window, std::function<void()> event) { posted_.push_back({&window, std::move(event)}); }
+    bool StepWaiting() const { return !steps_.empty(); }
+
+  private:
+    Window& Target();
+
+    std::deque<std::function<void()>> steps_;
+    struct PostedEvent {
+        Window* window;
+        std::function<void()> handle;
+    };
+    std::deque<PostedEvent> posted_;
+    std::vector<Window*> open_;
+};
+
+}  // namespace platform::host

@@ -1,0 +1,85 @@
+#include "platform/host/HostFileStore.h"
+
+#include <cwctype>
+
+namespace platform::host {
+
+HostFileStore::HostFileStore() {
+    nodes_[L""] = std::make_shared<FileNode>();
+    nodes_[L""]->isFolder = true;
+    PutFolder(L"\\My Documents");
+}
+
+void HostFileStore::Put(const std::wstring& path, const std::string& bytes) {
+    PutFolder(path.substr(0, path.rfind(L'\\')));
+    auto node = std::make_shared<FileNode>();
+    node->name = path.substr(path.rfind(L'\\') + 1);
+    node->bytes = bytes;
+    nodes_[KeyOf(path)] = node;
+}
+
+void HostFileStore::PutFolder(const std::wstring& path) {
+    for (size_t end = path.find(L'\\', 1); !path.empty(); end = path.find(L'\\', end + 1)) {
+        const std::wstring level = path.substr(0, end);
+        NodePointer& node = nodes_[KeyOf(level)];
+        if (node == nullptr) {
+            node = std::make_shared<FileNode>();
+            node->name = level.substr(level.rfind(L'\\') + 1);
+            node->isFolder = true;
+        }
+        if (end == std::wstring::npos) return;
+    }
+}
+
+std::string HostFileStore::Get(const std::wstring& path) const {
+    const NodePointer node = Find(path);
+    return node == nullptr ? std::string() : node->bytes;
+}
+
+std::vector<std::wstring> HostFileStore::NamesIn(const std::wstring& folder) const {
+    const std::wstring prefix = KeyOf(folder) + L"\\";
+    std::vector<std::wstring> names;
+    for (const auto& [key, node] : nodes_) {
+        const bool inside = key.size() > prefix.size() && key.compare(0, prefix.size(), prefix) == 0;
+        if (inside && key.find(L'\\', prefix.size()) == std::wstring::npos) names.push_back(node->name);
+    }
+    return names;
+}
+
+std::wstring HostFileStore::KeyOf(const std::wstring& path) {
+    std::wstring key;
+    for (size_t begin = 0; begin < path.size();) {
+        const size_t end = std::min(path.find(L'\\', begin), path.size());
+        if (end > begin) key += L'\\' + path.substr(begin, end - begin);
+        begin = end + 1;
+    }
+    for (wchar_t& unit : key) unit = static_cast<wchar_t>(std::towupper(static_cast<wint_t>(unit)));
+    return key;
+}
+
+bool HostFileStore::IsValidName(const std::wstring& path) {
+    return !path.empty() && path.find_first_of(L"/:*?\"<>|") == std::wstring::npos;
+}
+
+HostFileStore::NodePointer HostFileStore::Find(const std::wstring& path) const {
+    const auto found = nodes_.find(KeyOf(path));
+    return found == nodes_.end() ? nullptr : found->second;
+}
+
+bool HostFileStore::ParentExists(const std::wstring& path) const {
+    const std::wstring key = KeyOf(path);
+    const auto parent = nodes_.find(key.substr(0, key.rfind(L'\\')));
+    return !key.empty() && parent != nodes_.end() && parent->second->isFolder;
+}
+
+uint64_t HostFileStore::UsedBytes() const {
+    uint64_t used = 0;
+    for (const auto& entry : nodes_) used += entry.second->bytes.size();
+    return used;
+}
+
+FileError HostFileStore::Fault(FileCall call, const std::wstring& path) const {
+    return fault ? fault(call, path) : FileError::None;
+}
+
+}  // namespace platform::host

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/DateTime.h"
+#include "platform/File.h"
+
+namespace platform::host {
+
+enum class FileCall { Open, Create, Read, Write, List, MakeFolder, DropFolder, Erase, Move, Copy };
+
+struct FileNode {
+    std::wstring name;  // as it was created
+    bool isFolder = false;
+    std::string bytes;
+    DateTime lastWrite;
+    int readers = 0;
+    bool sharedReaders = false;
+    bool writer = false;
+};
+
+// The device's files, in memory: case-insensitive names, no sharing unless asked for, the handheld's
+// forbidden characters, a storage size, and failures on demand.
+class HostFileStore {
+  public:
+    HostFileStore();
+
+    // Called before every operation; anything but None makes it fail so.
+    std::function<FileError(FileCall, const std::wstring& path)> fault;
+    uint64_t capacity = UINT64_MAX;  // bytes of all files together
+
+    // For tests: whole files by path; folders above are made.
+    void Put(const std::wstring& path, const std::string& bytes);
+    void PutFolder(const std::wstring& path);
+    bool Has(const std::wstring& path) const { return Find(path) != nullptr; }
+    std::string Get(const std::wstring& path) const;
+    // Names of all entries directly in a folder.
+    std::vector<std::wstring> NamesIn(const std::wstring& folder) const;
+
+    // For the port. Nodes live on while a File holds them.
+    using NodePointer = std::shared_ptr<FileNode>;
+    static std::wstring KeyOf(const std::wstring& path);
+    static bool IsValidName(const std::wstring& path);
+    NodePointer Find(const std::wstring& path) const;
+    bool ParentExists(const std::wstring& path) const;
+    uint64_t UsedBytes() const;
+    FileError Fault(FileCall call, const std::wstring& path) const;
+    std::map<std::wstring, NodePointer>& Nodes() { return nodes_; }
+    const std::map<std::wstring, NodePointer>& Nodes() const { return nodes_; }
+
+  private:
+    std::map<std::wstring, NodePointer> nodes_;  // by KeyOf: "\A\B" in capitals; the root is ""
+};
+
+}  // namespace platform::host

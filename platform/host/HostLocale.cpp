@@ -1,0 +1,91 @@
+// The device's locale is English (United States).
+#include <cwchar>
+#include <cwctype>
+#include <iterator>
+
+#include "platform/Locale.h"
+#include "platform/TextEncoding.h"
+
+namespace platform {
+
+namespace {
+
+constexpr const wchar_t* kDays[] = {L"Sunday",   L"Monday", L"Tuesday", L"Wednesday",
+                                    L"Thursday", L"Friday", L"Saturday"};
+constexpr const wchar_t* kMonths[] = {L"January", L"February", L"March",     L"April",   L"May",      L"June",
+                                      L"July",    L"August",   L"September", L"October", L"November", L"December"};
+
+template <typename... Values>
+std::wstring Format(const wchar_t* form, Values... values) {
+    wchar_t text[128];
+    const int length = std::swprintf(text, std::size(text), form, values...);
+    return length < 0 ? std::wstring() : std::wstring(text, static_cast<size_t>(length));
+}
+
+bool IsDate(const DateTime& date) { return IsValidDate(date.year, date.month, date.day); }
+
+std::wstring DayName(const DateTime& date) { return kDays[DayOfWeek(date.year, date.month, date.day)]; }
+
+// Replaces one run of a picture letter; returns what it stands for.
+std::wstring PictureRun(const DateTime& date, wchar_t letter, size_t length) {
+    const int values[] = {date.day, date.month, date.year};
+    const size_t which = letter == L'd' ? 0 : letter == L'M' ? 1 : 2;
+    if (which == 2) return length > 2 ? Format(L"%04d", date.year) : Format(L"%02d", date.year % 100);
+    if (length <= 2) return Format(length == 1 ? L"%d" : L"%02d", values[which]);
+    const std::wstring name = which == 0 ? DayName(date) : kMonths[date.month - 1];
+    return length == 3 ? name.substr(0, 3) : name;
+}
+
+}  // namespace
+
+std::wstring DatePicture(const DateTime& date, const wchar_t* picture) {
+    std::wstring text;
+    if (!IsDate(date)) return text;
+    for (const wchar_t* at = picture; *at != 0;) {
+        if (*at == L'\'') {
+            for (++at; *at != 0 && *at != L'\''; ++at) text += *at;
+            if (*at != 0) ++at;
+        } else if (*at == L'd' || *at == L'M' || *at == L'y') {
+            const size_t length = std::wcsspn(at, std::wstring(1, *at).c_str());
+            text += PictureRun(date, *at, length);
+            at += length;
+        } else {
+            text += *at++;
+        }
+    }
+    return text;
+}
+
+std::wstring ShortDate(const DateTime& date) { return DatePicture(date, L"M/d/yyyy"); }
+
+std::wstring LongDate(const DateTime& date) { return DatePicture(date, L"dddd, MMMM d, yyyy"); }
+
+std::wstring DateAndTime(const DateTime& moment) {
+    const std::wstring date = ShortDate(moment);
+    if (date.empty() || (moment.hour == 0 && moment.minute == 0 && moment.second == 0)) return date;
+    const int hour = moment.hour % 12 == 0 ? 12 : moment.hour % 12;
+    return date + Format(L" %d:%02d:%02d %ls", hour, moment.minute, moment.second, moment.hour < 12 ? L"AM" : L"PM");
+}
+
+bool EqualNoCase(const std::wstring& a, const std::wstring& b) {
+    if (a.size() != b.size()) return false;
+    for (size_t i = 0; i < a.size(); ++i) {
+        if (std::towlower(static_cast<wint_t>(a[i])) != std::towlower(static_cast<wint_t>(b[i]))) return false;
+    }
+    return true;
+}
+
+// Code page 1252 without its special characters between 128 and 159.
+bool ToAnsi(const std::wstring& text, std::string& bytes) {
+    bytes.clear();
+    for (const wchar_t unit : text) bytes += static_cast<char>(unit < 128 || (unit >= 160 && unit < 256) ? unit : L'?');
+    return true;
+}
+
+bool FromAnsi(const std::string& bytes, std::wstring& text) {
+    text.clear();
+    for (const char byte : bytes) text += static_cast<wchar_t>(static_cast<unsigned char>(byte));
+    return true;
+}
+
+}  // namespace platform

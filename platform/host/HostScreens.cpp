@@ -1,0 +1,151 @@
+#include <map>
+
+#include "platform/Dialog.h"
+#include "platform/Popup.h"
+#include "platform/Screen.h"
+#include "platform/host/HostDevice.h"
+#include "platform/host/HostWindow.h"
+
+namespace platform {
+
+using host::HostDevice;
+
+namespace {
+
+constexpr int kScrollBarWidth = 16;
+
+struct ButtonState {
+    bool checked = false;
+    bool pressed = false;
+    bool enabled = true;
+};
+
+}  // namespace
+
+struct ToolBar::Impl {
+    std::map<int, ButtonState> buttons;
+};
+
+ToolBar::ToolBar() = default;
+ToolBar::~ToolBar() = default;
+void ToolBar::SetImages(const Image&) {}
+
+void ToolBar::SetChecked(int command, bool checked) {
+    if (HasButton(command)) impl_->buttons[command].checked = checked;
+}
+void ToolBar::SetPressed(int command, bool pressed) {
+    if (HasButton(command)) impl_->buttons[command].pressed = pressed;
+}
+void ToolBar::SetEnabled(int command, bool enabled) {
+    if (HasButton(command)) impl_->buttons[command].enabled = enabled;
+}
+bool ToolBar::HasButton(int command) const { return impl_ != nullptr && impl_->buttons.count(command) != 0; }
+bool ToolBar::IsChecked(int command) const { return HasButton(command) && impl_->buttons[command].checked; }
+bool ToolBar::IsPressed(int command) const { return HasButton(command) && impl_->buttons[command].pressed; }
+bool ToolBar::IsEnabled(int command) const { return HasButton(command) && impl_->buttons[command].enabled; }
+
+ScreenSize HandheldScreen() { return HostDevice::Current().desk.screen; }
+
+Screen::Screen(ScrollBar scrollBar) : scrollBar_(scrollBar) {}
+Screen::~Screen() = default;
+
+int Screen::RunModal(Window*) {
+    const ScreenSize screen = HandheldScreen();
+    const int bar = scrollBar_ == ScrollBar::Vertical ? kScrollBarWidth : 0;
+    if (!impl_->Open(screen.width - bar, screen.height - 2 * kBarHeight)) return -1;
+    return HostDevice::Current().desk.RunModal(*this);
+}
+
+bool Screen::CreateMenuBar(const ToolBarLayout& layout) {
+    if (HostDevice::Current().desk.menuBarFails) return false;
+    tools_.Handle() = std::make_unique<ToolBar::Impl>();
+    for (const ToolBarButton& button : layout.buttons) {
+        if (button.command != 0) tools_.Handle()->buttons[button.command] = {};
+    }
+    impl_->tools = &tools_;
+    return true;
+}
+
+Dialog::Dialog(int templateId) : templateId_(templateId) {}
+Dialog::~Dialog() = default;
+
+int Dialog::RunModal(Window*) {
+    host::DialogTemplate source;
+    if (!host::FindDialogTemplate(templateId_, source)) return -1;
+    // Dialog units of the usual 6 x 13 pixel font.
+    const auto pixels = [](const Rect& units) {
+        return Rect{units.left * 6 / 4, units.top * 13 / 8, units.right * 6 / 4, units.bottom * 13 / 8};
+    };
+    impl_->isDialog = true;
+    impl_->title = source.caption;
+    impl_->place = pixels({0, 0, source.width, source.height});
+    for (const host::TemplateItem& item : source.items) {
+        impl_->items[item.id] = {item, item.text, true, HostDevice::Current().now};
+        impl_->items[item.id].source.place = pixels(item.place);
+    }
+    if (!impl_->Open(impl_->place.Width(), impl_->place.Height())) return -1;
+    return HostDevice::Current().desk.RunModal(*this);
+}
+
+std::wstring Dialog::ItemText(int id) const {
+    const auto item = impl_->items.find(id);
+    return item == impl_->items.end() ? std::wstring() : item->second.text;
+}
+
+void Dialog::SetItemText(int id, const std::wstring& text) {
+    if (impl_->items.count(id) != 0) impl_->items[id].text = text;
+}
+
+void Dialog::EnableItem(int id, bool enabled) {
+    if (impl_->items.count(id) != 0) impl_->items[id].enabled = enabled;
+}
+
+bool Dialog::IsItemEnabled(int id) const {
+    const auto item = impl_->items.find(id);
+    return item != impl_->items.end() && item->second.enabled;
+}
+
+void Dialog::FocusItem(int id) { impl_->focusedItem = id; }
+void Dialog::SelectItemText(int id) { impl_->focusedItem = id; }
+
+DateTime Dialog::PickedDate(int id) const {
+    const auto item = impl_->items.find(id);
+    return item == impl_->items.end() ? DateTime() : item->second.moment;
+}
+
+DateTime Dialog::PickedTime(int id) const { return PickedDate(id); }
+
+void Dialog::SetPicked(int id, const DateTime& moment) {
+    const bool valid = IsValidDate(moment.year, moment.month, moment.day);
+    if (valid && impl_->items.count(id) != 0) impl_->items[id].moment = moment;
+}
+
+Rect Dialog::WindowRect() const { return impl_->place; }
+
+Rect Dialog::ItemRect(int id) const {
+    const auto item = impl_->items.find(id);
+    if (item == impl_->items.end()) return {};
+    return Offset(item->second.source.place, impl_->place.left, impl_->place.top);
+}
+
+void Dialog::Place(const Rect& windowRect) { impl_->place = windowRect; }
+
+void Dialog::OnCommand(int id) {
+    if (id == kIdOk || id == kIdCancel) EndModal(id);
+}
+
+Popup::Popup() = default;
+Popup::~Popup() = default;
+
+int Popup::RunModal(Window*, const std::wstring& title, Point, int width, int height) {
+    impl_->isDialog = true;
+    impl_->title = title;
+    if (!impl_->Open(width, height)) return -1;
+    return HostDevice::Current().desk.RunModal(*this);
+}
+
+void Popup::OnCommand(int id) {
+    if (id == kIdCancel) EndModal(kIdCancel);
+}
+
+}  // namespace platform

@@ -1,0 +1,108 @@
+#include "platform/host/HostWindow.h"
+
+#include <algorithm>
+
+#include "platform/host/HostDevice.h"
+
+namespace platform {
+
+using host::HostDevice;
+
+bool Window::Impl::Open(int width, int height) {
+    shown = Image::Make(width, height);
+    exists = shown.IsValid();
+    return exists;
+}
+
+Window::Window() : impl_(std::make_unique<Impl>()) {}
+Window::~Window() = default;
+
+bool Window::Exists() const { return impl_->exists; }
+int Window::ClientWidth() const { return impl_->shown.Width(); }
+int Window::ClientHeight() const { return impl_->shown.Height(); }
+void Window::SetTitle(const std::wstring& title) { impl_->title = title; }
+std::wstring Window::Title() const { return impl_->title; }
+void Window::Invalidate() { impl_->needsPaint = true; }
+
+void Window::Show(const Image& image, const Rect& source) {
+    if (!Exists() || !image.IsValid()) return;
+    const Rect all = Intersect(Rect{0, 0, ClientWidth(), ClientHeight()}, Rect{0, 0, image.Width(), image.Height()});
+    const Rect area = Intersect(source, all);
+    const ink::PixelSurface from = image.Surface();
+    const ink::PixelSurface to = impl_->shown.Surface();
+    for (int y = area.top; y < area.bottom; ++y) {
+        std::copy(from.pixels + y * from.stride + area.left, from.pixels + y * from.stride + area.right,
+                  to.pixels + y * to.stride + area.left);
+    }
+}
+
+void Window::ScrollPixels(int dy) {
+    if (!Exists() || dy == 0) return;
+    const ink::PixelSurface shown = impl_->shown.Surface();
+    const int rows = shown.height - std::min(shown.height, std::abs(dy));
+    for (int i = 0; i < rows; ++i) {
+        const int from = dy > 0 ? rows - 1 - i : i - dy;
+        std::copy_n(shown.pixels + from * shown.stride, shown.width, shown.pixels + (from + dy) * shown.stride);
+    }
+}
+
+void Window::InvertPixels(const Rect& area) {
+    const Rect inside = Intersect(area, Rect{0, 0, ClientWidth(), ClientHeight()});
+    const ink::PixelSurface shown = impl_->shown.Surface();
+    for (int y = inside.top; y < inside.bottom; ++y) {
+        for (int x = inside.left; x < inside.right; ++x) shown.pixels[y * shown.stride + x] ^= 0x00FFFFFF;
+    }
+}
+
+bool Window::StartTimer(int id, uint32_t period) {
+    if (!Exists()) return false;
+    impl_->timers[id] = {period, HostDevice::Current().ticks + period};
+    return true;
+}
+
+void Window::StopTimer(int id) { impl_->timers.erase(id); }
+
+void Window::CapturePen() { impl_->hasPen = Exists(); }
+
+void Window::ReleasePen() {
+    if (!impl_->hasPen) return;
+    impl_->hasPen = false;
+    OnCaptureLost();
+}
+
+bool Window::HasPen() const { return impl_->hasPen; }
+
+size_t Window::PenSamples(Point* samples, size_t capacity) const {
+    const size_t count = std::min(capacity, impl_->samples.size());
+    std::copy_n(impl_->samples.begin(), count, samples);
+    return count;
+}
+
+void Window::SetScroll(const ScrollState& state) {
+    impl_->scroll = state;
+    impl_->scroll.page = std::clamp(state.page, 0, state.maximum - state.minimum + 1);
+    SetScrollPosition(state.position);
+}
+
+ScrollState Window::GetScroll() const { return impl_->scroll; }
+
+void Window::SetScrollPosition(int position) {
+    ScrollState& scroll = impl_->scroll;
+    const int last = scroll.maximum - std::max(scroll.page - 1, 0);
+    scroll.position = std::max(scroll.minimum, std::min(position, last));
+}
+
+void Window::PostCommand(int id) {
+    HostDevice::Current().desk.Post(*this, [this, id] { OnCommand(id); });
+}
+
+void Window::PostScroll(ScrollCode code) {
+    HostDevice::Current().desk.Post(*this, [this, code] { OnScroll(code, 0); });
+}
+
+void Window::EndModal(int result) {
+    impl_->ended = true;
+    impl_->result = result;
+}
+
+}  // namespace platform

@@ -1,0 +1,52 @@
+// The state of a window of the headless port; shared by its kinds and by HostDesk.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/DateTime.h"
+#include "platform/Image.h"
+#include "platform/Window.h"
+#include "platform/host/HostResources.h"
+
+namespace platform {
+
+struct HostTimer {
+    uint32_t period = 0;
+    uint32_t due = 0;
+};
+
+struct HostItem {
+    host::TemplateItem source;
+    std::wstring text;
+    bool enabled = true;
+    DateTime moment;
+};
+
+struct Window::Impl {
+    bool exists = false;
+    bool ended = false;
+    int result = -1;
+    std::wstring title;
+    Image shown;  // what the client area shows
+    bool needsPaint = false;
+    bool hasPen = false;
+    std::vector<Point> samples;
+    std::map<int, HostTimer> timers;
+    ScrollState scroll;
+
+    // Dialogs
+    std::map<int, HostItem> items;
+    Rect place;
+    int focusedItem = 0;
+    bool isDialog = false;
+
+    // Screens
+    class ToolBar* tools = nullptr;
+
+    // Opens with a client area of this size; false when memory is short.
+    bool Open(int width, int height);
+};
+
+}  // namespace platform
