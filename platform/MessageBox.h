@@ -26,6 +26,9 @@ class WaitCursor {
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
     ~WaitCursor();
+
+  private:
+    void* before_ = nullptr;  // the cursor to show again, in a port that has cursors
 };
 
 }  // namespace platform

@@ -1,0 +1,79 @@
+#include "platform/windows/HandheldPlace.h"
+
+#include <algorithm>
+#include <cwchar>
+#include <iterator>
+
+#include "platform/Screen.h"
+
+namespace platform {
+
+namespace {
+
+constexpr ScreenSize kUsualScreen{480, 640};
+constexpr long kShortestSide = 160;
+constexpr long kLongestSide = 4096;
+
+}  // namespace
+
+ScreenSize HandheldScreen() {
+    wchar_t text[32];
+    const DWORD length =
+        GetEnvironmentVariableW(L"INKWRIGHT_SCREEN", text, static_cast<DWORD>(std::size(text)));
+    if (length == 0 || length >= std::size(text)) return kUsualScreen;
+    wchar_t* end = nullptr;
+    const long width = std::wcstol(text, &end, 10);
+    if (*end != L'x' && *end != L'X') return kUsualScreen;
+    const long height = std::wcstol(end + 1, &end, 10);
+    const bool fits =
+        *end == L'\0' && std::min(width, height) >= kShortestSide && std::max(width, height) <= kLongestSide;
+    return fits ? ScreenSize{static_cast<int>(width), static_cast<int>(height)} : kUsualScreen;
+}
+
+namespace windows {
+
+namespace {
+
+bool IsScreen(HWND window) {
+    wchar_t name[32] = L"";
+    GetClassNameW(window, name, static_cast<int>(std::size(name)));
+    return std::wcscmp(name, kScreenClass) == 0;
+}
+
+}  // namespace
+
+POINT HandheldOrigin(HWND window) {
+    while (window && !IsScreen(window)) window = GetWindow(window, GW_OWNER);
+    POINT origin{0, -kBarHeight};
+    if (window) {
+        ClientToScreen(window, &origin);
+        return origin;
+    }
+    const ScreenSize screen = HandheldScreen();
+    return CentredPlace({screen.width, screen.height});
+}
+
+Rect ToHandheld(HWND window, const RECT& desktop) {
+    const POINT origin = HandheldOrigin(window);
+    return {desktop.left - origin.x, desktop.top - origin.y, desktop.right - origin.x,
+            desktop.bottom - origin.y};
+}
+
+RECT ToDesktop(HWND window, const Rect& handheld) {
+    const POINT origin = HandheldOrigin(window);
+    return {handheld.left + origin.x, handheld.top + origin.y, handheld.right + origin.x,
+            handheld.bottom + origin.y};
+}
+
+POINT CentredPlace(SIZE frame) {
+    RECT area{};
+    if (!SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0)) {
+        area = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    }
+    return {std::max(area.left, (area.left + area.right - frame.cx) / 2),
+            std::max(area.top, (area.top + area.bottom - frame.cy) / 2)};
+}
+
+}  // namespace windows
+
+}  // namespace platform

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/Window.h"
+#include "platform/windows/SystemHeaders.h"
+
+// Where the handheld's screen lies on the desktop. Its top kBarHeight rows, the navigation bar, are played
+// by the caption of a Screen's frame, so the page's top left is (0, kBarHeight) of the handheld.
+namespace platform::windows {
+
+constexpr wchar_t kScreenClass[] = L"InkwrightScreen";
+
+// Desktop position of the handheld's (0, 0) for `window`: that of the Screen that owns it, directly or
+// through other windows. Without one, where the first Screen would open.
+POINT HandheldOrigin(HWND window);
+
+Rect ToHandheld(HWND window, const RECT& desktop);
+RECT ToDesktop(HWND window, const Rect& handheld);
+
+// Top left for a frame of this size in the middle of the desktop's work area, never above or left of it.
+POINT CentredPlace(SIZE frame);
+
+}  // namespace platform::windows

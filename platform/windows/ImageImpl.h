@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/Image.h"
+#include "platform/windows/Guards.h"
+
+namespace platform {
+
+// A top-down DIB section, selected into its own memory device context for as long as it lives.
+struct Image::Impl {
+    int width = 0;
+    int height = 0;
+    uint32_t* pixels = nullptr;  // belongs to `bitmap`
+    windows::OwnedBitmap bitmap;
+    windows::OwnedMemoryDc dc;  // declared last: goes first, so that the bitmap is free again
+
+    bool Create(int pixelWidth, int pixelHeight);
+};
+
+namespace windows {
+
+// A new 32-bit bitmap, selected nowhere; `pixels` receives the place of its top row. Null when memory is
+// short.
+OwnedBitmap MakeBitmap(int width, int height, uint32_t*& pixels);
+
+}  // namespace windows
+
+}  // namespace platform

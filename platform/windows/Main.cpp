@@ -1,0 +1,32 @@
+#include <string>
+
+#include "app/Program.h"
+#include "platform/windows/SystemHeaders.h"
+
+namespace {
+
+// The text after the program's name, which may be in quotes. Nothing else is unquoted: quotes mean something
+// to the program.
+std::wstring ArgumentText() {
+    const wchar_t* at = GetCommandLineW();
+    const wchar_t end = *at == L'"' ? L'"' : L' ';
+    if (end == L'"') ++at;
+    while (*at != L'\0' && *at != end && !(end == L' ' && *at == L'\t')) ++at;
+    if (*at == L'"') ++at;
+    while (*at == L' ' || *at == L'\t') ++at;
+    return at;
+}
+
+void LoadControls() {
+    INITCOMMONCONTROLSEX controls{};
+    controls.dwSize = sizeof controls;
+    controls.dwICC = ICC_WIN95_CLASSES | ICC_DATE_CLASSES;
+    InitCommonControlsEx(&controls);
+}
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
+    LoadControls();
+    return app::RunProgram(ArgumentText());
+}

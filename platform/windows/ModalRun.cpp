@@ -1,0 +1,55 @@
+#include "platform/windows/ModalRun.h"
+
+namespace platform::windows {
+
+namespace {
+
+void HandleMessages(Window::Impl& state, KeyNavigation keys) {
+    while (!state.ended) {
+        MSG message;
+        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+        if (got == -1) return;
+        if (got == 0) {  // the end of the program: for the loops outside this one too
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        if (keys == KeyNavigation::Dialog && IsDialogMessageW(state.frame, &message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+}  // namespace
+
+DisabledOwner::DisabledOwner(HWND owner) : owner_(owner && IsWindowEnabled(owner) ? owner : nullptr) {
+    if (owner_) EnableWindow(owner_, FALSE);
+}
+
+DisabledOwner::~DisabledOwner() {
+    if (owner_) EnableWindow(owner_, TRUE);
+}
+
+int RunToEnd(Window& window, HWND owner, KeyNavigation keys) {
+    Window::Impl& state = *window.Handle();
+    {
+        const DisabledOwner disabled(owner);
+        if (!state.ended) {
+            ShowWindow(state.frame, SW_SHOW);
+            SetForegroundWindow(state.frame);
+            UpdateWindow(state.page);
+        }
+        state.running = true;
+        HandleMessages(state, keys);
+        state.running = false;
+    }
+    return GiveUp(window);
+}
+
+int GiveUp(Window& window) {
+    Window::Impl& state = *window.Handle();
+    if (state.frame) DestroyWindow(state.frame);
+    state.frame = state.page = nullptr;
+    return state.result;
+}
+
+}  // namespace platform::windows

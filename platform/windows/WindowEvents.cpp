@@ -1,0 +1,163 @@
+// From window messages to the handlers of a window object.
+#include <new>
+
+#include "platform/MessageBox.h"
+#include "platform/windows/WindowImpl.h"
+
+namespace platform::windows {
+
+namespace {
+
+struct Event {
+    Window& window;
+    Window::Impl& state;
+    HWND handle;
+    WPARAM wParam;
+    LPARAM lParam;
+};
+
+Point PointOf(const Event& event) {
+    return {static_cast<int16_t>(LOWORD(event.lParam)), static_cast<int16_t>(HIWORD(event.lParam))};
+}
+
+bool PenDown(Event& event) {
+    event.state.pen.Begin(event.handle, PointOf(event));
+    event.window.OnPenDown(PointOf(event));
+    return true;
+}
+
+bool PenMove(Event& event) {
+    // A pen that does not touch the screen is not there.
+    if (!event.state.holdsPen && (event.wParam & MK_LBUTTON) == 0) return false;
+    event.state.pen.Arrive(event.handle, PointOf(event));
+    event.window.OnPenMove(PointOf(event));
+    event.state.pen.Leave();
+    return true;
+}
+
+bool PenUp(Event& event) {
+    event.state.pen.Arrive(event.handle, PointOf(event));
+    event.window.OnPenUp(PointOf(event));
+    event.state.pen.Leave();
+    return true;
+}
+
+bool CaptureChanged(Event& event) {
+    if (!event.state.holdsPen || reinterpret_cast<HWND>(event.lParam) == event.handle) return false;
+    event.state.holdsPen = false;
+    event.window.OnCaptureLost();
+    return true;
+}
+
+bool Paint(Event& event) {
+    PAINTSTRUCT paint;
+    const HDC before = event.state.paintDc;
+    event.state.paintDc = BeginPaint(event.handle, &paint);
+    event.window.OnPaint();
+    event.state.paintDc = before;
+    EndPaint(event.handle, &paint);
+    return true;
+}
+
+bool Timer(Event& event) {
+    event.window.OnTimer(static_cast<int>(event.wParam));
+    return true;
+}
+
+bool Command(Event& event) {
+    event.window.OnCommand(LOWORD(event.wParam));
+    return true;
+}
+
+bool PrivateMessage(Event& event) {
+    event.window.OnPrivateMessage(static_cast<uint32_t>(event.wParam), event.lParam);
+    return true;
+}
+
+bool ScrollCodeOf(WORD systemCode, ScrollCode& code) {
+    switch (systemCode) {
+        case SB_LINEUP:
+            code = ScrollCode::LineUp;
+            return true;
+        case SB_LINEDOWN:
+            code = ScrollCode::LineDown;
+            return true;
+        case SB_PAGEUP:
+            code = ScrollCode::PageUp;
+            return true;
+        case SB_PAGEDOWN:
+            code = ScrollCode::PageDown;
+            return true;
+        case SB_THUMBPOSITION:
+            code = ScrollCode::ThumbPosition;
+            return true;
+        case SB_TOP:
+            code = ScrollCode::Top;
+            return true;
+        case SB_BOTTOM:
+            code = ScrollCode::Bottom;
+            return true;
+        default:
+            return false;
+    }
+}
+
+// The message carries 16 bits of the thumb's position. The system knows all of them, but only about a thumb
+// that was really dragged, so its number counts only where the two agree.
+int ThumbPosition(const Event& event) {
+    const int sent = HIWORD(event.wParam);
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_TRACKPOS;
+    if (!GetScrollInfo(event.state.page, SB_VERT, &info)) return sent;
+    return (info.nTrackPos & 0xFFFF) == sent ? info.nTrackPos : sent;
+}
+
+bool VerticalScroll(Event& event) {
+    ScrollCode code{};
+    if (!ScrollCodeOf(LOWORD(event.wParam), code)) return true;
+    event.window.OnScroll(code, code == ScrollCode::ThumbPosition ? ThumbPosition(event) : 0);
+    return true;
+}
+
+bool KeyDown(Event& event) {
+    constexpr struct {
+        int code;
+        Key key;
+    } kKeys[] = {{VK_LEFT, Key::Left},     {VK_UP, Key::Up},         {VK_RIGHT, Key::Right},
+                 {VK_DOWN, Key::Down},     {VK_PRIOR, Key::PageUp},  {VK_NEXT, Key::PageDown},
+                 {VK_HOME, Key::Home},     {VK_END, Key::End},       {VK_RETURN, Key::Enter},
+                 {VK_ESCAPE, Key::Escape}, {VK_DELETE, Key::Delete}, {VK_F2, Key::F2}};
+    for (const auto& known : kKeys) {
+        if (static_cast<int>(event.wParam) == known.code) return event.window.OnKeyDown(known.key);
+    }
+    return event.window.OnKeyDown(Key::Other);
+}
+
+constexpr struct {
+    UINT message;
+    bool (*handle)(Event&);
+} kEvents[] = {{WM_MOUSEMOVE, PenMove}, {WM_LBUTTONDOWN, PenDown},
+               {WM_LBUTTONUP, PenUp},   {WM_CAPTURECHANGED, CaptureChanged},
+               {WM_PAINT, Paint},       {WM_TIMER, Timer},
+               {WM_COMMAND, Command},   {WM_VSCROLL, VerticalScroll},
+               {WM_KEYDOWN, KeyDown},   {kPrivateMessage, PrivateMessage}};
+
+}  // namespace
+
+bool DispatchEvent(Window& window, HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    for (const auto& known : kEvents) {
+        if (known.message != message) continue;
+        Event event{window, *window.Handle(), handle, wParam, lParam};
+        // Nothing may be thrown through the system's own frames on the stack.
+        try {
+            return known.handle(event);
+        } catch (const std::bad_alloc&) {
+            ShowOutOfMemory(&window);
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace platform::windows

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/Window.h"
+#include "platform/windows/PenHistory.h"
+#include "platform/windows/SystemHeaders.h"
+
+namespace platform {
+
+// What stands behind a window object. All members are null or false while the window does not exist.
+struct Window::Impl {
+    HWND frame = nullptr;  // the top-level window
+    HWND page = nullptr;   // the window that is painted and written on: the frame itself, or a Screen's child
+    HDC paintDc = nullptr;  // while OnPaint runs
+    bool hasScrollBar = false;
+    bool holdsPen = false;
+    bool holdsPointer = false;     // a pop-up keeps the capture even when its own handlers release the pen
+    bool fillingControls = false;  // changes that the program makes are no news to it
+    bool focusPlaced = false;
+    bool placed = false;
+    bool running = false;  // inside its modal run
+    bool ended = false;
+    int result = -1;
+    windows::PenHistory pen;
+};
+
+namespace windows {
+
+// The window object behind a window handle of ours; null before its creation and after its end.
+Window* WindowOf(HWND handle);
+void Attach(HWND handle, Window* window);
+
+// The top-level window of `window`, null when there is none.
+HWND FrameOf(const Window* window);
+
+// Gives an event that any kind of window may get to its handler. True when it was handled for good.
+bool DispatchEvent(Window& window, HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
+
+// Registers a window class of the program if that was not done yet.
+bool RegisterWindowClass(const wchar_t* name, WNDPROC procedure, UINT style, HBRUSH background);
+
+HINSTANCE Module();
+
+}  // namespace windows
+
+}  // namespace platform

@@ -1,0 +1,135 @@
+#include <cwchar>
+
+#include "platform/FileSystem.h"
+#include "platform/TextEncoding.h"
+#include "platform/windows/Guards.h"
+#include "platform/windows/HandheldPath.h"
+#include "platform/windows/SystemTimes.h"
+
+namespace platform {
+
+namespace {
+
+using windows::ToHostPath;
+
+// The system's own patterns also match short names that nobody sees.
+bool MatchesPattern(const std::wstring& name, const std::wstring& pattern) {
+    if (pattern == L"*.*" || pattern == L"*") return true;
+    if (pattern.empty() || pattern[0] != L'*') return EqualNoCase(name, pattern);
+    const size_t length = pattern.size() - 1;
+    return name.size() >= length && EqualNoCase(name.substr(name.size() - length), pattern.substr(1));
+}
+
+DateTime LocalTime(const FILETIME& written) {
+    FILETIME local{};
+    SYSTEMTIME moment{};
+    if (!FileTimeToLocalFileTime(&written, &local) || !FileTimeToSystemTime(&local, &moment)) return {};
+    return windows::DateTimeOf(moment);
+}
+
+bool IsFolder(DWORD attributes) {
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+bool IsSelfOrParent(const wchar_t* name) {
+    return std::wcscmp(name, L".") == 0 || std::wcscmp(name, L"..") == 0;
+}
+
+bool ListHostFolder(const std::wstring& hostFolder, const std::wstring& pattern,
+                    std::vector<FolderEntry>& entries) {
+    const std::wstring everything = hostFolder + (hostFolder.back() == L'\\' ? L"*" : L"\\*");
+    WIN32_FIND_DATAW found{};
+    const windows::OwnedSearch search = windows::OwnSearch(FindFirstFileW(everything.c_str(), &found));
+    // The root of an empty drive holds not even "." and "..".
+    if (!search) return GetLastError() == ERROR_FILE_NOT_FOUND;
+    do {
+        if (IsSelfOrParent(found.cFileName) || !MatchesPattern(found.cFileName, pattern)) continue;
+        entries.push_back(
+            {found.cFileName, IsFolder(found.dwFileAttributes), LocalTime(found.ftLastWriteTime)});
+    } while (FindNextFileW(search.get(), &found));
+    return GetLastError() == ERROR_NO_MORE_FILES;
+}
+
+// What lies in the handheld's root without lying in the folder behind it.
+void AddRootNames(const std::wstring& pattern, std::vector<FolderEntry>& entries) {
+    std::vector<std::wstring> names{windows::kDocumentsName};
+    for (int i = 0; i < windows::StorageCardCount(); ++i) names.push_back(windows::StorageCardName(i));
+    for (const std::wstring& name : names) {
+        if (MatchesPattern(name, pattern)) entries.push_back({name, true, {}});
+    }
+}
+
+}  // namespace
+
+EntryKind FindEntry(const std::wstring& path) {
+    const std::wstring host = ToHostPath(path);
+    if (host.empty() || path.empty() || path.back() == L'\\') return EntryKind::Missing;
+    if (windows::IsDriveRoot(host)) {
+        return GetFileAttributesW(host.c_str()) == INVALID_FILE_ATTRIBUTES ? EntryKind::Missing
+                                                                           : EntryKind::Folder;
+    }
+    WIN32_FIND_DATAW found{};
+    const windows::OwnedSearch search = windows::OwnSearch(FindFirstFileW(host.c_str(), &found));
+    if (!search) return EntryKind::Missing;
+    return IsFolder(found.dwFileAttributes) ? EntryKind::Folder : EntryKind::File;
+}
+
+bool ListFolder(const std::wstring& folder, const std::wstring& pattern, std::vector<FolderEntry>& entries) {
+    entries.clear();
+    const std::wstring host = ToHostPath(folder);
+    if (host.empty() || !ListHostFolder(host, pattern, entries)) return false;
+    const bool isRoot = folder.find_first_not_of(L'\\') == std::wstring::npos;
+    if (isRoot && !windows::HasDeviceFolder()) AddRootNames(pattern, entries);
+    return true;
+}
+
+bool MakeFolder(const std::wstring& path) {
+    const std::wstring host = ToHostPath(path);
+    return !host.empty() && CreateDirectoryW(host.c_str(), nullptr);
+}
+
+bool DropFolder(const std::wstring& path) {
+    const std::wstring host = ToHostPath(path);
+    return !host.empty() && RemoveDirectoryW(host.c_str());
+}
+
+bool EraseFile(const std::wstring& path) {
+    const std::wstring host = ToHostPath(path);
+    return !host.empty() && DeleteFileW(host.c_str());
+}
+
+bool MoveEntry(const std::wstring& from, const std::wstring& to) {
+    const std::wstring hostFrom = ToHostPath(from);
+    const std::wstring hostTo = ToHostPath(to);
+    if (hostFrom.empty() || hostTo.empty()) return false;
+    // From one drive to another a file is copied and erased; folders stay where they are.
+    return MoveFileExW(hostFrom.c_str(), hostTo.c_str(), MOVEFILE_COPY_ALLOWED);
+}
+
+bool CopyFileTo(const std::wstring& from, const std::wstring& to) {
+    const std::wstring hostFrom = ToHostPath(from);
+    const std::wstring hostTo = ToHostPath(to);
+    return !hostFrom.empty() && !hostTo.empty() && CopyFileW(hostFrom.c_str(), hostTo.c_str(), FALSE);
+}
+
+bool FreeBytes(const std::wstring& folder, uint64_t& bytes) {
+    std::wstring host = ToHostPath(folder);
+    if (host.empty()) return false;
+    if (host.back() != L'\\') host += L'\\';  // shares want it
+    ULARGE_INTEGER available{};
+    if (!GetDiskFreeSpaceExW(host.c_str(), &available, nullptr, nullptr)) return false;
+    bytes = available.QuadPart;
+    return true;
+}
+
+std::wstring DocumentsFolder() {
+    const std::wstring folder = L"\\" + std::wstring(windows::kDocumentsName);
+    MakeFolder(folder);  // fails when it is there already
+    return folder;
+}
+
+std::wstring FromHostPath(const std::wstring& path) {
+    return windows::ToHandheldPath(path);
+}
+
+}  // namespace platform

@@ -1,0 +1,84 @@
+#include <limits>
+
+#include "platform/windows/ImageImpl.h"
+#include "platform/windows/WindowImpl.h"
+
+namespace platform {
+
+using windows::OwnedBitmap;
+using windows::OwnedMemoryDc;
+using windows::Selection;
+
+namespace windows {
+
+OwnedBitmap MakeBitmap(int width, int height, uint32_t*& pixels) {
+    pixels = nullptr;
+    if (width <= 0 || height <= 0 || width > std::numeric_limits<int>::max() / 4 / height) return nullptr;
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height;  // top row first
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    info.bmiHeader.biCompression = BI_RGB;
+    void* bits = nullptr;
+    OwnedBitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    pixels = static_cast<uint32_t*>(bits);
+    return bitmap;
+}
+
+}  // namespace windows
+
+bool Image::Impl::Create(int pixelWidth, int pixelHeight) {
+    bitmap = windows::MakeBitmap(pixelWidth, pixelHeight, pixels);
+    dc.reset(CreateCompatibleDC(nullptr));
+    if (!bitmap || !dc || !SelectObject(dc.get(), bitmap.get())) return false;
+    width = pixelWidth;
+    height = pixelHeight;
+    return true;
+}
+
+Image::Image() = default;
+Image::Image(Image&&) noexcept = default;
+Image& Image::operator=(Image&&) noexcept = default;
+Image::~Image() = default;
+
+Image Image::Make(int width, int height) {
+    Image image;
+    auto impl = std::make_unique<Impl>();
+    if (impl->Create(width, height)) image.impl_ = std::move(impl);
+    return image;
+}
+
+Image Image::FromResource(int id) {
+    const OwnedBitmap source(static_cast<HBITMAP>(
+        LoadImageW(windows::Module(), MAKEINTRESOURCEW(id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+    BITMAP shape{};
+    if (!source || GetObjectW(source.get(), sizeof shape, &shape) == 0) return {};
+    Image image = Make(shape.bmWidth, shape.bmHeight);
+    const OwnedMemoryDc from(CreateCompatibleDC(nullptr));
+    if (!image.IsValid() || !from) return {};
+    const Selection selection(from.get(), source.get());
+    BitBlt(image.impl_->dc.get(), 0, 0, shape.bmWidth, shape.bmHeight, from.get(), 0, 0, SRCCOPY);
+    GdiFlush();
+    const int count = shape.bmWidth * shape.bmHeight;
+    for (int i = 0; i < count; ++i) image.impl_->pixels[i] &= 0x00FFFFFF;
+    return image;
+}
+
+bool Image::IsValid() const {
+    return impl_ != nullptr;
+}
+int Image::Width() const {
+    return impl_ ? impl_->width : 0;
+}
+int Image::Height() const {
+    return impl_ ? impl_->height : 0;
+}
+
+ink::PixelSurface Image::Surface() const {
+    if (!impl_) return {};
+    return {impl_->pixels, impl_->width, impl_->height, impl_->width};
+}
+
+}  // namespace platform

@@ -1,0 +1,127 @@
+#include <algorithm>
+
+#include "platform/Screen.h"
+#include "platform/windows/ImageImpl.h"
+#include "platform/windows/ToolBarImpl.h"
+#include "platform/windows/WindowImpl.h"
+
+namespace platform {
+
+namespace {
+
+constexpr int kSeparatorWidth = 6;
+constexpr int kButtonMargin = 6;  // both sides of an image together
+constexpr int kLeftMargin = 2;
+constexpr COLORREF kTransparent = RGB(192, 192, 192);
+
+// Button images for the common control, which spoils the bitmap that it is given.
+windows::OwnedImageList ImagesFrom(const Image& picture, int width, int height) {
+    uint32_t* pixels = nullptr;
+    const windows::OwnedBitmap copy = windows::MakeBitmap(picture.Width(), picture.Height(), pixels);
+    windows::OwnedImageList list(
+        ImageList_Create(width, height, ILC_COLOR24 | ILC_MASK, picture.Width() / width, 0));
+    if (!copy || !list) return nullptr;
+    const ink::PixelSurface source = picture.Surface();
+    std::copy_n(source.pixels, source.width * source.height, pixels);
+    if (ImageList_AddMasked(list.get(), copy.get(), kTransparent) < 0) return nullptr;
+    return list;
+}
+
+}  // namespace
+
+bool ToolBar::Impl::Create(HWND menuBar, const ToolBarLayout& layout) {
+    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | CCS_NOPARENTALIGN |
+                             CCS_NORESIZE | CCS_NODIVIDER;
+    RECT strip{};
+    GetClientRect(menuBar, &strip);
+    bar = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"", kStyle, kLeftMargin, 1, strip.right - kLeftMargin,
+                          strip.bottom - 1, menuBar, nullptr, windows::Module(), nullptr);
+    if (!bar) return false;
+    imageWidth = layout.imageWidth;
+    imageHeight = layout.imageHeight;
+    SendMessageW(bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+    SendMessageW(bar, TB_SETBITMAPSIZE, 0, MAKELPARAM(imageWidth, imageHeight));
+    const Image picture = Image::FromResource(layout.bitmapId);
+    if (!picture.IsValid() || !UseImages(picture) || !AddButtons(layout)) {
+        DestroyWindow(bar);
+        return false;
+    }
+    SendMessageW(bar, TB_SETBUTTONSIZE, 0, MAKELPARAM(imageWidth + kButtonMargin, strip.bottom - 3));
+    return true;
+}
+
+bool ToolBar::Impl::AddButtons(const ToolBarLayout& layout) {
+    std::vector<TBBUTTON> buttons;
+    int image = 0;
+    for (const ToolBarButton& source : layout.buttons) {
+        TBBUTTON button{};
+        button.idCommand = source.command;
+        button.fsState = TBSTATE_ENABLED;
+        button.fsStyle = source.command == 0 ? BTNS_SEP : BTNS_BUTTON;
+        button.iBitmap = source.command == 0 ? kSeparatorWidth : image++;
+        buttons.push_back(button);
+        if (source.command != 0 && source.title) toolTips.push_back({source.command, source.title});
+    }
+    return SendMessageW(bar, TB_ADDBUTTONSW, buttons.size(), reinterpret_cast<LPARAM>(buttons.data())) != 0;
+}
+
+bool ToolBar::Impl::UseImages(const Image& picture) {
+    windows::OwnedImageList fresh = ImagesFrom(picture, imageWidth, imageHeight);
+    if (!fresh) return false;
+    SendMessageW(bar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(fresh.get()));
+    InvalidateRect(bar, nullptr, TRUE);
+    images = std::move(fresh);  // the list shown before goes only now
+    return true;
+}
+
+void ToolBar::Impl::GiveToolTip(NMHDR& request) const {
+    if (request.code != TTN_GETDISPINFOW) return;
+    auto& wanted = reinterpret_cast<NMTTDISPINFOW&>(request);
+    for (const ToolTip& tip : toolTips) {
+        if (static_cast<UINT_PTR>(tip.command) == request.idFrom)
+            wanted.lpszText = const_cast<wchar_t*>(tip.text.c_str());
+    }
+}
+
+bool ToolBar::Impl::HasState(int command, BYTE bit) const {
+    const LRESULT state = SendMessageW(bar, TB_GETSTATE, static_cast<WPARAM>(command), 0);
+    return state != -1 && (state & bit) != 0;
+}
+
+// Only the one bit changes: the others belong to the control and to other callers.
+void ToolBar::Impl::SetState(int command, BYTE bit, bool on) {
+    const LRESULT state = SendMessageW(bar, TB_GETSTATE, static_cast<WPARAM>(command), 0);
+    if (state == -1) return;
+    const LRESULT changed = on ? state | bit : state & ~LRESULT{bit};
+    SendMessageW(bar, TB_SETSTATE, static_cast<WPARAM>(command), MAKELPARAM(changed, 0));
+}
+
+ToolBar::ToolBar() = default;
+ToolBar::~ToolBar() = default;
+
+void ToolBar::SetImages(const Image& images) {
+    if (impl_ && images.IsValid()) impl_->UseImages(images);
+}
+void ToolBar::SetChecked(int command, bool checked) {
+    if (impl_) impl_->SetState(command, TBSTATE_CHECKED, checked);
+}
+void ToolBar::SetPressed(int command, bool pressed) {
+    if (impl_) impl_->SetState(command, TBSTATE_PRESSED, pressed);
+}
+void ToolBar::SetEnabled(int command, bool enabled) {
+    if (impl_) impl_->SetState(command, TBSTATE_ENABLED, enabled);
+}
+bool ToolBar::HasButton(int command) const {
+    return impl_ && SendMessageW(impl_->bar, TB_GETSTATE, static_cast<WPARAM>(command), 0) != -1;
+}
+bool ToolBar::IsChecked(int command) const {
+    return impl_ && impl_->HasState(command, TBSTATE_CHECKED);
+}
+bool ToolBar::IsPressed(int command) const {
+    return impl_ && impl_->HasState(command, TBSTATE_PRESSED);
+}
+bool ToolBar::IsEnabled(int command) const {
+    return impl_ && impl_->HasState(command, TBSTATE_ENABLED);
+}
+
+}  // namespace platform
