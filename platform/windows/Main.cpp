@@ -26,7 +26,7 @@ void LoadControls() {
 
 }  // namespace
 
-int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     LoadControls();
     return app::RunProgram(ArgumentText());
 }
