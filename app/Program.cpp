@@ -22,6 +22,7 @@ void DropMissingTarget(StartRequest& request) {
                           request.alarmMode ? L" Alarm Error :: Inkwright" : L" Error :: Inkwright",
                           platform::MessageButtons::Ok, platform::MessageIcon::Error);
     request.target.clear();
+    request.alarmMode = false;
 }
 
 // Pictures made for e-mail stay until the next start: the mail program may still be reading them.

@@ -1,0 +1,125 @@
+#include "res/resource.h"
+#include "tests/support/DeskTest.h"
+
+namespace {
+
+using platform::FileError;
+using platform::MessageAnswer;
+using platform::host::FileCall;
+using testing::IsEmpty;
+using testing_support::kNewNotes;
+using testing_support::Words;
+
+const wchar_t kNote[] = L"\\Ink\\a.ikw";
+
+class Closing : public testing_support::DeskTest {
+  protected:
+    Closing() { device.files.Put(kNote, Words({5, 0xFFFFFF, 0, 268})); }
+    void ThenWriteAndClose() {
+        Then([this] {
+            Desk().Stroke({{30, 100}, {40, 110}});
+            Desk().Command(platform::kIdOk);
+        });
+    }
+};
+
+TEST_F(Closing, AnEmptyNewNoteMakesNoFile) {
+    Close();
+    Run(L"");
+    EXPECT_THAT(device.files.NamesIn(kNewNotes), IsEmpty());
+    EXPECT_THAT(Desk().messages, IsEmpty());
+}
+
+TEST_F(Closing, ADeclinedFailureKeepsTheWindowAndItsInk) {
+    bool diskIsFull = true;
+    device.files.fault = [&](FileCall call, const std::wstring&) {
+        return diskIsFull && call == FileCall::Write ? FileError::Other : FileError::None;
+    };
+    Desk().answers = {MessageAnswer::No, MessageAnswer::No};
+    ThenWriteAndClose();
+    Then([&] {
+        EXPECT_FALSE(device.files.Has(kNote)) << "no half-written note stays";
+        Desk().Command(platform::kIdOk);
+    });
+    Then([&] {
+        EXPECT_EQ(Desk().messages.size(), 2u);
+        diskIsFull = false;
+        Desk().Command(platform::kIdOk);
+    });
+    Run(kNote);
+    EXPECT_EQ(ReadBack(kNote)->Band(0)->Count(), 1u);
+}
+
+TEST_F(Closing, AFullDiskAtAnyByteLeavesNoPartOfANote) {
+    for (uint64_t room = 0; room < 16 + 4 + 40; room += 4) {
+        device.files.Put(kNote, Words({5, 0xFFFFFF, 0, 268}));
+        device.files.capacity = device.files.UsedBytes() - 16 + room;
+        Desk().answers = {MessageAnswer::Yes};
+        ThenWriteAndClose();
+        Run(kNote);
+        EXPECT_FALSE(device.files.Has(kNote)) << room;
+        EXPECT_EQ(Desk().messages.back().text, L"Saving '\\Ink\\a.ikw' failed!\nDiscard changes?");
+    }
+}
+
+TEST_F(Closing, ASecondCloseWhileAQuestionIsOpenDoesNothing) {
+    ThenWriteAndClose();
+    Then([this] { EXPECT_EQ(Desk().Top()->Title(), L" Inkwright - Save As"); });
+    AcceptName();
+    Run(L"");
+}
+
+TEST_F(Closing, AnotherCopysTakeOverClosesAndSaves) {
+    Then([this] { Desk().Stroke({{30, 100}, {40, 110}}); });
+    Then([this] { Desk().PrivateMessage(0); });
+    Then([this] { Desk().PrivateMessage(1); });
+    Run(kNote);
+    EXPECT_EQ(ReadBack(kNote)->Band(0)->Count(), 1u);
+}
+
+TEST_F(Closing, EscapeDoesNothing) {
+    Then([this] { Desk().Press(platform::Key::Escape); });
+    Then([this] { EXPECT_TRUE(Desk().Top()->Exists()); });
+    Close();
+    Run(kNote);
+}
+
+TEST_F(Closing, FullEraseDeletesTheNoteAndItsMemoAfterAsking) {
+    device.files.Put(L"\\Ink\\a.txt", "memo");
+    Desk().answers = {MessageAnswer::No, MessageAnswer::Yes};
+    Then([this] { Desk().Command(IDM_FULL_ERASE); });
+    Then([this] {
+        EXPECT_TRUE(device.files.Has(kNote));
+        EXPECT_EQ(Desk().messages.back().text, L"Notes will be completely erased. Continue?");
+        EXPECT_EQ(Desk().messages.back().caption, L" Confirm Full Erase");
+        EXPECT_EQ(Desk().messages.back().icon, platform::MessageIcon::Question);
+        Desk().Command(IDM_FULL_ERASE);
+    });
+    Then([this] {
+        EXPECT_EQ(Desk().Top()->Title(), L"[new] - Inkwright");
+        EXPECT_THAT(device.files.NamesIn(L"\\Ink"), IsEmpty());
+    });
+    Close();
+    Run(kNote);
+}
+
+TEST_F(Closing, NewNoteAfterAFailedSaveKeepsOrDropsTheInkAsAnswered) {
+    device.files.fault = [](FileCall call, const std::wstring&) {
+        return call == FileCall::Create ? FileError::Other : FileError::None;
+    };
+    Desk().answers = {MessageAnswer::No, MessageAnswer::Yes};
+    Then([this] {
+        Desk().Stroke({{30, 100}, {40, 110}});
+        Desk().Command(IDM_NEW_NOTE);
+    });
+    Then([this] {
+        EXPECT_EQ(Desk().Top()->Title(), L"a - Inkwright");
+        Desk().Command(IDM_NEW_NOTE);
+    });
+    Then([this] { EXPECT_EQ(Desk().Top()->Title(), L"[new] - Inkwright"); });
+    Close();
+    Run(kNote);
+    EXPECT_EQ(Desk().messages.size(), 2u);
+}
+
+}  // namespace

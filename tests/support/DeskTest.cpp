@@ -1,0 +1,51 @@
+#include "tests/support/DeskTest.h"
+
+#include "app/Program.h"
+#include "ink/NoteFile.h"
+#include "platform/host/HostWindow.h"
+
+namespace testing_support {
+
+DeskTest::DeskTest() { device.desk.screen = {240, 320}; }
+
+DeskTest::~DeskTest() {
+    EXPECT_THAT(device.desk.problems, testing::IsEmpty());
+    EXPECT_EQ(device.desk.waitCursorDepth, 0);
+}
+
+ink::PixelSurface DeskTest::Shown() { return Desk().Top()->Handle()->shown.Surface(); }
+
+void DeskTest::Close() {
+    Then([this] { Desk().Command(platform::kIdOk); });
+}
+
+void DeskTest::AcceptName() {
+    Then([this] { Desk().Command(platform::kIdOk); });
+}
+
+void DeskTest::Run(const std::wstring& commandLine) {
+    app::RunProgram(commandLine);
+    EXPECT_FALSE(Desk().StepWaiting()) << "the program ended before the script did";
+}
+
+std::unique_ptr<ink::InkPage> DeskTest::ReadBack(const std::wstring& path, int32_t bandHeight) {
+    auto page = std::make_unique<ink::InkPage>();
+    page->bandHeight = bandHeight;
+    const std::string bytes = device.files.Get(path);
+    ink::MemorySource source(bytes.data(), bytes.size());
+    ink::NoteFileHeader header;
+    const bool isRead = ink::ReadNoteHeader(source, header) &&
+                        ink::ReadNoteBody(source, header, *page) == ink::LoadResult::Loaded;
+    EXPECT_TRUE(isRead) << "no whole note";
+    return page;
+}
+
+std::vector<ink::Point> PointsOf(const ink::StrokeRecord& record) {
+    return {record.Points(), record.Points() + record.count};
+}
+
+std::string Words(const std::vector<int32_t>& numbers) {
+    return {reinterpret_cast<const char*>(numbers.data()), numbers.size() * sizeof(int32_t)};
+}
+
+}  // namespace testing_support
