@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <exception>
+#include <limits>
 #include <vector>
 
-#include "ink/Blend.h"
+#include "ink/Compose.h"
 #include "ink/PageHead.h"
 #include "ink/SmoothNib.h"
 #include "ink/SolidNib.h"
@@ -44,6 +45,64 @@ int64_t Bounded(int64_t coordinate) {
     return std::clamp(coordinate, -kLimit, kLimit);
 }
 
+// What the ink of some points can reach; empty (right < left) without points. Inclusive on all sides.
+struct InkBox {
+    int64_t left;
+    int64_t top;
+    int64_t right;
+    int64_t bottom;
+
+    Rect Inside(const Rect& clip) const {
+        const int64_t l = std::max<int64_t>(left, clip.left);
+        const int64_t t = std::max<int64_t>(top, clip.top);
+        const int64_t r = std::min<int64_t>(right + 1, clip.right);
+        const int64_t b = std::min<int64_t>(bottom + 1, clip.bottom);
+        if (l >= r || t >= b) return Rect{};
+        return Rect{static_cast<int32_t>(l), static_cast<int32_t>(t), static_cast<int32_t>(r),
+                    static_cast<int32_t>(b)};
+    }
+    bool LiesIn(const Rect& area) const {
+        return left >= area.left && right < area.right && top >= area.top && bottom < area.bottom;
+    }
+};
+
+InkBox BoxOf(const Point* points, size_t count, int32_t reach) {
+    int32_t left = std::numeric_limits<int32_t>::max();
+    int32_t top = left;
+    int32_t right = std::numeric_limits<int32_t>::min();
+    int32_t bottom = right;
+    for (size_t i = 0; i < count; ++i) {
+        left = std::min(left, points[i].x);
+        top = std::min(top, points[i].y);
+        right = std::max(right, points[i].x);
+        bottom = std::max(bottom, points[i].y);
+    }
+    return {static_cast<int64_t>(left) - reach, static_cast<int64_t>(top) - reach,
+            static_cast<int64_t>(right) + reach, static_cast<int64_t>(bottom) + reach};
+}
+
+// Connected points, moved `down` to page coordinates and then to the surface; one point is a dot. Goes on
+// where the tracer stands, or starts a new line elsewhere.
+void TraceAll(StrokeTracer& tracer, const Point* points, size_t count, int64_t down, int64_t scroll) {
+    constexpr size_t kPart = 128;
+    TracePoint part[kPart];
+    for (size_t done = 0; done < count;) {
+        const size_t size = std::min(kPart, count - done);
+        for (size_t i = 0; i < size; ++i) {
+            part[i] = {Bounded(points[done + i].x), Bounded(points[done + i].y + down) - scroll};
+        }
+        if (count == 1) {
+            tracer.Dot(part[0]);
+        } else if (done == 0) {
+            if (!tracer.IsAt(part[0])) tracer.MoveTo(part[0]);
+            tracer.Lines(part + 1, size - 1);
+        } else {
+            tracer.Lines(part, size);
+        }
+        done += size;
+    }
+}
+
 }  // namespace
 
 struct InkPainter::Impl {
@@ -64,51 +123,41 @@ struct InkPainter::Impl {
         if (live) tracer->Mask().Clear();
         live = false;
     }
-    void Trace(const StrokeRecord& record, int32_t scroll);
-    void Compose(const PixelSurface& to, const PixelSurface& from, const Rect& box);
-    void PaintRecord(PixelSurface& surface, const StrokeRecord& record, ColorRef color, int32_t scroll);
+    void Compose(const ComposeJob& job);
+    bool PaintRecord(PixelSurface& surface, const StrokeRecord& record, ColorRef color, int32_t scroll,
+                     const Rect& clip);
 };
 
-void InkPainter::Impl::Trace(const StrokeRecord& record, int32_t scroll) {
+void InkPainter::Impl::Compose(const ComposeJob& job) {
+    if (style == PenStyle::Classic) {
+        ComposeLevels(job, tracer->Mask(), rimPixel, pixel);
+    } else {
+        ComposeShares(job, tracer->Mask(), pixel);
+    }
+}
+
+bool InkPainter::Impl::PaintRecord(PixelSurface& surface, const StrokeRecord& record, ColorRef color,
+                                   int32_t scroll, const Rect& clip) {
     const Point* points = record.Points();
-    const auto at = [&](int32_t i) {
-        return TracePoint{Bounded(points[i].x), Bounded(record.PageY(i)) - scroll};
-    };
-    tracer->Lift();
-    if (record.count == 1) tracer->Dot(at(0));
-    for (int32_t i = 0; i < record.count && record.count > 1; ++i) {
-        if (i == 0) {
-            tracer->MoveTo(at(0));
-        } else {
-            tracer->LineTo(at(i));
-        }
-    }
-}
+    const size_t count = static_cast<size_t>(std::max(record.count, 0));
+    const int64_t down = static_cast<int64_t>(record.yOffset);
+    InkBox ink = BoxOf(points, count, tracer->Reach());
+    ink.top = Bounded(ink.top + down) - scroll;
+    ink.bottom = Bounded(ink.bottom + down) - scroll;
+    const Rect area = ink.Inside(clip);
+    if (area.IsEmpty()) return true;
+    const bool inside = ink.LiesIn(area);
+    if (!tracer->Begin(area, inside)) return false;
 
-void InkPainter::Impl::Compose(const PixelSurface& to, const PixelSurface& from, const Rect& box) {
-    StrokeMask& mask = tracer->Mask();
-    for (int32_t y = box.top; y < box.bottom; ++y) {
-        const CoverSpan span = mask.RowSpan(y);
-        const int32_t left = std::max(span.first, box.left);
-        const int32_t right = std::min(span.end, box.right);
-        if (left >= right) continue;
-        const size_t count = static_cast<size_t>(right - left);
-        uint32_t* out = to.Row(y) + left;
-        const uint32_t* under = from.Row(y) + left;
-        if (style == PenStyle::Classic) {
-            ReplaceRow(out, under, mask.At(left, y), count, rimPixel, pixel);
-        } else {
-            BlendRow(out, under, mask.At(left, y), count, pixel);
-        }
-    }
-}
-
-void InkPainter::Impl::PaintRecord(PixelSurface& surface, const StrokeRecord& record, ColorRef color,
-                                   int32_t scroll) {
+    TraceAll(*tracer, points, count, down, scroll);
     SetColor(color);
-    Trace(record, scroll);
-    Compose(surface, surface, tracer->TakeDirty());
-    tracer->Mask().Clear();
+    Compose({surface, surface.pixels, area, clip, true});
+    if (inside) {
+        tracer->Mask().SetTaken();
+    } else {
+        tracer->Mask().Clear();
+    }
+    return true;
 }
 
 InkPainter::InkPainter() : impl_(std::make_unique<Impl>()) {
@@ -143,14 +192,15 @@ bool InkPainter::Repaint(PixelSurface& surface, const InkPage& page, int32_t scr
     PaintHead(surface, page.background, scroll, box);
 
     impl_->EndLive();
-    if (!impl_->tracer || !impl_->tracer->Begin(box)) return false;
+    if (!impl_->tracer) return false;
+    bool enough = true;
     // Strokes that end outside the rows still reach into them by half the pen's width.
     const int64_t top = static_cast<int64_t>(scroll) + box.top - Reach();
     const int64_t bottom = static_cast<int64_t>(scroll) + box.bottom - 1 + Reach();
     page.VisitStrokes(top, bottom, [&](const StrokeRecord& record) {
-        impl_->PaintRecord(surface, record, record.Color(), scroll);
+        enough = impl_->PaintRecord(surface, record, record.Color(), scroll, box) && enough;
     });
-    return true;
+    return enough;
 }
 
 void InkPainter::PaintHead(PixelSurface& surface, ColorRef background, int32_t scroll, const Rect& clip) {
@@ -167,23 +217,23 @@ bool InkPainter::PaintStroke(PixelSurface& surface, const StrokeRecord& record, 
     const Rect box = Intersect(clip, surface.Bounds());
     if (box.IsEmpty()) return true;
     impl_->EndLive();
-    if (!impl_->tracer || !impl_->tracer->Begin(box)) return false;
-    impl_->PaintRecord(surface, record, color, scroll);
-    return true;
+    return impl_->tracer && impl_->PaintRecord(surface, record, color, scroll, box);
 }
 
 bool InkPainter::BeginStroke(PixelSurface& surface, ColorRef color) {
     impl_->EndLive();
-    if (!impl_->tracer || surface.Bounds().IsEmpty() || !impl_->tracer->Begin(surface.Bounds())) return false;
-    const size_t width = static_cast<size_t>(surface.width);
+    if (!impl_->tracer || surface.Bounds().IsEmpty() || !impl_->tracer->Begin(surface.Bounds(), false)) {
+        return false;
+    }
+    const size_t stride = static_cast<size_t>(surface.stride);
     try {
-        impl_->below.resize(width * static_cast<size_t>(surface.height));
+        impl_->below.resize(stride * static_cast<size_t>(surface.height));
     } catch (const std::exception&) {
         return false;
     }
     for (int32_t y = 0; y < surface.height; ++y) {
         std::copy(surface.Row(y), surface.Row(y) + surface.width,
-                  impl_->below.begin() + static_cast<std::ptrdiff_t>(static_cast<size_t>(y) * width));
+                  impl_->below.data() + static_cast<size_t>(y) * stride);
     }
     impl_->SetColor(color);
     impl_->live = true;
@@ -193,13 +243,10 @@ bool InkPainter::BeginStroke(PixelSurface& surface, ColorRef color) {
 Rect InkPainter::PaintSegment(PixelSurface& surface, const Point* points, size_t count) {
     if (!impl_->live || count == 0) return Rect{};
     StrokeTracer& tracer = *impl_->tracer;
-    const auto at = [points](size_t i) { return TracePoint{Bounded(points[i].x), Bounded(points[i].y)}; };
-    if (count == 1) tracer.Dot(at(0));
-    if (count > 1 && !tracer.IsAt(at(0))) tracer.MoveTo(at(0));
-    for (size_t i = 1; i < count; ++i) tracer.LineTo(at(i));
-    const Rect dirty = Intersect(tracer.TakeDirty(), surface.Bounds());
-    const PixelSurface below{impl_->below.data(), surface.width, surface.height, surface.width};
-    impl_->Compose(surface, below, dirty);
+    TraceAll(tracer, points, count, 0, 0);
+    const Rect dirty = BoxOf(points, count, tracer.Reach()).Inside(surface.Bounds());
+    if (dirty.IsEmpty()) return dirty;
+    impl_->Compose({surface, impl_->below.data(), dirty, surface.Bounds(), false});
     return dirty;
 }
 

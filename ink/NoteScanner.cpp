@@ -33,13 +33,14 @@ ScanResult NoteScanner::Next(StrokeRecord*& record) {
         ++block_;
     }
 
-    ScanResult result = Need(sizeof(StrokeRecord));
+    ScanResult result = ScanResult::Record;
+    if (Left() < sizeof(StrokeRecord)) result = Need(sizeof(StrokeRecord));
     if (result != ScanResult::Record) return result;
     int32_t count = 0;
     std::memcpy(&count, chunk_ + cursor_, sizeof count);
     if (count < 0) return ScanResult::Damaged;
     const uint64_t size = StrokeRecord::ByteSize(count);
-    result = Need(size);
+    if (Left() < size) result = Need(size);
     if (result != ScanResult::Record) return result;
 
     record = reinterpret_cast<StrokeRecord*>(chunk_ + cursor_);
