@@ -51,7 +51,8 @@ bool ColorPalette::Choose(platform::Window& owner, ColorRef& color) {
     const platform::ScreenSize screen = platform::HandheldScreen();
     const int width = kColumns * kCell + 2 * kMargin;
     const int height = Rows() * kCell + 2 * kMargin;
-    const platform::Point corner{screen.width, screen.height - platform::kBarHeight};
+    // Above the tool bar's colour buttons, which are what calls it.
+    const platform::Point corner{width, screen.height - platform::kBarHeight};
     if (RunModal(&owner, L"Color Palette", corner, width, height) != platform::kIdOk) return false;
     color = chosen_;
     return true;

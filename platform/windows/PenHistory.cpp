@@ -7,8 +7,6 @@ namespace platform::windows {
 
 namespace {
 
-constexpr int kSystemHistory = 64;
-
 // History coordinates carry 16 bits; monitors left of or above the first one have negative ones.
 LONG Signed(int coordinate) {
     return static_cast<int16_t>(coordinate & 0xFFFF);
@@ -19,50 +17,51 @@ bool IsLater(DWORD time, DWORD than) {
     return static_cast<int32_t>(time - than) > 0;
 }
 
-}  // namespace
-
-PenHistory::Sample PenHistory::SampleOfMessage(HWND window, ink::Point position) {
-    Sample sample;
-    sample.place = {position.x, position.y};
-    ClientToScreen(window, &sample.place);
-    sample.time = static_cast<DWORD>(GetMessageTime());
-    return sample;
+// Fills `history` from the entry of this position on, newest first. The entry is looked for with the message's
+// time, and without it where messages and history run on different clocks.
+int HistoryFrom(POINT place, DWORD messageTime, MOUSEMOVEPOINT* history) {
+    for (const DWORD time : {messageTime, DWORD{0}}) {
+        MOUSEMOVEPOINT from{};
+        from.x = place.x & 0xFFFF;
+        from.y = place.y & 0xFFFF;
+        from.time = time;
+        const int known = GetMouseMovePointsEx(sizeof from, &from, history, PenHistory::kSystemHistory, GMMP_USE_DISPLAY_POINTS);
+        if (known > 0) return known;
+    }
+    return 0;
 }
 
+}  // namespace
+
 void PenHistory::Begin(HWND window, ink::Point position) {
-    last_ = SampleOfMessage(window, position);
-    down_ = true;
+    Arrive(window, position);
+    handling_ = true;
+    Leave();
     handling_ = false;
+    down_ = true;
 }
 
 void PenHistory::Arrive(HWND window, ink::Point position) {
-    current_ = SampleOfMessage(window, position);
+    POINT place{position.x, position.y};
+    ClientToScreen(window, &place);
+    known_ = HistoryFrom(place, static_cast<DWORD>(GetMessageTime()), history_);
     // A message sent straight to the window has no place in the pointer's history.
     handling_ = down_ && !InSendMessage();
 }
 
 void PenHistory::Leave() {
-    if (handling_) last_ = current_;
+    if (handling_ && known_ > 0) last_ = history_[0];
     handling_ = false;
 }
 
 size_t PenHistory::Samples(HWND window, ink::Point* samples, size_t capacity) const {
-    if (!handling_ || capacity == 0) return 0;
-    MOUSEMOVEPOINT from{};
-    from.x = current_.place.x & 0xFFFF;
-    from.y = current_.place.y & 0xFFFF;
-    from.time = current_.time;
-    MOUSEMOVEPOINT history[kSystemHistory];
-    const int known =
-        GetMouseMovePointsEx(sizeof from, &from, history, kSystemHistory, GMMP_USE_DISPLAY_POINTS);
-
+    if (!handling_) return 0;
     size_t count = 0;
-    for (int i = 1; i < known && count < capacity; ++i) {  // [0] is the message's own position
-        const Sample sample{{Signed(history[i].x), Signed(history[i].y)}, history[i].time};
-        const bool isLast =
-            sample.time == last_.time && sample.place.x == last_.place.x && sample.place.y == last_.place.y;
-        if (isLast || IsLater(last_.time, sample.time)) break;
-        POINT client = sample.place;
+    for (int i = 1; i < known_ && count < capacity; ++i) {  // [0] is the message's own position
+        const MOUSEMOVEPOINT& entry = history_[i];
+        const bool isLast = entry.time == last_.time && entry.x == last_.x && entry.y == last_.y;
+        if (isLast || IsLater(last_.time, entry.time)) break;
+        POINT client{Signed(entry.x), Signed(entry.y)};
         ScreenToClient(window, &client);
         samples[count++] = {client.x, client.y};
     }

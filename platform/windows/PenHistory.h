@@ -23,16 +23,14 @@ class PenHistory {
     // `window`, neither end included. At most `capacity`, the newest ones when there are more.
     size_t Samples(HWND window, ink::Point* samples, size_t capacity) const;
 
+    static constexpr int kSystemHistory = 64;
+
   private:
-    struct Sample {
-        POINT place{};  // desktop pixels
-        DWORD time = 0;
-    };
-
-    static Sample SampleOfMessage(HWND window, ink::Point position);
-
-    Sample last_;
-    Sample current_;
+    // What the system kept from the current message's position on, newest first, in its own clock.
+    MOUSEMOVEPOINT history_[kSystemHistory]{};
+    int known_ = 0;
+    // The history's entry of the last message handled.
+    MOUSEMOVEPOINT last_{};
     bool down_ = false;
     bool handling_ = false;
 };
