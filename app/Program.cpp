@@ -37,7 +37,7 @@ void RemoveStalePictures() {
 
 // A start without a target writes a new note where new notes go.
 std::wstring NewNoteTarget() {
-    const std::wstring folder = RootPrefix() + kNewNotesFolder + L"\\";
+    std::wstring folder = RootPrefix() + kNewNotesFolder + L"\\";
     EnsureFolders(folder);
     return folder;
 }

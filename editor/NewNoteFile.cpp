@@ -24,7 +24,7 @@ std::wstring ProposedName(NoteKind kind, const std::wstring& folder) {
 // `name`, or "name (1)", "name (2)", ... : the first that no entry of the folder has.
 std::wstring FreeName(const std::wstring& folder, const std::wstring& name) {
     for (int n = 0;; ++n) {
-        const std::wstring candidate = n == 0 ? name : name + L" (" + std::to_wstring(n) + L")";
+        std::wstring candidate = n == 0 ? name : name + L" (" + std::to_wstring(n) + L")";
         if (platform::FindEntry(folder + candidate + app::kNoteExtension) == platform::EntryKind::Missing) {
             return candidate;
         }

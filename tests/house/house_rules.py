@@ -1,0 +1,63 @@
+#!/usr/bin/env python3
+"""Keeps the rules of the house that no compiler checks: who may include whom, and where the system begins."""
+import pathlib
+import re
+import sys
+
+TOP = pathlib.Path(__file__).resolve().parent.parent.parent
+
+# A folder may include only from itself and from the folders named here.
+MAY_USE = {
+    "ink": set(),
+    "platform": {"ink"},
+    "app": {"ink", "platform"},
+    "alarms": {"ink", "platform", "app", "res"},
+    "options": {"ink", "platform", "app", "res"},
+    "search": {"platform", "app", "res"},
+    "editor": {"ink", "platform", "app", "alarms", "options", "res"},
+    "manager": {"ink", "platform", "app", "alarms", "options", "editor", "search", "res"},
+}
+# The program's run stands on top of everything, the program's entry on the run.
+ON_TOP = {"app/Program.cpp": {"editor", "manager"}, "platform/windows/Main.cpp": {"app"}}
+
+STANDARD_HEADERS = re.compile(
+    r"^(algorithm|array|atomic|cassert|cctype|chrono|cmath|cstddef|cstdint|cstdlib|cstring|cwchar|cwctype|deque|exception|"
+    r"fstream|functional|iterator|limits|map|memory|mutex|new|optional|set|sstream|string|string_view|"
+    r"thread|tuple|type_traits|unordered_map|utility|vector)$")
+
+
+def problems_of(path):
+    name = path.relative_to(TOP).as_posix()
+    folder = name.split("/")[0]
+    allowed = MAY_USE[folder] | ON_TOP.get(name, set()) | {folder}
+    in_windows = name.startswith("platform/windows/")
+    for number, line in enumerate(path.read_text(encoding="utf-8").split("\n"), 1):
+        own = re.match(r'\s*#\s*include\s*"([^/"]+)/', line)
+        if own and own.group(1) not in allowed:
+            yield f"{name}:{number}: {folder} may not use {own.group(1)}"
+        system = re.match(r"\s*#\s*include\s*<([^>]+)>", line)
+        if system and not in_windows and not STANDARD_HEADERS.match(system.group(1)):
+            yield f"{name}:{number}: <{system.group(1)}> belongs below platform/windows"
+        if "_WIN32" in line and folder != "platform":
+            yield f"{name}:{number}: the port is chosen by the build, not by the preprocessor"
+        windows_only = re.match(r'\s*#\s*include\s*"platform/(windows|host)/', line)
+        if windows_only and not name.startswith(f"platform/{windows_only.group(1)}/"):
+            yield f"{name}:{number}: the contract is platform/*.h; a port's own headers stay in it"
+
+
+def main():
+    problems = []
+    count = 0
+    for folder in MAY_USE:
+        for path in sorted((TOP / folder).rglob("*")):
+            if path.suffix in (".h", ".cpp"):
+                count += 1
+                problems += problems_of(path)
+    for problem in problems:
+        print(problem)
+    print(f"{count} files read, {len(problems)} problems")
+    return 1 if problems or count == 0 else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
