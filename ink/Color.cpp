@@ -73,9 +73,7 @@ ColorRef FromHls(const Hls& hls) {
                      HueValue(m1, m2, hls.hue - 120.0f));
 }
 
-int Truncate(float value) {
-    return static_cast<int>(value);
-}
+int Truncate(float value) { return static_cast<int>(value); }
 
 }  // namespace
 

@@ -11,12 +11,8 @@ struct Point {
     int32_t y = 0;
 };
 
-inline bool operator==(const Point& a, const Point& b) {
-    return a.x == b.x && a.y == b.y;
-}
-inline bool operator!=(const Point& a, const Point& b) {
-    return !(a == b);
-}
+inline bool operator==(const Point& a, const Point& b) { return a.x == b.x && a.y == b.y; }
+inline bool operator!=(const Point& a, const Point& b) { return !(a == b); }
 
 // Half open: `right` and `bottom` lie outside. A rectangle whose right is not beyond its left, or whose
 // bottom is not beyond its top, is empty, whatever its other numbers say.
@@ -35,9 +31,7 @@ struct Rect {
 inline bool operator==(const Rect& a, const Rect& b) {
     return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
-inline bool operator!=(const Rect& a, const Rect& b) {
-    return !(a == b);
-}
+inline bool operator!=(const Rect& a, const Rect& b) { return !(a == b); }
 
 // The common part; an empty rectangle (all zero) when there is none.
 inline Rect Intersect(const Rect& a, const Rect& b) {

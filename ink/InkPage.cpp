@@ -13,9 +13,7 @@ int32_t ToInt32(int64_t value) {
         std::clamp<int64_t>(value, std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max()));
 }
 
-bool FitsInt32(int64_t value) {
-    return value == ToInt32(value);
-}
+bool FitsInt32(int64_t value) { return value == ToInt32(value); }
 
 // A new record with `run` of the points of `whole`, or null.
 StrokeRecord* CopyRun(StrokePool& pool, const StrokeRecord& whole, const StrokeRun& run) {

@@ -160,9 +160,7 @@ bool InkPainter::Impl::PaintRecord(PixelSurface& surface, const StrokeRecord& re
     return true;
 }
 
-InkPainter::InkPainter() : impl_(std::make_unique<Impl>()) {
-    SetPen(2, 1.0);
-}
+InkPainter::InkPainter() : impl_(std::make_unique<Impl>()) { SetPen(2, 1.0); }
 InkPainter::~InkPainter() = default;
 InkPainter::InkPainter(InkPainter&&) noexcept = default;
 InkPainter& InkPainter::operator=(InkPainter&&) noexcept = default;
@@ -179,9 +177,7 @@ bool InkPainter::SetPen(uint8_t style, double width) {
     return true;
 }
 
-int32_t InkPainter::Reach() const {
-    return impl_->tracer ? impl_->tracer->Reach() : 0;
-}
+int32_t InkPainter::Reach() const { return impl_->tracer ? impl_->tracer->Reach() : 0; }
 
 bool InkPainter::Repaint(PixelSurface& surface, const InkPage& page, int32_t scroll, const Rect& clip) {
     const Rect box = Intersect(clip, surface.Bounds());
@@ -250,8 +246,6 @@ Rect InkPainter::PaintSegment(PixelSurface& surface, const Point* points, size_t
     return dirty;
 }
 
-void InkPainter::EndStroke() {
-    impl_->EndLive();
-}
+void InkPainter::EndStroke() { impl_->EndLive(); }
 
 }  // namespace ink

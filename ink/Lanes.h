@@ -17,13 +17,9 @@ inline Bytes16 LoadBytes(const void* from) {
     return bytes;
 }
 
-inline void StoreBytes(void* to, Bytes16 bytes) {
-    std::memcpy(to, &bytes, sizeof bytes);
-}
+inline void StoreBytes(void* to, Bytes16 bytes) { std::memcpy(to, &bytes, sizeof bytes); }
 
-inline Bytes16 Larger(Bytes16 a, Bytes16 b) {
-    return a > b ? a : b;
-}
+inline Bytes16 Larger(Bytes16 a, Bytes16 b) { return a > b ? a : b; }
 
 // a + b, no byte beyond 255.
 inline Bytes16 AddClamped(Bytes16 a, Bytes16 b) {

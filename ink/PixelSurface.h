@@ -23,8 +23,6 @@ struct PixelSurface {
 constexpr uint32_t PixelOf(ColorRef color) {
     return static_cast<uint32_t>(Red(color)) << 16 | static_cast<uint32_t>(Green(color)) << 8 | Blue(color);
 }
-constexpr ColorRef ColorOf(uint32_t pixel) {
-    return MakeColor(pixel >> 16, pixel >> 8, pixel);
-}
+constexpr ColorRef ColorOf(uint32_t pixel) { return MakeColor(pixel >> 16, pixel >> 8, pixel); }
 
 }  // namespace ink

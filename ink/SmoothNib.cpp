@@ -12,9 +12,7 @@ constexpr int kLines = 16;   // scan lines per pixel row
 constexpr int kUnits = 256;  // horizontal units per pixel
 
 // The y of a scan line's middle, from the middle of row 0; lines are counted from that row's top.
-double LineY(int64_t line) {
-    return (static_cast<double>(line) + 0.5) / kLines - 0.5;
-}
+double LineY(int64_t line) { return (static_cast<double>(line) + 0.5) / kLines - 0.5; }
 
 int64_t ToUnits(double x) {
     const double scaled = x * kUnits + 0.5;

@@ -12,9 +12,7 @@ struct Columns {
     int64_t right;
 };
 
-int64_t CeilDivide(int64_t a, int64_t b) {
-    return a >= 0 ? (a + b - 1) / b : -(-a / b);
-}
+int64_t CeilDivide(int64_t a, int64_t b) { return a >= 0 ? (a + b - 1) / b : -(-a / b); }
 
 // The pixels of the line in row y (0..dy), for dx >= 0: along the longer side one pixel per step, rounded
 // to the nearest in the other direction.

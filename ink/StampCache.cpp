@@ -12,9 +12,7 @@ constexpr size_t kGroupsPerRow = StampCache::kGroup;
 // Rows are at least kStep bytes long.
 constexpr size_t kGroupsCapacity = kCapacity / StampCache::kStep * kGroupsPerRow;
 
-int32_t RoundUp(int32_t value, int32_t step) {
-    return (value + step - 1) / step * step;
-}
+int32_t RoundUp(int32_t value, int32_t step) { return (value + step - 1) / step * step; }
 
 }  // namespace
 

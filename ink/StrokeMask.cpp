@@ -36,6 +36,10 @@ bool StrokeMask::Prepare(const Rect& area, int32_t margin) {
 void StrokeMask::RaiseRow(int32_t x, int32_t y, const uint8_t* bytes, int32_t count) {
     uint8_t* to = At(x, y);
     for (int32_t i = 0; i < count; ++i) to[i] = std::max(to[i], bytes[i]);
+    Touch(x, y, count);
+}
+
+void StrokeMask::Touch(int32_t x, int32_t y, int32_t count) {
     uint64_t* groups = Groups(y);
     const size_t end = static_cast<size_t>(GroupOf(x + count - 1)) + 1;
     for (size_t group = static_cast<size_t>(GroupOf(x)); group < end; ++group) {

@@ -30,6 +30,9 @@ class StrokeMask {
     // Unites columns x.. of row y, which lie inside the area.
     void RaiseRow(int32_t x, int32_t y, const uint8_t* bytes, int32_t count);
 
+    // Notes columns x..x+count-1 of row y, no farther than the margin from the area, as covered.
+    void Touch(int32_t x, int32_t y, int32_t count);
+
     // A pixel no farther than the margin from the area, and its row's pitch.
     uint8_t* At(int32_t x, int32_t y) { return &bytes_[Place(x, y)]; }
     const uint8_t* At(int32_t x, int32_t y) const { return &bytes_[Place(x, y)]; }

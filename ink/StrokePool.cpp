@@ -10,9 +10,7 @@ namespace {
 
 // Where a released record keeps the address of the next one. Records are aligned to 4 bytes only, so the
 // address is copied in and out.
-uint8_t* LinkPlace(StrokeRecord* record) {
-    return reinterpret_cast<uint8_t*>(record) + 8;
-}
+uint8_t* LinkPlace(StrokeRecord* record) { return reinterpret_cast<uint8_t*>(record) + 8; }
 
 }  // namespace
 

@@ -15,9 +15,7 @@ Sweep Downwards(const TracePoint& direction, bool& turned) {
 }
 
 // Whether two directions differ by a right angle at most. Differences stay below 2^31, so the sum fits.
-bool GoesOn(const TracePoint& a, const TracePoint& b) {
-    return a.x * b.x + a.y * b.y >= 0;
-}
+bool GoesOn(const TracePoint& a, const TracePoint& b) { return a.x * b.x + a.y * b.y >= 0; }
 
 }  // namespace
 
@@ -168,6 +166,12 @@ void StrokeTracer::JoinSquare(const TracePoint& at, const TipView& before, const
     const uint8_t* a = before.bytes;
     const uint8_t* b = after.bytes;
     uint8_t* to = mask_.At(static_cast<int32_t>(at.x) - reach_, static_cast<int32_t>(at.y) - reach_);
+    // Long segments note what they cover inside the area only; the square may hang over it.
+    if (a == endRoom_.data() || b == startRoom_.data()) {
+        for (int32_t y = -reach_; y <= reach_; ++y) {
+            mask_.Touch(static_cast<int32_t>(at.x) - reach_, static_cast<int32_t>(at.y) + y, 2 * reach_ + 1);
+        }
+    }
     const uint8_t* tip = tip_.data();
     const uint8_t* keep = keep_.data();
     const uint8_t* const end = tip + tip_.size();

@@ -18,12 +18,8 @@ struct TracePoint {
     int64_t y = 0;
 };
 
-inline bool operator==(const TracePoint& a, const TracePoint& b) {
-    return a.x == b.x && a.y == b.y;
-}
-inline TracePoint operator-(const TracePoint& a, const TracePoint& b) {
-    return {a.x - b.x, a.y - b.y};
-}
+inline bool operator==(const TracePoint& a, const TracePoint& b) { return a.x == b.x && a.y == b.y; }
+inline TracePoint operator-(const TracePoint& a, const TracePoint& b) { return {a.x - b.x, a.y - b.y}; }
 
 // Points may be up to 2^31 away from the area. The mask depends on the sequence of points only: not on how it
 // was split into calls, and inside the area not on the area.

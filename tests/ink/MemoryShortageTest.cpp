@@ -1,0 +1,169 @@
+// Every allocation of the ink layer is made to fail in turn: what the user has must survive, and the caller
+// must hear of it.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <limits>
+#include <new>
+
+#include "ink/InkPainter.h"
+#include "tests/ink/Sketch.h"
+
+namespace {
+
+// Allocations that still succeed.
+size_t allowed = std::numeric_limits<size_t>::max();
+
+void* Allocate(size_t size) {
+    if (allowed == 0) return nullptr;
+    if (allowed != std::numeric_limits<size_t>::max()) --allowed;
+    return std::malloc(size == 0 ? 1 : size);
+}
+
+class Shortage {
+  public:
+    explicit Shortage(size_t count) { allowed = count; }
+    ~Shortage() { allowed = std::numeric_limits<size_t>::max(); }
+};
+
+}  // namespace
+
+void* operator new(size_t size) {
+    void* place = Allocate(size);
+    if (place == nullptr) throw std::bad_alloc();
+    return place;
+}
+void* operator new[](size_t size) { return operator new(size); }
+void* operator new(size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
+void* operator new[](size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
+void operator delete(void* place) noexcept { std::free(place); }
+void operator delete[](void* place) noexcept { std::free(place); }
+void operator delete(void* place, size_t) noexcept { std::free(place); }
+void operator delete[](void* place, size_t) noexcept { std::free(place); }
+
+namespace {
+
+using ink::InkPage;
+
+TEST(MemoryShortage, AddingLeavesThePageAsItWas) {
+    const ink::Point points[] = {{1, 500}, {2, 510}};
+    bool added = false;
+    for (size_t count = 0; !added; ++count) {
+        InkPage page;
+        page.bandHeight = 100;
+        sketch::Add(page, {{0, 10}});
+        const auto before = sketch::Describe(page);
+        const size_t slots = page.SlotCount();
+        ink::AddResult result = ink::AddResult::Added;
+        {
+            const Shortage shortage(count);
+            result = page.AddStroke(points, 2, 500, 510, 0);
+        }
+        added = result == ink::AddResult::Added;
+        ASSERT_LT(count, 20u);
+        if (added) continue;
+        EXPECT_EQ(result, ink::AddResult::OutOfMemory);
+        EXPECT_EQ(sketch::Describe(page), before) << count;
+        EXPECT_EQ(page.SlotCount(), slots) << count;
+        EXPECT_EQ(page.AddStroke(points, 2, 500, 510, 0), ink::AddResult::Added);
+    }
+}
+
+TEST(MemoryShortage, ReplacingAndShiftingAreAllOrNothing) {
+    const ink::StrokeRun runs[] = {{0, 1}, {2, 20000}, {20003, 1}};
+    for (const bool shift : {false, true}) {
+        bool done = false;
+        for (size_t count = 0; !done; ++count) {
+            InkPage page;
+            page.bandHeight = 100;
+            sketch::Add(page, sketch::Points(20010, {3, 4}));
+            sketch::Add(page, {{5, 250}});
+            const auto before = sketch::Describe(page);
+            {
+                const Shortage shortage(count);
+                done = shift ? page.ShiftStrokes(200, 300) : page.ReplaceRecord(0, 0, runs, 3);
+            }
+            ASSERT_LT(count, 20u);
+            if (!done) {
+                EXPECT_EQ(sketch::Describe(page), before) << count;
+            }
+        }
+    }
+}
+
+TEST(MemoryShortage, LoadingSaysSoAndKeepsNothing) {
+    const sketch::Bytes bytes = sketch::ReadFixture("version-5");
+    for (const int32_t height : {268, 240}) {
+        bool loaded = false;
+        for (size_t count = 0; !loaded; ++count) {
+            InkPage page;
+            page.bandHeight = height;
+            sketch::Loaded result;
+            {
+                const Shortage shortage(count);
+                result = sketch::Load(bytes, page);
+            }
+            loaded = result.Ok();
+            ASSERT_LT(count, 40u);
+            if (loaded) continue;
+            EXPECT_EQ(result.result, ink::LoadResult::OutOfMemory) << count;
+            EXPECT_EQ(page.SlotCount(), 0u) << count;
+        }
+    }
+}
+
+TEST(MemoryShortage, SavingNeedsNone) {
+    InkPage page;
+    page.bandHeight = 100;
+    sketch::Add(page, {{1, 2}, {3, 4}});
+    const sketch::Bytes wanted = sketch::Save(page);
+    class CountingSink : public ink::ByteSink {
+      public:
+        bool Write(const void*, size_t size) override {
+            total += size;
+            return true;
+        }
+        size_t total = 0;
+    } sink;
+    const Shortage shortage(0);
+    EXPECT_TRUE(ink::WriteNote(sink, page));
+    EXPECT_EQ(sink.total, wanted.size());
+}
+
+TEST(MemoryShortage, MovingThePenAllocatesNothing) {
+    std::mt19937 random(9);
+    for (const uint8_t style : {uint8_t{0}, uint8_t{1}, uint8_t{2}}) {
+        sketch::Picture picture(200, 200);
+        ink::InkPainter painter;
+        ASSERT_TRUE(painter.SetPen(style, 3));
+        const sketch::Points points = sketch::Wander(random, 300, 40, {-20, -20, 220, 220});
+        ASSERT_TRUE(painter.BeginStroke(picture.surface, 0));
+        const Shortage shortage(0);
+        for (size_t i = 1; i < points.size(); ++i) painter.PaintSegment(picture.surface, &points[i - 1], 2);
+        painter.EndStroke();
+    }
+}
+
+TEST(MemoryShortage, PainterReportsItAndGoesOnLater) {
+    InkPage page;
+    page.bandHeight = 200;
+    sketch::Add(page, {{10, 60}, {90, 90}}, 0xFF);
+    sketch::Picture wanted(100, 100);
+    ink::InkPainter reference;
+    reference.Repaint(wanted.surface, page, 0, wanted.surface.Bounds());
+    bool done = false;
+    for (size_t count = 0; !done; ++count) {
+        ink::InkPainter painter;
+        sketch::Picture picture(100, 100);
+        {
+            const Shortage shortage(count);
+            done =
+                painter.SetPen(2, 1.0) && painter.Repaint(picture.surface, page, 0, picture.surface.Bounds());
+        }
+        ASSERT_LT(count, 40u);
+        ASSERT_TRUE(painter.Repaint(picture.surface, page, 0, picture.surface.Bounds()));
+        EXPECT_TRUE(picture == wanted) << count;
+    }
+}
+
+}  // namespace
