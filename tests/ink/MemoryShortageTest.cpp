@@ -14,11 +14,14 @@ namespace {
 // Allocations that still succeed.
 size_t allowed = std::numeric_limits<size_t>::max();
 
-void* Allocate(size_t size) {
+// Kept out of line: the compiler would otherwise see `new` end in malloc, and take free for a mistake.
+[[gnu::noinline]] void* Allocate(size_t size) {
     if (allowed == 0) return nullptr;
     if (allowed != std::numeric_limits<size_t>::max()) --allowed;
     return std::malloc(size == 0 ? 1 : size);
 }
+
+[[gnu::noinline]] void Release(void* place) { std::free(place); }
 
 class Shortage {
   public:
@@ -36,10 +39,10 @@ void* operator new(size_t size) {
 void* operator new[](size_t size) { return operator new(size); }
 void* operator new(size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
 void* operator new[](size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
-void operator delete(void* place) noexcept { std::free(place); }
-void operator delete[](void* place) noexcept { std::free(place); }
-void operator delete(void* place, size_t) noexcept { std::free(place); }
-void operator delete[](void* place, size_t) noexcept { std::free(place); }
+void operator delete(void* place) noexcept { Release(place); }
+void operator delete[](void* place) noexcept { Release(place); }
+void operator delete(void* place, size_t) noexcept { Release(place); }
+void operator delete[](void* place, size_t) noexcept { Release(place); }
 
 namespace {
 

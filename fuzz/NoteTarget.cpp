@@ -1,0 +1,85 @@
+// Reads any bytes as a note, looks at them the way the preview does, paints a view of what was read and saves
+// it.
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+#include "ink/InkPainter.h"
+#include "ink/NoteFile.h"
+#include "ink/NoteScanner.h"
+
+namespace {
+
+constexpr int32_t kSide = 64;
+constexpr size_t kFixedMemory = 16 * 1024 * 1024;
+
+// A broken promise ends the program, so that the fuzzer notices.
+void Require(bool kept, const char* promise) {
+    if (kept) return;
+    std::fprintf(stderr, "broken promise: %s\n", promise);
+    std::abort();
+}
+
+void PaintViews(const ink::InkPage& page) {
+    std::vector<uint32_t> pixels(kSide * kSide);
+    ink::PixelSurface surface{pixels.data(), kSide, kSide, kSide};
+    for (const uint8_t style : {uint8_t{0}, uint8_t{1}, uint8_t{2}}) {
+        ink::InkPainter painter;
+        painter.SetPen(style, 3.0);
+        painter.Repaint(surface, page, 0, surface.Bounds());
+        painter.Repaint(surface, page, 500, {3, 5, 40, 33});
+    }
+}
+
+void LoadAndSave(const uint8_t* data, size_t size, int32_t bandHeight) {
+    ink::MemorySource source(data, size);
+    ink::NoteFileHeader header;
+    if (!ink::ReadNoteHeader(source, header)) return;
+    ink::InkPage page;
+    page.bandHeight = bandHeight == 0 ? header.bandHeight : bandHeight;
+    const ink::LoadResult result = ink::ReadNoteBody(source, header, page);
+    Require(page.Pool().Capacity() <= 4 * size + kFixedMemory, "memory in proportion to the file");
+    if (result != ink::LoadResult::Loaded) {
+        Require(page.SlotCount() == 0, "nothing kept of a damaged note");
+        return;
+    }
+    PaintViews(page);
+    ink::MemorySink saved;
+    Require(ink::WriteNote(saved, page), "writing to memory");
+
+    // What was saved reads back and saves the same.
+    ink::MemorySource again(saved.Bytes().data(), saved.Bytes().size());
+    ink::InkPage copy;
+    copy.bandHeight = page.bandHeight;
+    Require(ink::ReadNoteHeader(again, header) &&
+                ink::ReadNoteBody(again, header, copy) == ink::LoadResult::Loaded,
+            "a saved note loads");
+    ink::MemorySink savedAgain;
+    ink::WriteNote(savedAgain, copy);
+    Require(savedAgain.Bytes() == saved.Bytes(), "a saved note stays the same");
+}
+
+void Scan(const uint8_t* data, size_t size) {
+    ink::MemorySource source(data, size);
+    ink::NoteFileHeader header;
+    if (!ink::ReadNoteHeader(source, header)) return;
+    ink::StrokePool pool;
+    ink::NoteScanner scanner(source, header, 268, pool, ink::NoteScanner::Mode::Visit);
+    ink::StrokeRecord* record = nullptr;
+    std::vector<uint32_t> pixels(kSide * kSide);
+    ink::PixelSurface surface{pixels.data(), kSide, kSide, kSide};
+    ink::InkPainter painter;
+    while (scanner.Next(record) == ink::ScanResult::Record) {
+        painter.PaintStroke(surface, *record, 0, surface.Bounds());
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    for (const int32_t bandHeight : {0, 268, 1}) LoadAndSave(data, size, bandHeight);
+    Scan(data, size);
+    return 0;
+}
