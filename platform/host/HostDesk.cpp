@@ -97,6 +97,8 @@ void HostDesk::Settle() {
 
 int HostDesk::RunModal(Window& window) {
     Window::Impl& state = *window.Handle();
+    state.ended = false;
+    state.result = -1;
     open_.push_back(&window);
     if (!window.OnCreate() && !state.ended) state.ended = true;
     while (!state.ended) {
@@ -128,8 +130,8 @@ namespace platform {
 using host::HostDesk;
 using host::HostDevice;
 
-MessageAnswer ShowMessage(Window*, const std::wstring& text, const std::wstring& caption, MessageButtons buttons,
-                          MessageIcon icon, DefaultButton defaultButton) {
+MessageAnswer ShowMessage(Window*, const std::wstring& text, const std::wstring& caption,
+                          MessageButtons buttons, MessageIcon icon, DefaultButton defaultButton) {
     HostDesk& desk = HostDevice::Current().desk;
     desk.messages.push_back({text, caption, buttons, icon, defaultButton});
     if (desk.answers.empty()) {
@@ -150,7 +152,9 @@ WaitCursor::WaitCursor() {
 
 WaitCursor::~WaitCursor() { --HostDevice::Current().desk.waitCursorDepth; }
 
-void PopupMenu::Add(int command, const std::wstring& text, bool enabled) { items_.push_back({command, text, enabled}); }
+void PopupMenu::Add(int command, const std::wstring& text, bool enabled) {
+    items_.push_back({command, text, enabled});
+}
 
 void PopupMenu::AddSeparator() { items_.push_back({}); }
 

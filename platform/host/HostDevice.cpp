@@ -38,7 +38,8 @@ void HostDevice::SetSetting(const std::wstring& name, const std::wstring& text, 
 }
 
 void HostDevice::SetSetting(const std::wstring& name, uint32_t number) {
-    Settings()[name] = {RegistryType::Number, std::string(reinterpret_cast<const char*>(&number), sizeof number)};
+    Settings()[name] = {RegistryType::Number,
+                        std::string(reinterpret_cast<const char*>(&number), sizeof number)};
 }
 
 uint32_t HostDevice::NumberSetting(const std::wstring& name) {

@@ -51,7 +51,8 @@ class HostDevice {
     bool registryFails = false;
     // The program's settings key, with texts and numbers as tests write them.
     std::map<std::wstring, RegistryValue>& Settings();
-    void SetSetting(const std::wstring& name, const std::wstring& text, RegistryType type = RegistryType::Text);
+    void SetSetting(const std::wstring& name, const std::wstring& text,
+                    RegistryType type = RegistryType::Text);
     void SetSetting(const std::wstring& name, uint32_t number);
     bool HasSetting(const std::wstring& name) { return Settings().count(name) != 0; }
     uint32_t NumberSetting(const std::wstring& name);

@@ -1,8 +1,12 @@
 #include "platform/host/HostFileStore.h"
 
-#include <cwctype>
-
 namespace platform::host {
+
+wchar_t UpperCase(wchar_t unit) {
+    const bool isAscii = unit >= L'a' && unit <= L'z';
+    const bool isLatin = unit >= 0xE0 && unit <= 0xFE && unit != 0xF7;  // without the division sign
+    return isAscii || isLatin ? unit - 32 : unit;
+}
 
 HostFileStore::HostFileStore() {
     nodes_[L""] = std::make_shared<FileNode>();
@@ -53,7 +57,7 @@ std::wstring HostFileStore::KeyOf(const std::wstring& path) {
         if (end > begin) key += L'\\' + path.substr(begin, end - begin);
         begin = end + 1;
     }
-    for (wchar_t& unit : key) unit = static_cast<wchar_t>(std::towupper(static_cast<wint_t>(unit)));
+    for (wchar_t& unit : key) unit = UpperCase(unit);
     return key;
 }
 

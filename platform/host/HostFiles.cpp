@@ -141,7 +141,8 @@ EntryKind FindEntry(const std::wstring& path) {
 bool ListFolder(const std::wstring& folder, const std::wstring& pattern, std::vector<FolderEntry>& entries) {
     entries.clear();
     const HostFileStore::NodePointer node = Store().Find(folder);
-    if (FaultAt(FileCall::List, folder) != FileError::None || node == nullptr || !node->isFolder) return false;
+    if (FaultAt(FileCall::List, folder) != FileError::None || node == nullptr || !node->isFolder)
+        return false;
     const std::wstring prefix = HostFileStore::KeyOf(folder);
     for (const auto& [key, entry] : Store().Nodes()) {
         if (!IsBelow(key, prefix) || key.find(L'\\', prefix.size() + 1) != std::wstring::npos) continue;
@@ -155,7 +156,8 @@ bool ListFolder(const std::wstring& folder, const std::wstring& pattern, std::ve
 bool MakeFolder(const std::wstring& path) {
     if (FaultAt(FileCall::MakeFolder, path) != FileError::None) return false;
     HostFileStore& store = Store();
-    if (!HostFileStore::IsValidName(path) || store.Find(path) != nullptr || !store.ParentExists(path)) return false;
+    if (!HostFileStore::IsValidName(path) || store.Find(path) != nullptr || !store.ParentExists(path))
+        return false;
     store.PutFolder(path.front() == L'\\' ? path : L"\\" + path);
     return true;
 }
@@ -163,7 +165,8 @@ bool MakeFolder(const std::wstring& path) {
 bool DropFolder(const std::wstring& path) {
     const HostFileStore::NodePointer node = Store().Find(path);
     const std::wstring key = HostFileStore::KeyOf(path);
-    if (FaultAt(FileCall::DropFolder, path) != FileError::None || node == nullptr || !node->isFolder) return false;
+    if (FaultAt(FileCall::DropFolder, path) != FileError::None || node == nullptr || !node->isFolder)
+        return false;
     for (const auto& entry : Store().Nodes()) {
         if (IsBelow(entry.first, key)) return false;
     }
@@ -198,7 +201,8 @@ bool MoveEntry(const std::wstring& from, const std::wstring& to) {
 bool CopyFileTo(const std::wstring& from, const std::wstring& to) {
     HostFileStore& store = Store();
     const HostFileStore::NodePointer source = store.Find(from);
-    if (FaultAt(FileCall::Copy, from) != FileError::None || source == nullptr || source->isFolder) return false;
+    if (FaultAt(FileCall::Copy, from) != FileError::None || source == nullptr || source->isFolder)
+        return false;
     const std::string bytes = source->bytes;
     File file = File::Create(to);
     return file.IsOpen() && file.Write(bytes.data(), bytes.size());

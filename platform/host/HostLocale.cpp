@@ -1,10 +1,10 @@
 // The device's locale is English (United States).
 #include <cwchar>
-#include <cwctype>
 #include <iterator>
 
 #include "platform/Locale.h"
 #include "platform/TextEncoding.h"
+#include "platform/host/HostFileStore.h"
 
 namespace platform {
 
@@ -12,8 +12,9 @@ namespace {
 
 constexpr const wchar_t* kDays[] = {L"Sunday",   L"Monday", L"Tuesday", L"Wednesday",
                                     L"Thursday", L"Friday", L"Saturday"};
-constexpr const wchar_t* kMonths[] = {L"January", L"February", L"March",     L"April",   L"May",      L"June",
-                                      L"July",    L"August",   L"September", L"October", L"November", L"December"};
+constexpr const wchar_t* kMonths[] = {L"January",   L"February", L"March",    L"April",
+                                      L"May",       L"June",     L"July",     L"August",
+                                      L"September", L"October",  L"November", L"December"};
 
 template <typename... Values>
 std::wstring Format(const wchar_t* form, Values... values) {
@@ -64,13 +65,14 @@ std::wstring DateAndTime(const DateTime& moment) {
     const std::wstring date = ShortDate(moment);
     if (date.empty() || (moment.hour == 0 && moment.minute == 0 && moment.second == 0)) return date;
     const int hour = moment.hour % 12 == 0 ? 12 : moment.hour % 12;
-    return date + Format(L" %d:%02d:%02d %ls", hour, moment.minute, moment.second, moment.hour < 12 ? L"AM" : L"PM");
+    return date +
+           Format(L" %d:%02d:%02d %ls", hour, moment.minute, moment.second, moment.hour < 12 ? L"AM" : L"PM");
 }
 
 bool EqualNoCase(const std::wstring& a, const std::wstring& b) {
     if (a.size() != b.size()) return false;
     for (size_t i = 0; i < a.size(); ++i) {
-        if (std::towlower(static_cast<wint_t>(a[i])) != std::towlower(static_cast<wint_t>(b[i]))) return false;
+        if (host::UpperCase(a[i]) != host::UpperCase(b[i])) return false;
     }
     return true;
 }
@@ -78,7 +80,8 @@ bool EqualNoCase(const std::wstring& a, const std::wstring& b) {
 // Code page 1252 without its special characters between 128 and 159.
 bool ToAnsi(const std::wstring& text, std::string& bytes) {
     bytes.clear();
-    for (const wchar_t unit : text) bytes += static_cast<char>(unit < 128 || (unit >= 160 && unit < 256) ? unit : L'?');
+    for (const wchar_t unit : text)
+        bytes += static_cast<char>(unit < 128 || (unit >= 160 && unit < 256) ? unit : L'?');
     return true;
 }
 

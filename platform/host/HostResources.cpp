@@ -98,7 +98,7 @@ class ScriptReader {
 };
 
 bool IsItemKeyword(const std::string& word) {
-    constexpr const char* kWords[] = {"LTEXT",       "RTEXT",         "CTEXT",    "EDITTEXT", "PUSHBUTTON",
+    constexpr const char* kWords[] = {"LTEXT",        "RTEXT",         "CTEXT",    "EDITTEXT", "PUSHBUTTON",
                                       "AUTOCHECKBOX", "DEFPUSHBUTTON", "COMBOBOX", "CONTROL",  "GROUPBOX"};
     for (const char* candidate : kWords) {
         if (word == candidate) return true;

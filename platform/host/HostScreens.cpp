@@ -57,7 +57,7 @@ int Screen::RunModal(Window*) {
 }
 
 bool Screen::CreateMenuBar(const ToolBarLayout& layout) {
-    if (HostDevice::Current().desk.menuBarFails) return false;
+    if (!Exists() || HostDevice::Current().desk.menuBarFails) return false;
     tools_.Handle() = std::make_unique<ToolBar::Impl>();
     for (const ToolBarButton& button : layout.buttons) {
         if (button.command != 0) tools_.Handle()->buttons[button.command] = {};

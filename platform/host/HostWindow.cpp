@@ -26,7 +26,8 @@ void Window::Invalidate() { impl_->needsPaint = true; }
 
 void Window::Show(const Image& image, const Rect& source) {
     if (!Exists() || !image.IsValid()) return;
-    const Rect all = Intersect(Rect{0, 0, ClientWidth(), ClientHeight()}, Rect{0, 0, image.Width(), image.Height()});
+    const Rect all =
+        Intersect(Rect{0, 0, ClientWidth(), ClientHeight()}, Rect{0, 0, image.Width(), image.Height()});
     const Rect area = Intersect(source, all);
     const ink::PixelSurface from = image.Surface();
     const ink::PixelSurface to = impl_->shown.Surface();
@@ -42,7 +43,8 @@ void Window::ScrollPixels(int dy) {
     const int rows = shown.height - std::min(shown.height, std::abs(dy));
     for (int i = 0; i < rows; ++i) {
         const int from = dy > 0 ? rows - 1 - i : i - dy;
-        std::copy_n(shown.pixels + from * shown.stride, shown.width, shown.pixels + (from + dy) * shown.stride);
+        std::copy_n(shown.pixels + from * shown.stride, shown.width,
+                    shown.pixels + (from + dy) * shown.stride);
     }
 }
 

@@ -20,14 +20,10 @@ bool StartsWith(const std::wstring& text, const wchar_t* prefix) {
     return text.compare(0, std::wcslen(prefix), prefix) == 0;
 }
 
-bool IsLetter(wchar_t c) {
-    return (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z');
-}
+bool IsLetter(wchar_t c) { return (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z'); }
 
 // "X:" at `at`, as a whole part.
-bool IsDrive(const std::wstring& text) {
-    return text.size() == 2 && IsLetter(text[0]) && text[1] == L':';
-}
+bool IsDrive(const std::wstring& text) { return text.size() == 2 && IsLetter(text[0]) && text[1] == L':'; }
 
 bool IsName(const std::wstring& part) {
     for (const wchar_t c : part) {
@@ -95,9 +91,7 @@ std::wstring RootFolder() {
     return folder;
 }
 
-std::wstring DocumentsHostFolder() {
-    return KnownFolder(FOLDERID_Documents);
-}
+std::wstring DocumentsHostFolder() { return KnownFolder(FOLDERID_Documents); }
 
 std::vector<std::wstring> RemovableDrives() {
     std::vector<std::wstring> drives;
@@ -151,13 +145,9 @@ std::wstring StorageCardName(int index) {
     return index == 0 ? kCardName : kCardName + std::to_wstring(index + 1);
 }
 
-int StorageCardCount() {
-    return static_cast<int>(RemovableDrives().size());
-}
+int StorageCardCount() { return static_cast<int>(RemovableDrives().size()); }
 
-bool HasDeviceFolder() {
-    return !EnvironmentText(L"INKWRIGHT_DEVICE").empty();
-}
+bool HasDeviceFolder() { return !EnvironmentText(L"INKWRIGHT_DEVICE").empty(); }
 
 bool IsDriveRoot(const std::wstring& hostPath) {
     const size_t prefix = StartsWith(hostPath, kLongPrefix) ? std::wcslen(kLongPrefix) : 0;

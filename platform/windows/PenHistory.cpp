@@ -8,27 +8,28 @@ namespace platform::windows {
 namespace {
 
 // History coordinates carry 16 bits; monitors left of or above the first one have negative ones.
-LONG Signed(int coordinate) {
-    return static_cast<int16_t>(coordinate & 0xFFFF);
-}
+LONG Signed(int coordinate) { return static_cast<int16_t>(coordinate & 0xFFFF); }
 
 // Times wrap after 49 days.
-bool IsLater(DWORD time, DWORD than) {
-    return static_cast<int32_t>(time - than) > 0;
-}
+bool IsLater(DWORD time, DWORD than) { return static_cast<int32_t>(time - than) > 0; }
 
-// Fills `history` from the entry of this position on, newest first. The entry is looked for with the message's
-// time, and without it where messages and history run on different clocks.
+// Fills `history` from the entry of this position on, newest first. The entry is looked for with the
+// message's time, and without it where messages and history run on different clocks.
 int HistoryFrom(POINT place, DWORD messageTime, MOUSEMOVEPOINT* history) {
     for (const DWORD time : {messageTime, DWORD{0}}) {
         MOUSEMOVEPOINT from{};
         from.x = place.x & 0xFFFF;
         from.y = place.y & 0xFFFF;
         from.time = time;
-        const int known = GetMouseMovePointsEx(sizeof from, &from, history, PenHistory::kSystemHistory, GMMP_USE_DISPLAY_POINTS);
+        const int known = GetMouseMovePointsEx(sizeof from, &from, history, PenHistory::kSystemHistory,
+                                               GMMP_USE_DISPLAY_POINTS);
         if (known > 0) return known;
     }
     return 0;
+}
+
+bool IsSame(const MOUSEMOVEPOINT& a, const MOUSEMOVEPOINT& b) {
+    return a.time == b.time && a.x == b.x && a.y == b.y;
 }
 
 }  // namespace
@@ -55,12 +56,13 @@ void PenHistory::Leave() {
 }
 
 size_t PenHistory::Samples(HWND window, ink::Point* samples, size_t capacity) const {
-    if (!handling_) return 0;
+    // A message that only repeats the last position: without this, older positions of the same tick of the
+    // clock would count as new.
+    if (!handling_ || known_ <= 0 || IsSame(history_[0], last_)) return 0;
     size_t count = 0;
     for (int i = 1; i < known_ && count < capacity; ++i) {  // [0] is the message's own position
         const MOUSEMOVEPOINT& entry = history_[i];
-        const bool isLast = entry.time == last_.time && entry.x == last_.x && entry.y == last_.y;
-        if (isLast || IsLater(last_.time, entry.time)) break;
+        if (IsSame(entry, last_) || IsLater(last_.time, entry.time)) break;
         POINT client{Signed(entry.x), Signed(entry.y)};
         ScreenToClient(window, &client);
         samples[count++] = {client.x, client.y};

@@ -31,12 +31,8 @@ DateTime LocalNow() {
     return windows::DateTimeOf(now);
 }
 
-uint32_t TickMilliseconds() {
-    return GetTickCount();
-}
+uint32_t TickMilliseconds() { return GetTickCount(); }
 
-void Pause(uint32_t milliseconds) {
-    Sleep(milliseconds);
-}
+void Pause(uint32_t milliseconds) { Sleep(milliseconds); }
 
 }  // namespace platform

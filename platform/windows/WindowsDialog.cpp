@@ -99,9 +99,7 @@ class FillingControls {
     bool before_;
 };
 
-HWND Item(HWND dialog, int id) {
-    return dialog ? GetDlgItem(dialog, id) : nullptr;
-}
+HWND Item(HWND dialog, int id) { return dialog ? GetDlgItem(dialog, id) : nullptr; }
 
 bool ReadPicker(HWND dialog, int id, SYSTEMTIME& moment) {
     const HWND picker = Item(dialog, id);
@@ -139,7 +137,11 @@ void Dialog::SetItemText(int id, const std::wstring& text) {
 }
 
 void Dialog::EnableItem(int id, bool enabled) {
-    if (const HWND item = Item(impl_->frame, id)) EnableWindow(item, enabled);
+    const HWND item = Item(impl_->frame, id);
+    if (!item) return;
+    // A disabled control that kept the focus would swallow Esc and Tab.
+    if (!enabled && GetFocus() == item) SendMessageW(impl_->frame, WM_NEXTDLGCTL, 0, FALSE);
+    EnableWindow(item, enabled);
 }
 
 bool Dialog::IsItemEnabled(int id) const {
@@ -165,9 +167,7 @@ DateTime Dialog::PickedDate(int id) const {
     return windows::DateTimeOf(moment);
 }
 
-DateTime Dialog::PickedTime(int id) const {
-    return PickedDate(id);
-}
+DateTime Dialog::PickedTime(int id) const { return PickedDate(id); }
 
 void Dialog::SetPicked(int id, const DateTime& moment) {
     const FillingControls filling(*impl_);

@@ -77,9 +77,7 @@ File File::Create(const std::wstring& path) {
     return file;
 }
 
-bool File::IsOpen() const {
-    return impl_ != nullptr;
-}
+bool File::IsOpen() const { return impl_ != nullptr; }
 
 bool File::Read(void* buffer, size_t size, size_t& got) {
     got = 0;
@@ -122,12 +120,8 @@ bool File::Size(uint64_t& bytes) {
     return true;
 }
 
-FileError File::Error() const {
-    return impl_ ? impl_->error : openError_;
-}
+FileError File::Error() const { return impl_ ? impl_->error : openError_; }
 
-void File::Close() {
-    impl_.reset();
-}
+void File::Close() { impl_.reset(); }
 
 }  // namespace platform

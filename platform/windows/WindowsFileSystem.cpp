@@ -27,9 +27,7 @@ DateTime LocalTime(const FILETIME& written) {
     return windows::DateTimeOf(moment);
 }
 
-bool IsFolder(DWORD attributes) {
-    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-}
+bool IsFolder(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
 
 bool IsSelfOrParent(const wchar_t* name) {
     return std::wcscmp(name, L".") == 0 || std::wcscmp(name, L"..") == 0;
@@ -98,12 +96,32 @@ bool EraseFile(const std::wstring& path) {
     return !host.empty() && DeleteFileW(host.c_str());
 }
 
+namespace {
+
+std::wstring NameOf(const std::wstring& path) { return path.substr(path.rfind(L'\\') + 1); }
+
+bool Move(const std::wstring& hostFrom, const std::wstring& hostTo) {
+    // From one drive to another a file is copied and erased; folders stay where they are.
+    return MoveFileExW(hostFrom.c_str(), hostTo.c_str(), MOVEFILE_COPY_ALLOWED) != FALSE;
+}
+
+// A file system that keeps letter case, below a system that ignores it, takes the new name for the old one.
+bool ChangeLetterCase(const std::wstring& hostFrom, const std::wstring& hostTo) {
+    WIN32_FIND_DATAW found{};
+    const std::wstring between = hostTo + L".renamed";
+    if (!Move(hostFrom, hostTo)) return false;
+    const windows::OwnedSearch search = windows::OwnSearch(FindFirstFileW(hostTo.c_str(), &found));
+    if (search && NameOf(hostTo) == found.cFileName) return true;
+    return Move(hostFrom, between) && Move(between, hostTo);
+}
+
+}  // namespace
+
 bool MoveEntry(const std::wstring& from, const std::wstring& to) {
     const std::wstring hostFrom = ToHostPath(from);
     const std::wstring hostTo = ToHostPath(to);
     if (hostFrom.empty() || hostTo.empty()) return false;
-    // From one drive to another a file is copied and erased; folders stay where they are.
-    return MoveFileExW(hostFrom.c_str(), hostTo.c_str(), MOVEFILE_COPY_ALLOWED);
+    return EqualNoCase(hostFrom, hostTo) ? ChangeLetterCase(hostFrom, hostTo) : Move(hostFrom, hostTo);
 }
 
 bool CopyFileTo(const std::wstring& from, const std::wstring& to) {
@@ -128,8 +146,6 @@ std::wstring DocumentsFolder() {
     return folder;
 }
 
-std::wstring FromHostPath(const std::wstring& path) {
-    return windows::ToHandheldPath(path);
-}
+std::wstring FromHostPath(const std::wstring& path) { return windows::ToHandheldPath(path); }
 
 }  // namespace platform

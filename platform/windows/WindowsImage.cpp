@@ -66,15 +66,9 @@ Image Image::FromResource(int id) {
     return image;
 }
 
-bool Image::IsValid() const {
-    return impl_ != nullptr;
-}
-int Image::Width() const {
-    return impl_ ? impl_->width : 0;
-}
-int Image::Height() const {
-    return impl_ ? impl_->height : 0;
-}
+bool Image::IsValid() const { return impl_ != nullptr; }
+int Image::Width() const { return impl_ ? impl_->width : 0; }
+int Image::Height() const { return impl_ ? impl_->height : 0; }
 
 ink::PixelSurface Image::Surface() const {
     if (!impl_) return {};

@@ -23,12 +23,8 @@ std::wstring FormatDate(const DateTime& date, DWORD flags, const wchar_t* pictur
 
 }  // namespace
 
-std::wstring ShortDate(const DateTime& date) {
-    return FormatDate(date, DATE_SHORTDATE, nullptr);
-}
-std::wstring LongDate(const DateTime& date) {
-    return FormatDate(date, DATE_LONGDATE, nullptr);
-}
+std::wstring ShortDate(const DateTime& date) { return FormatDate(date, DATE_SHORTDATE, nullptr); }
+std::wstring LongDate(const DateTime& date) { return FormatDate(date, DATE_LONGDATE, nullptr); }
 std::wstring DatePicture(const DateTime& date, const wchar_t* picture) {
     return FormatDate(date, 0, picture);
 }

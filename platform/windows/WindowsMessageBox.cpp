@@ -36,9 +36,7 @@ MessageAnswer AnswerWithoutBox(MessageButtons buttons) {
 }
 
 // Without an owner nothing else would bring the box in front of other programs' windows.
-UINT PlacementFlags(HWND owner) {
-    return owner ? MB_APPLMODAL : MB_SETFOREGROUND | MB_TOPMOST;
-}
+UINT PlacementFlags(HWND owner) { return owner ? MB_APPLMODAL : MB_SETFOREGROUND | MB_TOPMOST; }
 
 }  // namespace
 
@@ -71,8 +69,6 @@ void ShowOutOfMemory(Window* owner) {
 
 WaitCursor::WaitCursor() : before_(SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_WAIT)))) {}
 
-WaitCursor::~WaitCursor() {
-    SetCursor(static_cast<HCURSOR>(before_));
-}
+WaitCursor::~WaitCursor() { SetCursor(static_cast<HCURSOR>(before_)); }
 
 }  // namespace platform

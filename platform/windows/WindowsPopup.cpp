@@ -24,9 +24,7 @@ bool IsOutside(HWND handle, LPARAM lParam) {
     return !PtInRect(&client, place);
 }
 
-void Cancel(Window& window, HWND handle) {
-    DispatchEvent(window, handle, WM_COMMAND, kIdCancel, 0);
-}
+void Cancel(Window& window, HWND handle) { DispatchEvent(window, handle, WM_COMMAND, kIdCancel, 0); }
 
 // True when the event means that the user turned away from the pop-up.
 bool TurnsAway(const Window::Impl& state, HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -10,9 +10,7 @@ void PopupMenu::Add(int command, const std::wstring& text, bool enabled) {
     items_.push_back({command, text, enabled});
 }
 
-void PopupMenu::AddSeparator() {
-    items_.push_back({});
-}
+void PopupMenu::AddSeparator() { items_.push_back({}); }
 
 int PopupMenu::Choose(Window& owner, ink::Point place) const {
     const HWND frame = windows::FrameOf(&owner);

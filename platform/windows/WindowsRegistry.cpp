@@ -59,9 +59,7 @@ RegistryKey RegistryKey::OpenMachine(const std::wstring& path) {
     return key;
 }
 
-bool RegistryKey::IsOpen() const {
-    return impl_ != nullptr;
-}
+bool RegistryKey::IsOpen() const { return impl_ != nullptr; }
 
 bool RegistryKey::QueryNumber(const wchar_t* name, uint32_t& value) const {
     uint32_t read = 0;

@@ -14,9 +14,7 @@ constexpr size_t kLongestPath = 32768;
 constexpr UINT kPatienceMilliseconds = 1000;
 constexpr WPARAM kTodayItemsChanged = 0xF2;
 
-HWND TodayWindow() {
-    return FindWindowW(L"DesktopExplorerWindow", L"Desktop");
-}
+HWND TodayWindow() { return FindWindowW(L"DesktopExplorerWindow", L"Desktop"); }
 
 std::wstring ImageOf(HANDLE process) {
     std::wstring path(kLongestPath, L'\0');
@@ -114,9 +112,7 @@ void PostCommandTo(const OtherWindow& window, int id) {
     PostTo(window, WM_COMMAND, static_cast<WPARAM>(id) & 0xFFFF);
 }
 
-void PostPrivateMessageTo(const OtherWindow& window, uint32_t code) {
-    PostTo(window, kPrivateMessage, code);
-}
+void PostPrivateMessageTo(const OtherWindow& window, uint32_t code) { PostTo(window, kPrivateMessage, code); }
 
 bool NotifyTodayItem(const std::wstring& title) {
     TitleSearch search{title};
@@ -126,9 +122,7 @@ bool NotifyTodayItem(const std::wstring& title) {
     return true;
 }
 
-bool HasTodayScreen() {
-    return TodayWindow() != nullptr;
-}
+bool HasTodayScreen() { return TodayWindow() != nullptr; }
 
 void ReloadTodayScreen() {
     if (const HWND today = TodayWindow()) SendPatiently(today, WM_WININICHANGE, kTodayItemsChanged);

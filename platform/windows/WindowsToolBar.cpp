@@ -114,14 +114,8 @@ void ToolBar::SetEnabled(int command, bool enabled) {
 bool ToolBar::HasButton(int command) const {
     return impl_ && SendMessageW(impl_->bar, TB_GETSTATE, static_cast<WPARAM>(command), 0) != -1;
 }
-bool ToolBar::IsChecked(int command) const {
-    return impl_ && impl_->HasState(command, TBSTATE_CHECKED);
-}
-bool ToolBar::IsPressed(int command) const {
-    return impl_ && impl_->HasState(command, TBSTATE_PRESSED);
-}
-bool ToolBar::IsEnabled(int command) const {
-    return impl_ && impl_->HasState(command, TBSTATE_ENABLED);
-}
+bool ToolBar::IsChecked(int command) const { return impl_ && impl_->HasState(command, TBSTATE_CHECKED); }
+bool ToolBar::IsPressed(int command) const { return impl_ && impl_->HasState(command, TBSTATE_PRESSED); }
+bool ToolBar::IsEnabled(int command) const { return impl_ && impl_->HasState(command, TBSTATE_ENABLED); }
 
 }  // namespace platform

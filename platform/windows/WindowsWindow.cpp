@@ -12,9 +12,7 @@ using windows::OwnedRegion;
 
 namespace {
 
-RECT SystemRect(const Rect& rect) {
-    return {rect.left, rect.top, rect.right, rect.bottom};
-}
+RECT SystemRect(const Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 
 WORD SystemScrollCode(ScrollCode code) {
     switch (code) {
@@ -54,9 +52,7 @@ Window::~Window() {
     if (impl_->frame) windows::Attach(impl_->frame, nullptr);
 }
 
-bool Window::Exists() const {
-    return impl_->frame != nullptr;
-}
+bool Window::Exists() const { return impl_->frame != nullptr; }
 
 int Window::ClientWidth() const {
     RECT client{};
@@ -151,9 +147,7 @@ void Window::ReleasePen() {
     OnCaptureLost();
 }
 
-bool Window::HasPen() const {
-    return impl_->holdsPen && GetCapture() == impl_->page;
-}
+bool Window::HasPen() const { return impl_->holdsPen && GetCapture() == impl_->page; }
 
 size_t Window::PenSamples(Point* samples, size_t capacity) const {
     return impl_->page ? impl_->pen.Samples(impl_->page, samples, capacity) : 0;
@@ -205,21 +199,15 @@ void Window::EndModal(int result) {
 
 namespace windows {
 
-HINSTANCE Module() {
-    return GetModuleHandleW(nullptr);
-}
+HINSTANCE Module() { return GetModuleHandleW(nullptr); }
 
-Window* WindowOf(HWND handle) {
-    return reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
-}
+Window* WindowOf(HWND handle) { return reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA)); }
 
 void Attach(HWND handle, Window* window) {
     SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(window));
 }
 
-HWND FrameOf(const Window* window) {
-    return window ? window->Handle()->frame : nullptr;
-}
+HWND FrameOf(const Window* window) { return window ? window->Handle()->frame : nullptr; }
 
 bool RegisterWindowClass(const wchar_t* name, WNDPROC procedure, UINT style, HBRUSH background) {
     WNDCLASSEXW known{};

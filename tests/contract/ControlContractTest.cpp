@@ -1,0 +1,255 @@
+// Tool bars, dialogs, pop-ups, menus and message boxes.
+#include "platform/Popup.h"
+#include "platform/PopupMenu.h"
+#include "res/resource.h"
+#include "tests/contract/Recording.h"
+
+namespace contract {
+
+namespace {
+
+using platform::DateTime;
+using platform::Dialog;
+using platform::MessageAnswer;
+using platform::MessageButtons;
+using platform::MessageIcon;
+using platform::Popup;
+using platform::Rect;
+using platform::Screen;
+using testing::ElementsAre;
+using TestScreen = Recording<Screen>;
+using TestDialog = Recording<Dialog>;
+
+const platform::ToolBarLayout kTools{
+    IDB_EDITOR_TOOLS,
+    12,
+    14,
+    {{IDM_NEW_NOTE, L"New"}, {0, nullptr}, {IDM_PEN, L"Pen"}, {IDM_ERASER, L"Eraser"}}};
+
+TEST_F(WindowContract, ToolBarStates) {
+    TestScreen screen(Screen::ScrollBar::Vertical);
+    EXPECT_FALSE(screen.Tools().IsEnabled(IDM_PEN)) << "there is no tool bar yet";
+    Run(screen, [&] {
+        ASSERT_TRUE(screen.CreateMenuBar(kTools));
+        platform::ToolBar& tools = screen.Tools();
+        EXPECT_TRUE(tools.HasButton(IDM_PEN));
+        EXPECT_FALSE(tools.HasButton(IDM_TOOLS));
+        EXPECT_TRUE(tools.IsEnabled(IDM_PEN));
+        tools.SetChecked(IDM_PEN, true);
+        tools.SetPressed(IDM_PEN, true);
+        tools.SetEnabled(IDM_PEN, false);
+        EXPECT_TRUE(tools.IsChecked(IDM_PEN) && tools.IsPressed(IDM_PEN) && !tools.IsEnabled(IDM_PEN));
+        EXPECT_FALSE(tools.IsChecked(IDM_ERASER));
+        tools.SetChecked(IDM_PEN, false);
+        EXPECT_TRUE(!tools.IsChecked(IDM_PEN) && tools.IsPressed(IDM_PEN)) << "only the one state changes";
+        tools.SetChecked(IDM_TOOLS, true);
+        EXPECT_FALSE(tools.IsChecked(IDM_TOOLS));
+        EXPECT_FALSE(tools.IsEnabled(IDM_TOOLS));
+    });
+}
+
+TEST_F(WindowContract, ToolBarButtonsAreCommands) {
+    TestScreen screen(Screen::ScrollBar::Vertical);
+    screen.command = [](int) {};
+    Run(
+        screen, [&] { ASSERT_TRUE(screen.CreateMenuBar(kTools)); },
+        [&] { driver_.PressTool(screen, IDM_ERASER); }, [&] { screen.Tools().SetEnabled(IDM_PEN, false); },
+        [&] { driver_.PressTool(screen, IDM_PEN); }, [&] { driver_.PressTool(screen, IDM_NEW_NOTE); });
+    EXPECT_THAT(screen.log, ElementsAre("command 32709", "command 32701", "destroy"));
+}
+
+// Runs a dialog with the steps; a dialog that they leave open is ended with 100.
+template <typename... Steps>
+int RunDialog(Driver& driver, TestDialog& dialog, Steps... steps) {
+    (driver.Then(steps), ...);
+    return dialog.RunModal(nullptr);
+}
+
+TEST_F(WindowContract, DialogsComeFromTheResources) {
+    Recording<Dialog> none(9999);
+    EXPECT_EQ(none.RunModal(nullptr), -1);
+
+    Recording<Dialog> dialog(IDD_SAVE_AS);
+    const int result = RunDialog(driver_, dialog, [&] {
+        EXPECT_EQ(dialog.Title(), L" Inkwright - Save As");
+        EXPECT_EQ(dialog.ItemText(platform::kIdOk), L"OK");
+        EXPECT_EQ(dialog.ItemText(IDC_FILE_NAME), L"");
+        EXPECT_EQ(dialog.ItemText(4711), L"");
+        EXPECT_FALSE(dialog.IsItemEnabled(4711));
+        dialog.SetItemText(4711, L"x");
+        dialog.SetItemText(IDC_FILE_NAME, L"A & B \u00BB");
+        EXPECT_EQ(dialog.ItemText(IDC_FILE_NAME), L"A & B \u00BB");
+        dialog.EndModal(7);
+    });
+    EXPECT_EQ(result, 7);
+    EXPECT_THAT(dialog.log, ElementsAre("destroy")) << "what the program fills in is no change by the user";
+}
+
+TEST_F(WindowContract, DialogsReportWhatTheUserDoes) {
+    TestDialog dialog(IDD_SAVE_AS);
+    dialog.command = [&](int id) {
+        if (id == platform::kIdOk) dialog.EndModal(3);
+    };
+    const int result = RunDialog(
+        driver_, dialog, [&] { driver_.Type(dialog, IDC_FILE_NAME, L"Meeting"); },
+        [&] { EXPECT_EQ(dialog.ItemText(IDC_FILE_NAME), L"Meeting"); },
+        [&] { driver_.PressButton(dialog, IDC_DEFAULT_NAME); },
+        [&] { dialog.EnableItem(IDC_DEFAULT_NAME, false); },
+        [&] {
+            EXPECT_FALSE(dialog.IsItemEnabled(IDC_DEFAULT_NAME));
+            driver_.PressButton(dialog, IDC_DEFAULT_NAME);
+        },
+        [&] { driver_.Press(dialog, platform::Key::Escape); }, [&] { driver_.Close(dialog); },
+        [&] { driver_.PressButton(dialog, platform::kIdOk); });
+    EXPECT_EQ(result, 3);
+    std::vector<std::string> log;
+    for (const std::string& event : dialog.log) {
+        if (event.compare(0, 2, "ch") == 0 || event.compare(0, 2, "co") == 0) log.push_back(event);
+    }
+    EXPECT_THAT(log, ElementsAre("changed 1026", "command 1029", "command 2", "command 2", "command 1"));
+}
+
+TEST_F(WindowContract, DialogsEndByThemselves) {
+    for (const int id : {platform::kIdOk, platform::kIdCancel}) {
+        Dialog dialog(IDD_ALARM_TIME);
+        driver_.Then([&] { driver_.PressButton(dialog, id); });
+        EXPECT_EQ(dialog.RunModal(nullptr), id);
+    }
+}
+
+TEST_F(WindowContract, PickersKeepTheirMoments) {
+    TestDialog dialog(IDD_ALARM_TIME);
+    RunDialog(driver_, dialog, [&] {
+        dialog.SetPicked(IDC_ALARM_DATE, {2007, 3, 4, 15, 0, 0, 0, 0});
+        dialog.SetPicked(IDC_ALARM_TIME, {2007, 3, 4, 15, 20, 30, 5, 0});
+        const DateTime date = dialog.PickedDate(IDC_ALARM_DATE);
+        const DateTime time = dialog.PickedTime(IDC_ALARM_TIME);
+        EXPECT_EQ(date.year * 10000 + date.month * 100 + date.day, 20070315);
+        EXPECT_EQ(date.dayOfWeek, 4);
+        EXPECT_EQ(time.hour * 10000 + time.minute * 100 + time.second, 203005);
+        dialog.SetPicked(IDC_ALARM_DATE, {2007, 2, 0, 30, 0, 0, 0, 0});
+        EXPECT_EQ(dialog.PickedDate(IDC_ALARM_DATE).day, 15) << "there is no such day";
+        EXPECT_EQ(dialog.PickedDate(4711).year, 0);
+        dialog.EndModal(1);
+    });
+    EXPECT_THAT(dialog.log, ElementsAre("destroy"));
+}
+
+TEST_F(WindowContract, DialogsCanBePlaced) {
+    TestDialog dialog(IDD_ALARM_TIME);
+    dialog.create = [&] {
+        dialog.Place({20, 30, 220, 150});
+        return true;
+    };
+    RunDialog(driver_, dialog, [&] {
+        EXPECT_TRUE((dialog.WindowRect() == Rect{20, 30, 220, 150}));
+        const Rect picker = dialog.ItemRect(IDC_ALARM_DATE);
+        const Rect button = dialog.ItemRect(platform::kIdOk);
+        EXPECT_TRUE((ink::Intersect(picker, dialog.WindowRect()) == picker));
+        EXPECT_GT(button.top, picker.bottom);
+        EXPECT_TRUE(dialog.ItemRect(4711).IsEmpty());
+        dialog.EndModal(1);
+    });
+}
+
+TEST_F(WindowContract, PopUps) {
+    TestScreen screen(Screen::ScrollBar::Vertical);
+    Recording<Popup> popup;
+    std::vector<int> results;
+    int width = 0;
+    int height = 0;
+    popup.create = [&] {
+        width = popup.ClientWidth();
+        height = popup.ClientHeight();
+        return true;
+    };
+    screen.command = [&](int) {
+        results.push_back(popup.RunModal(&screen, L"Colours", {200, 300}, 120, 80));
+    };
+    Run(
+        screen, [&] { screen.PostCommand(1); },
+        [&] {
+            driver_.PenDown(popup, {119, 79});
+        },
+        [&] {
+            driver_.PenUp(popup, {119, 79});
+        },
+        [&] { popup.EndModal(8); }, [&] { screen.PostCommand(1); },
+        [&] { driver_.Press(popup, platform::Key::Escape); });
+    EXPECT_EQ(width, 120);
+    EXPECT_EQ(height, 80);
+    EXPECT_THAT(results, ElementsAre(8, platform::kIdCancel));
+    EXPECT_THAT(popup.log,
+                ElementsAre("down 119 79", "up 119 79", "destroy", "key 9", "command 2", "destroy"));
+}
+
+TEST_F(WindowContract, Menus) {
+    const auto choose = [this](int command) {
+        TestScreen screen(Screen::ScrollBar::Vertical);
+        int chosen = -1;
+        screen.command = [&](int) {
+            platform::PopupMenu menu;
+            menu.Add(32911, L"Edit Text Memo");
+            menu.Add(32908, L"Set Alarm and Exit", false);
+            menu.AddSeparator();
+            menu.Add(32913, L"Send");
+            driver_.ChooseFromMenu(command);
+            const platform::ScreenSize handheld = platform::HandheldScreen();
+            chosen = menu.Choose(screen, {handheld.width - 20, handheld.height - 20});
+            screen.EndModal(1);
+        };
+        driver_.Then([&screen] { screen.PostCommand(1); });
+        screen.RunModal(nullptr);
+        return chosen;
+    };
+    EXPECT_EQ(choose(32913), 32913);
+    EXPECT_EQ(choose(32911), 32911);
+    EXPECT_EQ(choose(0), 0);
+    const auto& items = driver_.MenuItems();
+    ASSERT_GE(items.size(), 4u);
+    EXPECT_EQ(items[1].text, L"Set Alarm and Exit");
+    EXPECT_TRUE(items[0].enabled && !items[1].enabled && items[3].enabled);
+    EXPECT_EQ(items[2].command, 0);
+}
+
+TEST_F(WindowContract, MessageAnswers) {
+    const struct {
+        MessageButtons buttons;
+        MessageAnswer answer;
+        platform::DefaultButton defaultButton;
+    } kCases[] = {{MessageButtons::Ok, MessageAnswer::Ok, platform::DefaultButton::First},
+                  {MessageButtons::YesNo, MessageAnswer::Yes, platform::DefaultButton::First},
+                  {MessageButtons::YesNo, MessageAnswer::No, platform::DefaultButton::Second},
+                  {MessageButtons::YesNoCancel, MessageAnswer::Yes, platform::DefaultButton::First},
+                  {MessageButtons::YesNoCancel, MessageAnswer::Cancel, platform::DefaultButton::First}};
+    for (const auto& each : kCases) {
+        driver_.Answer(each.answer);
+        const MessageAnswer got =
+            platform::ShowMessage(nullptr, L"Saving failed!\nDiscard changes?", L" Error", each.buttons,
+                                  MessageIcon::Error, each.defaultButton);
+        EXPECT_EQ(got, each.answer);
+        ASSERT_FALSE(driver_.Messages().empty());
+        const SeenMessage& seen = driver_.Messages().back();
+        EXPECT_EQ(seen.text, L"Saving failed!\nDiscard changes?");
+        EXPECT_EQ(seen.caption, L" Error") << "the leading blank is part of it";
+        EXPECT_EQ(seen.defaultButton, each.defaultButton);
+    }
+}
+
+TEST_F(WindowContract, MessagesOverAScreen) {
+    TestScreen screen(Screen::ScrollBar::None);
+    MessageAnswer got = MessageAnswer::Cancel;
+    screen.command = [&](int id) {
+        got = platform::ShowMessage(&screen, L"Continue?", L" Confirm", MessageButtons::YesNo,
+                                    MessageIcon::Question);
+        screen.EndModal(id);
+    };
+    driver_.Answer(MessageAnswer::Yes);
+    driver_.Then([&] { screen.PostCommand(6); });
+    EXPECT_EQ(screen.RunModal(nullptr), 6);
+    EXPECT_EQ(got, MessageAnswer::Yes);
+}
+
+}  // namespace
+
+}  // namespace contract

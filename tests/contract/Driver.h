@@ -1,0 +1,77 @@
+// What a person, or another program, does to the windows of the program under test: one implementation for
+// each port. Everything else in this folder is written against the contract alone.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/Dialog.h"
+#include "platform/MessageBox.h"
+#include "platform/PopupMenu.h"
+#include "platform/Screen.h"
+
+namespace contract {
+
+struct SeenMessage {
+    std::wstring text;
+    std::wstring caption;
+    platform::DefaultButton defaultButton = platform::DefaultButton::First;
+};
+
+// A fresh device: an empty file system but for the documents folder, an empty registry key for tests. A
+// driver lives as long as one test.
+class Driver {
+  public:
+    Driver();
+    Driver(const Driver&) = delete;
+    Driver& operator=(const Driver&) = delete;
+    ~Driver();
+
+    // Done when the program next waits for an event; steps keep their order, and each waits until what the
+    // one before it caused has been handled.
+    void Then(std::function<void()> step);
+    bool AllStepsDone() const;
+
+    // Positions in client pixels.
+    void PenDown(platform::Window& window, platform::Point place);
+    void PenMove(platform::Window& window, platform::Point place);
+    void PenUp(platform::Window& window, platform::Point place);
+    // The pen moves through all of `places` before the program sees the last one.
+    void PenMoveAtOnce(platform::Window& window, const std::vector<platform::Point>& places);
+    void TakePenAway(platform::Window& window);
+
+    void Press(platform::Window& window, platform::Key key);
+    void PressTool(platform::Screen& screen, int command);
+    void PressButton(platform::Dialog& dialog, int id);
+    void Type(platform::Dialog& dialog, int id, const std::wstring& text);
+    void Close(platform::Window& window);  // the title bar's close button
+    void SendScroll(platform::Window& window, platform::ScrollCode code, int position);
+    void SendPrivateMessage(platform::Window& window, uint32_t code, intptr_t payload);
+    void LetTimePass(uint32_t milliseconds);
+
+    // 0x00RRGGBB of what the window shows.
+    uint32_t PixelAt(platform::Window& window, platform::Point place);
+
+    // The next message box gets this answer; what was shown is kept.
+    void Answer(platform::MessageAnswer answer);
+    const std::vector<SeenMessage>& Messages() const;
+    // The next menu is answered with this command, 0 to dismiss it; its items are kept.
+    void ChooseFromMenu(int command);
+    const std::vector<platform::PopupMenu::Item>& MenuItems() const;
+
+    // A value below the machine's part of the registry.
+    void SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value);
+
+  private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+// Registry key of the current user that is empty when a test begins.
+constexpr wchar_t kTestKey[] = L"Software\\Larkspur Works\\Inkwright Contract Test";
+// Key of the machine that does not exist when a test begins.
+constexpr wchar_t kMachineKey[] = L"Software\\Larkspur Works\\Inkwright Contract Test";
+
+}  // namespace contract
