@@ -63,6 +63,8 @@ struct Spot {
 template <typename Mixer>
 class Composer {
   public:
+    // The spots are filled in as they are found; clearing them for every stroke would cost more than that.
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init)
     Composer(const ComposeJob& job, const Mixer& mixer) : job_(job), mixer_(mixer) {}
 
     void Run(StrokeMask& mask) {

@@ -64,7 +64,7 @@ SmoothNib::SmoothNib(double width)
     for (int64_t i = 0; i < lines; ++i) {
         const double y = LineY(i - static_cast<int64_t>(reach_) * kLines);
         const double square = radius_ * radius_ - y * y;
-        chords_.push_back(square > 0.0 ? static_cast<int32_t>(std::sqrt(square) * kUnits + 0.5) : -1);
+        chords_.push_back(square > 0.0 ? static_cast<int32_t>(std::lround(std::sqrt(square) * kUnits)) : -1);
     }
 }
 

@@ -8,6 +8,8 @@
 namespace ink {
 namespace {
 
+constexpr size_t kLinkSize = sizeof(void*);
+
 // Where a released record keeps the address of the next one. Records are aligned to 4 bytes only, so the
 // address is copied in and out.
 uint8_t* LinkPlace(StrokeRecord* record) { return reinterpret_cast<uint8_t*>(record) + 8; }
@@ -19,7 +21,7 @@ StrokeRecord* StrokePool::Allocate(int32_t count) {
     const size_t list = static_cast<size_t>(count);
     if (list < kLists && released_[list] != nullptr) {
         StrokeRecord* record = released_[list];
-        std::memcpy(&released_[list], LinkPlace(record), sizeof(StrokeRecord*));
+        std::memcpy(&released_[list], LinkPlace(record), kLinkSize);
         record->count = count;
         return record;
     }
@@ -40,7 +42,7 @@ StrokeRecord* StrokePool::Allocate(int32_t count) {
 void StrokePool::Release(StrokeRecord* record) {
     const size_t list = static_cast<size_t>(std::max(record->count, 0));
     if (list >= kLists) return;
-    std::memcpy(LinkPlace(record), &released_[list], sizeof(StrokeRecord*));
+    std::memcpy(LinkPlace(record), &released_[list], kLinkSize);
     released_[list] = record;
 }
 
