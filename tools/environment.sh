@@ -40,7 +40,10 @@ use_wine_prefix() {
     [ -f "$WINEPREFIX/.ready" ] && return 0
     say "Preparing Wine (once, about ten seconds) ..."
     mkdir -p "$WINEPREFIX"
-    wineboot --init >/dev/null 2>&1 && wineserver --wait && touch "$WINEPREFIX/.ready"
+    wineboot --init >/dev/null 2>&1 && wineserver --wait || return 1
+    # Debian's Wine does not find its own Tahoma (dialogs) and Marlett (window buttons) where they are installed.
+    cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null || true
+    touch "$WINEPREFIX/.ready"
 }
 
 # start_display: a virtual screen of 800 x 900 on a free number; sets DISPLAY and display_process.

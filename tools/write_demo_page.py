@@ -1,0 +1,87 @@
+#!/usr/bin/env python3
+"""Writes a page into the program that runs on this display, and takes pictures of it on the way."""
+import pathlib
+import subprocess
+import sys
+
+import handwriting
+
+PAGE_TOOLS = {"pen 2": 74, "pen 3": 93, "palette": 131}  # x of tool buttons in the window's client area
+TOOL_ROW = 599  # y of the tool bar's middle
+
+
+def tool(*arguments):
+    done = subprocess.run(["xdotool", *map(str, arguments)], check=True, capture_output=True, text=True)
+    return done.stdout.strip()
+
+
+def window_named(name):
+    window = tool("search", "--sync", "--onlyvisible", "--name", name).split("\n")[0]
+    place = dict(line.split("=") for line in tool("getwindowgeometry", "--shell", window).split("\n"))
+    return int(place["X"]), int(place["Y"]), int(place["WIDTH"]), int(place["HEIGHT"])
+
+
+class Page:
+    def __init__(self):
+        left, top, width, height = window_named("Inkwright$")
+        self.window = (left, top, width, height)
+        # The caption and frame lie around the client area of 480 x 614.
+        border = (width - 480) // 2
+        self.left = left + border
+        self.top = top + height - border - 614
+
+    def stroke(self, points):
+        steps = ["mousemove", self.left + points[0][0], self.top + points[0][1], "mousedown", 1]
+        for x, y in points[1:]:
+            steps += ["mousemove", self.left + x, self.top + y, "sleep", 0.004]
+        tool(*steps, "mouseup", 1)
+
+    def write(self, text, left, baseline, size, seed):
+        for points in handwriting.write(text, left, baseline, size, seed):
+            self.stroke(points)
+
+    def click(self, x, y=TOOL_ROW):
+        tool("mousemove", self.left + x, self.top + y, "click", 1)
+
+    def picture(self, path):
+        left, top, width, height = self.window
+        tool("mousemove", 1, 1, "sleep", 0.7)
+        subprocess.run(["import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "+repage", str(path)],
+                       check=True)
+
+
+def sun(center_x, center_y):
+    import math
+    circle = [(round(center_x + 15 * math.cos(a / 6)), round(center_y + 15 * math.sin(a / 6))) for a in range(39)]
+    rays = []
+    for i in range(9):
+        angle = i * 2 * math.pi / 9
+        rays.append([(round(center_x + r * math.cos(angle)), round(center_y + r * math.sin(angle))) for r in (21, 25, 30)])
+    return [circle] + rays
+
+
+def main(folder):
+    page = Page()
+    page.write("Garden plans", 26, 34, 13, 1)
+    page.write("tomatoes by the south wall", 26, 100, 13, 2)
+    page.write("beans, peas - 2 rows", 26, 150, 13, 3)
+    page.write("sweet basil in the pot", 26, 200, 13, 4)
+    page.click(PAGE_TOOLS["pen 2"])
+    page.write("Water early!", 200, 262, 15, 5)
+    page.stroke([(200 + i, 276 + (i // 9) % 2) for i in range(0, 150, 3)])
+    page.click(PAGE_TOOLS["pen 3"])
+    page.write("1", 40, 330, 12, 6)
+    page.write("sow the beans in may", 70, 330, 12, 7)
+    page.write("2", 40, 376, 12, 8)
+    page.write("then the tomatoes", 70, 376, 12, 9)
+    for trace in sun(400, 90):
+        page.stroke(trace)
+    page.picture(folder / "editor.png")
+    page.click(PAGE_TOOLS["palette"])
+    window_named("Color Palette")
+    page.picture(folder / "palette.png")
+    tool("search", "--name", "Color Palette", "windowfocus", "key", "Escape")
+
+
+if __name__ == "__main__":
+    main(pathlib.Path(sys.argv[1]))
