@@ -20,20 +20,28 @@ void Repaint(benchmark::State& state) {
 }
 BENCHMARK(Repaint)->ArgsProduct({{0, 1, 2}, {1, 3, 10}})->ArgNames({"style", "width"});
 
-void LiveStroke(benchmark::State& state) {
+void LiveSegment(benchmark::State& state) {
     const bench::Stroke stroke = bench::MakeStrokes(1).front();
     bench::Picture picture;
     ink::PixelSurface surface = picture.Surface();
     ink::InkPainter painter;
     painter.SetPen(static_cast<uint8_t>(state.range(0)), static_cast<double>(state.range(1)));
+    painter.BeginStroke(surface, stroke.color);
+    size_t i = 0;
     for (auto _ : state) {
-        painter.BeginStroke(surface, stroke.color);
-        for (size_t i = 1; i < stroke.points.size(); ++i)
-            painter.PaintSegment(surface, &stroke.points[i - 1], 2);
-        painter.EndStroke();
+        painter.PaintSegment(surface, &stroke.points[i], 2);
+        i = (i + 1) % (stroke.points.size() - 1);
     }
 }
-BENCHMARK(LiveStroke)->ArgsProduct({{0, 1, 2}, {1, 3}})->ArgNames({"style", "width"});
+BENCHMARK(LiveSegment)->ArgsProduct({{0, 1, 2}, {1, 3}})->ArgNames({"style", "width"});
+
+void PenDown(benchmark::State& state) {
+    bench::Picture picture;
+    ink::PixelSurface surface = picture.Surface();
+    ink::InkPainter painter;
+    for (auto _ : state) painter.BeginStroke(surface, 0);
+}
+BENCHMARK(PenDown);
 
 void VisitEraserBox(benchmark::State& state) {
     ink::InkPage page;

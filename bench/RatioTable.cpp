@@ -75,9 +75,7 @@ std::string Micros(double ours, double theirs) {
     return text;
 }
 
-const char* StyleName(int style) {
-    return style == 0 ? "simple" : style == 1 ? "classic" : "smooth";
-}
+const char* StyleName(int style) { return style == 0 ? "simple" : style == 1 ? "classic" : "smooth"; }
 
 // Mean difference per channel over the pixels that either picture inked.
 double Difference(const Picture& a, const Picture& b) {

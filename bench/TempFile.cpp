@@ -8,9 +8,7 @@
 
 namespace bench {
 
-File File::OpenForReading(const std::string& path) {
-    return File(open(path.c_str(), O_RDONLY));
-}
+File File::OpenForReading(const std::string& path) { return File(open(path.c_str(), O_RDONLY)); }
 
 File File::Create(const std::string& path) {
     return File(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600));
@@ -47,8 +45,6 @@ bool File::Write(const void* data, size_t size) {
 TempPath::TempPath(const std::string& name)
     : path_((std::filesystem::temp_directory_path() / (std::to_string(getpid()) + "-" + name)).string()) {}
 
-TempPath::~TempPath() {
-    unlink(path_.c_str());
-}
+TempPath::~TempPath() { unlink(path_.c_str()); }
 
 }  // namespace bench

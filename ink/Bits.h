@@ -5,8 +5,7 @@
 
 namespace ink {
 
-// The number of the lowest and of the highest set bit of a word that is not zero.
+// The number of the lowest set bit of a word that is not zero.
 inline int LowestBit(uint64_t bits) { return __builtin_ctzll(bits); }
-inline int HighestBit(uint64_t bits) { return 63 - __builtin_clzll(bits); }
 
 }  // namespace ink

@@ -71,6 +71,9 @@ class Composer {
         const int32_t left = job_.rows.left;
         const int32_t firstGroup = mask.GroupOf(left);
         const int32_t lastGroup = mask.GroupOf(job_.rows.right - 1);
+        // Whole groups are painted where the clip allows, even if they hang over the rows' columns.
+        const bool cut =
+            mask.GroupLeft(firstGroup) < job_.clip.left || mask.GroupLeft(lastGroup + 1) > job_.clip.right;
         for (int32_t y = job_.rows.top; y < job_.rows.bottom; ++y) {
             uint64_t* groups = mask.Groups(y);
             for (int32_t word = firstGroup / 64; word <= lastGroup / 64; ++word) {
@@ -79,7 +82,7 @@ class Composer {
                 if (word == lastGroup / 64) wanted &= ~uint64_t{0} >> (63 - lastGroup % 64);
                 if (wanted == 0) continue;
                 if (job_.take) groups[word] &= ~wanted;
-                Collect(mask, y, word * 64, wanted);
+                Collect(mask, y, word * 64, wanted, cut);
             }
         }
         Paint();
@@ -89,14 +92,12 @@ class Composer {
     static constexpr size_t kRoom = 512;
     static constexpr size_t kMostAtOnce = 64 + 4;
 
-    void Collect(StrokeMask& mask, int32_t y, int32_t firstGroup, uint64_t groups) {
+    void Collect(StrokeMask& mask, int32_t y, int32_t firstGroup, uint64_t groups, bool cut) {
         if (count_ > kRoom - kMostAtOnce) Paint();
         const int32_t left = mask.GroupLeft(firstGroup);
         uint8_t* bytes = mask.At(left, y);
         const int64_t pixel = static_cast<int64_t>(y) * job_.to.stride + left;
-        const int32_t low = left + LowestBit(groups) * kGroup;
-        const int32_t high = left + HighestBit(groups) * kGroup;
-        if (low < job_.clip.left || high + kGroup > job_.clip.right) {
+        if (cut) {
             CollectCut(bytes, pixel, left, groups);
             return;
         }
@@ -118,6 +119,10 @@ class Composer {
             const int column = LowestBit(groups) * kGroup;
             const int32_t from = std::max(left + column, job_.clip.left) - left;
             const int32_t to = std::min(left + column + kGroup, job_.clip.right) - left;
+            if (to - from == kGroup) {
+                spots_[count_++] = {static_cast<size_t>(pixel + column), bytes + column};
+                continue;
+            }
             for (int32_t i = from; i < to; ++i) {
                 Quads4 below = {job_.from[pixel + i], 0, 0, 0};
                 const Bytes16 mixed = mixer_.Mix(reinterpret_cast<Bytes16>(below), bytes[i]);

@@ -32,7 +32,7 @@ class StampCache {
   public:
     static constexpr int32_t kMaxDelta = 24;  // longest dx or dy kept
     static constexpr int32_t kStep = 16;      // bytes that are moved at once
-    static constexpr int32_t kRowStep = 2;    // rows that are moved at once
+    static constexpr int32_t kRowStep = 4;    // rows that are moved at once
     static constexpr int32_t kGroup = 4;      // columns whose coverage is noted together
 
     // Throws bad_alloc. The nib must outlive the cache.

@@ -86,14 +86,14 @@ inline void StrokeMask::Raise(const Stamp& stamp, int32_t x, int32_t y) {
         groups += words_;
     };
     if (width == StampCache::kStep) {
-        // Nearly always: rows without a loop across, two at a time.
-        for (size_t row = 0; row < rows; row += 2) {
-            StoreBytes(to, Larger(LoadBytes(to), LoadBytes(bytes)));
-            StoreBytes(to + stride_, Larger(LoadBytes(to + stride_), LoadBytes(bytes + StampCache::kStep)));
-            raiseGroups();
-            raiseGroups();
-            to += 2 * stride_;
-            bytes += 2 * StampCache::kStep;
+        // Nearly always: rows without a loop across, and several at a time.
+        for (size_t row = 0; row < rows; row += StampCache::kRowStep) {
+            for (size_t i = 0; i < StampCache::kRowStep; ++i) {
+                StoreBytes(to, Larger(LoadBytes(to), LoadBytes(bytes)));
+                raiseGroups();
+                to += stride_;
+                bytes += StampCache::kStep;
+            }
         }
     } else {
         for (size_t row = 0; row < rows; ++row) {
