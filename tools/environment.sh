@@ -46,6 +46,18 @@ use_wine_prefix() {
     touch "$WINEPREFIX/.ready"
 }
 
+# let_wine_manage_windows yes|no: without a window manager, Wine draws captions itself and moves windows;
+# otherwise it would wait two seconds for one whenever a window closes.
+let_wine_manage_windows() {
+    local mark="$WINEPREFIX/.manages-windows" key='HKCU\Software\Wine\X11 Driver'
+    if [ "$1" = yes ] && [ ! -f "$mark" ]; then
+        wine reg add "$key" /v Managed /d N /f >/dev/null 2>&1 && touch "$mark"
+    elif [ "$1" = no ] && [ -f "$mark" ]; then
+        wine reg delete "$key" /v Managed /f >/dev/null 2>&1
+        rm -f "$mark"
+    fi
+}
+
 # start_display: a virtual screen of 800 x 900 on a free number; sets DISPLAY and display_process.
 start_display() {
     local number_file
