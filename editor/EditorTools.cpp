@@ -18,9 +18,13 @@ constexpr int kPenButtons[] = {IDM_PEN, IDM_PEN_COLOR_2, IDM_PEN_COLOR_3, IDM_PE
 constexpr int kToolGroup[] = {IDM_PEN,         IDM_PEN_COLOR_2, IDM_PEN_COLOR_3, IDM_PEN_COLOR_4,
                               IDM_PALETTE_PEN, IDM_SPACE_TOOL,  IDM_ERASER};
 
+// Tool bars show this grey as their own face: a pen of just that colour is drawn a shade beside it.
+constexpr uint32_t kFaceColor = 0xC0C0C0;
+
 void FillSwatch(const ink::PixelSurface& surface, int image, ink::ColorRef color) {
+    const uint32_t pixel = ink::PixelOf(color) == kFaceColor ? kFaceColor + 1 : ink::PixelOf(color);
     for (int y = kSwatchTop; y < kImageHeight; ++y) {
-        std::fill_n(surface.Row(y) + image * kImageWidth, kImageWidth, ink::PixelOf(color));
+        std::fill_n(surface.Row(y) + image * kImageWidth, kImageWidth, pixel);
     }
 }
 
