@@ -68,22 +68,17 @@ class Composer {
     Composer(const ComposeJob& job, const Mixer& mixer) : job_(job), mixer_(mixer) {}
 
     void Run(StrokeMask& mask) {
-        const int32_t left = job_.rows.left;
-        const int32_t firstGroup = mask.GroupOf(left);
+        const int32_t firstGroup = mask.GroupOf(job_.rows.left);
         const int32_t lastGroup = mask.GroupOf(job_.rows.right - 1);
         // Whole groups are painted where the clip allows, even if they hang over the rows' columns.
-        const bool cut =
-            mask.GroupLeft(firstGroup) < job_.clip.left || mask.GroupLeft(lastGroup + 1) > job_.clip.right;
-        for (int32_t y = job_.rows.top; y < job_.rows.bottom; ++y) {
-            uint64_t* groups = mask.Groups(y);
-            for (int32_t word = firstGroup / 64; word <= lastGroup / 64; ++word) {
-                uint64_t wanted = groups[word];
-                if (word == firstGroup / 64) wanted &= ~uint64_t{0} << firstGroup % 64;
-                if (word == lastGroup / 64) wanted &= ~uint64_t{0} >> (63 - lastGroup % 64);
-                if (wanted == 0) continue;
-                if (job_.take) groups[word] &= ~wanted;
-                Collect(mask, y, word * 64, wanted, cut);
-            }
+        cut_ = mask.GroupLeft(firstGroup) < job_.clip.left || mask.GroupLeft(lastGroup + 1) > job_.clip.right;
+        const int32_t firstWord = firstGroup / 64;
+        const int32_t lastWord = lastGroup / 64;
+        for (int32_t word = firstWord; word <= lastWord; ++word) {
+            uint64_t wanted = ~uint64_t{0};
+            if (word == firstWord) wanted &= ~uint64_t{0} << firstGroup % 64;
+            if (word == lastWord) wanted &= ~uint64_t{0} >> (63 - lastGroup % 64);
+            RunColumns(mask, word, wanted);
         }
         Paint();
     }
@@ -92,15 +87,30 @@ class Composer {
     static constexpr size_t kRoom = 512;
     static constexpr size_t kMostAtOnce = 64 + 4;
 
-    void Collect(StrokeMask& mask, int32_t y, int32_t firstGroup, uint64_t groups, bool cut) {
-        if (count_ > kRoom - kMostAtOnce) Paint();
-        const int32_t left = mask.GroupLeft(firstGroup);
-        uint8_t* bytes = mask.At(left, y);
-        const int64_t pixel = static_cast<int64_t>(y) * job_.to.stride + left;
-        if (cut) {
-            CollectCut(bytes, pixel, left, groups);
-            return;
+    // All rows of the 64 groups of one word.
+    void RunColumns(StrokeMask& mask, int32_t word, uint64_t wanted) {
+        const int32_t left = mask.GroupLeft(word * 64);
+        uint64_t* groups = mask.Groups(job_.rows.top) + word;
+        uint8_t* bytes = mask.At(left, job_.rows.top);
+        int64_t pixel = static_cast<int64_t>(job_.rows.top) * job_.to.stride + left;
+        for (int32_t y = job_.rows.top; y < job_.rows.bottom; ++y) {
+            const uint64_t found = *groups & wanted;
+            if (found != 0) {
+                if (job_.take) *groups &= ~wanted;
+                if (count_ > kRoom - kMostAtOnce) Paint();
+                if (cut_) {
+                    CollectCut(bytes, pixel, left, found);
+                } else {
+                    Collect(bytes, pixel, found);
+                }
+            }
+            groups += mask.GroupWords();
+            bytes += mask.Stride();
+            pixel += job_.to.stride;
         }
+    }
+
+    void Collect(uint8_t* bytes, int64_t pixel, uint64_t groups) {
         do {
             // A row of a line is rarely longer: no loop to leave at a different point each time. The places
             // behind the last bit are not counted and soon overwritten.
@@ -147,6 +157,7 @@ class Composer {
 
     const ComposeJob job_;
     const Mixer mixer_;
+    bool cut_ = false;
     size_t count_ = 0;
     Spot spots_[kRoom];
 };

@@ -39,6 +39,7 @@ class StrokeMask {
     size_t Stride() const { return stride_; }
 
     // A row's groups, 64 to a word; group i starts in column GroupLeft(i).
+    size_t GroupWords() const { return words_; }
     uint64_t* Groups(int32_t y) { return &groups_[static_cast<size_t>(y - top_) * words_]; }
     int32_t GroupLeft(int32_t group) const { return left_ + group * kGroup; }
     int32_t GroupOf(int32_t x) const { return (x - left_) / kGroup; }
