@@ -69,9 +69,12 @@ void Line(const std::string& what, double value, bool atLeast, double wanted, co
                 atLeast ? ">=" : "<=", wanted, met ? "yes" : "NO", detail.c_str());
 }
 
-std::string Micros(double ours, double theirs) {
+std::string Against(double ours, double theirs) {
     char text[80];
-    std::snprintf(text, sizeof text, "%.1f us against %.1f us", ours * 1e6, theirs * 1e6);
+    const bool tiny = ours < 1e-6;
+    const double scale = tiny ? 1e9 : 1e6;
+    const char* unit = tiny ? "ns" : "us";
+    std::snprintf(text, sizeof text, "%.1f %s against %.1f %s", ours * scale, unit, theirs * scale, unit);
     return text;
 }
 
@@ -112,10 +115,10 @@ void RepaintRatios(const std::vector<Stroke>& strokes) {
             if (style == 2) {
                 smooth = times.ours;
                 Line(label + ": times faster than cairo", times.theirs / times.ours, true, 40,
-                     Micros(times.ours, times.theirs));
+                     Against(times.ours, times.theirs));
             } else {
                 Line(label + ": time beside smooth", times.ours / smooth, false, 1.0,
-                     Micros(times.ours, smooth));
+                     Against(times.ours, smooth));
             }
         }
     }
@@ -158,7 +161,7 @@ void LiveRatios(const std::vector<Stroke>& strokes) {
                     [&] { cairo.Draw(points + theirs++ % segments, 2, 0x808080); }, segments * 5);
         painter.EndStroke();
         Line("one live segment, width " + std::to_string(width) + ": times faster than cairo",
-             times.theirs / times.ours, true, 20, Micros(times.ours, times.theirs));
+             times.theirs / times.ours, true, 20, Against(times.ours, times.theirs));
     }
 }
 
@@ -174,7 +177,7 @@ void LengthRatio(const std::vector<Stroke>& shortNote, const std::vector<Stroke>
     const Times times = Compare([&] { painter.Repaint(surface, many, scroll, surface.Bounds()); }, 10,
                                 [&] { painter.Repaint(surface, few, scroll, surface.Bounds()); }, 10);
     Line("repaint of one view, 100 times the strokes: time", times.ours / times.theirs, false, 1.1,
-         Micros(times.ours, times.theirs));
+         Against(times.ours, times.theirs));
 }
 
 void ReadIntoFreshBuffer(const std::string& path, size_t size) {
@@ -228,7 +231,7 @@ void FileRatios(const std::vector<Stroke>& all) {
         const Times load =
             CompareFresh([&] { Load(note.Path()); }, [&] { ReadIntoFreshBuffer(note.Path(), size); });
         Line(label + "load beside reading the bytes", load.ours / load.theirs, false, 1.2,
-             Micros(load.ours, load.theirs));
+             Against(load.ours, load.theirs));
         if (previous > 0) {
             Line(label + "load time of ten times the strokes", load.ours / previous, false, 10.5, "");
         }
@@ -244,7 +247,7 @@ void FileRatios(const std::vector<Stroke>& all) {
         };
         const Times saved = CompareFresh(save, write);
         Line(label + "save beside writing the bytes", saved.ours / saved.theirs, false, 1.2,
-             Micros(saved.ours, saved.theirs));
+             Against(saved.ours, saved.theirs));
     }
 }
 
