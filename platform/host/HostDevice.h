@@ -60,6 +60,9 @@ class HostDevice {
     std::map<NotificationHandle, StoredNotification> notifications;
     bool notificationsFail = false;
 
+    // How many pictures can still be made before memory is short.
+    int picturesLeft = 1 << 30;
+
     // The clock moves only when the program pauses or a test moves it.
     DateTime now{2007, 3, 1, 5, 14, 30, 12, 0};
     uint32_t ticks = 1000;

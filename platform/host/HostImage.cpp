@@ -2,9 +2,19 @@
 #include <vector>
 
 #include "platform/Image.h"
+#include "platform/host/HostDevice.h"
 #include "platform/host/HostResources.h"
 
 namespace platform {
+
+using host::HostDevice;
+
+namespace {
+
+// What this device's memory holds; more is refused as memory being short.
+constexpr int64_t kMostPixels = int64_t{1} << 26;
+
+}  // namespace
 
 struct Image::Impl {
     int width = 0;
@@ -19,7 +29,8 @@ Image::~Image() = default;
 
 Image Image::Make(int width, int height) {
     Image image;
-    if (width <= 0 || height <= 0) return image;
+    if (width <= 0 || height <= 0 || int64_t{width} * height > kMostPixels) return image;
+    if (HostDevice::Current().picturesLeft-- <= 0) return image;
     try {
         auto impl = std::make_unique<Impl>();
         impl->width = width;

@@ -116,4 +116,11 @@ TEST_F(Commands, AMissingMenuBarIsReportedAndTheWindowGoesOn) {
     EXPECT_TRUE(ReadBack(kNote)->HasInk());
 }
 
+TEST_F(Commands, WithoutMemoryForThePageImageTheEditorDoesNotOpen) {
+    device.picturesLeft = 2;  // the window's own and the tool bar's
+    Run(kNote);
+    EXPECT_EQ(Desk().outOfMemoryBoxes, 1);
+    EXPECT_EQ(device.files.Get(kNote), Words({5, 0xFFFFFF, 0, 268}));
+}
+
 }  // namespace
