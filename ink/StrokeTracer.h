@@ -13,9 +13,10 @@
 namespace ink {
 
 // A point in surface coordinates, which a page's coordinates may leave far behind.
+// Without initial values: runs of points are converted in a buffer that clearing would cost more than filling.
 struct TracePoint {
-    int64_t x = 0;
-    int64_t y = 0;
+    int64_t x;
+    int64_t y;
 };
 
 inline bool operator==(const TracePoint& a, const TracePoint& b) { return a.x == b.x && a.y == b.y; }
@@ -52,8 +53,8 @@ class StrokeTracer {
 
     // Where the pen is; a value of its own, so that it stays in registers from point to point.
     struct Walk {
-        TracePoint last;
-        TracePoint direction;  // of the last segment; zero when there is none
+        TracePoint last{};
+        TracePoint direction{};  // of the last segment; zero when there is none
         TipView before;        // the last segment at its end
     };
 
