@@ -24,7 +24,9 @@ std::wstring TrimmedAndUnquoted(const std::wstring& text) {
     return text.substr(begin, end - begin);
 }
 
-std::wstring PathArgument(const std::wstring& text) { return platform::FromHostPath(TrimmedAndUnquoted(text)); }
+std::wstring PathArgument(const std::wstring& text) {
+    return platform::FromHostPath(TrimmedAndUnquoted(text));
+}
 
 bool HasPrefix(const std::wstring& text, const std::wstring& prefix) {
     return platform::EqualNoCase(text.substr(0, prefix.size()), prefix);
@@ -75,7 +77,8 @@ void ReadNewReminder(const std::wstring& argument, StartRequest& request) {
 void ReadNewAlarm(const std::wstring& argument, StartRequest& request) {
     const size_t blank = argument.find(L' ');
     const std::wstring code = argument.substr(0, blank);
-    const std::wstring folder = blank == std::wstring::npos ? L"" : TrimmedAndUnquoted(argument.substr(blank));
+    const std::wstring folder =
+        blank == std::wstring::npos ? L"" : TrimmedAndUnquoted(argument.substr(blank));
     const std::wstring root = ConfiguredRoot();
     if (root.empty() || code.size() != kAlarmCodeLength || code.find(L'.') != std::wstring::npos) return;
     request.alarmTimeCode = code;

@@ -14,7 +14,8 @@ constexpr SettingId kPenColors[] = {SettingId::LastPenColor, SettingId::PenColor
 PenSettings LoadPenSettings() {
     const Settings settings;
     PenSettings pen;
-    for (size_t i = 0; i < pen.recentColors.size(); ++i) pen.recentColors[i] = settings.ReadNumber(kPenColors[i]);
+    for (size_t i = 0; i < pen.recentColors.size(); ++i)
+        pen.recentColors[i] = settings.ReadNumber(kPenColors[i]);
     pen.backgroundColor = settings.ReadNumber(SettingId::LastBGColor);
     const uint32_t penInfo = settings.ReadNumber(SettingId::PenInfo);
     pen.penSize = static_cast<uint8_t>(penInfo & 0xFF);

@@ -31,7 +31,8 @@ constexpr SettingInfo kTable[] = {
     {SettingId::SearchLastText, L"SearchLastText", RegistryType::Text, 0, L"", kSearchTextCapacity},
     Number(SettingId::SearchOpt, L"SearchOpt", 0),
     {SettingId::SaveAs_NoteFN, L"SaveAs_NoteFN", RegistryType::Number, 0, L"%F %Y-%m-%d", kTextCapacity},
-    {SettingId::SaveAs_ReminderFN, L"SaveAs_ReminderFN", RegistryType::Number, 0, L"Reminder %f", kTextCapacity},
+    {SettingId::SaveAs_ReminderFN, L"SaveAs_ReminderFN", RegistryType::Number, 0, L"Reminder %f",
+     kTextCapacity},
     {SettingId::TextMemoWordWrap, L"TextMemoWordWrap", RegistryType::Binary, 0, nullptr, 0},
 };
 static_assert(std::size(kTable) == static_cast<size_t>(SettingId::Count), "one row for each setting");
@@ -56,7 +57,9 @@ std::optional<uint32_t> Settings::FindNumber(SettingId id) const {
     return number;
 }
 
-uint32_t Settings::ReadNumber(SettingId id) const { return FindNumber(id).value_or(InfoOf(id).defaultNumber); }
+uint32_t Settings::ReadNumber(SettingId id) const {
+    return FindNumber(id).value_or(InfoOf(id).defaultNumber);
+}
 
 std::wstring Settings::ReadText(SettingId id) const {
     const SettingInfo& info = InfoOf(id);

@@ -84,8 +84,6 @@ std::wstring MemoPath(const std::wstring& notePath) {
     return dot == std::wstring::npos ? std::wstring() : notePath.substr(0, dot) + L".txt";
 }
 
-std::wstring TemporaryFolder() {
-    return platform::DocumentsFolder() + L"\\" + kProductFolder + L"\\Temp\\";
-}
+std::wstring TemporaryFolder() { return platform::DocumentsFolder() + L"\\" + kProductFolder + L"\\Temp\\"; }
 
 }  // namespace app

@@ -42,7 +42,8 @@ std::wstring DateFolderName(const platform::DateTime& date);
 // Reads such a name; false when it is not a day of the calendar written so.
 bool ParseDateFolderName(const std::wstring& name, platform::DateTime& date);
 
-// The text memo that belongs to a note: cut at the last "." and ".txt" appended. Empty when the path has no ".".
+// The text memo that belongs to a note: cut at the last "." and ".txt" appended. Empty when the path has no
+// ".".
 std::wstring MemoPath(const std::wstring& notePath);
 
 // Where pictures made for e-mail lie, under the documents folder wherever the store is; ends in "\".

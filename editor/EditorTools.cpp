@@ -31,31 +31,31 @@ void FillSwatch(const ink::PixelSurface& surface, int image, ink::ColorRef color
 }  // namespace
 
 const platform::ToolBarLayout& EditorToolBarLayout() {
-    static const platform::ToolBarLayout layout{
-        IDB_EDITOR_TOOLS,
-        kImageWidth,
-        kImageHeight,
-        {{IDM_NEW_NOTE, L"New Note"},
-         {},
-         {IDM_BACKGROUND_COLOR, L"Page Color"},
-         {IDM_PEN, L"Pen"},
-         {IDM_PEN_COLOR_2, L"Recent Color 2"},
-         {IDM_PEN_COLOR_3, L"Recent Color 3"},
-         {IDM_PEN_COLOR_4, L"Recent Color 4"},
-         {IDM_PALETTE_PEN, L"More Colors"},
-         {},
-         {IDM_SPACE_TOOL, L"Space"},
-         {IDM_ERASER, L"Eraser"},
-         {IDM_FULL_ERASE, L"Full Erase"},
-         {},
-         {IDM_TOOLS, L"Tools"}}};
+    static const platform::ToolBarLayout layout{IDB_EDITOR_TOOLS,
+                                                kImageWidth,
+                                                kImageHeight,
+                                                {{IDM_NEW_NOTE, L"New Note"},
+                                                 {},
+                                                 {IDM_BACKGROUND_COLOR, L"Page Color"},
+                                                 {IDM_PEN, L"Pen"},
+                                                 {IDM_PEN_COLOR_2, L"Recent Color 2"},
+                                                 {IDM_PEN_COLOR_3, L"Recent Color 3"},
+                                                 {IDM_PEN_COLOR_4, L"Recent Color 4"},
+                                                 {IDM_PALETTE_PEN, L"More Colors"},
+                                                 {},
+                                                 {IDM_SPACE_TOOL, L"Space"},
+                                                 {IDM_ERASER, L"Eraser"},
+                                                 {IDM_FULL_ERASE, L"Full Erase"},
+                                                 {},
+                                                 {IDM_TOOLS, L"Tools"}}};
     return layout;
 }
 
 void ShowPenColors(platform::ToolBar& tools, const RecentColors& colors) {
     const platform::Image images = platform::Image::FromResource(IDB_EDITOR_TOOLS);
     if (images.IsValid()) {
-        for (int i = 0; i < 4; ++i) FillSwatch(images.Surface(), kFirstSwatch + i, colors[static_cast<size_t>(i)]);
+        for (int i = 0; i < 4; ++i)
+            FillSwatch(images.Surface(), kFirstSwatch + i, colors[static_cast<size_t>(i)]);
         tools.SetImages(images);
     }
     // A button repaints its image only when its state changes.

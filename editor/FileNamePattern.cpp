@@ -23,7 +23,8 @@ std::wstring Digits(int number, size_t width) {
 
 std::wstring TrimBlanks(const std::wstring& text) {
     const size_t first = text.find_first_not_of(L' ');
-    return first == std::wstring::npos ? std::wstring() : text.substr(first, text.find_last_not_of(L' ') - first + 1);
+    return first == std::wstring::npos ? std::wstring()
+                                       : text.substr(first, text.find_last_not_of(L' ') - first + 1);
 }
 
 std::wstring FolderName(const NameContext& name) {
@@ -40,7 +41,9 @@ std::wstring FolderPathNames(const NameContext& name) {
     return TrimBlanks(names);
 }
 
-std::wstring LastTwo(const std::wstring& text) { return text.substr(text.size() - std::min<size_t>(2, text.size())); }
+std::wstring LastTwo(const std::wstring& text) {
+    return text.substr(text.size() - std::min<size_t>(2, text.size()));
+}
 
 // Midnight is hour 0 here too: names made by earlier releases sort among new ones.
 int TwelveHour(const platform::DateTime& moment) { return moment.hour > 12 ? moment.hour - 12 : moment.hour; }
@@ -79,8 +82,8 @@ std::wstring ExpandCode(wchar_t letter, const NameContext& name) {
 
 }  // namespace
 
-std::wstring ExpandFileNamePattern(const std::wstring& pattern, NoteKind kind, const std::wstring& targetFolder,
-                                   const platform::DateTime& moment) {
+std::wstring ExpandFileNamePattern(const std::wstring& pattern, NoteKind kind,
+                                   const std::wstring& targetFolder, const platform::DateTime& moment) {
     const NameContext name{kind, targetFolder, moment};
     std::wstring text;
     for (size_t i = 0; i < pattern.size(); ++i) {

@@ -25,8 +25,8 @@ using platform::MessageAnswer;
 using platform::MessageButtons;
 using platform::MessageIcon;
 
-constexpr int kMenuInset = 20;        // pixels from the screen's bottom right corner
-constexpr uint32_t kTakeOver = 1;     // private message: another copy starts
+constexpr int kMenuInset = 20;     // pixels from the screen's bottom right corner
+constexpr uint32_t kTakeOver = 1;  // private message: another copy starts
 constexpr int kCannotOpen = -1;
 
 }  // namespace
@@ -88,7 +88,8 @@ bool InkCanvas::OutOfMemory() {
 
 void InkCanvas::MakeMenuBar() {
     if (!CreateMenuBar(EditorToolBarLayout())) {
-        platform::ShowMessage(this, L"SHCreateMenuBar() failed!", L" Error", MessageButtons::Ok, MessageIcon::Error);
+        platform::ShowMessage(this, L"SHCreateMenuBar() failed!", L" Error", MessageButtons::Ok,
+                              MessageIcon::Error);
     }
     ShowPenColors(Tools(), page_.penColors);
     Tools().SetEnabled(IDM_SPACE_TOOL, false);

@@ -43,7 +43,8 @@ platform::File CreateNamed(const std::wstring& folder, const std::wstring& name,
 platform::File CreateNewNoteFile(platform::Window* owner, NoteKind kind, std::wstring& notePath) {
     std::wstring folder = notePath;
     if (folder.empty()) {
-        folder = platform::DocumentsFolder() + L"\\" + app::kProductFolder + L"\\" + app::kNewNotesFolder + L"\\";
+        folder =
+            platform::DocumentsFolder() + L"\\" + app::kProductFolder + L"\\" + app::kNewNotesFolder + L"\\";
     }
     app::EnsureFolders(folder);
     const std::wstring proposed = FreeName(folder, ProposedName(kind, folder));

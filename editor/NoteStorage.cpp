@@ -44,10 +44,11 @@ void SaveMemo(platform::Window* owner, const ink::InkPage& page) {
     }
     platform::File file = platform::File::Create(app::MemoPath(page.notePath));
     if (file.IsOpen() && file.Write(bytes.data(), bytes.size())) return;
-    platform::ShowMessage(owner,
-                          L"Saving Text Memo Failed! Please make sure that the selected storage device has enough "
-                          L"free space.",
-                          L"Error", platform::MessageButtons::Ok, platform::MessageIcon::Error);
+    platform::ShowMessage(
+        owner,
+        L"Saving Text Memo Failed! Please make sure that the selected storage device has enough "
+        L"free space.",
+        L"Error", platform::MessageButtons::Ok, platform::MessageIcon::Error);
 }
 
 bool WriteAndClose(platform::File file, const ink::InkPage& page) {

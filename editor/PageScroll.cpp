@@ -25,7 +25,8 @@ platform::ScrollState ScrollRangeOf(const ink::InkPage& page) {
     return state;
 }
 
-ScrollTarget ScrollTargetOf(platform::ScrollCode code, const platform::ScrollState& scroll, int thumbPosition) {
+ScrollTarget ScrollTargetOf(platform::ScrollCode code, const platform::ScrollState& scroll,
+                            int thumbPosition) {
     using platform::ScrollCode;
     const int line = static_cast<int>(scroll.page / kLinesPerPage);
     const int view = static_cast<int>(scroll.page / kPageStep);
@@ -34,14 +35,18 @@ ScrollTarget ScrollTargetOf(platform::ScrollCode code, const platform::ScrollSta
     const int end = scroll.maximum - scroll.page;
     switch (code) {
         case ScrollCode::LineUp:
-        case ScrollCode::PageUp: return {std::max(scroll.position - step, scroll.minimum), false};
+        case ScrollCode::PageUp:
+            return {std::max(scroll.position - step, scroll.minimum), false};
         case ScrollCode::LineDown:
         case ScrollCode::PageDown:
             if (scroll.position < end) return {std::min(scroll.position + step, end), false};
             return {scroll.position, true};
-        case ScrollCode::ThumbPosition: return {thumbPosition, false};
-        case ScrollCode::Top: return {scroll.minimum, false};
-        case ScrollCode::Bottom: return {scroll.maximum, false};
+        case ScrollCode::ThumbPosition:
+            return {thumbPosition, false};
+        case ScrollCode::Top:
+            return {scroll.minimum, false};
+        case ScrollCode::Bottom:
+            return {scroll.maximum, false};
     }
     return {scroll.position, false};
 }

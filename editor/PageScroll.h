@@ -16,7 +16,8 @@ struct ScrollTarget {
     int32_t position = 0;
     bool atEnd = false;  // a step down was asked for at the end of the range
 };
-ScrollTarget ScrollTargetOf(platform::ScrollCode code, const platform::ScrollState& scroll, int thumbPosition);
+ScrollTarget ScrollTargetOf(platform::ScrollCode code, const platform::ScrollState& scroll,
+                            int thumbPosition);
 
 // True when the last whole band of the page (even slot) holds ink, so that there is reason to make room.
 bool LastBandHoldsInk(const ink::InkPage& page);

@@ -30,7 +30,8 @@ class PageView {
     // Ink of a stroke in progress, straight to the screen. Each segment starts at the last one's end.
     void BeginStroke();
     void PaintSegment(const ink::Point* points, size_t count);
-    // Draws the rows and columns of a finished stroke again from the page: strokes of lower slots lie above it.
+    // Draws the rows and columns of a finished stroke again from the page: strokes of lower slots lie above
+    // it.
     void FinishStroke(const ink::Rect& box);
 
   private:

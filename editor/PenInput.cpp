@@ -9,9 +9,9 @@ namespace editor {
 
 namespace {
 
-constexpr int32_t kBottomZone = 20;            // rows above the view's bottom edge
-constexpr uint32_t kTimerPeriod = 270;         // milliseconds
-constexpr uint32_t kPauseBeforeScroll = 530;   // milliseconds
+constexpr int32_t kBottomZone = 20;           // rows above the view's bottom edge
+constexpr uint32_t kTimerPeriod = 270;        // milliseconds
+constexpr uint32_t kPauseBeforeScroll = 530;  // milliseconds
 constexpr uint8_t kClassicPen = 1;
 
 }  // namespace
@@ -109,8 +109,8 @@ void PenInput::PaintSegment() { view_.PaintSegment(segment_.data(), segmentCount
 // The pending points stay when there is no memory for their record.
 void PenInput::CutStroke() {
     const ink::Rect box = trace_.Box();
-    const ink::AddResult result = page_.AddStroke(trace_.Points(), static_cast<int32_t>(trace_.Count()), box.top,
-                                                  box.bottom, page_.penColors[0]);
+    const ink::AddResult result = page_.AddStroke(trace_.Points(), static_cast<int32_t>(trace_.Count()),
+                                                  box.top, box.bottom, page_.penColors[0]);
     if (result == ink::AddResult::OutOfMemory) return platform::ShowOutOfMemory(&window_);
     if (result == ink::AddResult::NothingToAdd) return;
     trace_.Clear();

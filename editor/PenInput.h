@@ -26,7 +26,8 @@ class PenInput {
     // Every scroll request ends the wait for the auto-scroll.
     void StopTimer();
 
-    // The view moved down the page by `rows` (up when negative): a stroke in progress goes on where the pen is.
+    // The view moved down the page by `rows` (up when negative): a stroke in progress goes on where the pen
+    // is.
     void ViewMoved(int32_t rows);
 
     bool IsTracking() const { return tracking_; }

@@ -4,7 +4,8 @@
 
 namespace editor {
 
-SaveAsDialog::SaveAsDialog(const std::wstring& proposedName) : Dialog(IDD_SAVE_AS), proposedName_(proposedName) {}
+SaveAsDialog::SaveAsDialog(const std::wstring& proposedName)
+    : Dialog(IDD_SAVE_AS), proposedName_(proposedName) {}
 
 bool SaveAsDialog::OnCreate() {
     ProposeName();
@@ -16,7 +17,8 @@ void SaveAsDialog::OnCommand(int id) {
     if (id == platform::kIdOk) {
         const std::wstring typed = ItemText(IDC_FILE_NAME);
         const size_t first = typed.find_first_not_of(L" \t");
-        name_ = first == std::wstring::npos ? L"" : typed.substr(first, typed.find_last_not_of(L" \t") - first + 1);
+        name_ = first == std::wstring::npos ? L""
+                                            : typed.substr(first, typed.find_last_not_of(L" \t") - first + 1);
     }
     Dialog::OnCommand(id);
 }

@@ -13,9 +13,9 @@ using ink::ColorRef;
 using platform::Rect;
 
 constexpr int kColumns = 8;
-constexpr int kCell = 24;    // pixels: wide enough for a fingertip of a stylus
-constexpr int kMargin = 4;   // around the grid
-constexpr int kInset = 2;    // from a cell's edge to its colour
+constexpr int kCell = 24;   // pixels: wide enough for a fingertip of a stylus
+constexpr int kMargin = 4;  // around the grid
+constexpr int kInset = 2;   // from a cell's edge to its colour
 constexpr uint32_t kFace = 0xF0F0F0;
 constexpr uint32_t kEdge = 0x909090;
 constexpr uint32_t kMark = 0x202020;

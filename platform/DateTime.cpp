@@ -43,8 +43,8 @@ int DayOfWeek(int year, int month, int day) {
 
 DateTime AddSeconds(const DateTime& moment, int64_t seconds) {
     constexpr int64_t kDay = 86400;
-    const int64_t total = DayNumber(moment.year, moment.month, moment.day) * kDay + moment.hour * int64_t{3600} +
-                          moment.minute * int64_t{60} + moment.second + seconds;
+    const int64_t total = DayNumber(moment.year, moment.month, moment.day) * kDay +
+                          moment.hour * int64_t{3600} + moment.minute * int64_t{60} + moment.second + seconds;
     DateTime result = moment;
     SetDateFromDayNumber(total / kDay, result);
     const int rest = static_cast<int>(total % kDay);

@@ -25,10 +25,10 @@ EntryKind FindEntry(const std::wstring& path);
 // the folder can't be enumerated; a folder without a match gives true and an empty list.
 bool ListFolder(const std::wstring& folder, const std::wstring& pattern, std::vector<FolderEntry>& entries);
 
-bool MakeFolder(const std::wstring& path);   // one level
-bool DropFolder(const std::wstring& path);   // must be empty
+bool MakeFolder(const std::wstring& path);  // one level
+bool DropFolder(const std::wstring& path);  // must be empty
 bool EraseFile(const std::wstring& path);
-bool MoveEntry(const std::wstring& from, const std::wstring& to);  // file or folder; never overwrites
+bool MoveEntry(const std::wstring& from, const std::wstring& to);   // file or folder; never overwrites
 bool CopyFileTo(const std::wstring& from, const std::wstring& to);  // overwrites
 
 // Bytes that the caller may still use on the storage that holds `folder`.

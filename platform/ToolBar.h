@@ -8,7 +8,7 @@
 namespace platform {
 
 struct ToolBarButton {
-    int command = 0;                // 0 = separator
+    int command = 0;                 // 0 = separator
     const wchar_t* title = nullptr;  // tool tip
 };
 

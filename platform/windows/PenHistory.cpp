@@ -28,8 +28,10 @@ int HistoryFrom(POINT place, DWORD messageTime, MOUSEMOVEPOINT* history) {
     return 0;
 }
 
+bool IsSamePlace(const MOUSEMOVEPOINT& a, const MOUSEMOVEPOINT& b) { return a.x == b.x && a.y == b.y; }
+
 bool IsSame(const MOUSEMOVEPOINT& a, const MOUSEMOVEPOINT& b) {
-    return a.time == b.time && a.x == b.x && a.y == b.y;
+    return a.time == b.time && IsSamePlace(a, b);
 }
 
 }  // namespace
@@ -60,13 +62,18 @@ size_t PenHistory::Samples(HWND window, ink::Point* samples, size_t capacity) co
     // clock would count as new.
     if (!handling_ || known_ <= 0 || IsSame(history_[0], last_)) return 0;
     size_t count = 0;
-    for (int i = 1; i < known_ && count < capacity; ++i) {  // [0] is the message's own position
+    const MOUSEMOVEPOINT* newer = &history_[0];  // the message's own position
+    for (int i = 1; i < known_ && count < capacity; ++i) {
         const MOUSEMOVEPOINT& entry = history_[i];
         if (IsSame(entry, last_) || IsLater(last_.time, entry.time)) break;
+        // The system notes a position again when it moves the pointer there itself.
+        if (IsSamePlace(entry, *newer)) continue;
+        newer = &entry;
         POINT client{Signed(entry.x), Signed(entry.y)};
         ScreenToClient(window, &client);
         samples[count++] = {client.x, client.y};
     }
+    if (count > 0 && IsSamePlace(*newer, last_)) --count;
     std::reverse(samples, samples + count);
     return count;
 }

@@ -1,5 +1,4 @@
 #include "app/CommandLine.h"
-
 #include "tests/support/DeskTest.h"
 
 namespace {
@@ -37,7 +36,8 @@ const Case kCases[] = {
     {L"/manage", L"\\Card\\Ink\\New Notes\\", false, true},
     {L"/manage Work", L"\\Card\\Ink\\Work\\", false, true},
     {L"/manage \\Storage Card\\Ink", L"\\Storage Card\\Ink\\", false, true},
-    {L"/newreminder 2004-02-29", L"\\Card\\Ink\\Reminders\\2004-02-29\\", false, false, L"", L"Sunday, 2/29/2004"},
+    {L"/newreminder 2004-02-29", L"\\Card\\Ink\\Reminders\\2004-02-29\\", false, false, L"",
+     L"Sunday, 2/29/2004"},
     {L"/newreminder 2004-02-30", L""},
     {L"/newreminder 2004-2-3", L""},
     {L"/newreminder 2004x02x03", L""},

@@ -53,10 +53,24 @@ TEST_F(Program, TheKeyHoldsAllColoursAfterARun) {
     EXPECT_EQ(device.Settings()[L"PenColor_2"].type, platform::RegistryType::Number);
 }
 
+TEST_F(Program, ANoteIsWrittenWithoutAnyRegistry) {
+    device.registryFails = true;
+    Then([this] {
+        Desk().Stroke({{30, 100}, {40, 110}});
+        Desk().Command(platform::kIdOk);
+    });
+    AcceptName();
+    Run(L"");
+    const auto page = ReadBack(std::wstring(testing_support::kNewNotes) + L"New Notes 2007-03-05.ikw");
+    EXPECT_EQ(page->Band(0)->At(0).Color(), 0x808080u);
+    EXPECT_THAT(Desk().messages, IsEmpty());
+}
+
 TEST_F(Program, AnotherCopyIsToldToCloseAndWaitedForAtMostThreeRounds) {
     device.files.Put(L"\\a.ikw", testing_support::Words({5, 0xFFFFFF, 0, 268}));
     for (const int commandsUntilClosed : {1, 2, 100}) {
-        device.otherCopies = {ForeignWindow{true, true, commandsUntilClosed, {}, {}}, ForeignWindow{false, false, 1, {}, {}}};
+        device.otherCopies = {ForeignWindow{true, true, commandsUntilClosed, {}, {}},
+                              ForeignWindow{false, false, 1, {}, {}}};
         const uint32_t before = device.ticks;
         Close();
         Run(L"\\a.ikw");
@@ -69,7 +83,8 @@ TEST_F(Program, AnotherCopyIsToldToCloseAndWaitedForAtMostThreeRounds) {
 }
 
 TEST_F(Program, WithoutATargetTheCopyInFrontIsToldOnce) {
-    device.otherCopies = {ForeignWindow{}, ForeignWindow{true, true, 1, {}, {}}, ForeignWindow{true, true, 1, {}, {}}};
+    device.otherCopies = {ForeignWindow{}, ForeignWindow{true, true, 1, {}, {}},
+                          ForeignWindow{true, true, 1, {}, {}}};
     Close();
     Run(L"");
     EXPECT_THAT(device.otherCopies[0].privateMessages, IsEmpty());

@@ -1,6 +1,5 @@
-#include "app/Settings.h"
-
 #include "app/PenSettings.h"
+#include "app/Settings.h"
 #include "tests/support/DeskTest.h"
 
 namespace {
@@ -12,7 +11,8 @@ class Settings : public testing_support::DeskTest {};
 
 TEST_F(Settings, AnEmptyKeyGivesTheFirstNotesColours) {
     const app::PenSettings pen = app::LoadPenSettings();
-    EXPECT_THAT(pen.recentColors, testing::ElementsAre(0x808080u, 0x4040FFu, 0x40FF40u, 0xFF4040u, 0xFF40FFu));
+    EXPECT_THAT(pen.recentColors,
+                testing::ElementsAre(0x808080u, 0x4040FFu, 0x40FF40u, 0xFF4040u, 0xFF40FFu));
     EXPECT_EQ(pen.backgroundColor, 0xFFFFFFu);
     EXPECT_EQ(pen.penSize, 10);
     EXPECT_EQ(pen.penStyle, 2);

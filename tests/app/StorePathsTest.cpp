@@ -1,5 +1,4 @@
 #include "app/StorePaths.h"
-
 #include "tests/support/DeskTest.h"
 
 namespace {
@@ -42,7 +41,8 @@ TEST_F(StorePaths, DateFolderNames) {
     ASSERT_TRUE(app::ParseDateFolderName(L"2007-03-05", day));
     EXPECT_EQ(day.dayOfWeek, 1);
     EXPECT_EQ(app::DateFolderName(day), L"2007-03-05");
-    for (const wchar_t* bad : {L"2007-3-05", L"2007-00-05", L"2007-02-29", L"2007/03/05", L"2007-03-055", L"+207-03-05"}) {
+    for (const wchar_t* bad :
+         {L"2007-3-05", L"2007-00-05", L"2007-02-29", L"2007/03/05", L"2007-03-055", L"+207-03-05"}) {
         EXPECT_FALSE(app::ParseDateFolderName(bad, day)) << std::wstring(bad).size();
     }
 }

@@ -111,10 +111,11 @@ TEST_F(Alarm, NoticeTextsByPlace) {
         const wchar_t* path;
         const wchar_t* text;
     };
-    for (const Case& c : {Case{L"\\D\\INKWRIGHT\\Work\\a.b.ikw", L"Inkwright \u00BB Work\n\na.b"},
-                          Case{L"\\D\\Inkwright\\a.ikw", L"Inkwright \u00BB Alarm\n\na"},
-                          Case{L"\\D\\Inkwright\\Work\\Deep\\a.ikw", L"Inkwright \u00BB Alarm\n\na"},
-                          Case{L"\\D\\Inkwright\\reminders\\someday\\a.ikw", L"Inkwright \u00BB Reminders\n\na"}}) {
+    for (const Case& c :
+         {Case{L"\\D\\INKWRIGHT\\Work\\a.b.ikw", L"Inkwright \u00BB Work\n\na.b"},
+          Case{L"\\D\\Inkwright\\a.ikw", L"Inkwright \u00BB Alarm\n\na"},
+          Case{L"\\D\\Inkwright\\Work\\Deep\\a.ikw", L"Inkwright \u00BB Alarm\n\na"},
+          Case{L"\\D\\Inkwright\\reminders\\someday\\a.ikw", L"Inkwright \u00BB Reminders\n\na"}}) {
         EXPECT_EQ(alarms::AlarmNoticeText(c.path), c.text);
     }
 }

@@ -1,5 +1,4 @@
 #include "editor/FileNamePattern.h"
-
 #include "tests/support/DeskTest.h"
 
 namespace {
@@ -17,9 +16,10 @@ TEST_F(FileNamePattern, EveryCode) {
         const wchar_t* pattern;
         const wchar_t* name;
     };
-    for (const Case& c : {Case{L"%f", L"My Plans"}, Case{L"%y %Y", L"07 2007"}, Case{L"%m/%M %d/%D", L"03/3 05/5"},
-                          Case{L"%g %h %G %H", L"9 09 9 09"}, Case{L"%i.%s", L"07.05"}, Case{L"%a%A", L"amAM"},
-                          Case{L"100%", L"100%"}, Case{L"%%d %q", L"%d %q"}, Case{L"plain", L"plain"}}) {
+    for (const Case& c :
+         {Case{L"%f", L"My Plans"}, Case{L"%y %Y", L"07 2007"}, Case{L"%m/%M %d/%D", L"03/3 05/5"},
+          Case{L"%g %h %G %H", L"9 09 9 09"}, Case{L"%i.%s", L"07.05"}, Case{L"%a%A", L"amAM"},
+          Case{L"100%", L"100%"}, Case{L"%%d %q", L"%d %q"}, Case{L"plain", L"plain"}}) {
         EXPECT_EQ(ExpandFileNamePattern(c.pattern, NoteKind::Ordinary, folder, march), c.name);
     }
 }

@@ -29,7 +29,8 @@ class Naming : public testing_support::DeskTest {
 };
 
 TEST_F(Naming, ProposesTheFolderAndTheDayAndKeepsNamesApart) {
-    for (const wchar_t* name : {L"New Notes 2007-03-05", L"New Notes 2007-03-05 (1)", L"New Notes 2007-03-05 (2)"}) {
+    for (const wchar_t* name :
+         {L"New Notes 2007-03-05", L"New Notes 2007-03-05 (1)", L"New Notes 2007-03-05 (2)"}) {
         WriteAndClose();
         Then([this, name] {
             EXPECT_EQ(Desk().Top()->Title(), L" Inkwright - Save As");
@@ -47,7 +48,8 @@ TEST_F(Naming, AReminderIsNamedByItsOwnPattern) {
     WriteAndClose();
     AcceptName();
     Run(L"/newreminder 2007-03-08");
-    EXPECT_THAT(device.files.NamesIn(L"\\Ink\\Reminders\\2007-03-08"), ElementsAre(L"Reminder 2007-03-08.ikw"));
+    EXPECT_THAT(device.files.NamesIn(L"\\Ink\\Reminders\\2007-03-08"),
+                ElementsAre(L"Reminder 2007-03-08.ikw"));
 }
 
 TEST_F(Naming, DefaultPutsTheProposalBackAndBlanksAreTrimmed) {
@@ -74,7 +76,8 @@ TEST_F(Naming, ATakenNameIsMadeUniqueAgain) {
 TEST_F(Naming, RefusedNamesAreAskedForAgain) {
     device.files.PutFolder(std::wstring(kNewNotes) + L"sub");
     WriteAndClose();
-    for (const wchar_t* refused : {L"", L"   ", L"a/b", L"what?", L"a:b", L"sub\\a", L"\"a\"", L"a|b", L"<a>", L"*"}) {
+    for (const wchar_t* refused :
+         {L"", L"   ", L"a/b", L"what?", L"a:b", L"sub\\a", L"\"a\"", L"a|b", L"<a>", L"*"}) {
         TypeAndAccept(refused);
         Then([this] { EXPECT_EQ(TypedName(), L"New Notes 2007-03-05"); });
     }
@@ -84,7 +87,8 @@ TEST_F(Naming, RefusedNamesAreAskedForAgain) {
     ASSERT_EQ(Desk().messages.size(), 10u);
     for (const auto& message : Desk().messages) {
         EXPECT_EQ(message.text,
-                  L"Failed to create a file!\n\nPlease make sure that you have enough free storage space and the file "
+                  L"Failed to create a file!\n\nPlease make sure that you have enough free storage space and "
+                  L"the file "
                   L"name does not contain any of the following characters:\n\\ / : * ? \" < > |");
         EXPECT_EQ(message.caption, L" Error");
         EXPECT_EQ(message.icon, platform::MessageIcon::Error);

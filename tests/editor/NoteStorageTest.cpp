@@ -27,8 +27,9 @@ TEST_F(NoteStorage, ANoteIsShownAndWrittenBackWithNewInk) {
     Then([this] { Desk().Stroke({{30, 100}, {40, 110}}); });
     Close();
     Run(kNote);
-    EXPECT_EQ(device.files.Get(kNote), Words({5, 0x00FFFF, 1, 268, 2, 2, 0, 0x3456, 0x12, 60, 70, 10, 60, 20, 70, 2, 0,
-                                              0x8080, 0x80, 100, 110, 30, 100, 40, 110}));
+    EXPECT_EQ(device.files.Get(kNote),
+              Words({5,  0x00FFFF, 1, 268, 2,      2,    0,   0x3456, 0x12, 60,  70, 10, 60,
+                     20, 70,       2, 0,   0x8080, 0x80, 100, 110,    30,   100, 40, 110}));
     EXPECT_GT(Desk().waitCursors, 0);
 }
 
@@ -101,9 +102,7 @@ TEST_F(NoteStorage, AReadErrorAtAnyReadLosesNothing) {
 }
 
 TEST_F(NoteStorage, TheBackgroundOfTheFileIsTaken) {
-    Then([this] {
-        EXPECT_EQ(Shown().Row(200)[100], 0xFFFF00u);
-    });
+    Then([this] { EXPECT_EQ(Shown().Row(200)[100], 0xFFFF00u); });
     Close();
     Run(kNote);
     EXPECT_EQ(device.NumberSetting(L"LastBGColor"), 0x00FFFFu) << "the next new page looks the same";

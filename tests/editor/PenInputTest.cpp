@@ -121,7 +121,8 @@ TEST_F(PenInput, LiveInkIsTheInkOfARepaint) {
                 Desk().Stroke({{0, 0}, {223, 267}, {5, 200}, {-4, 100}, {230, 30}});
                 live = ShownPixels();
             });
-            EXPECT_TRUE(live == Repainted(*page, static_cast<uint8_t>(style), size * 0.1)) << style << " " << size;
+            EXPECT_TRUE(live == Repainted(*page, static_cast<uint8_t>(style), size * 0.1))
+                << style << " " << size;
         }
     }
 }

@@ -73,7 +73,8 @@ TEST_F(Scroll, StepsByLinesAndPages) {
 
 TEST_F(Scroll, ArrowKeysScrollByPagesUpAndDownByLinesLeftAndRight) {
     device.files.Put(kNote, NoteOfRows({10, -1, 300, -1, 600}));
-    const std::pair<Key, int> presses[] = {{Key::Down, 233}, {Key::Right, 259}, {Key::Up, 26}, {Key::Left, 0}};
+    const std::pair<Key, int> presses[] = {
+        {Key::Down, 233}, {Key::Right, 259}, {Key::Up, 26}, {Key::Left, 0}};
     for (const auto& press : presses) {
         Then([this, press] { Desk().Press(press.first); });
         Then([this, press] { EXPECT_EQ(State().position, press.second); });
