@@ -41,7 +41,8 @@ void PenHistory::Begin(HWND window, ink::Point position) {
     handling_ = true;
     Leave();
     handling_ = false;
-    down_ = true;
+    // Without the press in the history nothing tells what came before it.
+    down_ = known_ > 0;
 }
 
 void PenHistory::Arrive(HWND window, ink::Point position) {
