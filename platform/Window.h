@@ -56,7 +56,8 @@ class Window {
     bool StartTimer(int id, uint32_t periodMilliseconds);
     void StopTimer(int id);
 
-    // Pen capture: all pen events come here until released or taken away (OnCaptureLost).
+    // Pen capture: all pen events come here until released or taken away. OnCaptureLost tells of either, a
+    // release included, before ReleasePen returns.
     void CapturePen();
     void ReleasePen();
     bool HasPen() const;
