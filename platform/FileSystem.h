@@ -10,6 +10,8 @@
 // without its leading "\" names the same entry. Matching is case-insensitive, as on the handheld.
 namespace platform {
 
+class Window;
+
 enum class EntryKind { Missing, File, Folder };
 
 struct FolderEntry {
@@ -25,6 +27,12 @@ EntryKind FindEntry(const std::wstring& path);
 // the folder can't be enumerated; a folder without a match gives true and an empty list.
 bool ListFolder(const std::wstring& folder, const std::wstring& pattern, std::vector<FolderEntry>& entries);
 
+// When the file was last written, local time.
+bool LastWriteTime(const std::wstring& path, DateTime& moment);
+
+// True for any entry that has attributes of its own: also for a path with a trailing "\".
+bool Exists(const std::wstring& path);
+
 bool MakeFolder(const std::wstring& path);  // one level
 bool DropFolder(const std::wstring& path);  // must be empty
 bool EraseFile(const std::wstring& path);
@@ -36,6 +44,12 @@ bool FreeBytes(const std::wstring& folder, uint64_t& bytes);
 
 // The user's personal documents folder, made when missing; no trailing "\".
 std::wstring DocumentsFolder();
+
+// Folders in the root that are storage cards, such as "Storage Card", in order.
+std::vector<std::wstring> StorageCards();
+
+// Lets the user choose any folder, starting at `start`. False when the choice was cancelled.
+bool ChooseFolder(Window* owner, const std::wstring& title, const std::wstring& start, std::wstring& chosen);
 
 // A path of the host system (drive letter, share) as the handheld path of the same place; a text that is
 // no host path comes back unchanged.

@@ -11,6 +11,13 @@ std::wstring ShortDate(const DateTime& date);
 std::wstring LongDate(const DateTime& date);
 // Date picture such as L"dddd',' ".
 std::wstring DatePicture(const DateTime& date, const wchar_t* picture);
+// "March 2007" in the locale's year-month form.
+std::wstring YearAndMonth(int year, int month);
+// Abbreviated and full names of the days, 0 = Monday to 6 = Sunday.
+std::wstring ShortDayName(int day);
+std::wstring DayName(int day);
+// The locale's first day of the week, 0 = Monday to 6 = Sunday.
+int FirstDayOfWeek();
 // The default date-and-time form; midnight shows the date only.
 std::wstring DateAndTime(const DateTime& moment);
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/DateTime.h"
 
@@ -27,5 +28,14 @@ struct UserNotification {
 // Adds a notification, or replaces `existing` in place when it is not 0. 0 when it could not be set.
 NotificationHandle SetNotification(NotificationHandle existing, const NotificationTrigger& trigger,
                                    const UserNotification& notification);
+
+// Handles of all notifications of all programs. False when the database can't be read.
+bool ListNotifications(std::vector<NotificationHandle>& handles);
+
+// One entry. False when it is gone or can't be read.
+bool ReadNotification(NotificationHandle handle, NotificationTrigger& trigger,
+                      UserNotification& notification);
+
+bool ClearNotification(NotificationHandle handle);
 
 }  // namespace platform

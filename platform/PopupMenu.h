@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@ class PopupMenu {
   public:
     void Add(int command, const std::wstring& text, bool enabled = true);
     void AddSeparator();
+    void AddSubmenu(const std::wstring& text, const PopupMenu& submenu);
 
     // Shows the menu at `place` (handheld screen pixels), kept on the screen, and waits for the choice.
     // Returns its command, 0 when it was dismissed.
@@ -23,6 +25,7 @@ class PopupMenu {
         int command = 0;  // 0 = separator
         std::wstring text;
         bool enabled = true;
+        std::shared_ptr<const PopupMenu> submenu;  // null for a command
     };
     const std::vector<Item>& Items() const { return items_; }
 

@@ -47,6 +47,8 @@ class Window {
     void Invalidate();
     // Copies `source` (in image pixels) to the same place of the client area, at once or within OnPaint.
     void Show(const Image& image, const Rect& source);
+    // Copies the whole image to `topLeft` of the client area, at once or within OnPaint.
+    void ShowAt(const Image& image, Point topLeft);
     // Moves what the client area shows by `dy` rows (down when positive); the uncovered rows keep what
     // they showed and are the caller's to draw. Rows that another window covered are invalidated.
     void ScrollPixels(int dy);

@@ -130,6 +130,19 @@ namespace platform {
 using host::HostDesk;
 using host::HostDevice;
 
+namespace {
+
+// Whether a person could choose the command in the menu or one of its submenus.
+bool Offers(const PopupMenu& menu, int command) {
+    for (const PopupMenu::Item& item : menu.Items()) {
+        if (item.submenu != nullptr && Offers(*item.submenu, command)) return true;
+        if (item.command == command && command != 0 && item.enabled) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
 MessageAnswer ShowMessage(Window*, const std::wstring& text, const std::wstring& caption,
                           MessageButtons buttons, MessageIcon icon, DefaultButton defaultButton) {
     HostDesk& desk = HostDevice::Current().desk;
@@ -153,19 +166,20 @@ WaitCursor::WaitCursor() {
 WaitCursor::~WaitCursor() { --HostDevice::Current().desk.waitCursorDepth; }
 
 void PopupMenu::Add(int command, const std::wstring& text, bool enabled) {
-    items_.push_back({command, text, enabled});
+    items_.push_back({command, text, enabled, nullptr});
 }
 
 void PopupMenu::AddSeparator() { items_.push_back({}); }
+
+void PopupMenu::AddSubmenu(const std::wstring& text, const PopupMenu& submenu) {
+    items_.push_back({0, text, true, std::make_shared<const PopupMenu>(submenu)});
+}
 
 int PopupMenu::Choose(Window&, ink::Point place) const {
     HostDesk& desk = HostDevice::Current().desk;
     desk.menuPlace = place;
     const int command = desk.chooseFromMenu ? desk.chooseFromMenu(items_) : 0;
-    for (const Item& item : items_) {
-        if (item.command == command && item.enabled) return command;
-    }
-    return 0;
+    return Offers(*this, command) ? command : 0;
 }
 
 }  // namespace platform

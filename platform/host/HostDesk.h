@@ -53,6 +53,9 @@ class HostDesk {
     std::function<int(const std::vector<PopupMenu::Item>&)> chooseFromMenu;
     Point menuPlace;
 
+    // The folder chooser: what it gives; cancelled when empty.
+    std::wstring chosenFolder;
+
     int outOfMemoryBoxes = 0;
     int waitCursorDepth = 0;
     int waitCursors = 0;  // how often it came up

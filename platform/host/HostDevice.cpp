@@ -72,6 +72,27 @@ NotificationHandle SetNotification(NotificationHandle existing, const Notificati
     return handle;
 }
 
+bool ListNotifications(std::vector<NotificationHandle>& handles) {
+    handles.clear();
+    for (const auto& entry : HostDevice::Current().notifications) handles.push_back(entry.first);
+    return !HostDevice::Current().notificationsFail;
+}
+
+bool ReadNotification(NotificationHandle handle, NotificationTrigger& trigger,
+                      UserNotification& notification) {
+    const HostDevice& device = HostDevice::Current();
+    const auto found = device.notifications.find(handle);
+    if (found == device.notifications.end() || device.unreadableNotifications.count(handle) != 0)
+        return false;
+    trigger = found->second.trigger;
+    notification = found->second.notification;
+    return true;
+}
+
+bool ClearNotification(NotificationHandle handle) {
+    return HostDevice::Current().notifications.erase(handle) != 0;
+}
+
 std::wstring ProgramPath() { return L"C:\\Program Files\\Inkwright\\inkwright.exe"; }
 
 std::vector<OtherWindow> WindowsOfOtherCopies() {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -59,6 +60,7 @@ class HostDevice {
 
     std::map<NotificationHandle, StoredNotification> notifications;
     bool notificationsFail = false;
+    std::set<NotificationHandle> unreadableNotifications;
 
     // How many pictures can still be made before memory is short.
     int picturesLeft = 1 << 30;

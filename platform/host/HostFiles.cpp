@@ -153,6 +153,17 @@ bool ListFolder(const std::wstring& folder, const std::wstring& pattern, std::ve
     return true;
 }
 
+bool LastWriteTime(const std::wstring& path, DateTime& moment) {
+    const HostFileStore::NodePointer node = Store().Find(path);
+    if (node == nullptr) return false;
+    moment = node->lastWrite;
+    return true;
+}
+
+bool Exists(const std::wstring& path) {
+    return HostFileStore::IsValidName(path) && Store().Find(path) != nullptr;
+}
+
 bool MakeFolder(const std::wstring& path) {
     if (FaultAt(FileCall::MakeFolder, path) != FileError::None) return false;
     HostFileStore& store = Store();
@@ -218,6 +229,19 @@ bool FreeBytes(const std::wstring& folder, uint64_t& bytes) {
 std::wstring DocumentsFolder() {
     Store().PutFolder(L"\\My Documents");
     return L"\\My Documents";
+}
+
+std::vector<std::wstring> StorageCards() {
+    std::vector<std::wstring> cards;
+    for (const std::wstring& name : Store().NamesIn(L"")) {
+        if (HostFileStore::KeyOf(name).compare(0, 13, L"\\STORAGE CARD") == 0) cards.push_back(name);
+    }
+    return cards;
+}
+
+bool ChooseFolder(Window*, const std::wstring&, const std::wstring&, std::wstring& chosen) {
+    chosen = HostDevice::Current().desk.chosenFolder;
+    return !chosen.empty();
 }
 
 std::wstring FromHostPath(const std::wstring& path) {

@@ -25,7 +25,7 @@ std::wstring Format(const wchar_t* form, Values... values) {
 
 bool IsDate(const DateTime& date) { return IsValidDate(date.year, date.month, date.day); }
 
-std::wstring DayName(const DateTime& date) { return kDays[DayOfWeek(date.year, date.month, date.day)]; }
+std::wstring NameOfDay(const DateTime& date) { return kDays[DayOfWeek(date.year, date.month, date.day)]; }
 
 // Replaces one run of a picture letter; returns what it stands for.
 std::wstring PictureRun(const DateTime& date, wchar_t letter, size_t length) {
@@ -33,7 +33,7 @@ std::wstring PictureRun(const DateTime& date, wchar_t letter, size_t length) {
     const size_t which = letter == L'd' ? 0 : letter == L'M' ? 1 : 2;
     if (which == 2) return length > 2 ? Format(L"%04d", date.year) : Format(L"%02d", date.year % 100);
     if (length <= 2) return Format(length == 1 ? L"%d" : L"%02d", values[which]);
-    const std::wstring name = which == 0 ? DayName(date) : kMonths[date.month - 1];
+    const std::wstring name = which == 0 ? NameOfDay(date) : kMonths[date.month - 1];
     return length == 3 ? name.substr(0, 3) : name;
 }
 
@@ -68,6 +68,16 @@ std::wstring DateAndTime(const DateTime& moment) {
     return date +
            Format(L" %d:%02d:%02d %ls", hour, moment.minute, moment.second, moment.hour < 12 ? L"AM" : L"PM");
 }
+
+std::wstring YearAndMonth(int year, int month) {
+    return DatePicture({year, month, 0, 1, 0, 0, 0, 0}, L"MMMM yyyy");
+}
+
+std::wstring DayName(int day) { return kDays[(day + 1) % 7]; }
+
+std::wstring ShortDayName(int day) { return DayName(day).substr(0, 3); }
+
+int FirstDayOfWeek() { return 6; }
 
 bool EqualNoCase(const std::wstring& a, const std::wstring& b) {
     if (a.size() != b.size()) return false;

@@ -37,6 +37,17 @@ void Window::Show(const Image& image, const Rect& source) {
     }
 }
 
+void Window::ShowAt(const Image& image, Point topLeft) {
+    if (!Exists() || !image.IsValid()) return;
+    const ink::PixelSurface from = image.Surface();
+    const ink::PixelSurface to = impl_->shown.Surface();
+    const Rect target = Intersect(Offset(from.Bounds(), topLeft.x, topLeft.y), to.Bounds());
+    for (int y = target.top; y < target.bottom; ++y) {
+        const uint32_t* row = from.Row(y - topLeft.y) - topLeft.x;
+        std::copy(row + target.left, row + target.right, to.Row(y) + target.left);
+    }
+}
+
 void Window::ScrollPixels(int dy) {
     if (!Exists() || dy == 0) return;
     const ink::PixelSurface shown = impl_->shown.Surface();

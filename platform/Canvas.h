@@ -1,0 +1,60 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "ink/Color.h"
+#include "ink/Geometry.h"
+#include "platform/Image.h"
+
+namespace platform {
+
+using ink::Point;
+using ink::Rect;
+
+// A font of the screen; `tenthPoints` is its size in tenths of a point.
+struct Font {
+    int tenthPoints = 80;
+    bool bold = false;
+};
+
+enum class SystemColor { ButtonFace, ButtonText, WindowFrame };
+ink::ColorRef ColorOf(SystemColor color);
+
+// Small pictures side by side in one bitmap resource, with a transparent colour. Move-only.
+class ImageList {
+  public:
+    ImageList();
+    ImageList(ImageList&& other) noexcept;
+    ImageList& operator=(ImageList&& other) noexcept;
+    ~ImageList();
+
+    static ImageList FromResource(int bitmapId, int imageSize, ink::ColorRef mask);
+    bool IsValid() const { return impl_ != nullptr; }
+
+    struct Impl;
+    const Impl* Handle() const { return impl_.get(); }
+
+  private:
+    std::unique_ptr<Impl> impl_;
+};
+
+// Draws shapes and Tahoma text into an image. Text is drawn without a background of its own.
+class Canvas {
+  public:
+    explicit Canvas(const Image& image) : image_(image) {}
+
+    void Fill(const Rect& area, ink::ColorRef color);
+    // Text from its top left corner, clipped to `clip`; no prefix characters.
+    void Text(const std::wstring& text, Point topLeft, const Font& font, ink::ColorRef color,
+              const Rect& clip);
+    // Width and height of a text in pixels: right and bottom of a rectangle at (0, 0).
+    static Rect TextSize(const std::wstring& text, const Font& font);
+    void Draw(const ImageList& images, int index, Point topLeft);
+    void Draw(const Image& picture, Point topLeft);
+
+  private:
+    const Image& image_;
+};
+
+}  // namespace platform

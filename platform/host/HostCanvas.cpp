@@ -1,0 +1,96 @@
+// Shapes are drawn for real; a text is a bar of its colour, as wide as its characters are many, which is
+// enough to see where texts go.
+#include <algorithm>
+
+#include "platform/Canvas.h"
+#include "platform/host/HostResources.h"
+
+namespace platform {
+
+namespace {
+
+int LineHeight(const Font& font) { return font.tenthPoints * 96 / 720 * 5 / 4; }
+int CharacterWidth(const Font& font) { return font.tenthPoints * 96 / 720 / 2 + (font.bold ? 1 : 0); }
+
+}  // namespace
+
+struct ImageList::Impl {
+    Image strip;
+    int imageSize = 0;
+    uint32_t mask = 0;
+};
+
+ImageList::ImageList() = default;
+ImageList::ImageList(ImageList&&) noexcept = default;
+ImageList& ImageList::operator=(ImageList&&) noexcept = default;
+ImageList::~ImageList() = default;
+
+ImageList ImageList::FromResource(int bitmapId, int imageSize, ink::ColorRef mask) {
+    ImageList list;
+    Image strip = Image::FromResource(bitmapId);
+    if (!strip.IsValid()) return list;
+    list.impl_ = std::make_unique<Impl>();
+    list.impl_->strip = std::move(strip);
+    list.impl_->imageSize = imageSize;
+    list.impl_->mask = ink::PixelOf(mask);
+    return list;
+}
+
+ink::ColorRef ColorOf(SystemColor color) {
+    switch (color) {
+        case SystemColor::ButtonFace:
+            return ink::MakeColor(240, 240, 240);
+        case SystemColor::ButtonText:
+            return 0;
+        case SystemColor::WindowFrame:
+            return ink::MakeColor(100, 100, 100);
+    }
+    return 0;
+}
+
+void Canvas::Fill(const Rect& area, ink::ColorRef color) {
+    const ink::PixelSurface surface = image_.Surface();
+    const Rect inside = Intersect(area, surface.Bounds());
+    for (int y = inside.top; y < inside.bottom; ++y) {
+        std::fill(surface.Row(y) + inside.left, surface.Row(y) + inside.right, ink::PixelOf(color));
+    }
+}
+
+void Canvas::Text(const std::wstring& text, Point topLeft, const Font& font, ink::ColorRef color,
+                  const Rect& clip) {
+    Rect bar = Offset(TextSize(text, font), topLeft.x, topLeft.y);
+    bar.top += bar.Height() / 2;
+    bar.bottom = bar.top + 1;
+    Fill(Intersect(bar, clip), color);
+}
+
+Rect Canvas::TextSize(const std::wstring& text, const Font& font) {
+    return {0, 0, static_cast<int>(text.size()) * CharacterWidth(font), LineHeight(font)};
+}
+
+void Canvas::Draw(const ImageList& images, int index, Point topLeft) {
+    if (!images.IsValid()) return;
+    const ImageList::Impl& list = *images.Handle();
+    const ink::PixelSurface from = list.strip.Surface();
+    const ink::PixelSurface to = image_.Surface();
+    for (int y = 0; y < list.imageSize && y < from.height; ++y) {
+        for (int x = 0; x < list.imageSize; ++x) {
+            const uint32_t pixel = from.Row(y)[index * list.imageSize + x];
+            const Point at{topLeft.x + x, topLeft.y + y};
+            if (pixel != list.mask && to.Bounds().Contains(at)) to.Row(at.y)[at.x] = pixel;
+        }
+    }
+}
+
+void Canvas::Draw(const Image& picture, Point topLeft) {
+    if (!picture.IsValid()) return;
+    const ink::PixelSurface from = picture.Surface();
+    const ink::PixelSurface to = image_.Surface();
+    const Rect target = Intersect(Offset(from.Bounds(), topLeft.x, topLeft.y), to.Bounds());
+    for (int y = target.top; y < target.bottom; ++y) {
+        const uint32_t* row = from.Row(y - topLeft.y) - topLeft.x;
+        std::copy(row + target.left, row + target.right, to.Row(y) + target.left);
+    }
+}
+
+}  // namespace platform
