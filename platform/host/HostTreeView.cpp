@@ -40,12 +40,12 @@ void TreeView::Impl::Select(HostTreeNode* node) {
 void TreeView::Impl::Drop(HostTreeNode* node) {
     HostTreeNode* parent = node->parent;
     if (IsBelow(selected, node)) {
-        const auto place = Position(node);
+        const auto at = Position(node);
         HostTreeNode* heir = parent->parent == nullptr ? nullptr : parent;
-        if (std::next(place) != parent->children.end()) {
-            heir = std::next(place)->get();
-        } else if (place != parent->children.begin()) {
-            heir = std::prev(place)->get();
+        if (std::next(at) != parent->children.end()) {
+            heir = std::next(at)->get();
+        } else if (at != parent->children.begin()) {
+            heir = std::prev(at)->get();
         }
         Select(heir);
     }
