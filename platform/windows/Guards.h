@@ -37,10 +37,12 @@ using OwnedHandle = std::unique_ptr<void, CloseKernelObject>;
 using OwnedSearch = std::unique_ptr<void, CloseSearch>;
 using OwnedKey = std::unique_ptr<std::remove_pointer_t<HKEY>, CloseRegistry>;
 using OwnedBitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteGdiObject>;
+using OwnedFont = std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteGdiObject>;
 using OwnedRegion = std::unique_ptr<std::remove_pointer_t<HRGN>, DeleteGdiObject>;
 using OwnedMemoryDc = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteMemoryDc>;
 using OwnedMenu = std::unique_ptr<std::remove_pointer_t<HMENU>, DestroyMenuObject>;
 using OwnedImageList = std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, DestroyImages>;
+using OwnedItemIds = std::unique_ptr<std::remove_pointer_t<PIDLIST_ABSOLUTE>, FreeTaskMemory>;
 
 // Files and searches report failure as INVALID_HANDLE_VALUE, which an owner must not keep.
 inline OwnedHandle OwnFile(HANDLE handle) {

@@ -173,6 +173,12 @@ std::wstring ToHostPath(const std::wstring& handheldPath) {
     return WithLongPrefix(host);
 }
 
+std::wstring ToShellPath(const std::wstring& handheldPath) {
+    const std::wstring host = ToHostPath(handheldPath);
+    if (StartsWith(host, kLongSharePrefix)) return L"\\\\" + host.substr(std::wcslen(kLongSharePrefix));
+    return StartsWith(host, kLongPrefix) ? host.substr(std::wcslen(kLongPrefix)) : host;
+}
+
 std::wstring ToHandheldPath(const std::wstring& hostPath) {
     std::wstring path = hostPath;
     if (StartsWith(path, kLongSharePrefix)) return L"\\\\" + path.substr(std::wcslen(kLongSharePrefix));

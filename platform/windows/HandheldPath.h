@@ -10,6 +10,9 @@ namespace platform::windows {
 // Empty when a part holds a character that no file name may hold.
 std::wstring ToHostPath(const std::wstring& handheldPath);
 
+// The same place without that prefix, for the parts of the system that know no such paths.
+std::wstring ToShellPath(const std::wstring& handheldPath);
+
 // True for the root of a drive, which searches do not find.
 bool IsDriveRoot(const std::wstring& hostPath);
 

@@ -22,6 +22,10 @@ namespace windows {
 // short.
 OwnedBitmap MakeBitmap(int width, int height, uint32_t*& pixels);
 
+// The pictures that stand side by side in `picture`, transparent where it has the colour `mask`. Null when
+// memory is short or `picture` is invalid.
+OwnedImageList MaskedImages(const Image& picture, int width, int height, COLORREF mask);
+
 }  // namespace windows
 
 }  // namespace platform

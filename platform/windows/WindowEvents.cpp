@@ -120,19 +120,7 @@ bool VerticalScroll(Event& event) {
     return true;
 }
 
-bool KeyDown(Event& event) {
-    constexpr struct {
-        int code;
-        Key key;
-    } kKeys[] = {{VK_LEFT, Key::Left},     {VK_UP, Key::Up},         {VK_RIGHT, Key::Right},
-                 {VK_DOWN, Key::Down},     {VK_PRIOR, Key::PageUp},  {VK_NEXT, Key::PageDown},
-                 {VK_HOME, Key::Home},     {VK_END, Key::End},       {VK_RETURN, Key::Enter},
-                 {VK_ESCAPE, Key::Escape}, {VK_DELETE, Key::Delete}, {VK_F2, Key::F2}};
-    for (const auto& known : kKeys) {
-        if (static_cast<int>(event.wParam) == known.code) return event.window.OnKeyDown(known.key);
-    }
-    return event.window.OnKeyDown(Key::Other);
-}
+bool KeyDown(Event& event) { return event.window.OnKeyDown(KeyOf(event.wParam)); }
 
 constexpr struct {
     UINT message;
@@ -144,6 +132,20 @@ constexpr struct {
                {WM_KEYDOWN, KeyDown},   {kPrivateMessage, PrivateMessage}};
 
 }  // namespace
+
+Key KeyOf(WPARAM virtualKey) {
+    constexpr struct {
+        int code;
+        Key key;
+    } kKeys[] = {{VK_LEFT, Key::Left},     {VK_UP, Key::Up},         {VK_RIGHT, Key::Right},
+                 {VK_DOWN, Key::Down},     {VK_PRIOR, Key::PageUp},  {VK_NEXT, Key::PageDown},
+                 {VK_HOME, Key::Home},     {VK_END, Key::End},       {VK_RETURN, Key::Enter},
+                 {VK_ESCAPE, Key::Escape}, {VK_DELETE, Key::Delete}, {VK_F2, Key::F2}};
+    for (const auto& known : kKeys) {
+        if (static_cast<int>(virtualKey) == known.code) return known.key;
+    }
+    return Key::Other;
+}
 
 bool DispatchEvent(Window& window, HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     for (const auto& known : kEvents) {

@@ -10,7 +10,8 @@ namespace platform {
 struct Window::Impl {
     HWND frame = nullptr;  // the top-level window
     HWND page = nullptr;   // the window that is painted and written on: the frame itself, or a Screen's child
-    HDC paintDc = nullptr;  // while OnPaint runs
+    HDC paintDc = nullptr;   // while OnPaint runs
+    HWND control = nullptr;  // a child of the page that has the keyboard whenever the frame is active
     bool hasScrollBar = false;
     bool holdsPen = false;
     bool holdsPointer = false;     // a pop-up keeps the capture even when its own handlers release the pen
@@ -34,6 +35,8 @@ HWND FrameOf(const Window* window);
 
 // Gives an event that any kind of window may get to its handler. True when it was handled for good.
 bool DispatchEvent(Window& window, HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
+
+Key KeyOf(WPARAM virtualKey);
 
 // Registers a window class of the program if that was not done yet.
 bool RegisterWindowClass(const wchar_t* name, WNDPROC procedure, UINT style, HBRUSH background);

@@ -4,6 +4,7 @@
 #include "platform/Dialog.h"
 #include "platform/windows/HandheldPlace.h"
 #include "platform/windows/ModalRun.h"
+#include "platform/windows/MonthTaps.h"
 #include "platform/windows/SystemTimes.h"
 #include "platform/windows/WindowImpl.h"
 
@@ -34,6 +35,7 @@ INT_PTR Open(HWND handle, Window* window) {
     Attach(handle, window);
     Window::Impl& state = *window->Handle();
     state.frame = state.page = handle;
+    windows::WatchMonthTaps(handle);
     const bool opened = window->OnCreate();
     if (!opened) state.ended = true;
     if (!state.placed) Centre(handle);
@@ -103,8 +105,9 @@ HWND Item(HWND dialog, int id) { return dialog ? GetDlgItem(dialog, id) : nullpt
 
 bool ReadPicker(HWND dialog, int id, SYSTEMTIME& moment) {
     const HWND picker = Item(dialog, id);
-    return picker &&
-           SendMessageW(picker, DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&moment)) == GDT_VALID;
+    const auto to = reinterpret_cast<LPARAM>(&moment);
+    if (windows::IsMonthCalendar(picker)) return SendMessageW(picker, MCM_GETCURSEL, 0, to) != 0;
+    return picker && SendMessageW(picker, DTM_GETSYSTEMTIME, 0, to) == GDT_VALID;
 }
 
 }  // namespace
@@ -172,9 +175,19 @@ DateTime Dialog::PickedTime(int id) const { return PickedDate(id); }
 void Dialog::SetPicked(int id, const DateTime& moment) {
     const FillingControls filling(*impl_);
     const SYSTEMTIME system = windows::SystemTimeOf(moment);
-    if (const HWND picker = Item(impl_->frame, id)) {
-        SendMessageW(picker, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&system));
+    const HWND picker = Item(impl_->frame, id);
+    const auto from = reinterpret_cast<LPARAM>(&system);
+    if (windows::IsMonthCalendar(picker)) {
+        SendMessageW(picker, MCM_SETCURSEL, 0, from);
+    } else if (picker) {
+        SendMessageW(picker, DTM_SETSYSTEMTIME, GDT_VALID, from);
     }
+}
+
+void Dialog::SetFirstDayOfWeek(int id, int day) {
+    const HWND picker = Item(impl_->frame, id);
+    if (day < 0 || day > 6 || !windows::IsMonthCalendar(picker)) return;
+    SendMessageW(picker, MCM_SETFIRSTDAYOFWEEK, 0, day);
 }
 
 Rect Dialog::WindowRect() const {

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cwchar>
 
 #include "platform/FileSystem.h"
@@ -81,6 +82,19 @@ bool ListFolder(const std::wstring& folder, const std::wstring& pattern, std::ve
     return true;
 }
 
+bool LastWriteTime(const std::wstring& path, DateTime& moment) {
+    const std::wstring host = ToHostPath(path);
+    WIN32_FILE_ATTRIBUTE_DATA found{};
+    if (host.empty() || !GetFileAttributesExW(host.c_str(), GetFileExInfoStandard, &found)) return false;
+    moment = LocalTime(found.ftLastWriteTime);
+    return true;
+}
+
+bool Exists(const std::wstring& path) {
+    const std::wstring host = ToHostPath(path);
+    return !host.empty() && GetFileAttributesW(host.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
 bool MakeFolder(const std::wstring& path) {
     const std::wstring host = ToHostPath(path);
     return !host.empty() && CreateDirectoryW(host.c_str(), nullptr);
@@ -144,6 +158,25 @@ std::wstring DocumentsFolder() {
     const std::wstring folder = L"\\" + std::wstring(windows::kDocumentsName);
     MakeFolder(folder);  // fails when it is there already
     return folder;
+}
+
+std::vector<std::wstring> StorageCards() {
+    std::vector<std::wstring> cards;
+    if (!windows::HasDeviceFolder()) {
+        for (int i = 0; i < windows::StorageCardCount(); ++i) cards.push_back(windows::StorageCardName(i));
+        return cards;
+    }
+    std::vector<FolderEntry> entries;
+    ListFolder(L"\\", L"*.*", entries);
+    const std::wstring beginning = windows::StorageCardName(0);
+    for (const FolderEntry& entry : entries) {
+        const bool isCard = EqualNoCase(entry.name.substr(0, beginning.size()), beginning);
+        if (entry.isFolder && isCard) cards.push_back(entry.name);
+    }
+    std::sort(cards.begin(), cards.end(), [](const std::wstring& a, const std::wstring& b) {
+        return CompareStringOrdinal(a.c_str(), -1, b.c_str(), -1, TRUE) == CSTR_LESS_THAN;
+    });
+    return cards;
 }
 
 std::wstring FromHostPath(const std::wstring& path) { return windows::ToHandheldPath(path); }

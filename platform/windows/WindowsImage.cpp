@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <limits>
 
 #include "platform/windows/ImageImpl.h"
@@ -25,6 +26,19 @@ OwnedBitmap MakeBitmap(int width, int height, uint32_t*& pixels) {
     OwnedBitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     pixels = static_cast<uint32_t*>(bits);
     return bitmap;
+}
+
+OwnedImageList MaskedImages(const Image& picture, int width, int height, COLORREF mask) {
+    if (!picture.IsValid() || width <= 0 || height <= 0) return nullptr;
+    // Adding to an image list spoils the bitmap that is given.
+    uint32_t* pixels = nullptr;
+    const OwnedBitmap copy = MakeBitmap(picture.Width(), picture.Height(), pixels);
+    OwnedImageList list(ImageList_Create(width, height, ILC_COLOR24 | ILC_MASK, picture.Width() / width, 1));
+    if (!copy || !list) return nullptr;
+    const ink::PixelSurface source = picture.Surface();
+    std::copy_n(source.pixels, source.width * source.height, pixels);
+    if (ImageList_AddMasked(list.get(), copy.get(), mask) < 0) return nullptr;
+    return list;
 }
 
 }  // namespace windows

@@ -21,12 +21,43 @@ std::wstring FormatDate(const DateTime& date, DWORD flags, const wchar_t* pictur
     return length > 0 ? std::wstring(text, static_cast<size_t>(length - 1)) : std::wstring();
 }
 
+std::wstring LocaleText(LCTYPE which) {
+    wchar_t text[kLongestDate];
+    const int length = GetLocaleInfoW(LOCALE_USER_DEFAULT, which, text, kLongestDate);
+    return length > 0 ? std::wstring(text, static_cast<size_t>(length - 1)) : std::wstring();
+}
+
+bool IsDay(int day) { return day >= 0 && day <= 6; }
+
 }  // namespace
 
 std::wstring ShortDate(const DateTime& date) { return FormatDate(date, DATE_SHORTDATE, nullptr); }
 std::wstring LongDate(const DateTime& date) { return FormatDate(date, DATE_LONGDATE, nullptr); }
 std::wstring DatePicture(const DateTime& date, const wchar_t* picture) {
     return FormatDate(date, 0, picture);
+}
+
+std::wstring YearAndMonth(int year, int month) {
+    if (month < 1 || month > 12) return {};
+    const std::wstring picture = LocaleText(LOCALE_SYEARMONTH);
+    const std::wstring text =
+        picture.empty() ? picture : DatePicture({year, month, 0, 1, 0, 0, 0, 0}, picture.c_str());
+    if (!text.empty()) return text;
+    return LocaleText(LOCALE_SMONTHNAME1 + static_cast<LCTYPE>(month - 1)) + L" " + std::to_wstring(year);
+}
+
+std::wstring ShortDayName(int day) {
+    return IsDay(day) ? LocaleText(LOCALE_SABBREVDAYNAME1 + static_cast<LCTYPE>(day)) : std::wstring();
+}
+
+std::wstring DayName(int day) {
+    return IsDay(day) ? LocaleText(LOCALE_SDAYNAME1 + static_cast<LCTYPE>(day)) : std::wstring();
+}
+
+int FirstDayOfWeek() {
+    const std::wstring digit = LocaleText(LOCALE_IFIRSTDAYOFWEEK);
+    const int day = digit.empty() ? -1 : digit[0] - L'0';
+    return IsDay(day) ? day : 0;
 }
 
 std::wstring DateAndTime(const DateTime& moment) {
@@ -68,5 +99,15 @@ bool EqualNoCase(const std::wstring& a, const std::wstring& b) {
     return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(), static_cast<int>(b.size()),
                                 TRUE) == CSTR_EQUAL;
 }
+
+// By way of upper case, which is what EqualNoCase compares: some letters share only that.
+std::wstring LowerCase(std::wstring text) {
+    const auto length = static_cast<DWORD>(text.size());
+    CharUpperBuffW(text.data(), length);
+    CharLowerBuffW(text.data(), length);
+    return text;
+}
+
+int CompareNames(const std::wstring& a, const std::wstring& b) { return lstrcmpW(a.c_str(), b.c_str()); }
 
 }  // namespace platform

@@ -6,21 +6,48 @@
 
 namespace platform {
 
+namespace {
+
+windows::OwnedMenu MenuOf(const PopupMenu& source);
+
+bool Append(HMENU menu, const PopupMenu::Item& item) {
+    if (!item.submenu) {
+        const UINT state = item.enabled ? MF_ENABLED : MF_GRAYED;
+        const UINT flags = item.command == 0 ? MF_SEPARATOR : MF_STRING | state;
+        return AppendMenuW(menu, flags, static_cast<UINT_PTR>(item.command), item.text.c_str());
+    }
+    windows::OwnedMenu submenu = MenuOf(*item.submenu);
+    const auto handle = reinterpret_cast<UINT_PTR>(submenu.get());
+    if (!submenu || !AppendMenuW(menu, MF_POPUP | MF_STRING, handle, item.text.c_str())) return false;
+    static_cast<void>(submenu.release());  // goes with the menu it is part of
+    return true;
+}
+
+// Null when the system is short of anything.
+windows::OwnedMenu MenuOf(const PopupMenu& source) {
+    windows::OwnedMenu menu(CreatePopupMenu());
+    for (const PopupMenu::Item& item : source.Items()) {
+        if (!menu || !Append(menu.get(), item)) return nullptr;
+    }
+    return menu;
+}
+
+}  // namespace
+
 void PopupMenu::Add(int command, const std::wstring& text, bool enabled) {
-    items_.push_back({command, text, enabled});
+    items_.push_back({command, text, enabled, nullptr});
 }
 
 void PopupMenu::AddSeparator() { items_.push_back({}); }
 
+void PopupMenu::AddSubmenu(const std::wstring& text, const PopupMenu& submenu) {
+    items_.push_back({0, text, true, std::make_shared<const PopupMenu>(submenu)});
+}
+
 int PopupMenu::Choose(Window& owner, ink::Point place) const {
     const HWND frame = windows::FrameOf(&owner);
-    const windows::OwnedMenu menu(CreatePopupMenu());
+    const windows::OwnedMenu menu = MenuOf(*this);
     if (!frame || !menu) return 0;
-    for (const Item& item : items_) {
-        const UINT state = item.enabled ? MF_ENABLED : MF_GRAYED;
-        const UINT flags = item.command == 0 ? MF_SEPARATOR : MF_STRING | state;
-        if (!AppendMenuW(menu.get(), flags, static_cast<UINT_PTR>(item.command), item.text.c_str())) return 0;
-    }
     // The system keeps menus on the desktop, which may be far larger than the handheld: open towards its
     // middle.
     const ScreenSize screen = HandheldScreen();

@@ -2,6 +2,7 @@
 #include "platform/windows/HandheldPlace.h"
 #include "platform/windows/ModalRun.h"
 #include "platform/windows/ToolBarImpl.h"
+#include "platform/windows/TreeViewImpl.h"
 #include "platform/windows/WindowImpl.h"
 
 namespace platform {
@@ -53,7 +54,7 @@ LRESULT CALLBACK FrameProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM
         case WM_GETMINMAXINFO:
             return 0;
         case WM_SETFOCUS:
-            SetFocus(state.page);
+            SetFocus(state.control ? state.control : state.page);
             return 0;
         case WM_CLOSE:
             DispatchEvent(*window, handle, WM_COMMAND, kIdOk, 0);
@@ -84,6 +85,7 @@ LRESULT CALLBACK FrameProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM
 LRESULT CALLBACK PageProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE) RememberWindow(handle, lParam);
     if (message == WM_ERASEBKGND) return 1;
+    if (message == WM_NOTIFY) return TreeNotice(*reinterpret_cast<NMHDR*>(lParam));
     if (message == WM_DESTROY) RemovePropW(handle, kPenServiceProperty);
     if (message == WM_NCDESTROY) Attach(handle, nullptr);
     Window* window = WindowOf(handle);
@@ -138,8 +140,8 @@ bool CreateWindows(Screen& screen, bool withScrollBar, HWND owner) {
     const int pageHeight = handheld.height - 2 * kBarHeight;
     const DWORD scrollStyle = withScrollBar ? WS_VSCROLL : 0;
     state.hasScrollBar = withScrollBar;
-    state.page = CreateWindowExW(0, kPageClass, L"", WS_CHILD | WS_VISIBLE | scrollStyle, 0, 0,
-                                 handheld.width, pageHeight, state.frame, nullptr, Module(), object);
+    state.page = CreateWindowExW(0, kPageClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | scrollStyle, 0,
+                                 0, handheld.width, pageHeight, state.frame, nullptr, Module(), object);
     const HWND menuBar =
         CreateWindowExW(0, kMenuBarClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, pageHeight,
                         handheld.width, kBarHeight, state.frame, nullptr, Module(), object);

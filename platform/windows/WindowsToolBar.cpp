@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "platform/Screen.h"
 #include "platform/windows/ImageImpl.h"
 #include "platform/windows/ToolBarImpl.h"
@@ -13,19 +11,6 @@ constexpr int kSeparatorWidth = 6;
 constexpr int kButtonMargin = 6;  // both sides of an image together
 constexpr int kLeftMargin = 2;
 constexpr COLORREF kTransparent = RGB(192, 192, 192);
-
-// Button images for the common control, which spoils the bitmap that it is given.
-windows::OwnedImageList ImagesFrom(const Image& picture, int width, int height) {
-    uint32_t* pixels = nullptr;
-    const windows::OwnedBitmap copy = windows::MakeBitmap(picture.Width(), picture.Height(), pixels);
-    windows::OwnedImageList list(
-        ImageList_Create(width, height, ILC_COLOR24 | ILC_MASK, picture.Width() / width, 0));
-    if (!copy || !list) return nullptr;
-    const ink::PixelSurface source = picture.Surface();
-    std::copy_n(source.pixels, source.width * source.height, pixels);
-    if (ImageList_AddMasked(list.get(), copy.get(), kTransparent) < 0) return nullptr;
-    return list;
-}
 
 }  // namespace
 
@@ -66,7 +51,7 @@ bool ToolBar::Impl::AddButtons(const ToolBarLayout& layout) {
 }
 
 bool ToolBar::Impl::UseImages(const Image& picture) {
-    windows::OwnedImageList fresh = ImagesFrom(picture, imageWidth, imageHeight);
+    windows::OwnedImageList fresh = windows::MaskedImages(picture, imageWidth, imageHeight, kTransparent);
     if (!fresh) return false;
     SendMessageW(bar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(fresh.get()));
     InvalidateRect(bar, nullptr, TRUE);

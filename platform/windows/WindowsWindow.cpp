@@ -42,6 +42,21 @@ void ShiftPendingPaint(HWND window, int dy) {
     InvalidateRgn(window, pending.get(), FALSE);
 }
 
+// Copies the pixels of `image` from `source` on to `area` of the page.
+void CopyToPage(const Window::Impl& state, const Image& image, const Rect& area, Point source) {
+    const auto copy = [&](HDC to) {
+        BitBlt(to, area.left, area.top, area.Width(), area.Height(), image.Handle()->dc.get(), source.x,
+               source.y, SRCCOPY);
+        // The caller goes on to change the pixels; a batched copy would pick the changes up.
+        GdiFlush();
+    };
+    if (state.paintDc) {
+        copy(state.paintDc);
+    } else {
+        copy(ClientDc(state.page).Get());
+    }
+}
+
 }  // namespace
 
 Window::Window() : impl_(std::make_unique<Impl>()) {}
@@ -85,17 +100,13 @@ void Window::Show(const Image& image, const Rect& source) {
     if (!impl_->page || !image.IsValid()) return;
     const Rect area = ink::Intersect(source, Rect{0, 0, image.Width(), image.Height()});
     if (area.IsEmpty()) return;
-    const auto copy = [&image, &area](HDC to) {
-        BitBlt(to, area.left, area.top, area.Width(), area.Height(), image.Handle()->dc.get(), area.left,
-               area.top, SRCCOPY);
-        // The caller goes on to change the pixels; a batched copy would pick the changes up.
-        GdiFlush();
-    };
-    if (impl_->paintDc) {
-        copy(impl_->paintDc);
-    } else {
-        copy(ClientDc(impl_->page).Get());
-    }
+    CopyToPage(*impl_, image, area, {area.left, area.top});
+}
+
+void Window::ShowAt(const Image& image, Point topLeft) {
+    if (!impl_->page || !image.IsValid()) return;
+    CopyToPage(*impl_, image, {topLeft.x, topLeft.y, topLeft.x + image.Width(), topLeft.y + image.Height()},
+               {0, 0});
 }
 
 void Window::ScrollPixels(int dy) {
