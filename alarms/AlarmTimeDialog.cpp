@@ -1,5 +1,7 @@
 #include "alarms/AlarmTimeDialog.h"
 
+#include <algorithm>
+
 #include "alarms/AlarmStamp.h"
 #include "app/Settings.h"
 #include "platform/Clock.h"
@@ -25,31 +27,40 @@ platform::DateTime InitialMoment(const std::wstring& stamp) {
 AlarmTimeDialog::AlarmTimeDialog(const std::wstring& stamp)
     : Dialog(IDD_ALARM_TIME), moment_(InitialMoment(stamp)) {}
 
+AlarmTimeDialog::AlarmTimeDialog(platform::Point anchor)
+    : Dialog(IDD_ALARM_TIME), moment_(InitialMoment(L"")), centred_(false), anchor_(anchor) {}
+
 bool AlarmTimeDialog::OnCreate() {
     SetPicked(IDC_ALARM_DATE, moment_);
     SetPicked(IDC_ALARM_TIME, moment_);
-    ShrinkToControls();
-    platform::ShowInputPanel(true);
+    const platform::ScreenSize screen = platform::HandheldScreen();
+    const platform::Rect size = SizeAroundControls();
+    if (centred_) {
+        Place(Offset(size, (screen.width - size.right) / 2, 2 * platform::kBarHeight));
+        platform::ShowInputPanel(true);
+    } else {
+        Place(Offset(size, std::min(std::max(anchor_.x, 0), screen.width - size.right),
+                     std::min(std::max(anchor_.y, 0), screen.height - size.bottom)));
+    }
     return true;
 }
 
-void AlarmTimeDialog::OnDestroy() { platform::ShowInputPanel(false); }
+void AlarmTimeDialog::OnDestroy() {
+    if (centred_) platform::ShowInputPanel(false);
+}
 
 void AlarmTimeDialog::OnCommand(int id) {
     if (id == platform::kIdOk) ReadMoment();
     Dialog::OnCommand(id);
 }
 
-// Equal margins left and right, above and below the controls, whatever font the system chose.
-void AlarmTimeDialog::ShrinkToControls() {
+// The system's font decides how large the controls are.
+platform::Rect AlarmTimeDialog::SizeAroundControls() const {
     const platform::Rect dialog = WindowRect();
     const platform::Rect date = ItemRect(IDC_ALARM_DATE);
     const platform::Rect set = ItemRect(platform::kIdOk);
-    const int width = 2 * (date.left - dialog.left) + (date.right - date.left);
-    const int height = (set.bottom - dialog.top) + (date.top - dialog.top);
-    const int left = (platform::HandheldScreen().width - width) / 2;
-    const int top = 2 * platform::kBarHeight;
-    Place({left, top, left + width, top + height});
+    return {0, 0, 2 * (date.left - dialog.left) + date.Width(),
+            (set.bottom - dialog.top) + (date.top - dialog.top)};
 }
 
 void AlarmTimeDialog::ReadMoment() {

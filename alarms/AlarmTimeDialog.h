@@ -12,6 +12,8 @@ class AlarmTimeDialog : public platform::Dialog {
     // Opens near the top of the screen, on the moment of `stamp` when it is a whole alarm stamp, else on
     // now plus the user's alarm offset.
     explicit AlarmTimeDialog(const std::wstring& stamp);
+    // Opens at a point of the screen (handheld screen pixels), moved as needed to lie on the screen.
+    explicit AlarmTimeDialog(platform::Point anchor);
 
     // The chosen moment, day of week included, after RunModal returned kIdOk.
     const platform::DateTime& Moment() const { return moment_; }
@@ -21,10 +23,13 @@ class AlarmTimeDialog : public platform::Dialog {
     void OnCommand(int id) override;
 
   private:
-    void ShrinkToControls();
+    // Width and height that leave equal margins around the controls.
+    platform::Rect SizeAroundControls() const;
     void ReadMoment();
 
     platform::DateTime moment_;
+    bool centred_ = true;
+    platform::Point anchor_;
 };
 
 }  // namespace alarms

@@ -5,6 +5,7 @@
 
 #include "app/Settings.h"
 #include "platform/FileSystem.h"
+#include "platform/TextEncoding.h"
 
 namespace app {
 
@@ -82,6 +83,15 @@ bool ParseDateFolderName(const std::wstring& name, platform::DateTime& date) {
 std::wstring MemoPath(const std::wstring& notePath) {
     const size_t dot = notePath.rfind(L'.');
     return dot == std::wstring::npos ? std::wstring() : notePath.substr(0, dot) + L".txt";
+}
+
+bool IsReservedName(const std::wstring& folderName) {
+    return platform::EqualNoCase(folderName, kRemindersFolder) || platform::EqualNoCase(folderName, L"temp");
+}
+
+bool HoldsNotes(const std::wstring& folder) {
+    std::vector<platform::FolderEntry> notes;
+    return platform::ListFolder(WithoutTrailingBackslashes(folder), L"*.ikw", notes) && !notes.empty();
 }
 
 std::wstring TemporaryFolder() { return platform::DocumentsFolder() + L"\\" + kProductFolder + L"\\Temp\\"; }

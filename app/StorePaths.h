@@ -46,6 +46,12 @@ bool ParseDateFolderName(const std::wstring& name, platform::DateTime& date);
 // ".".
 std::wstring MemoPath(const std::wstring& notePath);
 
+// "Reminders" and "temp" directly under the root are not the user's folders.
+bool IsReservedName(const std::wstring& folderName);
+
+// True when at least one note lies directly in the folder (no trailing "\\" needed).
+bool HoldsNotes(const std::wstring& folder);
+
 // Where pictures made for e-mail lie, under the documents folder wherever the store is; ends in "\".
 std::wstring TemporaryFolder();
 

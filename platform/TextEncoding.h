@@ -12,4 +12,10 @@ bool FromAnsi(const std::string& bytes, std::wstring& text);
 // Comparison as file names are compared: case-insensitive, by code units, no locale.
 bool EqualNoCase(const std::wstring& a, const std::wstring& b);
 
+// The text in lower case, code unit by code unit: equal for texts that EqualNoCase calls equal.
+std::wstring LowerCase(std::wstring text);
+
+// How the user's locale orders two names: negative, zero or positive.
+int CompareNames(const std::wstring& a, const std::wstring& b);
+
 }  // namespace platform

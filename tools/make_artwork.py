@@ -7,6 +7,9 @@ import math
 import pathlib
 import struct
 
+import artwork_manager
+import handwriting
+
 RES = pathlib.Path(__file__).resolve().parent.parent / "res"
 
 COLORS = {
@@ -205,6 +208,11 @@ def icon(sizes):
 
 def main():
     (RES / "editor_tools.bmp").write_bytes(tool_strip(EDITOR_TOOLS, 12, 14))
+    pictures = {"tree_images": artwork_manager.tree_images(), "manager_tools": artwork_manager.manager_tools(),
+                "banner": artwork_manager.banner(handwriting), "note_mark": artwork_manager.note_mark(handwriting)}
+    for name, picture in pictures.items():
+        pixels = picture.pixels
+        (RES / f"{name}.bmp").write_bytes(bmp(picture.width, picture.height, lambda x, y, p=pixels: p[y][x]))
     (RES / "inkwright.ico").write_bytes(icon([16, 32, 48]))
 
 

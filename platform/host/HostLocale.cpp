@@ -1,5 +1,6 @@
 // The device's locale is English (United States).
 #include <cwchar>
+#include <cwctype>
 #include <iterator>
 
 #include "platform/Locale.h"
@@ -85,6 +86,19 @@ bool EqualNoCase(const std::wstring& a, const std::wstring& b) {
         if (host::UpperCase(a[i]) != host::UpperCase(b[i])) return false;
     }
     return true;
+}
+
+std::wstring LowerCase(std::wstring text) {
+    for (wchar_t& unit : text) {
+        const bool isCapital = host::UpperCase(unit) == unit;
+        if (isCapital) unit = static_cast<wchar_t>(std::towlower(static_cast<wint_t>(unit)));
+    }
+    return text;
+}
+
+int CompareNames(const std::wstring& a, const std::wstring& b) {
+    const int order = LowerCase(a).compare(LowerCase(b));
+    return order != 0 ? order : b.compare(a);
 }
 
 // Code page 1252 without its special characters between 128 and 159.

@@ -113,6 +113,8 @@ DateTime Dialog::PickedDate(int id) const {
     return item == impl_->items.end() ? DateTime() : item->second.moment;
 }
 
+void Dialog::SetFirstDayOfWeek(int, int) {}
+
 DateTime Dialog::PickedTime(int id) const { return PickedDate(id); }
 
 void Dialog::SetPicked(int id, const DateTime& moment) {

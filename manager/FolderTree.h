@@ -1,0 +1,78 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/FileSystem.h"
+#include "platform/TreeView.h"
+
+namespace manager {
+
+// The tree of the note store: "Notes", "Reminders" and "Alarms". A branch is read from disk when it is
+// selected and dropped when the selection leaves it, so that every visit shows what is really there. Folder
+// paths end in "\".
+class FolderTree {
+  public:
+    explicit FolderTree(platform::TreeView& tree) : tree_(tree) {}
+
+    // The store root with one "\" at its end.
+    void SetRootPrefix(const std::wstring& prefix) { rootPrefix_ = prefix; }
+    const std::wstring& RootPrefix() const { return rootPrefix_; }
+
+    // Only the three top items; then selects `path` (a note, or a folder ending in "\") as far as it exists,
+    // "Notes" when it is empty or not below the root.
+    void Rebuild(const std::wstring& path);
+
+    // The tree's events.
+    void SelectionChanged(platform::TreeItem old, platform::TreeItem selected);
+    static void ItemDeleted(int kind, intptr_t data);
+
+    platform::TreeItem NotesTop() const { return notesTop_; }
+    int SelectedKind() const { return tree_.Image(tree_.Selection()); }
+    // Path of the selected note relative to the root, with extension; empty when no note is selected.
+    const std::wstring& SelectedNote() const { return selectedNote_; }
+    std::wstring SelectedNotePath() const {
+        return selectedNote_.empty() ? std::wstring() : rootPrefix_ + selectedNote_;
+    }
+
+    // Relative to the root: folders end in "\", a note has no extension. Empty for the alarms' branch; the
+    // root itself ("Notes") is empty as well.
+    std::wstring RelativePath(platform::TreeItem item) const;
+    std::wstring FolderPath(platform::TreeItem item) const { return rootPrefix_ + RelativePath(item); }
+    // The folder's name in the store; empty for anything else.
+    std::wstring FolderName(platform::TreeItem item) const;
+    // The item itself, or for a note or an alarm what it lies in.
+    platform::TreeItem Container(platform::TreeItem item) const;
+
+    // Reads the node's folder again; `noteToSelect` is a file name or empty.
+    void Fill(platform::TreeItem node, const std::wstring& noteToSelect);
+    void ListAlarms();
+    platform::TreeItem InsertFolder(platform::TreeItem parent, int kind, const std::wstring& name);
+    void RenameFolder(platform::TreeItem item, const std::wstring& name);
+    void RenameNote(platform::TreeItem item, const std::wstring& name);
+    // Shows how many notes the folder or day holds.
+    void ShowCount(platform::TreeItem item);
+    int CountNotes(platform::TreeItem item) const;
+    void Sort(platform::TreeItem parent);
+
+  private:
+    void FillReminders(platform::TreeItem node, const std::wstring& folder);
+    void FillNotesTop(platform::TreeItem node, const std::wstring& folder);
+    void FillFolder(platform::TreeItem node, const std::wstring& folder);
+    platform::TreeItem InsertNote(platform::TreeItem parent, int kind, const std::wstring& fileName);
+    void ShowPlain(platform::TreeItem item);
+    bool IsAncestor(platform::TreeItem above, platform::TreeItem item) const;
+    platform::TreeItem ChildFolder(platform::TreeItem parent, const std::wstring& name) const;
+    void SelectPath(const std::wstring& path);
+    void SelectNote(const std::wstring& fileName);
+
+    platform::TreeView& tree_;
+    std::wstring rootPrefix_;
+    platform::TreeItem notesTop_ = 0;
+    platform::TreeItem remindersTop_ = 0;
+    platform::TreeItem alarmsTop_ = 0;
+    std::wstring selectedNote_;
+    bool rebuilding_ = false;
+};
+
+}  // namespace manager

@@ -1,0 +1,64 @@
+#include "manager/HeaderBar.h"
+
+#include <cwchar>
+#include <iterator>
+
+#include "app/StorePaths.h"
+#include "platform/FileSystem.h"
+#include "platform/TextEncoding.h"
+
+namespace manager {
+
+namespace {
+
+constexpr platform::Font kFont{85, true};
+constexpr double kHeightFactor = 1.5;
+constexpr int kRightMargin = 5;
+constexpr size_t kProductTail = 11;  // "\Inkwright\"
+
+int TextHeight() { return platform::Canvas::TextSize(L"Aqua", kFont).bottom; }
+
+std::wstring StorageName(const std::wstring& rootPrefix) {
+    const size_t kept = rootPrefix.size() < kProductTail ? 0 : rootPrefix.size() - kProductTail;
+    const std::wstring storage = rootPrefix.substr(0, kept);
+    return platform::EqualNoCase(storage, platform::DocumentsFolder()) ? L" Main Memory" : storage;
+}
+
+// Whole kilobytes as megabytes, in the single precision that every release has shown.
+std::wstring FreeSpace(const std::wstring& rootPrefix) {
+    uint64_t bytes = 0;
+    if (!platform::FreeBytes(app::WithoutTrailingBackslashes(rootPrefix), bytes)) return {};
+    const auto megabytes = static_cast<float>(static_cast<double>(bytes >> 10) * 0.0009765625);
+    wchar_t text[64];
+    std::swprintf(text, std::size(text), L" [ %.02fMB Free ]", static_cast<double>(megabytes));
+    return text;
+}
+
+}  // namespace
+
+int HeaderBar::Height() { return static_cast<int>(TextHeight() * kHeightFactor); }
+
+std::wstring HeaderBar::Text(const std::wstring& rootPrefix) {
+    const std::wstring text = StorageName(rootPrefix) + FreeSpace(rootPrefix);
+    const size_t first = text.find_first_not_of(L'\\');
+    return first == std::wstring::npos ? std::wstring() : text.substr(first);
+}
+
+bool HeaderBar::Update(const std::wstring& rootPrefix, int width) {
+    using platform::SystemColor;
+    const int height = Height();
+    if (picture_.Width() != width || picture_.Height() != height)
+        picture_ = platform::Image::Make(width, height);
+    if (!picture_.IsValid()) return false;
+    platform::Canvas canvas(picture_);
+    const platform::Rect all{0, 0, width, height};
+    canvas.Fill(all, platform::ColorOf(SystemColor::ButtonFace));
+    canvas.Fill({0, height - 1, width, height}, platform::ColorOf(SystemColor::WindowFrame));
+    const std::wstring text = Text(rootPrefix);
+    const platform::Rect size = platform::Canvas::TextSize(text, kFont);
+    const platform::Point place{width - kRightMargin - size.right, (height - size.bottom) / 2 - 1};
+    canvas.Text(text, place, kFont, platform::ColorOf(SystemColor::ButtonText), all);
+    return true;
+}
+
+}  // namespace manager

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Canvas.h"
+
+namespace manager {
+
+// The bar above the tree: on which storage the store lies, and how much room is left there.
+class HeaderBar {
+  public:
+    // Its height in pixels, from the font.
+    static int Height();
+
+    // Draws the bar anew for a store root prefix; false when memory is short.
+    bool Update(const std::wstring& rootPrefix, int width);
+    const platform::Image& Picture() const { return picture_; }
+
+    // "Main Memory [ 1.50MB Free ]"; without the free space when it can't be told.
+    static std::wstring Text(const std::wstring& rootPrefix);
+
+  private:
+    platform::Image picture_;
+};
+
+}  // namespace manager

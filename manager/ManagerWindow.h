@@ -1,0 +1,102 @@
+#pragma once
+
+#include <string>
+
+#include "app/PenSettings.h"
+#include "editor/InkCanvas.h"
+#include "manager/FolderTree.h"
+#include "manager/HeaderBar.h"
+#include "manager/MonthView.h"
+#include "manager/PreviewStrip.h"
+#include "platform/Screen.h"
+
+namespace manager {
+
+// The note manager: the tree of the store with a preview of the selected note, or the month calendar.
+class ManagerWindow : public platform::Screen, private platform::TreeView::Events {
+  public:
+    // `path` is what to select first: a note, or a folder ending in "\"; may be empty.
+    ManagerWindow(app::PenSettings& pen, const std::wstring& path);
+
+    bool OnCreate() override;
+    void OnDestroy() override;
+    void OnPaint() override;
+    void OnPenDown(platform::Point place) override { pressed_ = place; }
+    void OnPenUp(platform::Point place) override;
+    bool OnKeyDown(platform::Key key) override;
+    void OnCommand(int id) override;
+    void OnPrivateMessage(uint32_t code, intptr_t payload) override;
+
+    const FolderTree& Folders() const { return folders_; }
+    platform::TreeView& Tree() { return tree_; }
+    const MonthView& Month() const { return month_; }
+
+  private:
+    struct Command;
+    static const Command kCommands[];
+
+    // Tree events
+    void OnTreeSelection(platform::TreeItem old, platform::TreeItem selected) override;
+    void OnTreeItemDeleted(platform::TreeItem item, intptr_t data) override;
+    bool OnTreeEditBegins(platform::TreeItem item, std::wstring& text) override;
+    void OnTreeEditEnds(platform::TreeItem item, const std::wstring& text) override;
+    void OnTreeActivated(platform::TreeItem item) override;
+    bool OnTreeKey(platform::Key key) override;
+    void OnTreeHold(platform::TreeItem item, platform::Point place) override;
+
+    // Commands
+    void Close() { EndModal(platform::kIdOk); }
+    void AddNote();
+    void OpenNote();
+    void Delete();
+    void ToggleCalendar();
+    void ShowPreviousMonth() { StepMonth(-1); }
+    void ShowNextMonth() { StepMonth(1); }
+    void ShowCurrentMonth();
+    void CreateNewFolder();
+    void RenameSelected();
+    void MoveSelectedFolder();
+    void MoveToFolder();
+    void MoveToDay();
+    void SetAlarm();
+    void RefreshAlarms();
+    void DeleteAlarm();
+    void ShowToolsMenu();
+    void ShowAbout();
+    void ChooseOtherFolder();
+    void UseStorage(int index);
+    void CopySelectedTo(int index);
+
+    void SetRootFolder(const std::wstring& path);
+    std::wstring UsableRoot(const std::wstring& path);
+    void ShowStore(const std::wstring& path);
+    void Edit(const editor::InkCanvas::Opening& opening);
+    void AddReminder(const std::wstring& dayFolderName);
+    bool AskForDay(std::wstring& dayFolderName);
+    void RenameItem(platform::TreeItem item, const std::wstring& name, int kind);
+    void DeleteSelectedFolder(platform::TreeItem item);
+    void AfterNoteDeleted(platform::TreeItem item, platform::TreeItem parent);
+    void StepMonth(int months);
+    void ShowMonth(int year, int month);
+    void EnterCalendar();
+    void TapDay(int row, int column);
+    void Layout();
+    void RedrawStrip();
+    void UpdateTools();
+
+    app::PenSettings& pen_;
+    std::wstring pendingPath_;
+    platform::TreeView tree_;
+    FolderTree folders_;
+    platform::ImageList images_;
+    HeaderBar header_;
+    PreviewStrip strip_;
+    MonthView month_;
+    int firstDayOfWeek_ = 0;
+    bool calendarMode_ = false;
+    platform::Point pressed_;    // where the pen came down
+    platform::Point menuPlace_;  // of the menu whose command runs, handheld screen pixels
+    int dayCursor_ = 0;          // calendar cell that the arrow keys move, row-major
+};
+
+}  // namespace manager

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "platform/DateTime.h"
+
+namespace manager {
+
+// The 42 days of a month's page: six weeks of seven, row by row.
+class MonthGrid {
+  public:
+    static constexpr int kRows = 6;
+    static constexpr int kColumns = 7;
+
+    // A day as the page marks it. Which month a grey day belongs to is told by comparing month numbers
+    // alone: in December the January days that follow count as the month before, and the other way round.
+    struct Cell {
+        int day = 0;
+        int monthOffset = 0;  // -1, 0 or +1 to the shown month
+    };
+
+    // `firstDayOfWeek`: 0 = Monday to 6 = Sunday.
+    void Set(int year, int month, int firstDayOfWeek);
+
+    int Year() const { return year_; }
+    int Month() const { return month_; }
+    const Cell& At(int row, int column) const { return cells_[static_cast<size_t>(row * kColumns + column)]; }
+    // The day's folder name, "YYYY-MM-DD" with the shown year and the cell's month number.
+    std::wstring FolderName(const Cell& cell) const;
+    // The real day of a cell in row-major order, whatever its mark says.
+    platform::DateTime DateAt(int row, int column) const;
+
+  private:
+    int year_ = 0;
+    int month_ = 0;
+    platform::DateTime first_;
+    std::array<Cell, static_cast<size_t>(kRows* kColumns)> cells_{};
+};
+
+}  // namespace manager

@@ -1,0 +1,162 @@
+#include "manager/MonthView.h"
+
+#include "app/StorePaths.h"
+#include "manager/NodeKind.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "platform/Locale.h"
+
+namespace manager {
+
+namespace {
+
+using platform::Canvas;
+using platform::Point;
+using platform::Rect;
+
+constexpr platform::Font kTitleFont{100, true};
+constexpr platform::Font kWideDaysFont{90, false};
+constexpr platform::Font kNarrowDaysFont{80, false};
+constexpr platform::Font kCellFont{80, false};
+constexpr ink::ColorRef kDark = ink::MakeColor(32, 32, 32);
+constexpr ink::ColorRef kWhite = ink::MakeColor(255, 255, 255);
+constexpr ink::ColorRef kGrey = ink::MakeColor(192, 192, 192);
+constexpr ink::ColorRef kBlack = 0;
+constexpr int kMarkRight = 17;
+constexpr int kMarkBottom = 16;
+
+int RowHeight(const platform::Font& font) {
+    return static_cast<int>(Canvas::TextSize(L"Aqua", font).bottom * 1.5);
+}
+
+void DrawCentred(Canvas& canvas, const std::wstring& text, const Rect& area, const platform::Font& font) {
+    const Rect size = Canvas::TextSize(text, font);
+    const Point place{area.left + (area.Width() - size.right) / 2,
+                      area.top + (area.Height() - size.bottom) / 2};
+    canvas.Text(text, place, font, kWhite, area);
+}
+
+// Names of two characters or more ask for the narrower font: their count includes the terminator.
+platform::Font WeekdayFont() {
+    for (int day = 0; day < MonthGrid::kColumns; ++day) {
+        if (platform::ShortDayName(day).size() + 1 > 2) return kNarrowDaysFont;
+    }
+    return kWideDaysFont;
+}
+
+}  // namespace
+
+void MonthView::SetMonth(int year, int month, int firstDayOfWeek) {
+    firstDayOfWeek_ = firstDayOfWeek;
+    grid_.Set(year, month, firstDayOfWeek);
+}
+
+bool MonthView::ShowsCurrentMonth() const {
+    const platform::DateTime now = platform::LocalNow();
+    return grid_.Year() == now.year && grid_.Month() == now.month;
+}
+
+bool MonthView::Update(const std::wstring& rootPrefix, int width, int height) {
+    if (picture_.Width() != width || picture_.Height() != height)
+        picture_ = platform::Image::Make(width, height);
+    if (!picture_.IsValid()) return false;
+    today_ = platform::LocalNow();
+    DrawTitle();
+    DrawWeekdays();
+    const std::wstring reminders = rootPrefix + app::kRemindersFolder + L"\\";
+    for (int row = 0; row < MonthGrid::kRows; ++row) {
+        for (int column = 0; column < MonthGrid::kColumns; ++column) DrawCell(row, column, reminders);
+    }
+    DrawLines();
+    if (cursor_ >= 0) DrawCursor();
+    return true;
+}
+
+bool MonthView::CellAt(Point place, int& row, int& column) const {
+    for (row = 0; row < MonthGrid::kRows; ++row) {
+        for (column = 0; column < MonthGrid::kColumns; ++column) {
+            if (CellRect(row, column).Contains(place)) return true;
+        }
+    }
+    return false;
+}
+
+Rect MonthView::CellRect(int row, int column) const {
+    const int width = picture_.Width();
+    const int height = picture_.Height() - gridTop_;
+    return {width * column / MonthGrid::kColumns, gridTop_ + height * row / MonthGrid::kRows,
+            width * (column + 1) / MonthGrid::kColumns, gridTop_ + height * (row + 1) / MonthGrid::kRows};
+}
+
+void MonthView::DrawTitle() {
+    Canvas canvas(picture_);
+    titleHeight_ = RowHeight(kTitleFont);
+    const Rect row{0, 0, picture_.Width(), titleHeight_};
+    canvas.Fill(row, kDark);
+    const std::wstring text = platform::YearAndMonth(grid_.Year(), grid_.Month()) + L"  ";
+    const Rect size = Canvas::TextSize(text, kTitleFont);
+    canvas.Text(text, {row.right - size.right, (row.bottom - size.bottom) / 2}, kTitleFont, kWhite, row);
+}
+
+void MonthView::DrawWeekdays() {
+    Canvas canvas(picture_);
+    const platform::Font font = WeekdayFont();
+    gridTop_ = titleHeight_ + RowHeight(font);
+    const int width = picture_.Width();
+    canvas.Fill({0, titleHeight_, width, gridTop_}, kDark);
+    for (int i = 0; i < MonthGrid::kColumns; ++i) {
+        const Rect column{width * i / MonthGrid::kColumns, titleHeight_,
+                          width * (i + 1) / MonthGrid::kColumns, gridTop_};
+        DrawCentred(canvas, platform::ShortDayName((firstDayOfWeek_ + i) % MonthGrid::kColumns), column,
+                    font);
+    }
+}
+
+void MonthView::DrawCell(int row, int column, const std::wstring& remindersPrefix) {
+    Canvas canvas(picture_);
+    const MonthGrid::Cell& cell = grid_.At(row, column);
+    const Rect area = CellRect(row, column);
+    const bool isShownMonth = cell.monthOffset == 0;
+    canvas.Fill(area, isShownMonth ? kWhite : kGrey);
+    if (isShownMonth && ShowsCurrentMonth() && cell.day == today_.day) {
+        canvas.Draw(images_, kTodayImage, {area.right - kMarkRight, area.top + 1});
+    }
+    if (app::HoldsNotes(remindersPrefix + grid_.FolderName(cell))) {
+        canvas.Draw(images_, IsPast(cell) ? kPastDayImage : kComingDayImage,
+                    {area.right - kMarkRight, area.bottom - kMarkBottom});
+    }
+    canvas.Text(std::to_wstring(cell.day), {area.left + 5, area.top + 1}, kCellFont, kBlack, area);
+}
+
+bool MonthView::IsPast(const MonthGrid::Cell& cell) const {
+    const int month = grid_.Month() + cell.monthOffset;
+    if (grid_.Year() != today_.year) return grid_.Year() < today_.year;
+    if (month != today_.month) return month < today_.month;
+    return cell.day < today_.day;
+}
+
+void MonthView::DrawLines() {
+    Canvas canvas(picture_);
+    const ink::ColorRef color = platform::ColorOf(platform::SystemColor::WindowFrame);
+    const int width = picture_.Width();
+    for (int row = 0; row < MonthGrid::kRows; ++row) {
+        const int y = CellRect(row, 0).top;
+        canvas.Fill({0, y, width, y + 1}, color);
+    }
+    for (int n = 1; n <= MonthGrid::kColumns; ++n) {
+        const int x = width * n / MonthGrid::kColumns;
+        canvas.Fill({x, gridTop_, x + 1, picture_.Height()}, color);
+    }
+}
+
+void MonthView::DrawCursor() {
+    Canvas canvas(picture_);
+    const Rect cell = CellRect(cursor_ / MonthGrid::kColumns, cursor_ % MonthGrid::kColumns);
+    const Rect inner = Inflate(cell, -2, -2);
+    canvas.Fill({cell.left + 1, cell.top + 1, cell.right, inner.top + 1}, kDark);
+    canvas.Fill({cell.left + 1, inner.bottom, cell.right, cell.bottom}, kDark);
+    canvas.Fill({cell.left + 1, cell.top + 1, inner.left + 1, cell.bottom}, kDark);
+    canvas.Fill({inner.right, cell.top + 1, cell.right, cell.bottom}, kDark);
+}
+
+}  // namespace manager

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+#include "app/PenSettings.h"
+#include "platform/Canvas.h"
+
+namespace manager {
+
+// The strip below the tree: the head of the selected note, or the program's picture.
+class PreviewStrip {
+  public:
+    static constexpr int kHeight = 75;
+
+    PreviewStrip(const app::PenSettings& pen, const platform::ImageList& images)
+        : pen_(pen), images_(images) {}
+
+    // Draws the strip anew for a note's path; empty for no note. False when memory is short.
+    bool Update(const std::wstring& notePath, int width);
+    const platform::Image& Picture() const { return picture_; }
+
+  private:
+    void DrawNoNote();
+    void DrawNote(const std::wstring& notePath);
+    void DrawInk(const std::wstring& notePath);
+
+    const app::PenSettings& pen_;
+    const platform::ImageList& images_;
+    platform::Image picture_;
+};
+
+}  // namespace manager

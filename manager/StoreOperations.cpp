@@ -1,0 +1,191 @@
+#include "manager/StoreOperations.h"
+
+#include <vector>
+
+#include "alarms/AlarmDatabase.h"
+#include "alarms/NoteAlarm.h"
+#include "app/StorePaths.h"
+#include "platform/FileSystem.h"
+#include "platform/MessageBox.h"
+#include "platform/TextEncoding.h"
+
+namespace manager {
+
+namespace {
+
+using platform::DefaultButton;
+using platform::MessageAnswer;
+using platform::MessageButtons;
+using platform::MessageIcon;
+
+constexpr wchar_t kErrorCaption[] = L" Error";
+
+void ShowError(platform::Window* owner, const std::wstring& text) {
+    platform::ShowMessage(owner, text, kErrorCaption, MessageButtons::Ok, MessageIcon::Error);
+}
+
+void MoveMemo(platform::Window* owner, const std::wstring& source, const std::wstring& destination) {
+    const std::wstring from = app::MemoPath(source);
+    const std::wstring to = app::MemoPath(destination);
+    if (!app::IsFile(from)) return;
+    if (app::IsFile(to)) platform::EraseFile(to);
+    if (!platform::MoveEntry(from, to)) ShowError(owner, L"Moving '" + app::NameOf(from) + L"' failed!");
+}
+
+bool DeleteFolderTree(const std::wstring& folder) {
+    std::vector<platform::FolderEntry> entries;
+    platform::ListFolder(app::WithoutTrailingBackslashes(folder), L"*.*", entries);
+    for (const platform::FolderEntry& entry : entries) {
+        const std::wstring path = folder + entry.name;
+        const bool gone = entry.isFolder ? DeleteFolderTree(path + L"\\") : platform::EraseFile(path);
+        if (!gone) return false;
+    }
+    return platform::DropFolder(app::WithoutTrailingBackslashes(folder));
+}
+
+CopyResult CopyFile(platform::Window* owner, const std::wstring& source, const std::wstring& destination) {
+    if (app::IsFile(destination)) {
+        const MessageAnswer answer = platform::ShowMessage(
+            owner, L"'" + destination + L"' will be overwritten. Overwrite?", L" Confirm File Overwrite",
+            MessageButtons::YesNoCancel, MessageIcon::Question);
+        if (answer == MessageAnswer::Cancel) return CopyResult::Cancelled;
+        if (answer == MessageAnswer::No) return CopyResult::Done;
+    }
+    if (platform::CopyFileTo(source, destination)) return CopyResult::Done;
+    ShowError(owner, L"Copying '" + source + L"' failed! Operation aborted!");
+    return CopyResult::Failed;
+}
+
+}  // namespace
+
+std::wstring FreeNotePath(const std::wstring& path) {
+    const std::wstring base = path.substr(0, path.rfind(L'.'));
+    std::wstring candidate = path;
+    for (int n = 1; platform::Exists(candidate); ++n) {
+        candidate = base + L" (" + std::to_wstring(n) + L")" + app::kNoteExtension;
+    }
+    return candidate;
+}
+
+bool MoveNote(platform::Window* owner, const std::wstring& source, std::wstring& destination) {
+    if (destination.empty() || platform::EqualNoCase(source, destination)) return false;
+    if (app::IsFile(destination)) {
+        const MessageAnswer answer = platform::ShowMessage(
+            owner, L"Destination folder already contains a file with the same name. Overwrite?",
+            L" Confirm Overwrite", MessageButtons::YesNoCancel, MessageIcon::Question, DefaultButton::Second);
+        if (answer == MessageAnswer::Cancel) return false;
+        if (answer == MessageAnswer::Yes) platform::EraseFile(destination);
+        if (answer == MessageAnswer::No) destination = FreeNotePath(destination);
+    }
+    if (!platform::MoveEntry(source, destination)) {
+        ShowError(owner, L"Moving '" + app::NameOf(source) + L"' failed!");
+        return false;
+    }
+    alarms::MoveNoteAlarms(source, destination);
+    MoveMemo(owner, source, destination);
+    return true;
+}
+
+bool RenameNote(const std::wstring& oldPath, const std::wstring& newPath) {
+    if (!platform::MoveEntry(oldPath, newPath)) return false;
+    alarms::MoveNoteAlarms(oldPath, newPath);
+    platform::MoveEntry(app::MemoPath(oldPath), app::MemoPath(newPath));
+    return true;
+}
+
+bool RenameFolder(const std::wstring& oldFolder, const std::wstring& newFolder) {
+    if (!platform::MoveEntry(oldFolder, newFolder)) return false;
+    const platform::WaitCursor wait;
+    std::vector<platform::FolderEntry> notes;
+    platform::ListFolder(newFolder, L"*.ikw", notes);
+    std::vector<std::wstring> oldArguments;
+    std::vector<std::wstring> newArguments;
+    for (const platform::FolderEntry& note : notes) {
+        oldArguments.push_back(platform::LowerCase(alarms::AlarmArguments(oldFolder + L"\\" + note.name)));
+        newArguments.push_back(alarms::AlarmArguments(newFolder + L"\\" + note.name));
+    }
+    if (!oldArguments.empty()) alarms::MoveAlarms(oldArguments, newArguments);
+    return true;
+}
+
+bool DeleteNote(platform::Window* owner, const std::wstring& path) {
+    const std::wstring name = app::NameOf(path);
+    const MessageAnswer answer =
+        platform::ShowMessage(owner, L"'" + name + L"' will be permanently deleted. Continue?",
+                              L" Confirm File Delete", MessageButtons::YesNo, MessageIcon::Question);
+    if (answer != MessageAnswer::Yes) return false;
+    if (!platform::EraseFile(path)) {
+        ShowError(owner, L"Deleting '" + name + L"' failed.");
+        return false;
+    }
+    alarms::ClearNoteAlarms(path);
+    platform::EraseFile(app::MemoPath(path));
+    return true;
+}
+
+FolderDeletion DeleteFolder(platform::Window* owner, const std::wstring& folder,
+                            const std::wstring& shownName) {
+    const MessageAnswer answer = platform::ShowMessage(
+        owner, L"'" + shownName + L"' folder and all its contents will be permanently deleted! Continue?",
+        L" Confirm Folder Delete", MessageButtons::YesNo, MessageIcon::Question);
+    if (answer != MessageAnswer::Yes) return FolderDeletion::NotWanted;
+    bool isGone = false;
+    {
+        const platform::WaitCursor wait;
+        isGone = DeleteFolderTree(folder);
+        alarms::RemoveOrphanAlarms();
+    }
+    if (!isGone) ShowError(owner, L"Deleting '" + shownName + L"' folder failed.");
+    return isGone ? FolderDeletion::Done : FolderDeletion::Failed;
+}
+
+std::wstring CreateFolder(const std::wstring& folder) {
+    const std::wstring base = L"New Folder";
+    std::wstring name = base;
+    for (int n = 1; platform::Exists(folder + name); ++n) name = base + L" (" + std::to_wstring(n) + L")";
+    return platform::MakeFolder(folder + name) ? name : std::wstring();
+}
+
+CopyResult CopyFolderTree(platform::Window* owner, const std::wstring& source,
+                          const std::wstring& destination) {
+    std::vector<platform::FolderEntry> entries;
+    platform::ListFolder(app::WithoutTrailingBackslashes(source), L"*.*", entries);
+    for (const platform::FolderEntry& entry : entries) {
+        const std::wstring from = source + entry.name;
+        const std::wstring to = destination + entry.name;
+        CopyResult result = CopyResult::Done;
+        if (entry.isFolder) {
+            platform::MakeFolder(to);
+            result = CopyFolderTree(owner, from + L"\\", to + L"\\");
+        } else {
+            result = CopyFile(owner, from, to);
+        }
+        if (result != CopyResult::Done) return result;
+    }
+    return CopyResult::Done;
+}
+
+bool MoveFolder(platform::Window* owner, const std::wstring& source, const std::wstring& destination) {
+    if (platform::EqualNoCase(source, destination)) return false;
+    if (platform::MoveEntry(source, destination)) return true;
+    ShowError(owner,
+              L"Moving from '" + source + L"' to '" + destination +
+                  L"' failed!\n\nThe source folder may be in use or the destination folder already exists.");
+    return false;
+}
+
+bool RefuseReservedName(platform::Window* owner, const std::wstring& name) {
+    if (!app::IsReservedName(name)) return false;
+    ShowError(owner, L"The folder name '" + name +
+                         L"' is reserved for internal use. Please enter a different name.");
+    return true;
+}
+
+void ShowRenameFailure(platform::Window* owner) {
+    ShowError(
+        owner,
+        L"Renaming failed! Please make sure the file/folder is not currently in use.\n\nNOTE. A file/folder "
+        L"name cannot contain any of the following characters:\n\\ / : * ? \" < > |");
+}
+
+}  // namespace manager

@@ -1,0 +1,132 @@
+#include "manager/DayNames.h"
+#include "manager/MonthGrid.h"
+#include "tests/manager/ManagerRig.h"
+
+namespace {
+
+using manager::MonthGrid;
+using testing_support::kRoot;
+
+TEST(MonthGrid, TheFirstCellFollowsTheFirstDayOfTheWeek) {
+    struct Case {
+        int year, month, firstDayOfWeek;
+        int day, offset;  // of the first cell
+    };
+    // January 2007 began on a Monday, September 2007 on a Saturday, April 2007 on a Sunday.
+    for (const Case& c : {Case{2007, 1, 0, 1, 0}, Case{2007, 1, 6, 31, 1}, Case{2007, 9, 6, 26, -1},
+                          Case{2007, 9, 0, 27, -1}, Case{2007, 4, 6, 1, 0}, Case{2007, 4, 0, 26, -1}}) {
+        MonthGrid grid;
+        grid.Set(c.year, c.month, c.firstDayOfWeek);
+        EXPECT_EQ(grid.At(0, 0).day, c.day) << c.month << " " << c.firstDayOfWeek;
+        EXPECT_EQ(grid.At(0, 0).monthOffset, c.offset);
+    }
+}
+
+TEST(MonthGrid, MonthsAreComparedByTheirNumbersAlone) {
+    MonthGrid grid;
+    grid.Set(2005, 12, 6);
+    const MonthGrid::Cell& january = grid.At(5, 1);
+    EXPECT_EQ(january.day, 2);
+    EXPECT_EQ(january.monthOffset, -1);
+    EXPECT_EQ(grid.FolderName(january), L"2005-11-02");
+    EXPECT_EQ(grid.DateAt(5, 1).year, 2006);
+    EXPECT_EQ(grid.DateAt(5, 1).month, 1);
+}
+
+TEST(DayNames, TenCharactersWithoutAZeroPart) {
+    EXPECT_EQ(manager::LongDayText(L"2007-03-05"), L"Monday, March 5, 2007");
+    EXPECT_EQ(manager::WeekdayText(L"2007-03-05"), L"Monday, 3/5/2007");
+    for (const wchar_t* name : {L"2007-3-05", L"2007-00-05", L"2007/03/05", L"0000-03-05"}) {
+        manager::DayName day;
+        EXPECT_FALSE(manager::ReadDayName(name, day));
+        EXPECT_EQ(manager::LongDayText(name), name);
+    }
+    EXPECT_EQ(manager::LongDayText(L"2007-02-31"), L"2007-02-31") << "wrongly dated notes stay in sight";
+}
+
+class Calendar : public testing_support::ManagerTest {
+  protected:
+    // Taps the middle of a cell of the shown month.
+    void Tap(int row, int column) {
+        const int top = manager::HeaderBar::Height();
+        for (int y = top; y < Window().ClientHeight(); ++y) {
+            for (int x = 0; x < Window().ClientWidth(); x += 4) {
+                int r = 0;
+                int c = 0;
+                if (!Window().Month().CellAt({x - 8, y - top - 8}, r, c) || r != row || c != column) continue;
+                Desk().PenDown({x, y});
+                Desk().PenUp({x, y});
+                return;
+            }
+        }
+        FAIL() << "no such cell";
+    }
+    void ThenOpenCalendar() {
+        Then([this] { Desk().Command(IDM_CALENDAR); });
+    }
+};
+
+TEST_F(Calendar, StepsThroughTheMonthsAndRemembersTheMode) {
+    ThenOpenCalendar();
+    Then([this] {
+        EXPECT_TRUE(Tools().IsPressed(IDM_CALENDAR));
+        EXPECT_FALSE(Tools().IsEnabled(IDM_CURRENT_MONTH));
+        EXPECT_FALSE(Tools().IsEnabled(IDM_ADD_NOTE));
+        Desk().Command(IDM_PREVIOUS_MONTH);
+        Desk().Command(IDM_PREVIOUS_MONTH);
+        Desk().Command(IDM_PREVIOUS_MONTH);
+        EXPECT_EQ(Window().Month().Grid().Year(), 2006);
+        EXPECT_EQ(Window().Month().Grid().Month(), 12);
+        EXPECT_TRUE(Tools().IsEnabled(IDM_CURRENT_MONTH));
+        Desk().Command(IDM_NEXT_MONTH);
+        EXPECT_EQ(Window().Month().Grid().Month(), 1);
+        Desk().Command(IDM_CURRENT_MONTH);
+        EXPECT_EQ(Window().Month().Grid().Month(), 3);
+    });
+    RunManager();
+    EXPECT_EQ(device.NumberSetting(L"ViewCalMode"), 1u);
+    Then([this] { EXPECT_TRUE(Tools().IsPressed(IDM_CALENDAR)); });
+    ThenOpenCalendar();
+    RunManager();
+    EXPECT_EQ(device.NumberSetting(L"ViewCalMode"), 0u);
+}
+
+TEST_F(Calendar, ADayWithRemindersOpensInTheTree) {
+    PutNote(L"Reminders\\2007-03-08\\r.ikw");
+    ThenOpenCalendar();
+    Then([this] { Tap(1, 4); });  // Sunday first: the 4th begins the second row
+    Then([this] {
+        EXPECT_EQ(Selected(), L"Thursday, March 8, 2007  (1 found) ");
+        EXPECT_FALSE(Tools().IsPressed(IDM_CALENDAR));
+    });
+    RunManager();
+}
+
+TEST_F(Calendar, AnEmptyDayBeginsAReminderAndAGreyDayShowsItsMonth) {
+    ThenOpenCalendar();
+    Then([this] { Tap(1, 5); });
+    Then([this] {
+        EXPECT_EQ(Desk().Top()->Title(), L"Friday, 3/9/2007 - Inkwright");
+        Desk().Stroke({{30, 100}});
+        Desk().Command(platform::kIdOk);
+    });
+    AcceptName();
+    Then([this] {
+        EXPECT_TRUE(Has(L"Reminders\\2007-03-09\\Reminder 2007-03-09.ikw"));
+        Tap(0, 0);
+        EXPECT_EQ(Window().Month().Grid().Month(), 2);
+    });
+    RunManager();
+}
+
+TEST_F(Calendar, OpensOnTheMonthOfTheSelectedDay) {
+    PutNote(L"Reminders\\2005-07-08\\r.ikw");
+    ThenOpenCalendar();
+    Then([this] {
+        EXPECT_EQ(Window().Month().Grid().Year(), 2005);
+        EXPECT_EQ(Window().Month().Grid().Month(), 7);
+    });
+    RunManager(std::wstring(kRoot) + L"Reminders\\2005-07-08\\r.ikw");
+}
+
+}  // namespace

@@ -1,0 +1,65 @@
+// The manager on a device in memory, and a hand on its tree.
+#pragma once
+
+#include "app/PenSettings.h"
+#include "app/Settings.h"
+#include "manager/ManagerWindow.h"
+#include "platform/host/HostTreeView.h"
+#include "platform/host/HostWindow.h"
+#include "res/resource.h"
+#include "tests/support/DeskTest.h"
+
+namespace testing_support {
+
+constexpr wchar_t kRoot[] = L"\\My Documents\\Inkwright\\";
+
+class ManagerTest : public DeskTest {
+  protected:
+    using Path = std::vector<std::wstring>;
+
+    std::string EmptyNote() { return Words({5, 0xFFFFFF, 0, 268}); }
+    void PutNote(const std::wstring& below) { device.files.Put(kRoot + below, EmptyNote()); }
+    bool Has(const std::wstring& below) { return device.files.Has(kRoot + below); }
+
+    // Runs the manager on a path with the script so far, and closes it.
+    void RunManager(const std::wstring& path = L"") {
+        app::PenSettings pen = app::LoadPenSettings();
+        manager::ManagerWindow window(pen, path);
+        window_ = &window;
+        Close();
+        window.RunModal(nullptr);
+        EXPECT_FALSE(Desk().StepWaiting());
+        window_ = nullptr;
+    }
+    manager::ManagerWindow& Window() { return *window_; }
+    platform::host::HostTree Tree() { return platform::host::HostTree(window_->Tree()); }
+    platform::ToolBar& Tools() { return window_->Tools(); }
+    std::wstring Selected() { return window_->Tree().Text(window_->Tree().Selection()); }
+
+    // Chooses the menu entry with this text the next time a menu shows, and remembers all entries' texts
+    // (greyed ones in brackets, separators as "-").
+    void ChooseEntry(const std::wstring& text) {
+        Desk().chooseFromMenu = [this, text](const std::vector<platform::PopupMenu::Item>& items) {
+            menu_.clear();
+            return FindEntry(items, text);
+        };
+    }
+    const std::vector<std::wstring>& Menu() const { return menu_; }
+
+  private:
+    int FindEntry(const std::vector<platform::PopupMenu::Item>& items, const std::wstring& text) {
+        int command = 0;
+        for (const platform::PopupMenu::Item& item : items) {
+            const bool isSeparator = item.text.empty();
+            menu_.push_back(isSeparator ? L"-" : item.enabled ? item.text : L"(" + item.text + L")");
+            if (item.text == text && item.command != 0) command = item.command;
+            if (item.submenu != nullptr && command == 0) command = FindEntry(item.submenu->Items(), text);
+        }
+        return command;
+    }
+
+    manager::ManagerWindow* window_ = nullptr;
+    std::vector<std::wstring> menu_;
+};
+
+}  // namespace testing_support
