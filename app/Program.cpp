@@ -8,6 +8,7 @@
 #include "app/StorePaths.h"
 #include "app/TodayScreen.h"
 #include "editor/InkCanvas.h"
+#include "manager/ManagerWindow.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 
@@ -22,7 +23,6 @@ void DropMissingTarget(StartRequest& request) {
                           request.alarmMode ? L" Alarm Error :: Inkwright" : L" Error :: Inkwright",
                           platform::MessageButtons::Ok, platform::MessageIcon::Error);
     request.target.clear();
-    request.alarmMode = false;
 }
 
 // Pictures made for e-mail stay until the next start: the mail program may still be reading them.
@@ -35,11 +35,19 @@ void RemoveStalePictures() {
     }
 }
 
-// A start without a target writes a new note where new notes go.
-std::wstring NewNoteTarget() {
-    std::wstring folder = RootPrefix() + kNewNotesFolder + L"\\";
-    EnsureFolders(folder);
-    return folder;
+void ShowManager(PenSettings& pen, const StartRequest& request) {
+    manager::ManagerWindow window(pen, request.target);
+    window.RunModal(nullptr);
+}
+
+void ShowEditor(PenSettings& pen, const StartRequest& request) {
+    editor::InkCanvas::Opening opening;
+    opening.notePath = request.target;
+    opening.titleOverride = request.caption;
+    opening.alarmStamp = request.alarmTimeCode;
+    opening.openedByAlarm = request.alarmMode;
+    editor::InkCanvas canvas(pen, opening);
+    canvas.RunModal(nullptr);
 }
 
 }  // namespace
@@ -50,16 +58,11 @@ int RunProgram(const std::wstring& commandLine) {
     PenSettings pen = LoadPenSettings();
     DropMissingTarget(request);
     RemoveStalePictures();
-    if (request.manageMode || request.target.empty()) request.target = NewNoteTarget();
-
-    editor::InkCanvas::Opening opening;
-    opening.notePath = request.target;
-    opening.titleOverride = request.caption;
-    opening.alarmStamp = request.alarmTimeCode;
-    opening.openedByAlarm = request.alarmMode;
-    editor::InkCanvas canvas(pen, opening);
-    canvas.RunModal(nullptr);
-
+    if (request.manageMode || request.target.empty()) {
+        ShowManager(pen, request);
+    } else {
+        ShowEditor(pen, request);
+    }
     SaveColors(pen);
     RefreshTodayScreen();
     return 0;

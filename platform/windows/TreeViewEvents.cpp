@@ -15,6 +15,7 @@ using windows::ContractItem;
 namespace {
 
 constexpr UINT_PTR kSubclass = 1;
+constexpr wchar_t kTreeProperty[] = L"InkwrightTreeView";
 constexpr UINT kFillEdit = WM_APP + 1;
 
 HTREEITEM HitItem(HWND tree, POINT place) {
@@ -33,6 +34,7 @@ LRESULT CALLBACK TreeProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM 
     auto& tree = *reinterpret_cast<TreeView::Impl*>(reference);
     if (message == WM_NCDESTROY) {
         RemoveWindowSubclass(handle, TreeProcedure, kSubclass);
+        RemovePropW(handle, kTreeProperty);
         tree.tree = nullptr;
         if (tree.parent->Handle()->control == handle) tree.parent->Handle()->control = nullptr;
         return DefSubclassProc(handle, message, wParam, lParam);
@@ -174,14 +176,12 @@ bool TreeView::Impl::Input(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& 
 namespace windows {
 
 TreeView::Impl* TreeOf(HWND control) {
-    DWORD_PTR reference = 0;
-    if (!GetWindowSubclass(control, TreeProcedure, kSubclass, &reference)) return nullptr;
-    return reinterpret_cast<TreeView::Impl*>(reference);
+    return static_cast<TreeView::Impl*>(GetPropW(control, kTreeProperty));
 }
 
 bool WatchTree(TreeView::Impl& tree) {
-    return SetWindowSubclass(tree.tree, TreeProcedure, kSubclass, reinterpret_cast<DWORD_PTR>(&tree)) !=
-           FALSE;
+    return SetPropW(tree.tree, kTreeProperty, &tree) &&
+           SetWindowSubclass(tree.tree, TreeProcedure, kSubclass, reinterpret_cast<DWORD_PTR>(&tree)) != FALSE;
 }
 
 LRESULT TreeNotice(NMHDR& notice) {

@@ -15,8 +15,8 @@ class Program : public testing_support::DeskTest {
     }
 };
 
-TEST_F(Program, AMissingNoteIsReportedAndANewOneBegun) {
-    Then([this] { EXPECT_EQ(Desk().Top()->Title(), L"[new] - Inkwright"); });
+TEST_F(Program, AMissingNoteIsReportedAndTheManagerOpens) {
+    Then([this] { EXPECT_EQ(Desk().Top()->Title(), L"Inkwright"); });
     Close();
     Run(L"\\Ink\\gone.ikw");
     EXPECT_EQ(OnlyMessage().text, L"\\Ink\\gone.ikw\n\nFile Not Found!");
@@ -60,7 +60,7 @@ TEST_F(Program, ANoteIsWrittenWithoutAnyRegistry) {
         Desk().Command(platform::kIdOk);
     });
     AcceptName();
-    Run(L"");
+    Run(testing_support::kNewNotes);
     const auto page = ReadBack(std::wstring(testing_support::kNewNotes) + L"New Notes 2007-03-05.ikw");
     EXPECT_EQ(page->Band(0)->At(0).Color(), 0x808080u);
     EXPECT_THAT(Desk().messages, IsEmpty());

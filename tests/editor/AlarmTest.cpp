@@ -46,7 +46,7 @@ TEST_F(Alarm, SetAlarmAndExitNamesTheNoteClosesAndSchedules) {
         Desk().Command(platform::kIdOk);
     });
     AcceptName();
-    Run(L"");
+    Run(kNewNotes);
     ASSERT_THAT(device.notifications, SizeIs(1));
     const platform::NotificationTrigger& trigger = device.notifications.begin()->second.trigger;
     EXPECT_EQ(trigger.application, L"C:\\Program Files\\Inkwright\\inkwright.exe");

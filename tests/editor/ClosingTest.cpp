@@ -25,7 +25,7 @@ class Closing : public testing_support::DeskTest {
 
 TEST_F(Closing, AnEmptyNewNoteMakesNoFile) {
     Close();
-    Run(L"");
+    Run(kNewNotes);
     EXPECT_THAT(device.files.NamesIn(kNewNotes), IsEmpty());
     EXPECT_THAT(Desk().messages, IsEmpty());
 }
@@ -66,7 +66,7 @@ TEST_F(Closing, ASecondCloseWhileAQuestionIsOpenDoesNothing) {
     ThenWriteAndClose();
     Then([this] { EXPECT_EQ(Desk().Top()->Title(), L" Inkwright - Save As"); });
     AcceptName();
-    Run(L"");
+    Run(kNewNotes);
 }
 
 TEST_F(Closing, AnotherCopysTakeOverClosesAndSaves) {

@@ -37,7 +37,7 @@ TEST_F(Naming, ProposesTheFolderAndTheDayAndKeepsNamesApart) {
             EXPECT_EQ(TypedName(), name);
             Desk().Command(platform::kIdOk);
         });
-        Run(L"");
+        Run(kNewNotes);
     }
     EXPECT_THAT(Notes(), UnorderedElementsAre(L"New Notes 2007-03-05.ikw", L"New Notes 2007-03-05 (1).ikw",
                                               L"New Notes 2007-03-05 (2).ikw"));
@@ -60,7 +60,7 @@ TEST_F(Naming, DefaultPutsTheProposalBackAndBlanksAreTrimmed) {
         EXPECT_EQ(TypedName(), L"New Notes 2007-03-05");
     });
     TypeAndAccept(L"  Shopping list ");
-    Run(L"");
+    Run(kNewNotes);
     EXPECT_THAT(Notes(), ElementsAre(L"Shopping list.ikw"));
 }
 
@@ -68,7 +68,7 @@ TEST_F(Naming, ATakenNameIsMadeUniqueAgain) {
     device.files.Put(std::wstring(kNewNotes) + L"list.IKW", "someone's note");
     WriteAndClose();
     TypeAndAccept(L"List");
-    Run(L"");
+    Run(kNewNotes);
     EXPECT_THAT(Notes(), UnorderedElementsAre(L"list.IKW", L"List (1).ikw"));
     EXPECT_EQ(device.files.Get(std::wstring(kNewNotes) + L"list.ikw"), "someone's note");
 }
@@ -82,7 +82,7 @@ TEST_F(Naming, RefusedNamesAreAskedForAgain) {
         Then([this] { EXPECT_EQ(TypedName(), L"New Notes 2007-03-05"); });
     }
     AcceptName();
-    Run(L"");
+    Run(kNewNotes);
     EXPECT_THAT(Notes(), UnorderedElementsAre(L"sub", L"New Notes 2007-03-05.ikw"));
     ASSERT_EQ(Desk().messages.size(), 10u);
     for (const auto& message : Desk().messages) {
@@ -107,7 +107,7 @@ TEST_F(Naming, CancellingAsksWhetherTheInkMayGo) {
         EXPECT_THAT(Notes(), testing::IsEmpty());
     });
     Close();  // the note has its proposed name now
-    Run(L"");
+    Run(kNewNotes);
     EXPECT_THAT(Notes(), ElementsAre(L"New Notes 2007-03-05.ikw"));
 }
 
@@ -124,7 +124,7 @@ TEST_F(Naming, NewNoteAndFullEraseStayInTheFolderWithoutAFile) {
     });
     TypeAndAccept(L"second");
     Close();
-    Run(L"");
+    Run(kNewNotes);
     EXPECT_THAT(Notes(), UnorderedElementsAre(L"first.ikw", L"second.ikw"));
     EXPECT_EQ(ReadBack(std::wstring(kNewNotes) + L"second.ikw")->Band(0)->Count(), 1u);
 }
