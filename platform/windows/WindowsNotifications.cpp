@@ -1,19 +1,95 @@
+// The handheld's notification database, kept in the registry; the alarm keeper beside the program fires it.
+#include <cwchar>
+
 #include "platform/Notifications.h"
+#include "platform/Shell.h"
+#include "platform/windows/NotificationStore.h"
 
 namespace platform {
 
-// This system keeps no notification database yet, and says so: nothing can be set, and there is nothing.
-NotificationHandle SetNotification(NotificationHandle, const NotificationTrigger&, const UserNotification&) {
-    return 0;
+using windows::NotificationEntry;
+using windows::NotificationStore;
+
+namespace {
+
+constexpr wchar_t kRunKey[] = L"Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+constexpr wchar_t kRunValue[] = L"InkwrightAlarms";
+
+std::wstring KeeperPath() {
+    const std::wstring program = ProgramPath();
+    return program.substr(0, program.rfind(L'\\') + 1) + windows::kKeeperProgram;
+}
+
+bool KeeperRuns() {
+    const windows::OwnedHandle mutex(OpenMutexW(SYNCHRONIZE, FALSE, windows::kKeeperMutex));
+    return mutex != nullptr;
+}
+
+// From now on it starts with the user's session as well.
+void StartKeeper() {
+    const std::wstring path = L"\"" + KeeperPath() + L"\"";
+    RegSetKeyValueW(HKEY_CURRENT_USER, kRunKey, kRunValue, REG_SZ, path.c_str(),
+                    static_cast<DWORD>((path.size() + 1) * sizeof(wchar_t)));
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    std::wstring command = path;
+    if (!CreateProcessW(KeeperPath().c_str(), command.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr,
+                        nullptr, &startup, &process)) {
+        return;
+    }
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+}
+
+std::wstring DeviceFolder() {
+    wchar_t folder[MAX_PATH] = L"";
+    const DWORD length = GetEnvironmentVariableW(L"INKWRIGHT_DEVICE", folder, MAX_PATH);
+    return length < MAX_PATH ? std::wstring(folder, length) : std::wstring();
+}
+
+}  // namespace
+
+NotificationHandle SetNotification(NotificationHandle existing, const NotificationTrigger& trigger,
+                                   const UserNotification& notification) {
+    NotificationHandle handle = 0;
+    if (!IsValidDate(trigger.start.year, trigger.start.month, trigger.start.day)) return 0;
+    {
+        NotificationStore store;
+        if (!store.IsOpen()) return 0;
+        handle = store.Write(existing, {trigger, notification, DeviceFolder()});
+    }
+    if (handle == 0) return 0;
+    windows::AnnounceDatabaseChange();
+    if (!KeeperRuns()) StartKeeper();
+    return handle;
 }
 
 bool ListNotifications(std::vector<NotificationHandle>& handles) {
     handles.clear();
+    const NotificationStore store;
+    if (!store.IsOpen()) return false;
+    handles = store.Handles();
     return true;
 }
 
-bool ReadNotification(NotificationHandle, NotificationTrigger&, UserNotification&) { return false; }
+bool ReadNotification(NotificationHandle handle, NotificationTrigger& trigger, UserNotification& notification) {
+    const NotificationStore store;
+    NotificationEntry entry;
+    if (!store.IsOpen() || !store.Read(handle, entry)) return false;
+    trigger = entry.trigger;
+    notification = entry.notification;
+    return true;
+}
 
-bool ClearNotification(NotificationHandle) { return false; }
+bool ClearNotification(NotificationHandle handle) {
+    bool isCleared = false;
+    {
+        NotificationStore store;
+        isCleared = store.IsOpen() && store.Erase(handle);
+    }
+    if (isCleared) windows::AnnounceDatabaseChange();
+    return isCleared;
+}
 
 }  // namespace platform
