@@ -1,7 +1,7 @@
 #include "manager/FolderTree.h"
 
-#include <memory>
-#include <set>
+#include <algorithm>
+#include <unordered_set>
 
 #include "alarms/AlarmDatabase.h"
 #include "app/StorePaths.h"
@@ -20,21 +20,22 @@ constexpr wchar_t kNotesText[] = L"Notes";
 constexpr wchar_t kRemindersText[] = L"Reminders";
 constexpr wchar_t kAlarmsText[] = L"Alarms";
 
+}  // namespace
+
 // What a tree item of a folder or a note carries as its data; freed with the item.
-struct NodeRecord {
+struct FolderTree::NodeRecord {
     TreeItem item = 0;
     bool isFolder = false;
-    std::wstring name;  // of a folder in the store
+    std::wstring name;  // of a folder in the store, or of a note without its extension
 };
 
-NodeRecord* RecordOf(intptr_t data) { return reinterpret_cast<NodeRecord*>(data); }
+namespace {
 
 std::wstring WithCount(const std::wstring& text, int count) {
     return text + L"  (" + std::to_wstring(count) + L" found) ";
 }
 
-bool HasNoteExtension(const std::wstring& fileName) {
-    const std::wstring extension = app::kNoteExtension;
+bool HasExtension(const std::wstring& fileName, const std::wstring& extension) {
     return fileName.size() >= extension.size() &&
            platform::EqualNoCase(fileName.substr(fileName.size() - extension.size()), extension);
 }
@@ -62,6 +63,9 @@ int OpenKind(int kind) { return kind == kFolder ? kOpenFolder : kind == kDay ? k
 
 }  // namespace
 
+FolderTree::FolderTree(platform::TreeView& tree) : tree_(tree) {}
+FolderTree::~FolderTree() = default;
+
 void FolderTree::Rebuild(const std::wstring& path) {
     rebuilding_ = true;
     tree_.RemoveAll();
@@ -78,8 +82,17 @@ void FolderTree::Rebuild(const std::wstring& path) {
     SelectPath(path);
 }
 
-void FolderTree::ItemDeleted(int kind, intptr_t data) {
-    if (kind != kAlarm) std::unique_ptr<NodeRecord>(RecordOf(data)).reset();
+void FolderTree::ItemDeleted(intptr_t data) { records_.erase(data); }
+
+const FolderTree::NodeRecord* FolderTree::RecordOf(intptr_t data) const {
+    const auto found = records_.find(data);
+    return found == records_.end() ? nullptr : found->second.get();
+}
+
+// Folders before notes; folders by name, which puts days in order; notes by code units of their texts.
+int FolderTree::Compare(const NodeRecord& a, const NodeRecord& b) {
+    if (a.isFolder != b.isFolder) return a.isFolder ? -1 : 1;
+    return a.isFolder ? platform::CompareNames(a.name, b.name) : a.name.compare(b.name);
 }
 
 void FolderTree::SelectionChanged(TreeItem old, TreeItem selected) {
@@ -107,8 +120,8 @@ TreeItem FolderTree::Container(TreeItem item) const {
 }
 
 std::wstring FolderTree::FolderName(TreeItem item) const {
-    const NodeRecord* record = tree_.Image(item) == kAlarm ? nullptr : RecordOf(tree_.Data(item));
-    return record != nullptr ? record->name : std::wstring();
+    const NodeRecord* record = RecordOf(tree_.Data(item));
+    return record != nullptr && record->isFolder ? record->name : std::wstring();
 }
 
 std::wstring FolderTree::RelativePath(TreeItem item) const {
@@ -123,79 +136,95 @@ std::wstring FolderTree::RelativePath(TreeItem item) const {
     return item == alarmsTop_ ? std::wstring() : path;
 }
 
+// Children are put in order before they are inserted: the control would ask for two texts at every
+// comparison.
 void FolderTree::Fill(TreeItem node, const std::wstring& noteToSelect) {
-    const std::wstring folder = FolderPath(node);
+    const int kind = tree_.Image(node);
+    std::vector<Child> children = ReadChildren(kind, FolderPath(node));
+    std::sort(children.begin(), children.end(), [](const Child& a, const Child& b) {
+        return Compare({0, a.isFolder, a.name}, {0, b.isFolder, b.name}) < 0;
+    });
     tree_.Freeze(true);
     tree_.CollapseAndDrop(node);
     selectedNote_.clear();
-    if (node == remindersTop_) {
-        FillReminders(node, folder);
-    } else if (node == notesTop_) {
-        FillNotesTop(node, folder);
-    } else {
-        FillFolder(node, folder);
+    int notes = 0;
+    for (const Child& child : children) {
+        const int childKind = child.isFolder && kind != kRemindersTop ? kFolder : ChildKind(kind);
+        const TreeItem item = Insert(node, childKind, child.isFolder, child.name);
+        if (child.hasMemo) tree_.SetOverlay(item, true);
+        if (!child.isFolder) ++notes;
     }
-    Sort(node);
-    ShowCount(node);
+    ShowCount(node, notes);
     tree_.Expand(node);
     tree_.EnsureVisible(node);
     tree_.Freeze(false);
     if (!noteToSelect.empty()) SelectNote(noteToSelect);
 }
 
-void FolderTree::FillReminders(TreeItem node, const std::wstring& folder) {
+std::vector<FolderTree::Child> FolderTree::ReadChildren(int kind, const std::wstring& folder) const {
     std::vector<platform::FolderEntry> entries;
     platform::ListFolder(app::WithoutTrailingBackslashes(folder), L"*.*", entries);
+    if (kind == kRemindersTop) return DaysOf(entries, folder);
+    if (kind == kNotesTop) return TopFoldersOf(entries);
+    return NotesAndFoldersOf(entries, ChildKind(kind) == kNote);
+}
+
+// Days without a note are removed from the store on the way.
+std::vector<FolderTree::Child> FolderTree::DaysOf(const std::vector<platform::FolderEntry>& entries,
+                                                  const std::wstring& folder) {
+    std::vector<Child> days;
     for (const platform::FolderEntry& entry : entries) {
         DayName day;
         if (!entry.isFolder || !ReadDayName(entry.name, day)) continue;
         if (app::HoldsNotes(folder + entry.name)) {
-            InsertFolder(node, kDay, entry.name);
+            days.push_back({entry.name, true, false});
         } else {
             platform::DropFolder(folder + entry.name);
         }
     }
+    return days;
 }
 
-void FolderTree::FillNotesTop(TreeItem node, const std::wstring& folder) {
-    std::vector<platform::FolderEntry> entries;
-    platform::ListFolder(app::WithoutTrailingBackslashes(folder), L"*.*", entries);
+std::vector<FolderTree::Child> FolderTree::TopFoldersOf(const std::vector<platform::FolderEntry>& entries) {
+    std::vector<Child> folders;
     for (const platform::FolderEntry& entry : entries) {
-        if (entry.isFolder && !app::IsReservedName(entry.name)) InsertFolder(node, kFolder, entry.name);
+        if (entry.isFolder && !app::IsReservedName(entry.name)) folders.push_back({entry.name, true, false});
     }
+    return folders;
 }
 
 // Memos are found in the same listing: asking the disk once more for every note would cost more than all
 // else.
-void FolderTree::FillFolder(TreeItem node, const std::wstring& folder) {
-    const int kind = ChildKind(tree_.Image(node));
-    std::vector<platform::FolderEntry> entries;
-    platform::ListFolder(app::WithoutTrailingBackslashes(folder), L"*.*", entries);
-    std::set<std::wstring> names;
-    for (const platform::FolderEntry& entry : entries) names.insert(platform::LowerCase(entry.name));
+std::vector<FolderTree::Child> FolderTree::NotesAndFoldersOf(
+    const std::vector<platform::FolderEntry>& entries, bool withFolders) {
+    std::unordered_set<std::wstring> texts;
     for (const platform::FolderEntry& entry : entries) {
-        if (entry.isFolder && kind == kNote) InsertFolder(node, kFolder, entry.name);
-        if (entry.isFolder || !HasNoteExtension(entry.name)) continue;
-        const TreeItem item = InsertNote(node, kind, entry.name);
-        const std::wstring memo = WithoutExtension(entry.name) + L".txt";
-        if (names.count(platform::LowerCase(memo)) != 0) tree_.SetOverlay(item, true);
+        if (HasExtension(entry.name, L".txt"))
+            texts.insert(platform::LowerCase(WithoutExtension(entry.name)));
     }
+    std::vector<Child> children;
+    for (const platform::FolderEntry& entry : entries) {
+        if (entry.isFolder && withFolders) children.push_back({entry.name, true, false});
+        if (entry.isFolder || !HasExtension(entry.name, app::kNoteExtension)) continue;
+        const std::wstring name = WithoutExtension(entry.name);
+        const bool hasMemo = !texts.empty() && texts.count(platform::LowerCase(name)) != 0;
+        children.push_back({name, false, hasMemo});
+    }
+    return children;
 }
 
 TreeItem FolderTree::InsertFolder(TreeItem parent, int kind, const std::wstring& name) {
-    auto record = std::make_unique<NodeRecord>(NodeRecord{0, true, name});
-    const std::wstring text = kind == kDay ? LongDayText(name) : name;
-    NodeRecord* placed = record.release();
-    placed->item =
-        tree_.Insert(parent, platform::TreeView::Where::Last, text, kind, reinterpret_cast<intptr_t>(placed));
-    return placed->item;
+    return Insert(parent, kind, true, name);
 }
 
-TreeItem FolderTree::InsertNote(TreeItem parent, int kind, const std::wstring& fileName) {
-    NodeRecord* placed = std::make_unique<NodeRecord>().release();
-    placed->item = tree_.Insert(parent, platform::TreeView::Where::Last, WithoutExtension(fileName), kind,
-                                reinterpret_cast<intptr_t>(placed));
-    return placed->item;
+TreeItem FolderTree::Insert(TreeItem parent, int kind, bool isFolder, const std::wstring& name) {
+    auto record = std::make_unique<NodeRecord>(NodeRecord{0, isFolder, name});
+    const auto data = reinterpret_cast<intptr_t>(record.get());
+    record->item = tree_.Insert(parent, platform::TreeView::Where::Last,
+                                kind == kDay ? LongDayText(name) : name, kind, data);
+    const TreeItem item = record->item;
+    records_[data] = std::move(record);
+    return item;
 }
 
 void FolderTree::ListAlarms() {
@@ -215,13 +244,14 @@ void FolderTree::ListAlarms() {
 }
 
 void FolderTree::RenameFolder(TreeItem item, const std::wstring& name) {
-    RecordOf(tree_.Data(item))->name = name;
-    ShowCount(item);
+    records_[tree_.Data(item)]->name = name;
+    ShowCount(item, CountNotes(item));
     Sort(tree_.Parent(item));
 }
 
 void FolderTree::RenameNote(TreeItem item, const std::wstring& name) {
     tree_.SetText(item, name);
+    records_[tree_.Data(item)]->name = name;
     selectedNote_ = RelativePath(item) + app::kNoteExtension;
     Sort(tree_.Parent(item));
 }
@@ -234,11 +264,13 @@ int FolderTree::CountNotes(TreeItem item) const {
     return count;
 }
 
-void FolderTree::ShowCount(TreeItem item) {
+void FolderTree::ShowCount(TreeItem item) { ShowCount(item, CountNotes(item)); }
+
+void FolderTree::ShowCount(TreeItem item, int count) {
     const int kind = tree_.Image(item);
     if (!IsFolderKind(kind) && !IsDayKind(kind)) return;
     const std::wstring name = FolderName(item);
-    tree_.SetText(item, WithCount(IsDayKind(kind) ? LongDayText(name) : name, CountNotes(item)));
+    tree_.SetText(item, WithCount(IsDayKind(kind) ? LongDayText(name) : name, count));
     tree_.SetImage(item, OpenKind(kind));
 }
 
@@ -262,14 +294,9 @@ void FolderTree::ShowPlain(TreeItem item) {
     }
 }
 
-// Folders before notes; folders by name, which puts days in order; notes by code units of their texts.
 void FolderTree::Sort(TreeItem parent) {
-    tree_.SortChildren(parent, [this](TreeItem a, intptr_t dataA, TreeItem b, intptr_t dataB) {
-        const NodeRecord* first = RecordOf(dataA);
-        const NodeRecord* second = RecordOf(dataB);
-        if (first->isFolder != second->isFolder) return first->isFolder ? -1 : 1;
-        if (first->isFolder) return platform::CompareNames(first->name, second->name);
-        return tree_.Text(a).compare(tree_.Text(b));
+    tree_.SortChildren(parent, [this](TreeItem, intptr_t a, TreeItem, intptr_t b) {
+        return Compare(*RecordOf(a), *RecordOf(b));
     });
 }
 
@@ -308,7 +335,7 @@ void FolderTree::SelectPath(const std::wstring& path) {
 }
 
 void FolderTree::SelectNote(const std::wstring& fileName) {
-    if (!HasNoteExtension(fileName)) return;
+    if (!HasExtension(fileName, app::kNoteExtension)) return;
     TreeItem child = tree_.FirstChild(Container(tree_.Selection()));
     for (; child != 0; child = tree_.NextSibling(child)) {
         const bool isWanted = IsNoteKind(tree_.Image(child)) &&

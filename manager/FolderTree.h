@@ -1,6 +1,8 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/FileSystem.h"
@@ -13,7 +15,8 @@ namespace manager {
 // paths end in "\".
 class FolderTree {
   public:
-    explicit FolderTree(platform::TreeView& tree) : tree_(tree) {}
+    explicit FolderTree(platform::TreeView& tree);
+    ~FolderTree();
 
     // The store root with one "\" at its end.
     void SetRootPrefix(const std::wstring& prefix) { rootPrefix_ = prefix; }
@@ -25,7 +28,7 @@ class FolderTree {
 
     // The tree's events.
     void SelectionChanged(platform::TreeItem old, platform::TreeItem selected);
-    static void ItemDeleted(int kind, intptr_t data);
+    void ItemDeleted(intptr_t data);
 
     platform::TreeItem NotesTop() const { return notesTop_; }
     int SelectedKind() const { return tree_.Image(tree_.Selection()); }
@@ -56,10 +59,23 @@ class FolderTree {
     void Sort(platform::TreeItem parent);
 
   private:
-    void FillReminders(platform::TreeItem node, const std::wstring& folder);
-    void FillNotesTop(platform::TreeItem node, const std::wstring& folder);
-    void FillFolder(platform::TreeItem node, const std::wstring& folder);
-    platform::TreeItem InsertNote(platform::TreeItem parent, int kind, const std::wstring& fileName);
+    struct NodeRecord;
+    struct Child {
+        std::wstring name;  // a note's without extension
+        bool isFolder = false;
+        bool hasMemo = false;
+    };
+
+    static int Compare(const NodeRecord& a, const NodeRecord& b);
+    const NodeRecord* RecordOf(intptr_t data) const;
+    std::vector<Child> ReadChildren(int kind, const std::wstring& folder) const;
+    static std::vector<Child> DaysOf(const std::vector<platform::FolderEntry>& entries,
+                                     const std::wstring& folder);
+    static std::vector<Child> TopFoldersOf(const std::vector<platform::FolderEntry>& entries);
+    static std::vector<Child> NotesAndFoldersOf(const std::vector<platform::FolderEntry>& entries,
+                                                bool withFolders);
+    platform::TreeItem Insert(platform::TreeItem parent, int kind, bool isFolder, const std::wstring& name);
+    void ShowCount(platform::TreeItem item, int count);
     void ShowPlain(platform::TreeItem item);
     bool IsAncestor(platform::TreeItem above, platform::TreeItem item) const;
     platform::TreeItem ChildFolder(platform::TreeItem parent, const std::wstring& name) const;
@@ -67,6 +83,8 @@ class FolderTree {
     void SelectNote(const std::wstring& fileName);
 
     platform::TreeView& tree_;
+    // By item data; alarm entries carry their notification's handle instead and have none.
+    std::unordered_map<intptr_t, std::unique_ptr<NodeRecord>> records_;
     std::wstring rootPrefix_;
     platform::TreeItem notesTop_ = 0;
     platform::TreeItem remindersTop_ = 0;

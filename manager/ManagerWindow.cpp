@@ -152,9 +152,7 @@ void ManagerWindow::OnTreeSelection(TreeItem old, TreeItem selected) {
     UpdateTools();
 }
 
-void ManagerWindow::OnTreeItemDeleted(TreeItem item, intptr_t data) {
-    FolderTree::ItemDeleted(tree_.Image(item), data);
-}
+void ManagerWindow::OnTreeItemDeleted(TreeItem, intptr_t data) { folders_.ItemDeleted(data); }
 
 void ManagerWindow::OnTreeActivated(TreeItem item) {
     if (IsNoteKind(tree_.Image(item))) OpenNote();

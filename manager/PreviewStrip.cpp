@@ -17,6 +17,9 @@ namespace {
 constexpr platform::Font kFont{85, false};
 constexpr float kShade = -0.15f;   // the paper, a little darker
 constexpr int32_t kHeadRows = 45;  // strokes that begin in these page rows are shown
+// A stroke that begins in the head is filed by its last row, and no pen draws over more views than this: what
+// lies in later blocks of the file need not be read.
+constexpr int64_t kLastHeadBlock = 4;
 constexpr int kNoteMarkTop = 20;
 constexpr int kMemoMarkRight = 18;
 constexpr int kMemoMarkTop = 4;
@@ -82,7 +85,7 @@ void PreviewStrip::DrawInk(const std::wstring& notePath) {
     ink::NoteScanner scanner(source, header, header.bandHeight, pool, ink::NoteScanner::Mode::Visit);
     ink::StrokeRecord* record = nullptr;
     if (!painter.SetPen(pen_.penStyle, pen_.penSize * 0.1)) return;
-    while (scanner.Next(record) == ink::ScanResult::Record) {
+    while (scanner.Next(record) == ink::ScanResult::Record && scanner.Block() <= kLastHeadBlock) {
         if (record->count < 1 || record->minY >= kHeadRows) continue;
         ink::PixelSurface target = surface;
         painter.PaintStroke(target, *record, 0, surface.Bounds());

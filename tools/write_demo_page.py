@@ -60,7 +60,7 @@ def sun(center_x, center_y):
     return [circle] + rays
 
 
-def main(folder):
+def write_page(folder):
     page = Page()
     page.write("Garden plans", 26, 34, 13, 1)
     page.write("tomatoes by the south wall", 26, 100, 13, 2)
@@ -81,7 +81,20 @@ def main(folder):
     window_named("Color Palette")
     page.picture(folder / "palette.png")
     tool("search", "--name", "Color Palette", "windowfocus", "key", "Escape")
+    tool("sleep", 0.5, "search", "--name", "Inkwright$", "windowfocus", "key", "alt+F4")
+    window_named("Save As")
+    tool("sleep", 0.5, "type", "Garden plans")
+    tool("key", "Return", "sleep", 1)
+
+
+def show_manager(folder):
+    page = Page()
+    page.click(90, 22 + 16 * 2 + 8)  # the first note of the folder that is open
+    page.picture(folder / "manager.png")
+    page.click(88)
+    page.picture(folder / "calendar.png")
+    tool("search", "--name", "Inkwright$", "windowfocus", "key", "alt+F4")
 
 
 if __name__ == "__main__":
-    main(pathlib.Path(sys.argv[1]))
+    {"page": write_page, "manager": show_manager}[sys.argv[1]](pathlib.Path(sys.argv[2]))
