@@ -19,13 +19,13 @@ constexpr float kShade = -0.15f;   // the paper, a little darker
 constexpr int32_t kHeadRows = 45;  // strokes that begin in these page rows are shown
 // A stroke that begins in the head is filed by its last row, and no pen draws over more views than this: what
 // lies in later blocks of the file need not be read.
-constexpr int64_t kLastHeadBlock = 4;
+constexpr int64_t kLastHeadBlock = 2;
 constexpr int kNoteMarkTop = 20;
 constexpr int kMemoMarkRight = 18;
 constexpr int kMemoMarkTop = 4;
 constexpr platform::Rect kCaptionInset{4, 2, 4, 2};
 constexpr ink::ColorRef kWhite = 0xFFFFFF;
-constexpr ink::ColorRef kCaptionColor = 0;
+constexpr ink::ColorRef kCaptionColor = ink::MakeColor(96, 96, 96);  // ink may lie below it
 
 }  // namespace
 

@@ -80,8 +80,9 @@ def write_page(folder):
     page.click(PAGE_TOOLS["palette"])
     window_named("Color Palette")
     page.picture(folder / "palette.png")
-    tool("search", "--name", "Color Palette", "windowfocus", "key", "Escape")
-    tool("sleep", 0.5, "search", "--name", "Inkwright$", "windowfocus", "key", "alt+F4")
+    page.click(300, 420)  # a tap outside
+    tool("sleep", 0.5, "search", "--name", "Inkwright$", "windowfocus")
+    tool("key", "alt+F4")
     window_named("Save As")
     tool("sleep", 0.5, "type", "Garden plans")
     tool("key", "Return", "sleep", 1)
@@ -89,11 +90,15 @@ def write_page(folder):
 
 def show_manager(folder):
     page = Page()
-    page.click(90, 22 + 16 * 2 + 8)  # the first note of the folder that is open
+    first_folder, first_note = 42, 58
+    page.click(75, first_folder)
+    tool("sleep", 0.7)
+    page.click(95, first_note)
     page.picture(folder / "manager.png")
     page.click(88)
     page.picture(folder / "calendar.png")
-    tool("search", "--name", "Inkwright$", "windowfocus", "key", "alt+F4")
+    tool("search", "--name", "Inkwright$", "windowfocus")
+    tool("key", "alt+F4")
 
 
 if __name__ == "__main__":
