@@ -40,6 +40,13 @@ LRESULT CALLBACK TreeProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM 
         return DefSubclassProc(handle, message, wParam, lParam);
     }
     LRESULT result = 0;
+    if (message == WM_SETFOCUS) {
+        // Without a selection the control would select its first item of itself.
+        tree.takesFocus = true;
+        result = DefSubclassProc(handle, message, wParam, lParam);
+        tree.takesFocus = false;
+        return result;
+    }
     if (tree.events && tree.Input(message, wParam, lParam, result)) return result;
     return DefSubclassProc(handle, message, wParam, lParam);
 }
@@ -50,6 +57,8 @@ LRESULT TreeView::Impl::Notice(NMHDR& notice) {
     const auto& change = reinterpret_cast<const NMTREEVIEWW&>(notice);
     const auto& edit = reinterpret_cast<const NMTVDISPINFOW&>(notice);
     switch (notice.code) {
+        case TVN_SELCHANGINGW:
+            return takesFocus ? TRUE : FALSE;
         case TVN_SELCHANGEDW:
             if (events)
                 events->OnTreeSelection(ContractItem(change.itemOld.hItem),

@@ -23,6 +23,7 @@ struct TreeView::Impl {
     std::wstring editText;  // what the open label edit began with
     int frozen = 0;
     bool visible = true;
+    bool takesFocus = false;  // while it does
 
     bool Create(Window& window, int id, const Rect& place, const TreeView::Images& source);
     Node* NodeOf(HTREEITEM item) const;

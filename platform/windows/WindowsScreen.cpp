@@ -85,6 +85,8 @@ LRESULT CALLBACK FrameProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM
 LRESULT CALLBACK PageProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE) RememberWindow(handle, lParam);
     if (message == WM_ERASEBKGND) return 1;
+    // A tree passes on what its label edit tells about itself; commands come without a control.
+    if (message == WM_COMMAND && lParam != 0) return 0;
     if (message == WM_NOTIFY) return TreeNotice(*reinterpret_cast<NMHDR*>(lParam));
     if (message == WM_DESTROY) RemovePropW(handle, kPenServiceProperty);
     if (message == WM_NCDESTROY) Attach(handle, nullptr);
