@@ -1,4 +1,5 @@
 // Tool bars, dialogs, pop-ups, menus and message boxes.
+#include "platform/FileSystem.h"
 #include "platform/Popup.h"
 #include "platform/PopupMenu.h"
 #include "res/resource.h"
@@ -135,6 +136,30 @@ TEST_F(WindowContract, PickersKeepTheirMoments) {
     EXPECT_THAT(dialog.log, ElementsAre("destroy"));
 }
 
+TEST_F(WindowContract, MonthCalendars) {
+    TestDialog dialog(IDD_DATE_PICKER);
+    dialog.command = [&](int id) { dialog.EndModal(id); };
+    const int result = RunDialog(
+        driver_, dialog,
+        [&] {
+            dialog.SetPicked(IDC_MONTH_CALENDAR, {2007, 3, 4, 15, 0, 0, 0, 0});
+            const DateTime date = dialog.PickedDate(IDC_MONTH_CALENDAR);
+            EXPECT_EQ(date.year * 10000 + date.month * 100 + date.day, 20070315);
+            dialog.SetPicked(IDC_MONTH_CALENDAR, {2007, 2, 0, 30, 0, 0, 0, 0});
+            EXPECT_EQ(dialog.PickedDate(IDC_MONTH_CALENDAR).day, 15) << "there is no such day";
+            for (const int day : {0, 3, 6, 7, -1}) {
+                dialog.SetFirstDayOfWeek(IDC_MONTH_CALENDAR, day);
+                const int shown = driver_.FirstDayShown(dialog, IDC_MONTH_CALENDAR);
+                EXPECT_THAT(shown, testing::AnyOf(-1, day == 7 || day == -1 ? 6 : day));
+            }
+            dialog.SetFirstDayOfWeek(platform::kIdOk, 2);
+            EXPECT_EQ(dialog.ItemText(platform::kIdOk), L"OK");
+        },
+        [&] { driver_.DoubleTapDay(dialog, IDC_MONTH_CALENDAR); });
+    EXPECT_EQ(result, platform::kIdOk);
+    EXPECT_THAT(dialog.log, ElementsAre("command 1", "destroy"));
+}
+
 TEST_F(WindowContract, DialogsCanBePlaced) {
     TestDialog dialog(IDD_ALARM_TIME);
     dialog.create = [&] {
@@ -210,6 +235,54 @@ TEST_F(WindowContract, Menus) {
     EXPECT_EQ(items[1].text, L"Set Alarm and Exit");
     EXPECT_TRUE(items[0].enabled && !items[1].enabled && items[3].enabled);
     EXPECT_EQ(items[2].command, 0);
+}
+
+TEST_F(WindowContract, MenusWithinMenus) {
+    platform::PopupMenu inner;
+    inner.Add(37002, L"Inner");
+    inner.Add(37003, L"Inner too", false);
+    platform::PopupMenu middle;
+    middle.Add(37001, L"Middle");
+    middle.AddSubmenu(L"More", inner);
+    for (const int command : {37000, 37001, 37002, 0}) {
+        TestScreen screen(Screen::ScrollBar::None);
+        int chosen = -1;
+        screen.command = [&](int) {
+            platform::PopupMenu menu;
+            menu.Add(37000, L"Outer");
+            menu.AddSubmenu(L"Folders", middle);
+            driver_.ChooseFromMenu(command);
+            chosen = menu.Choose(screen, {60, 60});
+            screen.EndModal(1);
+        };
+        driver_.Then([&screen] { screen.PostCommand(1); });
+        screen.RunModal(nullptr);
+        EXPECT_EQ(chosen, command);
+    }
+    const auto& items = driver_.MenuItems();
+    ASSERT_GE(items.size(), 2u);
+    EXPECT_EQ(items[1].text, L"Folders");
+    ASSERT_TRUE(items[1].submenu != nullptr);
+    ASSERT_EQ(items[1].submenu->Items().size(), 2u);
+    EXPECT_EQ(items[1].submenu->Items()[0].text, L"Middle");
+}
+
+TEST_F(WindowContract, FoldersAreChosen) {
+    ASSERT_TRUE(platform::MakeFolder(L"\\Notes") && platform::MakeFolder(L"\\Notes\\Old ones"));
+    TestScreen screen(Screen::ScrollBar::None);
+    std::vector<std::wstring> folders;
+    screen.command = [&](int) {
+        std::wstring chosen = L"unchanged";
+        const bool answered = platform::ChooseFolder(&screen, L"Note folder", L"\\Notes", chosen);
+        folders.push_back(answered ? chosen : L"none");
+        screen.EndModal(1);
+    };
+    for (const wchar_t* folder : {L"\\Notes\\Old ones", L"\\My Documents", L""}) {
+        driver_.ChooseFolder(folder);
+        driver_.Then([&screen] { screen.PostCommand(1); });
+        screen.RunModal(nullptr);
+    }
+    EXPECT_THAT(folders, ElementsAre(L"\\Notes\\Old ones", L"\\My Documents", L"none"));
 }
 
 TEST_F(WindowContract, MessageAnswers) {

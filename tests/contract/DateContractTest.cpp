@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <string>
 
 #include "platform/Clock.h"
@@ -80,6 +81,17 @@ TEST(DateContract, DateAndTimeTogether) {
     for (const auto& each : kCases) EXPECT_EQ(DateAndTime(each.moment), each.text);
 }
 
+TEST(DateContract, MonthsAndDaysHaveNames) {
+    EXPECT_EQ(YearAndMonth(2007, 3), L"March 2007");
+    EXPECT_EQ(YearAndMonth(2026, 12), L"December 2026");
+    EXPECT_EQ(YearAndMonth(2026, 13), L"");
+    EXPECT_EQ(DayName(0), L"Monday");
+    EXPECT_EQ(DayName(6), L"Sunday");
+    EXPECT_EQ(ShortDayName(0), L"Mon");
+    EXPECT_EQ(ShortDayName(6), L"Sun");
+    EXPECT_EQ(FirstDayOfWeek(), 6);
+}
+
 TEST(DateContract, ClocksRunForward) {
     const contract::Driver driver;
     const uint32_t before = TickMilliseconds();
@@ -111,6 +123,24 @@ TEST(TextContract, FileNameComparison) {
     EXPECT_FALSE(EqualNoCase(L"co-op", L"coop"));
     EXPECT_FALSE(EqualNoCase(L"e\u0301", L"\u00E9")) << "by code units";
     EXPECT_TRUE(EqualNoCase(L"", L""));
+}
+
+TEST(TextContract, LowerCaseIsTheSameForEqualNames) {
+    EXPECT_EQ(LowerCase(L"\\My Documents\\A1.IKW"), L"\\my documents\\a1.ikw");
+    EXPECT_EQ(LowerCase(L""), L"");
+    for (wchar_t unit = 1; unit < 0x0500; ++unit) {
+        const std::wstring name(1, unit);
+        EXPECT_TRUE(EqualNoCase(name, LowerCase(name))) << static_cast<int>(unit);
+    }
+}
+
+TEST(TextContract, NamesInTheOrderOfTheLocale) {
+    const wchar_t* const sorted[] = {L"2007-03-05", L"2007-03-15", L"apple", L"Apple", L"banana", L"Zebra"};
+    for (size_t i = 0; i + 1 < std::size(sorted); ++i) {
+        EXPECT_LT(CompareNames(sorted[i], sorted[i + 1]), 0) << sorted[i];
+        EXPECT_GT(CompareNames(sorted[i + 1], sorted[i]), 0) << sorted[i];
+    }
+    EXPECT_EQ(CompareNames(L"Work", L"Work"), 0);
 }
 
 }  // namespace

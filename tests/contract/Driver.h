@@ -11,6 +11,7 @@
 #include "platform/MessageBox.h"
 #include "platform/PopupMenu.h"
 #include "platform/Screen.h"
+#include "platform/TreeView.h"
 
 namespace contract {
 
@@ -46,10 +47,25 @@ class Driver {
     void PressTool(platform::Screen& screen, int command);
     void PressButton(platform::Dialog& dialog, int id);
     void Type(platform::Dialog& dialog, int id, const std::wstring& text);
+    // A double tap on the chosen day of a month calendar.
+    void DoubleTapDay(platform::Dialog& dialog, int id);
+    // 0 = Monday; -1 where the port draws no calendar.
+    int FirstDayShown(platform::Dialog& dialog, int id) const;
     void Close(platform::Window& window);  // the title bar's close button
     void SendScroll(platform::Window& window, platform::ScrollCode code, int position);
     void SendPrivateMessage(platform::Window& window, uint32_t code, intptr_t payload);
     void LetTimePass(uint32_t milliseconds);
+
+    // On an item's text; on the empty part of the tree for item 0.
+    void TapTree(platform::TreeView& tree, platform::TreeItem item);
+    void DoubleTapTree(platform::TreeView& tree, platform::TreeItem item);
+    void HoldTree(platform::TreeView& tree, platform::TreeItem item);
+    void RightClickTree(platform::TreeView& tree, platform::TreeItem item);
+    void PressInTree(platform::TreeView& tree, platform::Key key);
+    bool IsEditing(const platform::TreeView& tree) const;
+    std::wstring EditedText(const platform::TreeView& tree) const;
+    void EndEditing(platform::TreeView& tree, const std::wstring& text);
+    void CancelEditing(platform::TreeView& tree);
 
     // 0x00RRGGBB of what the window shows.
     uint32_t PixelAt(platform::Window& window, platform::Point place);
@@ -60,6 +76,8 @@ class Driver {
     // The next menu is answered with this command, 0 to dismiss it; its items are kept.
     void ChooseFromMenu(int command);
     const std::vector<platform::PopupMenu::Item>& MenuItems() const;
+    // The next folder chooser gives this folder, or is cancelled when it is empty.
+    void ChooseFolder(const std::wstring& folder);
 
     // A value below the machine's part of the registry.
     void SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value);

@@ -225,6 +225,34 @@ TEST_F(FileContract, FreeSpaceOfAFolderThatExists) {
     EXPECT_FALSE(FreeBytes(L"\\none", bytes));
 }
 
+TEST_F(FileContract, TimesOfLastWriting) {
+    const DateTime before = LocalNow();
+    ASSERT_TRUE(WriteWhole(L"\\note.ikw", "ink"));
+    DateTime written;
+    ASSERT_TRUE(LastWriteTime(L"\\note.ikw", written));
+    EXPECT_EQ(written.year, before.year);
+    EXPECT_EQ(written.hour, before.hour) << "local time is wanted";
+    EXPECT_FALSE(LastWriteTime(L"\\none.ikw", written));
+    EXPECT_EQ(written.year, before.year) << "a failure leaves it alone";
+}
+
+TEST_F(FileContract, WhatHasAttributesExists) {
+    ASSERT_TRUE(WriteWhole(L"\\note.ikw", ""));
+    for (const wchar_t* path : {L"\\note.ikw", L"NOTE.ikw", L"\\My Documents", L"\\My Documents\\"}) {
+        EXPECT_TRUE(Exists(path)) << path;
+    }
+    for (const wchar_t* path : {L"\\none", L"\\none\\", L"\\no?e.ikw", L"\\*.ikw", L"\\note.ikw\\x"}) {
+        EXPECT_FALSE(Exists(path)) << path;
+    }
+}
+
+TEST_F(FileContract, StorageCardsAreFoldersOfTheRoot) {
+    EXPECT_THAT(StorageCards(), IsEmpty());
+    ASSERT_TRUE(MakeFolder(L"\\Storage Card2") && MakeFolder(L"\\storage card"));
+    ASSERT_TRUE(MakeFolder(L"\\Storage") && MakeFolder(L"\\My Documents\\Storage Card3"));
+    EXPECT_THAT(StorageCards(), ElementsAre(L"storage card", L"Storage Card2"));
+}
+
 TEST_F(FileContract, DocumentsFolderIsMade) {
     ASSERT_TRUE(DropFolder(L"\\My Documents"));
     EXPECT_EQ(DocumentsFolder(), L"\\My Documents");

@@ -36,6 +36,9 @@ void Driver::PressTool(platform::Screen&, int command) { impl_->device.desk.Comm
 void Driver::PressButton(platform::Dialog&, int id) { impl_->device.desk.Command(id); }
 void Driver::Type(platform::Dialog&, int id, const std::wstring& text) { impl_->device.desk.Type(id, text); }
 
+void Driver::DoubleTapDay(platform::Dialog&, int) { impl_->device.desk.Command(platform::kIdOk); }
+int Driver::FirstDayShown(platform::Dialog&, int) const { return -1; }
+
 void Driver::Close(Window& window) {
     impl_->device.desk.Command(window.Handle()->isDialog ? platform::kIdCancel : platform::kIdOk);
 }
@@ -72,6 +75,8 @@ void Driver::ChooseFromMenu(int command) {
 }
 
 const std::vector<platform::PopupMenu::Item>& Driver::MenuItems() const { return impl_->menuItems; }
+
+void Driver::ChooseFolder(const std::wstring& folder) { impl_->device.desk.chosenFolder = folder; }
 
 void Driver::SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value) {
     const std::string data(reinterpret_cast<const char*>(&value), sizeof value);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <deque>
+
+#include "tests/contract/WindowsQuestions.h"
+
+namespace contract {
+
+struct Driver::Impl {
+    HWND ticker = nullptr;
+    std::deque<std::function<void()>> steps;
+    WindowsQuestions questions;
+    std::wstring deviceFolder;
+    // The pen that is held still: when and where it is lifted.
+    ULONGLONG heldUntil = 0;
+    POINT heldPlace{};
+
+    void Tick();
+};
+
+}  // namespace contract
