@@ -23,7 +23,7 @@ ON_TOP = {"app/Program.cpp": {"editor", "manager"}, "platform/windows/Main.cpp":
 STANDARD_HEADERS = re.compile(
     r"^(algorithm|array|atomic|cassert|cctype|chrono|cmath|cstddef|cstdint|cstdlib|cstring|cwchar|cwctype|deque|exception|"
     r"fstream|functional|iterator|limits|list|map|memory|mutex|new|optional|set|sstream|string|string_view|"
-    r"thread|tuple|type_traits|unordered_map|utility|vector)$")
+    r"thread|tuple|type_traits|unordered_map|unordered_set|utility|vector)$")
 
 
 def problems_of(path):

@@ -9,8 +9,7 @@ class StartUp(case.Case):
         message = self.desk.window(" Error :: Inkwright")
         self.assertEqual(self.desk.child(message, id=0xFFFF)["text"], f"{desk.ROOT}\\gone.ikw\n\nFile Not Found!")
         self.desk.key("Return")
-        frame = self.desk.window("[new] - Inkwright")
-        self.close(program, frame)
+        self.close(program, self.desk.window("Inkwright"))
 
     def test_a_second_copy_takes_over(self):
         first_path = self.put_note("first.ikw")
