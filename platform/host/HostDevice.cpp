@@ -64,7 +64,8 @@ void Pause(uint32_t milliseconds) { HostDevice::Current().ticks += milliseconds;
 NotificationHandle SetNotification(NotificationHandle existing, const NotificationTrigger& trigger,
                                    const UserNotification& notification) {
     HostDevice& device = HostDevice::Current();
-    if (device.notificationsFail) return 0;
+    const bool isDay = IsValidDate(trigger.start.year, trigger.start.month, trigger.start.day);
+    if (device.notificationsFail || !isDay) return 0;
     const NotificationHandle next =
         device.notifications.empty() ? 1 : device.notifications.rbegin()->first + 1;
     const NotificationHandle handle = existing != 0 ? existing : next;
