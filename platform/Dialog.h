@@ -26,8 +26,8 @@ class Dialog : public Window {
     void FocusItem(int id);
     void SelectItemText(int id);  // all of an edit's text
 
-    // Date and time pickers; each exchanges only its own half of the moment. A month calendar is a date picker
-    // too; a double tap on one of its days is OnCommand(kIdOk).
+    // Date and time pickers; each exchanges only its own half of the moment. A month calendar is a date
+    // picker too; a double tap on one of its days is OnCommand(kIdOk).
     DateTime PickedDate(int id) const;
     DateTime PickedTime(int id) const;
     void SetPicked(int id, const DateTime& moment);

@@ -54,17 +54,15 @@ void Start(const std::wstring& program, const std::wstring& arguments) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &process)) {
+    if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &startup, &process)) {
         return;
     }
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
 }
 
-void StartFiring(NotificationHandle handle) {
-    Start(OwnPath(), kFireSwitch + std::to_wstring(handle));
-}
+void StartFiring(NotificationHandle handle) { Start(OwnPath(), kFireSwitch + std::to_wstring(handle)); }
 
 // Takes the entry out of the database; false when another run has it already.
 bool Claim(NotificationHandle handle, NotificationEntry& entry) {
@@ -151,7 +149,8 @@ int Keep() {
     const HANDLE events[] = {changed.get(), timer.get()};
     do {
         LookAtDatabase(timer.get());
-        MsgWaitForMultipleObjects(static_cast<DWORD>(std::size(events)), events, FALSE, INFINITE, QS_ALLINPUT);
+        MsgWaitForMultipleObjects(static_cast<DWORD>(std::size(events)), events, FALSE, INFINITE,
+                                  QS_ALLINPUT);
     } while (HandleMessages());
     return 0;
 }

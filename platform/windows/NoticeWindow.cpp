@@ -25,12 +25,12 @@ int TextHeight(HDC dc, const std::wstring& text) {
     return area.bottom;
 }
 
-HWND AddControl(HWND parent, const wchar_t* kind, const std::wstring& text, DWORD style, const RECT& place, int id,
-                HFONT font) {
-    const HWND control =
-        CreateWindowExW(0, kind, text.c_str(), WS_CHILD | WS_VISIBLE | style, place.left, place.top,
-                        place.right - place.left, place.bottom - place.top, parent,
-                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
+HWND AddControl(HWND parent, const wchar_t* kind, const std::wstring& text, DWORD style, const RECT& place,
+                int id, HFONT font) {
+    const HWND control = CreateWindowExW(0, kind, text.c_str(), WS_CHILD | WS_VISIBLE | style, place.left,
+                                         place.top, place.right - place.left, place.bottom - place.top,
+                                         parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                                         GetModuleHandleW(nullptr), nullptr);
     SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
     return control;
 }
@@ -46,8 +46,8 @@ HWND CreateNotice(const std::wstring& title, int clientHeight) {
     const LONG width = frame.right - frame.left;
     const LONG height = frame.bottom - frame.top;
     return CreateWindowExW(kExStyle, kClass, title.c_str(), kStyle, work.right - width - kMargin,
-                           work.bottom - height - kMargin, width, height, nullptr, nullptr, GetModuleHandleW(nullptr),
-                           nullptr);
+                           work.bottom - height - kMargin, width, height, nullptr, nullptr,
+                           GetModuleHandleW(nullptr), nullptr);
 }
 
 }  // namespace
@@ -61,7 +61,8 @@ void ShowNotice(const std::wstring& title, const std::wstring& text) {
     windowClass.lpszClassName = kClass;
     RegisterClassW(&windowClass);
 
-    const OwnedFont font(CreateFontW(-13, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"Tahoma"));
+    const OwnedFont font(
+        CreateFontW(-13, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"Tahoma"));
     int textHeight = 0;
     {
         const ClientDc screen(nullptr);
@@ -71,11 +72,12 @@ void ShowNotice(const std::wstring& title, const std::wstring& text) {
     const int buttonTop = 2 * kMargin + textHeight;
     const HWND notice = CreateNotice(title, buttonTop + kButtonHeight + kMargin);
     if (!notice) return;
-    AddControl(notice, L"STATIC", text, SS_NOPREFIX, {kMargin, kMargin, kWidth - kMargin, kMargin + textHeight}, -1,
-               font.get());
+    AddControl(notice, L"STATIC", text, SS_NOPREFIX,
+               {kMargin, kMargin, kWidth - kMargin, kMargin + textHeight}, -1, font.get());
     const int buttonLeft = (kWidth - kButtonWidth) / 2;
     AddControl(notice, L"BUTTON", L"OK", BS_DEFPUSHBUTTON,
-               {buttonLeft, buttonTop, buttonLeft + kButtonWidth, buttonTop + kButtonHeight}, IDOK, font.get());
+               {buttonLeft, buttonTop, buttonLeft + kButtonWidth, buttonTop + kButtonHeight}, IDOK,
+               font.get());
     ShowWindow(notice, SW_SHOWNOACTIVATE);
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {

@@ -17,8 +17,8 @@ class Writer {
         for (int shift = 0; shift < 32; shift += 8) bytes_.push_back(static_cast<uint8_t>(number >> shift));
     }
     void Moment(const DateTime& moment) {
-        for (const int part : {moment.year, moment.month, moment.dayOfWeek, moment.day, moment.hour, moment.minute,
-                               moment.second, moment.milliseconds}) {
+        for (const int part : {moment.year, moment.month, moment.dayOfWeek, moment.day, moment.hour,
+                               moment.minute, moment.second, moment.milliseconds}) {
             Number(static_cast<uint32_t>(part));
         }
     }
@@ -47,8 +47,8 @@ class Reader {
     }
     DateTime Moment() {
         DateTime moment;
-        for (int* part : {&moment.year, &moment.month, &moment.dayOfWeek, &moment.day, &moment.hour, &moment.minute,
-                          &moment.second, &moment.milliseconds}) {
+        for (int* part : {&moment.year, &moment.month, &moment.dayOfWeek, &moment.day, &moment.hour,
+                          &moment.minute, &moment.second, &moment.milliseconds}) {
             *part = static_cast<int>(Number());
         }
         return moment;
@@ -81,11 +81,13 @@ class Reader {
 std::vector<uint8_t> EncodeEntry(const NotificationEntry& entry) {
     Writer writer;
     writer.Number(kVersion);
-    writer.Number((entry.notification.flashLed ? kFlashLed : 0) | (entry.notification.showDialog ? kShowDialog : 0));
+    writer.Number((entry.notification.flashLed ? kFlashLed : 0) |
+                  (entry.notification.showDialog ? kShowDialog : 0));
     writer.Moment(entry.trigger.start);
     writer.Moment(entry.trigger.end);
-    for (const std::wstring* text : {&entry.trigger.application, &entry.trigger.arguments,
-                                     &entry.notification.dialogTitle, &entry.notification.dialogText, &entry.device}) {
+    for (const std::wstring* text :
+         {&entry.trigger.application, &entry.trigger.arguments, &entry.notification.dialogTitle,
+          &entry.notification.dialogText, &entry.device}) {
         writer.Text(*text);
     }
     return writer.Take();
@@ -99,8 +101,9 @@ bool DecodeEntry(const std::vector<uint8_t>& bytes, NotificationEntry& entry) {
     entry.notification.showDialog = (flags & kShowDialog) != 0;
     entry.trigger.start = reader.Moment();
     entry.trigger.end = reader.Moment();
-    for (std::wstring* text : {&entry.trigger.application, &entry.trigger.arguments, &entry.notification.dialogTitle,
-                               &entry.notification.dialogText, &entry.device}) {
+    for (std::wstring* text :
+         {&entry.trigger.application, &entry.trigger.arguments, &entry.notification.dialogTitle,
+          &entry.notification.dialogText, &entry.device}) {
         *text = reader.Text();
     }
     return reader.IsWhole();

@@ -56,7 +56,8 @@ std::vector<NotificationHandle> NotificationStore::Handles() const {
     wchar_t name[64];
     for (DWORD i = 0;; ++i) {
         DWORD length = static_cast<DWORD>(std::size(name));
-        const LSTATUS status = RegEnumValueW(key_.get(), i, name, &length, nullptr, nullptr, nullptr, nullptr);
+        const LSTATUS status =
+            RegEnumValueW(key_.get(), i, name, &length, nullptr, nullptr, nullptr, nullptr);
         if (status != ERROR_SUCCESS && status != ERROR_MORE_DATA) break;
         const NotificationHandle handle = status == ERROR_SUCCESS ? HandleOf(name) : 0;
         if (handle != 0) handles.push_back(handle);
@@ -68,9 +69,11 @@ std::vector<NotificationHandle> NotificationStore::Handles() const {
 bool NotificationStore::Read(NotificationHandle handle, NotificationEntry& entry) const {
     const EntryName name = NameOf(handle);
     DWORD size = 0;
-    if (RegQueryValueExW(key_.get(), name.text, nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS) return false;
+    if (RegQueryValueExW(key_.get(), name.text, nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS)
+        return false;
     std::vector<uint8_t> bytes(size);
-    if (RegQueryValueExW(key_.get(), name.text, nullptr, nullptr, bytes.data(), &size) != ERROR_SUCCESS) return false;
+    if (RegQueryValueExW(key_.get(), name.text, nullptr, nullptr, bytes.data(), &size) != ERROR_SUCCESS)
+        return false;
     bytes.resize(size);
     return DecodeEntry(bytes, entry);
 }

@@ -1,4 +1,5 @@
 // What the system's tree control tells, and what the user does to it, as events of a tree view.
+#include <algorithm>
 #include <cstring>
 #include <new>
 
@@ -85,6 +86,7 @@ LRESULT TreeView::Impl::Notice(NMHDR& notice) {
 }
 
 void TreeView::Impl::ItemDeleted(const NMTREEVIEWW& notice) {
+    std::replace(leaving.begin(), leaving.end(), notice.itemOld.hItem, HTREEITEM{});
     const std::unique_ptr<Node> node(reinterpret_cast<Node*>(notice.itemOld.lParam));
     if (events && node) events->OnTreeItemDeleted(ContractItem(notice.itemOld.hItem), node->data);
 }
@@ -190,7 +192,8 @@ TreeView::Impl* TreeOf(HWND control) {
 
 bool WatchTree(TreeView::Impl& tree) {
     return SetPropW(tree.tree, kTreeProperty, &tree) &&
-           SetWindowSubclass(tree.tree, TreeProcedure, kSubclass, reinterpret_cast<DWORD_PTR>(&tree)) != FALSE;
+           SetWindowSubclass(tree.tree, TreeProcedure, kSubclass, reinterpret_cast<DWORD_PTR>(&tree)) !=
+               FALSE;
 }
 
 LRESULT TreeNotice(NMHDR& notice) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/TreeView.h"
 #include "platform/windows/Guards.h"
@@ -23,16 +24,20 @@ struct TreeView::Impl {
     std::wstring editText;  // what the open label edit began with
     int frozen = 0;
     bool visible = true;
-    bool takesFocus = false;  // while it does
+    bool takesFocus = false;         // while it does
+    std::vector<HTREEITEM> leaving;  // branches that the selection is being moved out of; null once removed
 
     bool Create(Window& window, int id, const Rect& place, const TreeView::Images& source);
     Node* NodeOf(HTREEITEM item) const;
     UINT State(HTREEITEM item, UINT mask) const;
     void SetState(HTREEITEM item, UINT mask, UINT bits);
     void Select(HTREEITEM item);
+    // Shows the item with a button when it has children, without one when it has none.
+    void ShowButton(HTREEITEM item);
     bool IsBelow(HTREEITEM item, HTREEITEM above) const;
-    // Moves the selection to `heir` when it lies in the branch of `item`.
-    void LeaveBranch(HTREEITEM item, HTREEITEM heir);
+    // Moves the selection to `heir` when it lies in the branch of `item`. False when whoever heard of that
+    // has removed `item` meanwhile.
+    bool LeaveBranch(HTREEITEM item, HTREEITEM heir);
 
     // Events of the control: its notices to the parent, and what it gets from the user.
     LRESULT Notice(NMHDR& notice);

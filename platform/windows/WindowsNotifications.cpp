@@ -34,8 +34,8 @@ void StartKeeper() {
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
     std::wstring command = path;
-    if (!CreateProcessW(KeeperPath().c_str(), command.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr,
-                        nullptr, &startup, &process)) {
+    if (!CreateProcessW(KeeperPath().c_str(), command.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS,
+                        nullptr, nullptr, &startup, &process)) {
         return;
     }
     CloseHandle(process.hThread);
@@ -73,7 +73,8 @@ bool ListNotifications(std::vector<NotificationHandle>& handles) {
     return true;
 }
 
-bool ReadNotification(NotificationHandle handle, NotificationTrigger& trigger, UserNotification& notification) {
+bool ReadNotification(NotificationHandle handle, NotificationTrigger& trigger,
+                      UserNotification& notification) {
     const NotificationStore store;
     NotificationEntry entry;
     if (!store.IsOpen() || !store.Read(handle, entry)) return false;

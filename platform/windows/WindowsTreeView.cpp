@@ -103,14 +103,28 @@ void TreeView::Impl::SetState(HTREEITEM item, UINT mask, UINT bits) {
 
 void TreeView::Impl::Select(HTREEITEM item) { Send(tree, TVM_SELECTITEM, TVGN_CARET, item); }
 
+// The control keeps the button of an item whose children it dropped.
+void TreeView::Impl::ShowButton(HTREEITEM item) {
+    TVITEMW changed{};
+    changed.mask = TVIF_CHILDREN;
+    changed.hItem = item;
+    changed.cChildren = Relative(tree, TVGN_CHILD, item) ? 1 : 0;
+    SetItem(tree, changed);
+}
+
 bool TreeView::Impl::IsBelow(HTREEITEM item, HTREEITEM above) const {
     while (item && item != above) item = Relative(tree, TVGN_PARENT, item);
     return item != nullptr;
 }
 
 // The control would move its selection too, but each version to another item, and after the old one is gone.
-void TreeView::Impl::LeaveBranch(HTREEITEM item, HTREEITEM heir) {
-    if (IsBelow(Relative(tree, TVGN_CARET, nullptr), item)) Select(heir);
+bool TreeView::Impl::LeaveBranch(HTREEITEM item, HTREEITEM heir) {
+    if (!IsBelow(Relative(tree, TVGN_CARET, nullptr), item)) return true;
+    leaving.push_back(item);
+    Select(heir);
+    const bool isThere = leaving.back() != nullptr;
+    leaving.pop_back();
+    return isThere;
 }
 
 TreeView::TreeView() : impl_(std::make_unique<Impl>()) {}
@@ -146,6 +160,7 @@ void TreeView::Focus() {
 
 TreeItem TreeView::Insert(TreeItem parent, Where where, const std::wstring& text, int image, intptr_t data) {
     if (!impl_->tree) return 0;
+    const bool isFirst = FirstChild(parent) == 0;
     auto node = std::make_unique<Impl::Node>();
     node->data = data;
     std::wstring shown = text;
@@ -159,6 +174,7 @@ TreeItem TreeView::Insert(TreeItem parent, Where where, const std::wstring& text
     node->item = reinterpret_cast<HTREEITEM>(
         SendMessageW(impl_->tree, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&fresh)));
     if (!node->item) return 0;
+    if (isFirst) impl_->ShowButton(SystemItem(parent));
     return ContractItem(node.release()->item);  // freed when the control tells that the item goes
 }
 
@@ -168,8 +184,10 @@ void TreeView::Remove(TreeItem item) {
     HTREEITEM heir = Relative(impl_->tree, TVGN_NEXT, gone);
     if (!heir) heir = Relative(impl_->tree, TVGN_PREVIOUS, gone);
     if (!heir) heir = Relative(impl_->tree, TVGN_PARENT, gone);
-    impl_->LeaveBranch(gone, heir);
+    const TreeItem parent = Parent(item);
+    if (!impl_->LeaveBranch(gone, heir)) return;
     Send(impl_->tree, TVM_DELETEITEM, 0, gone);
+    if (FirstChild(parent) == 0) impl_->ShowButton(SystemItem(parent));
 }
 
 void TreeView::RemoveAll() {
@@ -266,12 +284,13 @@ void TreeView::Expand(TreeItem item) {
 void TreeView::CollapseAndDrop(TreeItem item) {
     if (!impl_->tree || item == 0) return;
     const HTREEITEM emptied = SystemItem(item);
-    if (Selection() != item) impl_->LeaveBranch(emptied, emptied);
+    if (Selection() != item && !impl_->LeaveBranch(emptied, emptied)) return;
     Send(impl_->tree, TVM_EXPAND, TVE_COLLAPSE | TVE_COLLAPSERESET, emptied);
     while (const HTREEITEM child = Relative(impl_->tree, TVGN_CHILD, emptied)) {
         if (!Send(impl_->tree, TVM_DELETEITEM, 0, child)) break;
     }
     impl_->SetState(emptied, TVIS_EXPANDED | TVIS_EXPANDEDONCE, 0);
+    impl_->ShowButton(emptied);
 }
 
 void TreeView::EnsureVisible(TreeItem item) {
