@@ -153,10 +153,10 @@ void ManagerWindow::Delete() {
     if (!IsNoteKind(kind) || !DeleteNote(this, folders_.SelectedNotePath())) return;
     const TreeItem parent = tree_.Parent(item);
     tree_.Remove(item);
-    AfterNoteDeleted(item, parent);
+    AfterNoteDeleted(parent);
 }
 
-void ManagerWindow::AfterNoteDeleted(TreeItem, TreeItem parent) {
+void ManagerWindow::AfterNoteDeleted(TreeItem parent) {
     const bool isEmptyDay = IsDayKind(tree_.Image(parent)) && folders_.CountNotes(parent) == 0;
     if (!isEmptyDay) return folders_.ShowCount(parent);
     platform::DropFolder(app::WithoutTrailingBackslashes(folders_.FolderPath(parent)));

@@ -75,7 +75,7 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     bool AskForDay(std::wstring& dayFolderName);
     void RenameItem(platform::TreeItem item, const std::wstring& name, int kind);
     void DeleteSelectedFolder(platform::TreeItem item);
-    void AfterNoteDeleted(platform::TreeItem item, platform::TreeItem parent);
+    void AfterNoteDeleted(platform::TreeItem parent);
     void StepMonth(int months);
     void ShowMonth(int year, int month);
     void EnterCalendar();
