@@ -1,15 +1,11 @@
 #include "ink/Compose.h"
 
 #include <algorithm>
-#include <cstring>
 
-#include "ink/Bits.h"
 #include "ink/Lanes.h"
 
 namespace ink {
 namespace {
-
-constexpr int32_t kGroup = StrokeMask::kGroup;
 
 Bytes16 FourTimes(uint32_t pixel) {
     const Quads4 pixels = {pixel, pixel, pixel, pixel};
@@ -18,29 +14,35 @@ Bytes16 FourTimes(uint32_t pixel) {
 
 class ShareMixer {
   public:
-    explicit ShareMixer(uint32_t pixel) : over_(LowWords(FourTimes(pixel))) {}
+    explicit ShareMixer(uint32_t pixel)
+        : even_(reinterpret_cast<Words8>(FourTimes(pixel)) & kLow),
+          odd_(reinterpret_cast<Words8>(FourTimes(pixel)) >> 8) {}
 
-    Bytes16 Mix(Bytes16 below, uint32_t shares) const {
-        const Bytes16 spread = Spread(shares);
-        return Narrow(MixHalf(LowWords(below), LowWords(spread)),
-                      MixHalf(HighWords(below), HighWords(spread)));
+    // Every other byte is mixed in the sixteen bits of its word, the ones between likewise; all of a pixel
+    // take the same share. Shares are stretched to 0..256, so that 255 is all ink; the sum never leaves 16
+    // bits.
+    Bytes16 Mix(Bytes16 below, Bytes16 shares) const {
+        const Words8 words = reinterpret_cast<Words8>(below);
+        const Words8 spread = reinterpret_cast<Words8>(Spread(shares)) & kLow;
+        const Words8 parts = spread + (spread >> 7);
+        const Words8 even = (words << 8) + (even_ - (words & kLow)) * parts + kHalf;
+        const Words8 odd = (words & ~kLow) + (odd_ - (words >> 8)) * parts + kHalf;
+        return reinterpret_cast<Bytes16>((even >> 8) | (odd & ~kLow));
     }
 
   private:
-    // Shares are stretched to 0..256, so that 255 is all ink. The sum never leaves 16 bits.
-    Words8 MixHalf(Words8 below, Words8 share) const {
-        const Words8 part = share + (share >> 7);
-        return ((below << 8) + (over_ - below) * part + 128) >> 8;
-    }
+    static constexpr uint16_t kLow = 255;
+    static constexpr uint16_t kHalf = 128;
 
-    Words8 over_;
+    const Words8 even_;
+    const Words8 odd_;
 };
 
 class LevelMixer {
   public:
     LevelMixer(uint32_t first, uint32_t second) : first_(FourTimes(first)), second_(FourTimes(second)) {}
 
-    Bytes16 Mix(Bytes16 below, uint32_t levels) const {
+    Bytes16 Mix(Bytes16 below, Bytes16 levels) const {
         const Bytes16 spread = Spread(levels);
         const Bytes16 none = reinterpret_cast<Bytes16>(spread == FourTimes(0));
         const Bytes16 one = reinterpret_cast<Bytes16>(spread == FourTimes(0x01010101));
@@ -52,124 +54,84 @@ class LevelMixer {
     Bytes16 second_;
 };
 
-// Four pixels and their mask bytes.
-struct Spot {
-    size_t pixel;
-    uint8_t* mask;
-};
-
-// Spots are collected first and painted afterwards: with the choosing out of the way, painting has no
-// branches that the processor could guess wrong.
 template <typename Mixer>
 class Composer {
   public:
-    // The spots are filled in as they are found; clearing them for every stroke would cost more than that.
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init)
-    Composer(const ComposeJob& job, const Mixer& mixer) : job_(job), mixer_(mixer) {}
+    Composer(const ComposeJob& job, StrokeMask& mask, const Mixer& mixer)
+        : rows_(job.rows), take_(job.take), mask_(mask), bytes_(mask.Bytes()), mixer_(mixer) {
+        const Rect& area = mask.Area();
+        const int64_t corner = static_cast<int64_t>(area.top) * job.to.stride + area.left;
+        to_ = job.to.pixels + corner;
+        from_ = job.from + corner;
+    }
 
-    void Run(StrokeMask& mask) {
-        const int32_t firstGroup = mask.GroupOf(job_.rows.left);
-        const int32_t lastGroup = mask.GroupOf(job_.rows.right - 1);
-        // Whole groups are painted where the clip allows, even if they hang over the rows' columns.
-        cut_ = mask.GroupLeft(firstGroup) < job_.clip.left || mask.GroupLeft(lastGroup + 1) > job_.clip.right;
-        const int32_t firstWord = firstGroup / 64;
-        const int32_t lastWord = lastGroup / 64;
-        for (int32_t word = firstWord; word <= lastWord; ++word) {
-            uint64_t wanted = ~uint64_t{0};
-            if (word == firstWord) wanted &= ~uint64_t{0} << firstGroup % 64;
-            if (word == lastWord) wanted &= ~uint64_t{0} >> (63 - lastGroup % 64);
-            RunColumns(mask, word, wanted);
+    void Run() const {
+        if (mask_.IsAllNoted()) {
+            PaintRows();
+        } else {
+            PaintSpots();
         }
-        Paint();
     }
 
   private:
-    static constexpr size_t kRoom = 512;
-    static constexpr size_t kMostAtOnce = 64 + 4;
-
-    // All rows of the 64 groups of one word.
-    void RunColumns(StrokeMask& mask, int32_t word, uint64_t wanted) {
-        const int32_t left = mask.GroupLeft(word * 64);
-        uint64_t* groups = mask.Groups(job_.rows.top) + word;
-        uint8_t* bytes = mask.At(left, job_.rows.top);
-        int64_t pixel = static_cast<int64_t>(job_.rows.top) * job_.to.stride + left;
-        for (int32_t y = job_.rows.top; y < job_.rows.bottom; ++y) {
-            const uint64_t found = *groups & wanted;
-            if (found != 0) {
-                if (job_.take) *groups &= ~wanted;
-                if (count_ > kRoom - kMostAtOnce) Paint();
-                if (cut_) {
-                    CollectCut(bytes, pixel, left, found);
-                } else {
-                    Collect(bytes, pixel, found);
-                }
-            }
-            groups += mask.GroupWords();
-            bytes += mask.Stride();
-            pixel += job_.to.stride;
+    // Spots that lie over each other do no harm: from a copy they are painted alike, and of a mask that is
+    // taken nothing is left the second time.
+    void PaintSpots() const {
+        // A copy that nobody else knows of stays in registers while pixels are stored.
+        const Composer local(*this);
+        const uint32_t* places = mask_.Noted();
+        const size_t count = mask_.NotedCount();
+        for (size_t start = 0; start < kSpotsApart; ++start) {
+            for (size_t i = start; i < count; i += kSpotsApart) local.PaintSpot(places[i]);
         }
     }
 
-    void Collect(uint8_t* bytes, int64_t pixel, uint64_t groups) {
-        do {
-            // A row of a line is rarely longer: no loop to leave at a different point each time. The places
-            // behind the last bit are not counted and soon overwritten.
-            for (int i = 0; i < 3; ++i) {
-                const int column = LowestBit(groups | kGuard) * kGroup;
-                spots_[count_] = {static_cast<size_t>(pixel + column), bytes + column};
-                count_ += groups != 0 ? 1 : 0;
-                groups &= groups - 1;
-            }
-        } while (groups != 0);
-    }
-
-    // Groups of which some may lie outside the clip, or be cut by it.
-    void CollectCut(uint8_t* bytes, int64_t pixel, int32_t left, uint64_t groups) {
-        for (; groups != 0; groups &= groups - 1) {
-            const int column = LowestBit(groups) * kGroup;
-            const int32_t from = std::max(left + column, job_.clip.left) - left;
-            const int32_t to = std::min(left + column + kGroup, job_.clip.right) - left;
-            if (to - from == kGroup) {
-                spots_[count_++] = {static_cast<size_t>(pixel + column), bytes + column};
-                continue;
-            }
-            for (int32_t i = from; i < to; ++i) {
-                Quads4 below = {job_.from[pixel + i], 0, 0, 0};
-                const Bytes16 mixed = mixer_.Mix(reinterpret_cast<Bytes16>(below), bytes[i]);
-                job_.to.pixels[pixel + i] = reinterpret_cast<Quads4>(mixed)[0];
-            }
-            if (job_.take) std::memset(bytes + column, 0, kGroup);
+    void PaintRows() const {
+        const Composer local(*this);
+        const size_t width = static_cast<size_t>(rows_.Width());
+        for (int32_t y = rows_.top; y < rows_.bottom; ++y) {
+            const size_t place = mask_.PlaceOf(rows_.left, y);
+            size_t x = 0;
+            for (; x + kSpot <= width; x += kSpot) local.PaintSpot(place + x);
+            if (x < width) PaintPart(place + x, width - x);
         }
     }
 
-    void Paint() {
-        for (size_t i = 0; i < count_; ++i) {
-            const Spot& spot = spots_[i];
-            uint32_t shares = 0;
-            std::memcpy(&shares, spot.mask, sizeof shares);
-            StoreBytes(job_.to.pixels + spot.pixel, mixer_.Mix(LoadBytes(job_.from + spot.pixel), shares));
-            if (job_.take) std::memset(spot.mask, 0, kGroup);
-        }
-        count_ = 0;
+    void PaintSpot(size_t place) const {
+        const Bytes16 shares = LoadFour(bytes_ + place);
+        StoreBytes(to_ + place, mixer_.Mix(LoadBytes(from_ + place), shares));
+        if (take_) StoreFour(bytes_ + place, Bytes16{});
     }
 
-    static constexpr uint64_t kGuard = uint64_t{1} << 63;
+    // Less than a spot, at the end of a row.
+    void PaintPart(size_t place, size_t count) const {
+        uint8_t shares[kSpot] = {};
+        uint32_t pixels[kSpot] = {};
+        std::copy_n(bytes_ + place, count, shares);
+        std::copy_n(from_ + place, count, pixels);
+        StoreBytes(pixels, mixer_.Mix(LoadBytes(pixels), LoadFour(shares)));
+        std::copy_n(pixels, count, to_ + place);
+        if (take_) std::fill_n(bytes_ + place, count, uint8_t{0});
+    }
 
-    const ComposeJob job_;
+    const Rect rows_;
+    const bool take_;
+    const StrokeMask& mask_;
+    uint8_t* const bytes_;
     const Mixer mixer_;
-    bool cut_ = false;
-    size_t count_ = 0;
-    Spot spots_[kRoom];
+    // The pixels at the mask's place 0.
+    uint32_t* to_;
+    const uint32_t* from_;
 };
 
 }  // namespace
 
 void ComposeShares(const ComposeJob& job, StrokeMask& mask, uint32_t pixel) {
-    Composer<ShareMixer>(job, ShareMixer(pixel)).Run(mask);
+    Composer<ShareMixer>(job, mask, ShareMixer(pixel)).Run();
 }
 
 void ComposeLevels(const ComposeJob& job, StrokeMask& mask, uint32_t first, uint32_t second) {
-    Composer<LevelMixer>(job, LevelMixer(first, second)).Run(mask);
+    Composer<LevelMixer>(job, mask, LevelMixer(first, second)).Run();
 }
 
 }  // namespace ink

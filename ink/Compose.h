@@ -12,8 +12,7 @@ namespace ink {
 struct ComposeJob {
     PixelSurface to;
     const uint32_t* from = nullptr;
-    Rect rows;          // only these rows and columns need painting; inside the mask's area
-    Rect clip;          // nothing outside is written; around `rows`
+    Rect rows;          // where there may be ink to lay over; inside the mask's area
     bool take = false;  // leave the mask cleared where it was laid over the picture
 };
 

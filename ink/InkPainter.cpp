@@ -39,13 +39,7 @@ std::unique_ptr<Nib> MakeNib(PenStyle style, double width) {
     return std::make_unique<SmoothNib>(width);
 }
 
-// Ink half a billion rows away can't be told from ink farther away, and differences stay far from overflow.
-int64_t Bounded(int64_t coordinate) {
-    constexpr int64_t kLimit = int64_t{1} << 29;
-    return std::clamp(coordinate, -kLimit, kLimit);
-}
-
-// What the ink of some points can reach; empty (right < left) without points. Inclusive on all sides.
+// What the ink of some points, at least one, can reach on the surface. Inclusive on all sides.
 struct InkBox {
     int64_t left;
     int64_t top;
@@ -66,41 +60,18 @@ struct InkBox {
     }
 };
 
-InkBox BoxOf(const Point* points, size_t count, int32_t reach) {
-    int32_t left = std::numeric_limits<int32_t>::max();
-    int32_t top = left;
-    int32_t right = std::numeric_limits<int32_t>::min();
-    int32_t bottom = right;
+InkBox BoxOf(const Point* points, size_t count, const TraceShift& shift, int32_t reach) {
+    Point low{std::numeric_limits<int32_t>::max(), std::numeric_limits<int32_t>::max()};
+    Point high{std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::min()};
     for (size_t i = 0; i < count; ++i) {
-        left = std::min(left, points[i].x);
-        top = std::min(top, points[i].y);
-        right = std::max(right, points[i].x);
-        bottom = std::max(bottom, points[i].y);
+        low.x = std::min(low.x, points[i].x);
+        low.y = std::min(low.y, points[i].y);
+        high.x = std::max(high.x, points[i].x);
+        high.y = std::max(high.y, points[i].y);
     }
-    return {static_cast<int64_t>(left) - reach, static_cast<int64_t>(top) - reach,
-            static_cast<int64_t>(right) + reach, static_cast<int64_t>(bottom) + reach};
-}
-
-// Connected points, moved `down` to page coordinates and then to the surface; one point is a dot. Goes on
-// where the tracer stands, or starts a new line elsewhere.
-void TraceAll(StrokeTracer& tracer, const Point* points, size_t count, int64_t down, int64_t scroll) {
-    constexpr size_t kPart = 128;
-    TracePoint part[kPart];
-    for (size_t done = 0; done < count;) {
-        const size_t size = std::min(kPart, count - done);
-        for (size_t i = 0; i < size; ++i) {
-            part[i] = {Bounded(points[done + i].x), Bounded(points[done + i].y + down) - scroll};
-        }
-        if (count == 1) {
-            tracer.Dot(part[0]);
-        } else if (done == 0) {
-            if (!tracer.IsAt(part[0])) tracer.MoveTo(part[0]);
-            tracer.Lines(part + 1, size - 1);
-        } else {
-            tracer.Lines(part, size);
-        }
-        done += size;
-    }
+    const TracePoint first = shift(low);
+    const TracePoint last = shift(high);
+    return {first.x - reach, first.y - reach, last.x + reach, last.y + reach};
 }
 
 }  // namespace
@@ -114,13 +85,14 @@ struct InkPainter::Impl {
     uint32_t pixel = 0;
     uint32_t rimPixel = 0;
     std::vector<uint32_t> below;
+    Rect inked;
 
     void SetColor(ColorRef color) {
         pixel = PixelOf(color);
         if (style == PenStyle::Classic) rimPixel = PixelOf(Shade(color, kRimShade));
     }
     void EndLive() {
-        if (live) tracer->Mask().Clear();
+        if (live) tracer->Mask().Clear(inked);
         live = false;
     }
     void Compose(const ComposeJob& job);
@@ -138,25 +110,18 @@ void InkPainter::Impl::Compose(const ComposeJob& job) {
 
 bool InkPainter::Impl::PaintRecord(PixelSurface& surface, const StrokeRecord& record, ColorRef color,
                                    int32_t scroll, const Rect& clip) {
-    const Point* points = record.Points();
     const size_t count = static_cast<size_t>(std::max(record.count, 0));
-    const int64_t down = static_cast<int64_t>(record.yOffset);
-    InkBox ink = BoxOf(points, count, tracer->Reach());
-    ink.top = Bounded(ink.top + down) - scroll;
-    ink.bottom = Bounded(ink.bottom + down) - scroll;
+    if (count == 0) return true;
+    const TraceShift shift{static_cast<int64_t>(record.yOffset), scroll};
+    InkBox ink = BoxOf(record.Points(), count, shift, tracer->Reach());
+    ink.right += kOverhang;
     const Rect area = ink.Inside(clip);
     if (area.IsEmpty()) return true;
-    const bool inside = ink.LiesIn(area);
-    if (!tracer->Begin(area, inside)) return false;
+    if (!tracer->Begin(area, surface.stride)) return false;
 
-    TraceAll(*tracer, points, count, down, scroll);
+    tracer->Trace(record.Points(), count, shift, ink.LiesIn(area));
     SetColor(color);
-    Compose({surface, surface.pixels, area, clip, true});
-    if (inside) {
-        tracer->Mask().SetTaken();
-    } else {
-        tracer->Mask().Clear();
-    }
+    Compose({surface, surface.pixels, area, true});
     return true;
 }
 
@@ -218,7 +183,8 @@ bool InkPainter::PaintStroke(PixelSurface& surface, const StrokeRecord& record, 
 
 bool InkPainter::BeginStroke(PixelSurface& surface, ColorRef color) {
     impl_->EndLive();
-    if (!impl_->tracer || surface.Bounds().IsEmpty() || !impl_->tracer->Begin(surface.Bounds(), false)) {
+    if (!impl_->tracer || surface.Bounds().IsEmpty() ||
+        !impl_->tracer->Begin(surface.Bounds(), surface.stride)) {
         return false;
     }
     const size_t stride = static_cast<size_t>(surface.stride);
@@ -232,6 +198,7 @@ bool InkPainter::BeginStroke(PixelSurface& surface, ColorRef color) {
                   impl_->below.data() + static_cast<size_t>(y) * stride);
     }
     impl_->SetColor(color);
+    impl_->inked = Rect{};
     impl_->live = true;
     return true;
 }
@@ -239,10 +206,14 @@ bool InkPainter::BeginStroke(PixelSurface& surface, ColorRef color) {
 Rect InkPainter::PaintSegment(PixelSurface& surface, const Point* points, size_t count) {
     if (!impl_->live || count == 0) return Rect{};
     StrokeTracer& tracer = *impl_->tracer;
-    TraceAll(tracer, points, count, 0, 0);
-    const Rect dirty = BoxOf(points, count, tracer.Reach()).Inside(surface.Bounds());
+    InkBox ink = BoxOf(points, count, {}, tracer.Reach());
+    const Rect dirty = ink.Inside(surface.Bounds());
+    ink.right += kOverhang;
+    tracer.Trace(points, count, {}, ink.LiesIn(surface.Bounds()));
     if (dirty.IsEmpty()) return dirty;
-    impl_->Compose({surface, impl_->below.data(), dirty, surface.Bounds(), false});
+    impl_->Compose({surface, impl_->below.data(), dirty, false});
+    tracer.Mask().ForgetNotes();
+    impl_->inked = Unite(impl_->inked, dirty);
     return dirty;
 }
 

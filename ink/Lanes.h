@@ -19,6 +19,27 @@ inline Bytes16 LoadBytes(const void* from) {
 
 inline void StoreBytes(void* to, Bytes16 bytes) { std::memcpy(to, &bytes, sizeof bytes); }
 
+inline Quads4 LoadQuads(const uint32_t* from) {
+    Quads4 quads;
+    std::memcpy(&quads, from, sizeof quads);
+    return quads;
+}
+
+inline void StoreQuads(uint32_t* to, Quads4 quads) { std::memcpy(to, &quads, sizeof quads); }
+
+// The first four bytes, with zeros behind them.
+inline Bytes16 LoadFour(const void* from) {
+    uint32_t four;
+    std::memcpy(&four, from, sizeof four);
+    const Quads4 quads = {four, 0, 0, 0};
+    return reinterpret_cast<Bytes16>(quads);
+}
+
+inline void StoreFour(void* to, Bytes16 bytes) {
+    const uint32_t four = reinterpret_cast<Quads4>(bytes)[0];
+    std::memcpy(to, &four, sizeof four);
+}
+
 inline Bytes16 Larger(Bytes16 a, Bytes16 b) { return a > b ? a : b; }
 
 // a + b, no byte beyond 255.
@@ -27,28 +48,8 @@ inline Bytes16 AddClamped(Bytes16 a, Bytes16 b) {
     return sum | reinterpret_cast<Bytes16>(sum < a);
 }
 
-// The first and the last eight bytes as words.
-inline Words8 LowWords(Bytes16 bytes) {
-    const Bytes16 zero = {};
-    return reinterpret_cast<Words8>(
-        __builtin_shufflevector(bytes, zero, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23));
-}
-inline Words8 HighWords(Bytes16 bytes) {
-    const Bytes16 zero = {};
-    return reinterpret_cast<Words8>(
-        __builtin_shufflevector(bytes, zero, 8, 24, 9, 25, 10, 26, 11, 27, 12, 28, 13, 29, 14, 30, 15, 31));
-}
-
-// The low bytes of sixteen words.
-inline Bytes16 Narrow(Words8 low, Words8 high) {
-    return __builtin_shufflevector(reinterpret_cast<Bytes16>(low), reinterpret_cast<Bytes16>(high), 0, 2, 4,
-                                   6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
-}
-
-// Four bytes, each four times.
-inline Bytes16 Spread(uint32_t four) {
-    const Quads4 quads = {four, 0, 0, 0};
-    const Bytes16 bytes = reinterpret_cast<Bytes16>(quads);
+// The first four bytes, each four times.
+inline Bytes16 Spread(Bytes16 bytes) {
     const Bytes16 twice =
         __builtin_shufflevector(bytes, bytes, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23);
     const Words8 words = reinterpret_cast<Words8>(twice);

@@ -3,75 +3,153 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 
 namespace ink {
 namespace {
 
-constexpr size_t kCapacity = 256 * 1024;
-constexpr size_t kGroupsPerRow = StampCache::kGroup;
-// Rows are at least kStep bytes long.
-constexpr size_t kGroupsCapacity = kCapacity / StampCache::kStep * kGroupsPerRow;
+// Room for so many stamps with so many steps in their bodies: all segments that are common at a hand's pace.
+constexpr size_t kUsualStamps = 320;
+constexpr size_t kUsualBody = 24;
 
-int32_t RoundUp(int32_t value, int32_t step) { return (value + step - 1) / step * step; }
+size_t RoundUp(size_t value, size_t step) { return (value + step - 1) / step * step; }
+size_t Steps(size_t spots) { return (spots + kSpotStep - 1) / kSpotStep; }
+size_t Side(int32_t reach) { return 2 * static_cast<size_t>(reach) + 1; }
 
 }  // namespace
 
-// The squares at a segment's ends are read in whole steps, beyond the last stamp's end as well.
 StampCache::StampCache(Nib& nib)
-    : nib_(nib), stamps_(Index(kMaxDelta, kMaxDelta) + 1), bytes_(kCapacity + 64), groups_(kGroupsCapacity) {}
+    : nib_(nib),
+      reach_(nib.Reach()),
+      stamps_(Index(kMaxDelta, kMaxDelta) + 1),
+      tip_(Side(reach_) * Side(reach_)),
+      picture_(kPitch * (kMaxDelta + Side(reach_))) {
+    if (!nib_.Prepare(kMaxDelta + static_cast<int32_t>(Side(reach_)))) throw std::bad_alloc();
+    Draw(0, 0);
+    MakeTip();
+}
 
-const Stamp& StampCache::Get(int64_t dx, int64_t dy) {
+// The rim comes first, so that it is a list of its own.
+void StampCache::MakeTip() {
+    const int32_t side = 2 * reach_ + 1;
+    std::vector<SpotPlace> rim;
+    std::vector<SpotPlace> inner;
+    for (int32_t y = 0; y < side; ++y) {
+        const uint8_t* row = &picture_[static_cast<size_t>(y) * kPitch];
+        std::copy_n(row, side, tip_.data() + y * side);
+        for (int32_t x = 0; x < side; x += kSpot) {
+            const bool whole =
+                std::all_of(row + x, row + x + kSpot, [](uint8_t share) { return share == 255; });
+            const bool joins = nib_.HasSoftEdges() && !whole;
+            (joins ? rim : inner)
+                .push_back({static_cast<int16_t>(x - reach_), static_cast<int16_t>(y - reach_)});
+        }
+    }
+    rimCount_ = rim.size();
+    rimSteps_ = Steps(rimCount_);
+    rim.insert(rim.end(), inner.begin(), inner.end());
+    tipCount_ = rim.size();
+    steps_.resize(Steps(tipCount_) + kUsualStamps * (2 * rimSteps_ + kUsualBody));
+    places_.resize(steps_.size() * kSpotStep);
+    for (size_t i = 0; i < tipCount_; ++i) {
+        const SpotPlace& place = rim[i];
+        AddSpot(i, place.x, place.y, PictureAt(place.x + reach_, place.y + reach_));
+    }
+    used_ = Steps(tipCount_);
+}
+
+void StampCache::SetStride(int32_t stride) {
+    if (stride_ == static_cast<uint32_t>(stride)) return;
+    stride_ = static_cast<uint32_t>(stride);
+    for (size_t i = 0; i < used_ * kSpotStep; ++i) Place(i);
+}
+
+Stamp StampCache::Get(int64_t dx, int64_t dy) {
     Stamp& stamp = stamps_[Index(dx, dy)];
-    if (stamp.bytes != nullptr) return stamp;
+    if (stamp.first != 0) return stamp;
 
-    const int32_t reach = nib_.Reach();
-    const int32_t columns = static_cast<int32_t>(std::abs(dx)) + 2 * reach + 1;
-    const int32_t rows = static_cast<int32_t>(std::abs(dy)) + 2 * reach + 1;
-    const int32_t stride = RoundUp(columns, kStep);
-    const size_t size = static_cast<size_t>(RoundUp(rows, kRowStep)) * static_cast<size_t>(stride);
-    if (size > kCapacity - used_) {
+    const int32_t x = static_cast<int32_t>(dx);
+    const int32_t y = static_cast<int32_t>(dy);
+    Draw(x, y);
+    // The tip may part a row in two.
+    const size_t rowSpots = RoundUp(static_cast<size_t>(columns_), kSpot) / kSpot + 1;
+    const size_t most = 2 * rimSteps_ + Steps(static_cast<size_t>(rows_) * rowSpots);
+    if (most > steps_.size() - used_) {
         std::fill(stamps_.begin(), stamps_.end(), Stamp{});
-        used_ = 0;
-        groupsUsed_ = 0;
+        used_ = Steps(tipCount_);
     }
-    uint8_t* bytes = bytes_.data() + used_;
-    used_ += size;
-    std::memset(bytes, 0, size);
-
-    const bool upwards = dy < 0 || (dy == 0 && dx < 0);
-    const Sweep sweep = upwards ? Sweep{-dx, -dy} : Sweep{dx, dy};
-    const int64_t left = std::min<int64_t>(sweep.dx, 0) - reach;
-    for (int32_t i = 0; i < rows; ++i) {
-        nib_.CoverRow(sweep, i - reach, left, columns,
-                      bytes + static_cast<size_t>(i) * static_cast<size_t>(stride));
-    }
-    uint16_t* groups = groups_.data() + groupsUsed_;
-    groupsUsed_ += static_cast<size_t>(RoundUp(rows, kRowStep)) * kGroupsPerRow;
-    NoteGroups(bytes, RoundUp(rows, kRowStep), stride, groups);
-
-    const int64_t right = std::max<int64_t>(dx, 0);
-    const int64_t below = std::max<int64_t>(dy, 0);
-    stamp.bytes = bytes;
-    stamp.groups = groups;
-    stamp.left = static_cast<int16_t>(right - columns + 1 + reach);
-    stamp.top = static_cast<int16_t>(below - rows + 1 + reach);
-    stamp.rows = static_cast<int16_t>(RoundUp(rows, kRowStep));
-    stamp.stride = static_cast<int16_t>(stride);
-    stamp.startTip = static_cast<int16_t>((-reach - stamp.top) * stride - reach - stamp.left);
-    stamp.endTip = static_cast<int16_t>((dy - reach - stamp.top) * stride + dx - reach - stamp.left);
+    const int32_t startX = std::max(-x, 0) + reach_;
+    const int32_t startY = std::max(-y, 0) + reach_;
+    stamp.first = static_cast<uint32_t>(used_);
+    AddRim(startX, startY);
+    AddRim(startX + x, startY + y);
+    stamp.count = AddBody(startX, startY);
     return stamp;
 }
 
-void StampCache::NoteGroups(const uint8_t* bytes, int32_t rows, int32_t stride, uint16_t* groups) const {
-    for (int32_t y = 0; y < rows; ++y, bytes += stride) {
-        for (int32_t place = 0; place < kGroup; ++place, ++groups) {
-            uint32_t bits = 0;
-            for (int32_t x = 0; x < stride; ++x) {
-                if (bytes[x] != 0) bits |= 1u << (x + place) / kGroup;
+// The segment's coverage, with its box in the picture's corner.
+void StampCache::Draw(int32_t dx, int32_t dy) {
+    columns_ = std::abs(dx) + 2 * reach_ + 1;
+    rows_ = std::abs(dy) + 2 * reach_ + 1;
+    std::fill(picture_.begin(), picture_.end(), uint8_t{0});
+    const bool upwards = dy < 0 || (dy == 0 && dx < 0);
+    const Sweep sweep = upwards ? Sweep{-dx, -dy} : Sweep{dx, dy};
+    const int64_t left = std::min<int64_t>(sweep.dx, 0) - reach_;
+    for (int32_t y = 0; y < rows_; ++y) {
+        nib_.CoverRow(sweep, y - reach_, left, columns_, &picture_[static_cast<size_t>(y) * kPitch]);
+    }
+}
+
+// What the picture shows in the rim's spots around a pixel. The square ends where the tip does.
+void StampCache::AddRim(int32_t centerX, int32_t centerY) {
+    for (size_t i = 0; i < rimCount_; ++i) {
+        const SpotPlace place = places_[i];
+        uint8_t bytes[kSpot] = {};
+        std::copy_n(PictureAt(centerX + place.x, centerY + place.y), std::min(reach_ + 1 - place.x, kSpot),
+                    bytes);
+        AddSpot(used_ * kSpotStep + i, place.x, place.y, bytes);
+    }
+    used_ += rimSteps_;
+}
+
+// All else of the picture, for a segment that starts at this pixel. Returns how many spots.
+uint32_t StampCache::AddBody(int32_t centerX, int32_t centerY) {
+    size_t count = 0;
+    for (int32_t y = 0; y < rows_; ++y) {
+        const uint8_t* row = &picture_[static_cast<size_t>(y) * kPitch];
+        const int32_t down = y - centerY;
+        for (int32_t x = 0; x < columns_;) {
+            const int32_t right = x - centerX;
+            if (row[x] == 0 || !IsBody(right, down, row[x])) {
+                ++x;
+                continue;
             }
-            *groups = static_cast<uint16_t>(bits);
+            AddSpot(used_ * kSpotStep + count++, right, down, row + x);
+            x += kSpot;
         }
     }
+    used_ += Steps(count);
+    return static_cast<uint32_t>(count);
+}
+
+void StampCache::AddSpot(size_t index, int32_t x, int32_t y, const uint8_t* bytes) {
+    std::memcpy(&steps_[index / kSpotStep].shares[index % kSpotStep], bytes, kSpot);
+    places_[index] = {static_cast<int16_t>(x), static_cast<int16_t>(y)};
+    Place(index);
+}
+
+void StampCache::Place(size_t index) {
+    const SpotPlace& place = places_[index];
+    steps_[index / kSpotStep].offsets[index % kSpotStep] =
+        static_cast<uint32_t>(place.y) * stride_ + static_cast<uint32_t>(place.x);
+}
+
+bool StampCache::IsBody(int32_t x, int32_t y, uint8_t share) const {
+    if (std::abs(x) > reach_ || std::abs(y) > reach_) return true;
+    const uint8_t tip =
+        tip_[static_cast<size_t>(y + reach_) * Side(reach_) + static_cast<size_t>(x + reach_)];
+    // Soft edges are joined in all of the square.
+    return nib_.HasSoftEdges() ? tip == 0 : tip < share;
 }
 
 }  // namespace ink

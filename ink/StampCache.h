@@ -6,34 +6,28 @@
 #include <vector>
 
 #include "ink/Nib.h"
+#include "ink/Spot.h"
 
 namespace ink {
 
-// The coverage of one segment, as seen from the point it starts at. Row i covers row `top + i`, its bytes the
-// columns from `left` on. Behind the covered columns and rows lie zeros, up to the next multiple of
-// StampCache::kStep and of StampCache::kRowStep.
+// The coverage of one segment, as seen from the point it starts at.
 struct Stamp {
-    const uint8_t* bytes = nullptr;
-    // Four words per row: bit i is set when group i of kGroup columns is covered, with the stamp's first
-    // column in place 0, 1, 2 or 3 of group 0.
-    const uint16_t* groups = nullptr;
-    int16_t left = 0;
-    int16_t top = 0;
-    int16_t rows = 0;
-    int16_t stride = 0;
-    // Where the square around the start and around the end of the segment begins in `bytes`.
-    int16_t startTip = 0;
-    int16_t endTip = 0;
+    uint32_t first = 0;  // of its steps in the cache; 0 while it is not made
+    uint32_t count = 0;  // spots of its body
 };
 
 // A pen's samples lie a few pixels apart, so the same short segments come again and again. Their stamps are
 // made on first use in memory taken beforehand; when that is full, all are forgotten.
+//
+// A stamp comes in three parts: what it covers around its start, the same around its end, and its body. The
+// body is all beyond the tip at the start, the tip at the end included. Around the ends it is seen in the
+// spots of the tip's rim, which is all of the tip's square but the spots that the tip covers wholly: in those
+// there is nothing to join. Nibs without soft edges have no rim.
 class StampCache {
   public:
     static constexpr int32_t kMaxDelta = 24;  // longest dx or dy kept
-    static constexpr int32_t kStep = 16;      // bytes that are moved at once
-    static constexpr int32_t kRowStep = 4;    // rows that are moved at once
-    static constexpr int32_t kGroup = 4;      // columns whose coverage is noted together
+    // No stamp's tip and body have more spots together.
+    static constexpr size_t kMostSpots = 1024;
 
     // Throws bad_alloc. The nib must outlive the cache.
     explicit StampCache(Nib& nib);
@@ -43,26 +37,61 @@ class StampCache {
                static_cast<uint64_t>(dy + kMaxDelta) <= 2 * kMaxDelta;
     }
 
-    // The stamp of a segment that fits, or null while it is not made.
-    const Stamp* Find(int64_t dx, int64_t dy) const {
-        const Stamp& stamp = stamps_[Index(dx, dy)];
-        return stamp.bytes != nullptr ? &stamp : nullptr;
-    }
+    // Offsets are for pictures of this many pixels from row to row.
+    void SetStride(int32_t stride);
+
+    // The stamp of a segment that fits and is not a point, one with `first` 0 while it is not made.
+    Stamp Find(int64_t dx, int64_t dy) const { return stamps_[Index(dx, dy)]; }
     // The same, made if need be. Making one may end all others; the two made last are always there.
-    const Stamp& Get(int64_t dx, int64_t dy);
+    Stamp Get(int64_t dx, int64_t dy);
+
+    // The tip's own coverage around a point: what a segment without length covers.
+    SpotList Tip() const { return List(0, tipCount_); }
+    // The same in the rim's spots.
+    SpotList Rim() const { return List(0, rimCount_); }
+    size_t RimSteps() const { return rimSteps_; }
+
+    const SpotStep* StartRim(const Stamp& stamp) const { return &steps_[stamp.first]; }
+    const SpotStep* EndRim(const Stamp& stamp) const { return &steps_[stamp.first + rimSteps_]; }
+    SpotList Body(const Stamp& stamp) const { return List(stamp.first + 2 * rimSteps_, stamp.count); }
 
   private:
-    void NoteGroups(const uint8_t* bytes, int32_t rows, int32_t stride, uint16_t* groups) const;
+    static constexpr size_t kPitch = 64;  // of picture_: the widest stamp, and a spot behind its end
+
+    SpotList List(size_t first, size_t count) const {
+        return {&steps_[first], &places_[first * kSpotStep], count};
+    }
     static size_t Index(int64_t dx, int64_t dy) {
         return static_cast<size_t>((dy + kMaxDelta) * (2 * kMaxDelta + 1) + dx + kMaxDelta);
     }
 
+    const uint8_t* PictureAt(int32_t x, int32_t y) const {
+        return &picture_[static_cast<size_t>(y) * kPitch + static_cast<size_t>(x)];
+    }
+    void Draw(int32_t dx, int32_t dy);
+    void MakeTip();
+    void AddRim(int32_t centerX, int32_t centerY);
+    uint32_t AddBody(int32_t centerX, int32_t centerY);
+    void AddSpot(size_t index, int32_t x, int32_t y, const uint8_t* bytes);
+    void Place(size_t index);
+    bool IsBody(int32_t x, int32_t y, uint8_t share) const;
+
     Nib& nib_;
+    const int32_t reach_;
+    size_t tipCount_ = 0;
+    size_t rimCount_ = 0;
+    size_t rimSteps_ = 0;
+    uint32_t stride_ = 0;
     std::vector<Stamp> stamps_;
-    std::vector<uint8_t> bytes_;
-    std::vector<uint16_t> groups_;
+    // The spots of all stamps, the tip first, and their places; `used_` steps.
+    std::vector<SpotStep> steps_;
+    std::vector<SpotPlace> places_;
     size_t used_ = 0;
-    size_t groupsUsed_ = 0;
+    std::vector<uint8_t> tip_;  // the coverage in its square, row by row
+    // The segment that a stamp is being made of.
+    std::vector<uint8_t> picture_;
+    int32_t columns_ = 0;
+    int32_t rows_ = 0;
 };
 
 }  // namespace ink

@@ -2,69 +2,94 @@
 
 #include <cstring>
 #include <exception>
-
-#include "ink/Bits.h"
+#include <limits>
 
 namespace ink {
 
-bool StrokeMask::Prepare(const Rect& area, int32_t margin) {
-    Clear();
+bool StrokeMask::Prepare(const Rect& area, int32_t stride) {
     area_ = Rect{};
-    // Stamps are moved in whole steps, which may end behind their last column and row.
-    const size_t width =
-        static_cast<size_t>(area.Width()) + 2 * static_cast<size_t>(margin) + StampCache::kStep;
-    const size_t rows =
-        static_cast<size_t>(area.Height()) + 2 * static_cast<size_t>(margin) + StampCache::kRowStep;
-    const size_t stride = (width + StampCache::kStep - 1) / StampCache::kStep * StampCache::kStep;
-    const size_t words = stride / kGroup / 64 + 2;
+    const size_t size = static_cast<size_t>(area.Height()) * static_cast<size_t>(stride);
+    if (size > static_cast<size_t>(std::numeric_limits<int32_t>::max())) return false;
+    const size_t spots = static_cast<size_t>(area.Height()) * static_cast<size_t>(area.Width()) / kSpot;
     try {
-        if (bytes_.size() < stride * rows) bytes_.resize(stride * rows, 0);
-        if (groups_.size() < words * rows) groups_.resize(words * rows, 0);
+        // The last spot may end behind the area.
+        if (bytes_.size() < size + kSpot) bytes_.resize(size + kSpot, 0);
+        if (pendingPlaces_.empty()) pendingPlaces_.resize(kPendingRoom);
+        if (pendingShares_.empty()) pendingShares_.resize(kPendingRoom);
+        if (noted_.size() < spots + kPendingRoom) noted_.resize(spots + kPendingRoom);
     } catch (const std::exception&) {
         return false;
     }
     area_ = area;
-    left_ = area.left - margin;
-    top_ = area.top - margin;
-    stride_ = stride;
-    words_ = words;
-    firstRow_ = rows;
-    endRow_ = 0;
+    stride_ = static_cast<uint32_t>(stride);
+    tooMany_ = spots + 1;
+    ForgetNotes();
     return true;
 }
 
-void StrokeMask::RaiseRow(int32_t x, int32_t y, const uint8_t* bytes, int32_t count) {
-    uint8_t* to = At(x, y);
-    for (int32_t i = 0; i < count; ++i) to[i] = std::max(to[i], bytes[i]);
-    Touch(x, y, count);
+void StrokeMask::ForgetNotes() {
+    // Areas narrower than a spot can't hold one.
+    notedCount_ = area_.Width() < kSpot ? tooMany_ : 0;
 }
 
-void StrokeMask::Touch(int32_t x, int32_t y, int32_t count) {
-    uint64_t* groups = Groups(y);
-    const size_t end = static_cast<size_t>(GroupOf(x + count - 1)) + 1;
-    for (size_t group = static_cast<size_t>(GroupOf(x)); group < end; ++group) {
-        groups[group / 64] |= uint64_t{1} << group % 64;
-    }
-    const size_t row = static_cast<size_t>(y - top_);
-    firstRow_ = std::min(firstRow_, row);
-    endRow_ = std::max(endRow_, row + 1);
-}
-
-void StrokeMask::Clear() {
-    for (size_t row = firstRow_; row < endRow_; ++row) {
-        uint8_t* bytes = &bytes_[row * stride_];
-        for (size_t word = 0; word < words_; ++word, bytes += 64 * kGroup) {
-            uint64_t& groups = groups_[row * words_ + word];
-            for (; groups != 0; groups &= groups - 1)
-                std::memset(bytes + LowestBit(groups) * kGroup, 0, kGroup);
+void StrokeMask::Settle(size_t pending) {
+    uint8_t* bytes = bytes_.data();
+    const uint32_t* places = pendingPlaces_.data();
+    const uint32_t* shares = pendingShares_.data();
+    for (size_t start = 0; start < kSpotsApart; ++start) {
+        for (size_t i = start; i < pending; i += kSpotsApart) {
+            uint8_t* to = bytes + places[i];
+            StoreFour(to, Larger(LoadFour(to), LoadFour(shares + i)));
         }
     }
-    SetTaken();
 }
 
-void StrokeMask::SetTaken() {
-    firstRow_ = groups_.size();
-    endRow_ = 0;
+void StrokeMask::NoteSpot(int64_t x, int64_t y) {
+    if (IsAllNoted()) return;
+    // A spot that hangs over an edge is moved inside: laying more over the picture than was raised is
+    // harmless.
+    noted_[notedCount_++] = PlaceOf(std::clamp<int64_t>(x, area_.left, area_.right - kSpot), y);
+}
+
+void StrokeMask::RaiseCut(int64_t x, int64_t y, const SpotList& spots) {
+    for (size_t i = 0; i < spots.count; ++i) {
+        const int64_t left = x + spots.places[i].x;
+        const int64_t row = y + spots.places[i].y;
+        if (row < area_.top || row >= area_.bottom) continue;
+        if (left + kSpot <= area_.left || left >= area_.right) continue;
+        const uint32_t& shares = spots.steps[i / kSpotStep].shares[i % kSpotStep];
+        if (left >= area_.left && left + kSpot <= area_.right) {
+            uint8_t* to = &bytes_[PlaceOf(left, row)];
+            StoreFour(to, Larger(LoadFour(to), LoadFour(&shares)));
+        } else {
+            RaisePart(left, row, shares);
+        }
+        NoteSpot(left, row);
+    }
+}
+
+// A spot that an edge of the area goes through.
+void StrokeMask::RaisePart(int64_t x, int64_t y, uint32_t shares) {
+    uint8_t bytes[kSpot];
+    std::memcpy(bytes, &shares, kSpot);
+    for (int32_t i = 0; i < kSpot; ++i) {
+        if (x + i < area_.left || x + i >= area_.right) continue;
+        uint8_t& to = bytes_[PlaceOf(x + i, y)];
+        to = std::max(to, bytes[i]);
+    }
+}
+
+void StrokeMask::RaiseRow(int32_t x, int32_t y, const uint8_t* bytes, int32_t count) {
+    uint8_t* to = &bytes_[PlaceOf(x, y)];
+    for (int32_t i = 0; i < count; ++i) to[i] = std::max(to[i], bytes[i]);
+    for (int32_t i = 0; i < count; i += kSpot) NoteSpot(x + i, y);
+}
+
+void StrokeMask::Clear(const Rect& rows) {
+    for (int32_t y = rows.top; y < rows.bottom; ++y) {
+        std::fill_n(&bytes_[PlaceOf(rows.left, y)], rows.Width(), uint8_t{0});
+    }
+    ForgetNotes();
 }
 
 }  // namespace ink

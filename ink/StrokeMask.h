@@ -8,106 +8,119 @@
 
 #include "ink/Geometry.h"
 #include "ink/Lanes.h"
+#include "ink/Spot.h"
 #include "ink/StampCache.h"
 
 namespace ink {
 
-// Segments are united by the larger coverage, so ink that crosses itself gets no darker. Each row notes in
-// one bit per group of four columns where it is covered: what is laid over the picture, or cleared, is in
-// proportion to the ink and not to the area.
+// Segments are united by the larger coverage, so ink that crosses itself gets no darker. The mask has as many
+// pixels from row to row as the picture, so that one place serves both. It notes the spots in which it was
+// raised: what is laid over the picture is in proportion to the ink and not to the area. When that would be
+// more than the area, it notes that all of it is wanted.
 class StrokeMask {
   public:
-    static constexpr int32_t kGroup = StampCache::kGroup;
-
-    // Makes the mask ready for an area; stamps may hang over it by up to `margin` pixels. False when memory
+    // Makes the mask ready for an area of a picture with that many pixels from row to row. False when memory
     // is short; the mask then has an empty area.
-    bool Prepare(const Rect& area, int32_t margin);
+    bool Prepare(const Rect& area, int32_t stride);
 
     const Rect& Area() const { return area_; }
+    // The place of a pixel, modulo 2^32 for those outside the area.
+    uint32_t PlaceOf(int64_t x, int64_t y) const {
+        return static_cast<uint32_t>(y - area_.top) * stride_ + static_cast<uint32_t>(x - area_.left);
+    }
+    uint8_t* Bytes() { return bytes_.data(); }
 
-    // Unites a stamp of a segment starting at (x, y), which hangs over the area no farther than the margin.
-    void Raise(const Stamp& stamp, int32_t x, int32_t y);
-    // Unites columns x.. of row y, which lie inside the area.
+    // Unites and notes those parts of the spots around a pixel that lie inside the area.
+    void RaiseCut(int64_t x, int64_t y, const SpotList& spots);
+    // Unites and notes columns x.. of row y, which lie inside the area.
     void RaiseRow(int32_t x, int32_t y, const uint8_t* bytes, int32_t count);
 
-    // Notes columns x..x+count-1 of row y, no farther than the margin from the area, as covered.
-    void Touch(int32_t x, int32_t y, int32_t count);
+    // The places of spots that were noted, in no order, some of them repeatedly.
+    const uint32_t* Noted() const { return noted_.data(); }
+    size_t NotedCount() const { return notedCount_; }
+    // Whether all of the area is noted, and not those spots only.
+    bool IsAllNoted() const { return notedCount_ == tooMany_; }
+    void ForgetNotes();
 
-    // A pixel no farther than the margin from the area, and its row's pitch.
-    uint8_t* At(int32_t x, int32_t y) { return &bytes_[Place(x, y)]; }
-    const uint8_t* At(int32_t x, int32_t y) const { return &bytes_[Place(x, y)]; }
-    size_t Stride() const { return stride_; }
-
-    // A row's groups, 64 to a word; group i starts in column GroupLeft(i).
-    size_t GroupWords() const { return words_; }
-    uint64_t* Groups(int32_t y) { return &groups_[static_cast<size_t>(y - top_) * words_]; }
-    int32_t GroupLeft(int32_t group) const { return left_ + group * kGroup; }
-    int32_t GroupOf(int32_t x) const { return (x - left_) / kGroup; }
-
-    // Back to nothing covered.
-    void Clear();
-    // The same after everything was taken away group by group.
-    void SetTaken();
+    // Back to nothing covered, when that was not left by whoever laid the mask over the picture. No more than
+    // `rows`, inside the area, was raised.
+    void Clear(const Rect& rows);
 
   private:
-    size_t Place(int32_t x, int32_t y) const {
-        return static_cast<size_t>(y - top_) * stride_ + static_cast<size_t>(x - left_);
-    }
+    friend class SpotFeed;
+    static constexpr size_t kManyPending = 256;
+    static constexpr size_t kPendingRoom = kManyPending + StampCache::kMostSpots + kSpotStep;
+
+    void Settle(size_t pending);
+    void RaisePart(int64_t x, int64_t y, uint32_t shares);
+    void NoteSpot(int64_t x, int64_t y);
 
     Rect area_;
-    int32_t left_ = 0;  // surface position of the first byte
-    int32_t top_ = 0;
-    size_t stride_ = 0;
-    size_t words_ = 0;
-    // Zero wherever nothing was raised since the last Clear.
+    uint32_t stride_ = 0;
     std::vector<uint8_t> bytes_;
-    std::vector<uint64_t> groups_;
-    size_t firstRow_ = 0;  // rows touched
-    size_t endRow_ = 0;
+    std::vector<uint32_t> noted_;
+    size_t notedCount_ = 0;
+    size_t tooMany_ = 0;  // where counting ends
+    // Spots that a SpotFeed is to raise.
+    std::vector<uint32_t> pendingPlaces_;
+    std::vector<uint32_t> pendingShares_;
 };
 
-inline void StrokeMask::Raise(const Stamp& stamp, int32_t x, int32_t y) {
-    const size_t first = static_cast<size_t>(x + stamp.left - left_);
-    const size_t firstRow = static_cast<size_t>(y + stamp.top - top_);
-    const size_t rows = static_cast<size_t>(stamp.rows);
-    const size_t width = static_cast<size_t>(stamp.stride);
-    const size_t group = first / kGroup;
-    const unsigned shift = static_cast<unsigned>(group % 64);
-    const uint16_t* from = stamp.groups + first % kGroup;
-    // Whether some groups may fall into the next word; there always is one.
-    const bool straddles = shift > 64 - 16;
-    uint64_t* groups = &groups_[firstRow * words_ + group / 64];
-    uint8_t* to = &bytes_[firstRow * stride_ + first];
-    const uint8_t* bytes = stamp.bytes;
-    const auto raiseGroups = [&] {
-        const uint64_t bits = *from;
-        groups[0] |= bits << shift;
-        if (straddles) groups[1] |= bits >> 1 >> (63 - shift);
-        from += StampCache::kGroup;
-        groups += words_;
-    };
-    if (width == StampCache::kStep) {
-        // Nearly always: rows without a loop across, and several at a time.
-        for (size_t row = 0; row < rows; row += StampCache::kRowStep) {
-            for (size_t i = 0; i < StampCache::kRowStep; ++i) {
-                StoreBytes(to, Larger(LoadBytes(to), LoadBytes(bytes)));
-                raiseGroups();
-                to += stride_;
-                bytes += StampCache::kStep;
-            }
+// Puts spots into a mask, all of whose ink lies inside its area, kOverhang columns from the right edge at
+// least. Spots are collected first and united afterwards: that goes through them in one even loop instead of
+// many short ones, whose ends the processor would guess wrong. A value of its own while a stroke is traced,
+// so that its counts stay in registers; nothing else may change the mask until End.
+class SpotFeed {
+  public:
+    explicit SpotFeed(StrokeMask& mask)
+        : mask_(mask),
+          places_(mask.pendingPlaces_.data()),
+          shares_(mask.pendingShares_.data()),
+          noted_(mask.noted_.data()),
+          tooMany_(mask.tooMany_),
+          notedCount_(mask.notedCount_) {}
+
+    // Raises the tip's rim around a place, joined of what the segments before and after it cover (see
+    // JoinShares). Once at most before each Body, which makes room again.
+    void Joint(uint32_t place, const SpotList& rim, const SpotStep* before, const SpotStep* after) {
+        for (size_t i = 0; i * kSpotStep < rim.count; ++i) {
+            StoreBytes(shares_ + count_ + i * kSpotStep, JoinShares(before[i], after[i], rim.steps[i]));
+            StoreQuads(places_ + count_ + i * kSpotStep, LoadQuads(rim.steps[i].offsets) + place);
         }
-    } else {
-        for (size_t row = 0; row < rows; ++row) {
-            for (size_t column = 0; column < width; column += StampCache::kStep) {
-                StoreBytes(to + column, Larger(LoadBytes(to + column), LoadBytes(bytes + column)));
-            }
-            raiseGroups();
-            to += stride_;
-            bytes += width;
-        }
+        count_ += rim.count;
     }
-    firstRow_ = std::min(firstRow_, firstRow);
-    endRow_ = std::max(endRow_, firstRow + rows);
-}
+    // Raises and notes. There is room for a whole stamp behind the last note that counts.
+    void Body(uint32_t place, const SpotList& body) {
+        if (count_ > StrokeMask::kManyPending) Settle();
+        uint32_t* note = noted_ + notedCount_;
+        const SpotStep* step = body.steps;
+        for (size_t i = 0; i < body.count; i += kSpotStep, ++step) {
+            const Quads4 places = LoadQuads(step->offsets) + place;
+            StoreBytes(shares_ + count_ + i, LoadBytes(step->shares));
+            StoreQuads(places_ + count_ + i, places);
+            StoreQuads(note + i, places);
+        }
+        count_ += body.count;
+        notedCount_ = std::min(notedCount_ + body.count, tooMany_);
+    }
+    void End() {
+        Settle();
+        mask_.notedCount_ = notedCount_;
+    }
+
+  private:
+    void Settle() {
+        mask_.Settle(count_);
+        count_ = 0;
+    }
+
+    StrokeMask& mask_;
+    uint32_t* const places_;
+    uint32_t* const shares_;
+    uint32_t* const noted_;
+    const size_t tooMany_;
+    size_t count_ = 0;
+    size_t notedCount_;
+};
 
 }  // namespace ink

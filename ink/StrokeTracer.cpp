@@ -1,13 +1,12 @@
 #include "ink/StrokeTracer.h"
 
-#include <algorithm>
+#include <cstring>
 #include <exception>
-#include <new>
+
+#include "ink/Lanes.h"
 
 namespace ink {
 namespace {
-
-constexpr size_t kTipStep = sizeof(Bytes16);  // bytes of a tip's row that are worked on at once
 
 Sweep Downwards(const TracePoint& direction, bool& turned) {
     turned = direction.y < 0 || (direction.y == 0 && direction.x < 0);
@@ -20,91 +19,101 @@ bool GoesOn(const TracePoint& a, const TracePoint& b) { return a.x * b.x + a.y *
 }  // namespace
 
 StrokeTracer::StrokeTracer(std::unique_ptr<Nib> nib)
-    : nib_(std::move(nib)), reach_(nib_->Reach()), softEdges_(nib_->HasSoftEdges()), stamps_(*nib_) {
-    const size_t side = 2 * static_cast<size_t>(reach_) + 1;
-    tipStride_ = (side + kTipStep - 1) / kTipStep * kTipStep;
-    if (!nib_->Prepare(StampCache::kMaxDelta + static_cast<int32_t>(side))) throw std::bad_alloc();
-    tip_.assign(side * tipStride_, 0);
-    keep_.assign(side * tipStride_, 0);
-    endRoom_.resize(side * tipStride_);
-    startRoom_.resize(side * tipStride_);
-    const Stamp& stamp = stamps_.Get(0, 0);
-    for (size_t y = 0; y < side; ++y) {
-        const uint8_t* row = stamp.bytes + y * static_cast<size_t>(stamp.stride);
-        std::copy(row, row + side, tip_.data() + y * tipStride_);
-        std::fill_n(keep_.data() + y * tipStride_, side, uint8_t{255});
-    }
-}
+    : nib_(std::move(nib)),
+      reach_(nib_->Reach()),
+      softEdges_(nib_->HasSoftEdges()),
+      stamps_(*nib_),
+      joint_(stamps_.RimSteps()),
+      endRoom_(stamps_.RimSteps()),
+      startRoom_(stamps_.RimSteps()),
+      square_(static_cast<size_t>((2 * reach_ + 1) * (2 * reach_ + 1))) {}
 
-bool StrokeTracer::Begin(const Rect& area, bool inside) {
+bool StrokeTracer::Begin(const Rect& area, int32_t stride) {
     hasPoint_ = false;
-    inside_ = inside;
     try {
         if (row_.size() < static_cast<size_t>(area.Width())) row_.resize(static_cast<size_t>(area.Width()));
     } catch (const std::exception&) {
         return false;
     }
-    const int32_t margin = inside ? 0 : StampCache::kMaxDelta + 2 * reach_ + 1;
-    return nib_->Prepare(area.Width()) && mask_.Prepare(area, margin);
+    stamps_.SetStride(stride);
+    return nib_->Prepare(area.Width()) && mask_.Prepare(area, stride);
 }
 
-void StrokeTracer::MoveTo(const TracePoint& point) {
-    walk_ = {point, {}, {}};
+void StrokeTracer::Trace(const Point* points, size_t count, const TraceShift& shift, bool inside) {
+    const TracePoint first = shift(points[0]);
+    if (!hasPoint_ || !(walk_.last == first)) walk_ = {first, {}, stamps_.Rim().steps};
     hasPoint_ = true;
-}
-
-void StrokeTracer::Dot(const TracePoint& point) {
-    if (!IsAt(point)) MoveTo(point);
-    if (Touches(point, {})) {
-        mask_.Raise(stamps_.Get(0, 0), static_cast<int32_t>(point.x), static_cast<int32_t>(point.y));
+    // Where a line goes on its tip is there already, but joining changes what has to be painted around it.
+    AddTip(first);
+    for (size_t done = 1; done < count;) {
+        done += TraceStamps(points + done, count - done, shift, inside);
+        if (done < count) Step(shift(points[done++]));
     }
 }
 
-void StrokeTracer::Lines(const TracePoint* points, size_t count) {
-    if (count == 0) return;
-    if (!hasPoint_) MoveTo(points[0]);
+// Nearly all of the work: segments whose stamps are made and lie inside. Returns how many points that were.
+size_t StrokeTracer::TraceStamps(const Point* points, size_t count, const TraceShift& shift, bool inside) {
+    const SpotList rim = stamps_.Rim();
+    SpotFeed feed(mask_);
     Walk walk = walk_;
-    for (size_t i = 0; i < count; ++i) {
-        const bool isShort = StampCache::Fits(points[i].x - walk.last.x, points[i].y - walk.last.y);
-        walk = isShort ? ShortStep(walk, points[i]) : LongStep(walk, points[i]);
+    size_t done = 0;
+    for (; done < count; ++done) {
+        const TracePoint point = shift(points[done]);
+        const TracePoint direction = point - walk.last;
+        if (!StampCache::Fits(direction.x, direction.y)) break;
+        const Stamp stamp = stamps_.Find(direction.x, direction.y);
+        if (stamp.first == 0 || !(inside || LiesInside(walk.last, direction))) break;
+        const uint32_t place = mask_.PlaceOf(walk.last.x, walk.last.y);
+        if (softEdges_) feed.Joint(place, rim, Before(walk, direction), stamps_.StartRim(stamp));
+        feed.Body(place, stamps_.Body(stamp));
+        walk = {point, direction, stamps_.EndRim(stamp)};
     }
     walk_ = walk;
+    feed.End();
+    return done;
 }
 
-inline StrokeTracer::Walk StrokeTracer::ShortStep(Walk walk, const TracePoint& point) {
-    const TracePoint direction = point - walk.last;
-    const Stamp* stamp = stamps_.Find(direction.x, direction.y);
-    if (stamp == nullptr) {
-        Walk moved = walk;
-        stamp = &StampOf(direction, moved);
-        walk = moved;
+// Any other segment.
+void StrokeTracer::Step(const TracePoint& point) {
+    const TracePoint direction = point - walk_.last;
+    if (direction == TracePoint{}) {
+        AddTip(point);
+    } else if (StampCache::Fits(direction.x, direction.y)) {
+        ShortStep(point, direction);
+    } else {
+        LongStep(point, direction);
     }
-    if (inside_ || Touches(walk.last, direction)) {
-        mask_.Raise(*stamp, static_cast<int32_t>(walk.last.x), static_cast<int32_t>(walk.last.y));
-    }
-    if (direction == TracePoint{}) return walk;
-    const size_t stride = static_cast<size_t>(stamp->stride);
-    if (softEdges_) Join(walk, direction, {stamp->bytes + stamp->startTip, stride});
-    return {point, direction, {stamp->bytes + stamp->endTip, stride}};
 }
 
-StrokeTracer::Walk StrokeTracer::LongStep(Walk walk, const TracePoint& point) {
-    const TracePoint direction = point - walk.last;
-    if (Touches(walk.last, direction)) AddLong(walk.last, direction);
-    if (!softEdges_) return {point, direction, {}};
-    Join(walk, direction, LongTip(direction, false, startRoom_));
+void StrokeTracer::ShortStep(const TracePoint& point, const TracePoint& direction) {
+    const Stamp stamp = stamps_.Get(direction.x, direction.y);
+    // Making it may have ended the last segment's stamp.
+    const TracePoint& last = walk_.direction;
+    if (!(last == TracePoint{}) && StampCache::Fits(last.x, last.y)) {
+        walk_.before = stamps_.EndRim(stamps_.Get(last.x, last.y));
+    }
+    if (Touches(walk_.last, direction)) {
+        if (softEdges_) AddJoint(direction, stamps_.StartRim(stamp));
+        mask_.RaiseCut(walk_.last.x, walk_.last.y, stamps_.Body(stamp));
+    }
+    walk_ = {point, direction, stamps_.EndRim(stamp)};
+}
+
+void StrokeTracer::LongStep(const TracePoint& point, const TracePoint& direction) {
+    if (Touches(walk_.last, direction)) {
+        AddLong(walk_.last, direction);
+        if (softEdges_) AddJoint(direction, LongRim(direction, false, startRoom_));
+    }
     // Only now may the room that the last segment's end may lie in be used anew.
-    return {point, direction, LongTip(direction, true, endRoom_)};
+    walk_ = {point, direction, softEdges_ ? LongRim(direction, true, endRoom_) : nullptr};
 }
 
-// Makes a stamp. That may end the last segment's, to make room: then that one is made again as well.
-const Stamp& StrokeTracer::StampOf(const TracePoint& direction, Walk& walk) {
-    const Stamp& made = stamps_.Get(direction.x, direction.y);
-    if (StampCache::Fits(walk.direction.x, walk.direction.y)) {
-        const Stamp& last = stamps_.Get(walk.direction.x, walk.direction.y);
-        walk.before = {last.bytes + last.endTip, static_cast<size_t>(last.stride)};
-    }
-    return made;
+bool StrokeTracer::LiesInside(const TracePoint& from, const TracePoint& direction) const {
+    const Rect& area = mask_.Area();
+    const TracePoint to{from.x + direction.x, from.y + direction.y};
+    return std::min(from.x, to.x) - reach_ >= area.left &&
+           std::max(from.x, to.x) + reach_ + kOverhang < area.right &&
+           std::min(from.y, to.y) - reach_ >= area.top && std::max(from.y, to.y) + reach_ < area.bottom;
 }
 
 bool StrokeTracer::Touches(const TracePoint& from, const TracePoint& direction) const {
@@ -112,6 +121,16 @@ bool StrokeTracer::Touches(const TracePoint& from, const TracePoint& direction) 
     const TracePoint to{from.x + direction.x, from.y + direction.y};
     return std::max(from.x, to.x) + reach_ >= area.left && std::min(from.x, to.x) - reach_ < area.right &&
            std::max(from.y, to.y) + reach_ >= area.top && std::min(from.y, to.y) - reach_ < area.bottom;
+}
+
+void StrokeTracer::AddTip(const TracePoint& at) {
+    if (LiesInside(at, {})) {
+        SpotFeed feed(mask_);
+        feed.Body(mask_.PlaceOf(at.x, at.y), stamps_.Tip());
+        feed.End();
+    } else if (Touches(at, {})) {
+        mask_.RaiseCut(at.x, at.y, stamps_.Tip());
+    }
 }
 
 void StrokeTracer::AddLong(const TracePoint& from, const TracePoint& direction) {
@@ -133,58 +152,47 @@ void StrokeTracer::AddLong(const TracePoint& from, const TracePoint& direction) 
     }
 }
 
-StrokeTracer::TipView StrokeTracer::LongTip(const TracePoint& direction, bool atEnd,
-                                            std::vector<uint8_t>& room) {
+const SpotStep* StrokeTracer::LongRim(const TracePoint& direction, bool atEnd, std::vector<SpotStep>& room) {
     bool turned = false;
     const Sweep sweep = Downwards(direction, turned);
     const bool atSweepEnd = atEnd != turned;
     const int64_t left = (atSweepEnd ? sweep.dx : 0) - reach_;
     const int64_t top = (atSweepEnd ? sweep.dy : 0) - reach_;
-    const int32_t side = 2 * reach_ + 1;
-    std::fill(room.begin(), room.end(), uint8_t{0});
-    for (int32_t y = 0; y < side; ++y) {
-        nib_->CoverRow(sweep, top + y, left, side, room.data() + static_cast<size_t>(y) * tipStride_);
+    const size_t side = 2 * static_cast<size_t>(reach_) + 1;
+    std::fill(square_.begin(), square_.end(), uint8_t{0});
+    for (size_t y = 0; y < side; ++y) {
+        nib_->CoverRow(sweep, top + static_cast<int64_t>(y), left, static_cast<int32_t>(side),
+                       &square_[y * side]);
     }
-    return {room.data(), tipStride_};
+    const SpotList rim = stamps_.Rim();
+    for (size_t i = 0; i < rim.count; ++i) {
+        const int32_t right = rim.places[i].x + reach_;
+        const int32_t down = rim.places[i].y + reach_;
+        const size_t x = static_cast<size_t>(right);
+        const size_t y = static_cast<size_t>(down);
+        uint8_t bytes[kSpot] = {};
+        std::copy_n(&square_[y * side + x], std::min<size_t>(side - x, kSpot), bytes);
+        std::memcpy(&room[i / kSpotStep].shares[i % kSpotStep], bytes, kSpot);
+    }
+    return room.data();
 }
 
 // Two segments that go on in about the same direction share the tip at their joint and nothing else, so the
 // area they cover together is the sum less the tip. The larger of the two alone would leave a thin line
-// paler at every joint. On sharp turns the segments overlap more, and the larger is right.
-inline void StrokeTracer::Join(const Walk& walk, const TracePoint& direction, const TipView& after) {
-    if (walk.direction == TracePoint{} || !GoesOn(walk.direction, direction)) return;
-    if (!inside_ && !Touches(walk.last, {})) return;
-    if (reach_ == 0) {
-        uint8_t* to = mask_.At(static_cast<int32_t>(walk.last.x), static_cast<int32_t>(walk.last.y));
-        *to = std::max(*to, static_cast<uint8_t>(std::min(*walk.before.bytes + *after.bytes - tip_[0], 255)));
-    } else {
-        JoinSquare(walk.last, walk.before, after);
-    }
+// paler at every joint. On sharp turns the segments overlap more, and the larger is right: the one before is
+// raised already, so the tip stands for it in the sum.
+inline const SpotStep* StrokeTracer::Before(const Walk& walk, const TracePoint& direction) const {
+    return GoesOn(walk.direction, direction) ? walk.before : stamps_.Rim().steps;
 }
 
-void StrokeTracer::JoinSquare(const TracePoint& at, const TipView& before, const TipView& after) {
-    const uint8_t* a = before.bytes;
-    const uint8_t* b = after.bytes;
-    uint8_t* to = mask_.At(static_cast<int32_t>(at.x) - reach_, static_cast<int32_t>(at.y) - reach_);
-    // Long segments note what they cover inside the area only; the square may hang over it.
-    if (a == endRoom_.data() || b == startRoom_.data()) {
-        for (int32_t y = -reach_; y <= reach_; ++y) {
-            mask_.Touch(static_cast<int32_t>(at.x) - reach_, static_cast<int32_t>(at.y) + y, 2 * reach_ + 1);
-        }
+void StrokeTracer::AddJoint(const TracePoint& direction, const SpotStep* after) {
+    SpotList joint = stamps_.Rim();
+    const SpotStep* before = Before(walk_, direction);
+    for (size_t i = 0; i < joint_.size(); ++i) {
+        StoreBytes(joint_[i].shares, JoinShares(before[i], after[i], joint.steps[i]));
     }
-    const uint8_t* tip = tip_.data();
-    const uint8_t* keep = keep_.data();
-    const uint8_t* const end = tip + tip_.size();
-    for (; tip != end; tip += tipStride_, keep += tipStride_) {
-        for (size_t column = 0; column < tipStride_; column += kTipStep) {
-            const Bytes16 rest = LoadBytes(b + column) - LoadBytes(tip + column);
-            const Bytes16 joined = AddClamped(LoadBytes(a + column), rest) & LoadBytes(keep + column);
-            StoreBytes(to + column, Larger(LoadBytes(to + column), joined));
-        }
-        a += before.stride;
-        b += after.stride;
-        to += mask_.Stride();
-    }
+    joint.steps = joint_.data();
+    mask_.RaiseCut(walk_.last.x, walk_.last.y, joint);
 }
 
 }  // namespace ink

@@ -1,6 +1,7 @@
 // Turns the points of a stroke into coverage.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -13,14 +14,29 @@
 namespace ink {
 
 // A point in surface coordinates, which a page's coordinates may leave far behind.
-// Without initial values: runs of points are converted in a buffer that clearing would cost more than filling.
 struct TracePoint {
-    int64_t x;
-    int64_t y;
+    int64_t x = 0;
+    int64_t y = 0;
 };
 
 inline bool operator==(const TracePoint& a, const TracePoint& b) { return a.x == b.x && a.y == b.y; }
 inline TracePoint operator-(const TracePoint& a, const TracePoint& b) { return {a.x - b.x, a.y - b.y}; }
+
+// Where a stroke's points lie on the surface.
+struct TraceShift {
+    int64_t down = 0;    // from the stroke to the page
+    int64_t scroll = 0;  // page row at the surface's top
+
+    // Ink half a billion rows away can't be told from ink farther away, and differences stay far from
+    // overflow.
+    static int64_t Bounded(int64_t coordinate) {
+        constexpr int64_t kLimit = int64_t{1} << 29;
+        return std::clamp(coordinate, -kLimit, kLimit);
+    }
+    TracePoint operator()(const Point& point) const {
+        return {Bounded(point.x), Bounded(point.y + down) - scroll};
+    }
+};
 
 // Points may be up to 2^31 away from the area. The mask depends on the sequence of points only: not on how it
 // was split into calls, and inside the area not on the area.
@@ -29,62 +45,53 @@ class StrokeTracer {
     // Throws bad_alloc.
     explicit StrokeTracer(std::unique_ptr<Nib> nib);
 
-    // Starts a new stroke on an area with nothing covered. `inside` promises that all of the stroke's ink
-    // lies in the area. False when memory is short.
-    bool Begin(const Rect& area, bool inside);
+    // Starts a new stroke on an area with nothing covered, of a picture with that many pixels from row to
+    // row. False when memory is short.
+    bool Begin(const Rect& area, int32_t stride);
 
-    // Starts a new line of the stroke; it shows only once something follows.
-    void MoveTo(const TracePoint& point);
-    // Goes on through the points, from the last one.
-    void Lines(const TracePoint* points, size_t count);
-    // The pen's tip without movement. Changes nothing on a line that has it as an end.
-    void Dot(const TracePoint& point);
+    // Goes through at least one point: on from where the tracer stands, if the first one is there, or else as
+    // a new line. One point is a dot, which changes nothing on a line that has it as an end. `inside`
+    // promises that all of the ink lies in the area, with kOverhang columns to spare on its right.
+    void Trace(const Point* points, size_t count, const TraceShift& shift, bool inside);
 
-    bool IsAt(const TracePoint& point) const { return hasPoint_ && walk_.last == point; }
     int32_t Reach() const { return reach_; }
     StrokeMask& Mask() { return mask_; }
 
   private:
-    // The coverage of a segment in the square that the tip at one of its ends lies in.
-    struct TipView {
-        const uint8_t* bytes = nullptr;
-        size_t stride = 0;
-    };
-
     // Where the pen is; a value of its own, so that it stays in registers from point to point.
     struct Walk {
-        TracePoint last{};
-        TracePoint direction{};  // of the last segment; zero when there is none
-        TipView before;        // the last segment at its end
+        TracePoint last;
+        TracePoint direction;              // of the last segment; zero when there is none
+        const SpotStep* before = nullptr;  // what the last segment covers around its end
     };
 
-    Walk ShortStep(Walk walk, const TracePoint& point);
-    Walk LongStep(Walk walk, const TracePoint& point);
-    const Stamp& StampOf(const TracePoint& direction, Walk& walk);
+    size_t TraceStamps(const Point* points, size_t count, const TraceShift& shift, bool inside);
+    void Step(const TracePoint& point);
+    void ShortStep(const TracePoint& point, const TracePoint& direction);
+    void LongStep(const TracePoint& point, const TracePoint& direction);
+    bool LiesInside(const TracePoint& from, const TracePoint& direction) const;
     bool Touches(const TracePoint& from, const TracePoint& direction) const;
+    void AddTip(const TracePoint& at);
     void AddLong(const TracePoint& from, const TracePoint& direction);
-    TipView LongTip(const TracePoint& direction, bool atEnd, std::vector<uint8_t>& room);
-    void Join(const Walk& walk, const TracePoint& direction, const TipView& after);
-    void JoinSquare(const TracePoint& at, const TipView& before, const TipView& after);
+    const SpotStep* LongRim(const TracePoint& direction, bool atEnd, std::vector<SpotStep>& room);
+    const SpotStep* Before(const Walk& walk, const TracePoint& direction) const;
+    void AddJoint(const TracePoint& direction, const SpotStep* after);
 
     std::unique_ptr<Nib> nib_;
     const int32_t reach_;
     const bool softEdges_;
     StampCache stamps_;
     StrokeMask mask_;
-    bool inside_ = false;
 
     Walk walk_;
     bool hasPoint_ = false;
 
     std::vector<uint8_t> row_;
-    std::vector<uint8_t> endRoom_;
-    std::vector<uint8_t> startRoom_;
-    // The tip's own coverage, which both segments at a joint contain, in rows of tipStride_; and 255 inside
-    // its square, 0 behind it.
-    size_t tipStride_;
-    std::vector<uint8_t> tip_;
-    std::vector<uint8_t> keep_;
+    // The rim around a joint and around the ends of long segments, and what those cover row by row.
+    std::vector<SpotStep> joint_;
+    std::vector<SpotStep> endRoom_;
+    std::vector<SpotStep> startRoom_;
+    std::vector<uint8_t> square_;
 };
 
 }  // namespace ink

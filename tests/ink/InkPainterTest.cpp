@@ -175,6 +175,61 @@ TEST(InkPainter, LinesAreTheSameFromEitherEnd) {
     }
 }
 
+// Surfaces narrower than what is painted at once, or parts of wider pictures, in turns with one painter.
+TEST(InkPainter, NarrowSurfacesAndLongRowsShowTheSameInk) {
+    std::mt19937 random(7);
+    for (const Pen& pen : AllPens()) {
+        ink::InkPage page;
+        Fill(page, SomeStrokes(random));
+        InkPainter painter;
+        painter.SetPen(pen.style, pen.width);
+        Picture whole(kWidth, kHeight);
+        painter.Repaint(whole.surface, page, ink::kHeadRows, whole.surface.Bounds());
+        for (const int32_t width : {1, 2, 3, 4, 5, 40}) {
+            for (const int32_t gap : {0, 3, 100}) {
+                const size_t stride = static_cast<size_t>(width + gap);
+                // Exactly as much memory as rows need, so that a sanitizer sees what goes beyond.
+                std::vector<uint32_t> pixels(stride * (kHeight - 1) + static_cast<size_t>(width), kMark);
+                ink::PixelSurface part{pixels.data(), width, kHeight, width + gap};
+                painter.Repaint(part, page, ink::kHeadRows, {-9, -9, kWidth, kHeight + 9});
+                for (size_t i = 0; i < pixels.size(); ++i) {
+                    const int32_t x = static_cast<int32_t>(i % stride);
+                    const int32_t y = static_cast<int32_t>(i / stride);
+                    ASSERT_EQ(pixels[i], x < width ? whole.At(x, y) : kMark) << Name(pen) << " " << width;
+                }
+            }
+        }
+    }
+}
+
+// So many segments on so little room that painting them one by one would be more than the room.
+TEST(InkPainter, ScribblesAreTheSameLiveAndRepainted) {
+    std::mt19937 random(8);
+    for (const Pen& pen : AllPens()) {
+        const Points points = sketch::Wander(random, 900, 6, {60, 50, 90, 70});
+        InkPainter painter;
+        painter.SetPen(pen.style, pen.width);
+        Picture live(kWidth, kHeight);
+        painter.BeginStroke(live.surface, 0x2040C0);
+        for (size_t i = 0; i + 1 < points.size(); ++i) painter.PaintSegment(live.surface, &points[i], 2);
+        painter.EndStroke();
+        ink::InkPage page;
+        sketch::Add(page, points, 0x2040C0);
+        Picture repainted(kWidth, kHeight);
+        page.VisitStrokes(0, kHeight, [&](const ink::StrokeRecord& record) {
+            painter.PaintStroke(repainted.surface, record, 0, repainted.surface.Bounds());
+        });
+        EXPECT_TRUE(live == repainted) << Name(pen);
+        EXPECT_EQ(live.At(0, 0), 0xFFFFFFu);
+        // Nothing of it is left behind for the strokes after it.
+        Picture next(kWidth, kHeight);
+        painter.BeginStroke(next.surface, 0);
+        painter.PaintSegment(next.surface, points.data(), 1);
+        painter.EndStroke();
+        EXPECT_TRUE(next == Draw(pen, {points[0]})) << Name(pen);
+    }
+}
+
 // Splitting a straight line must neither darken nor thin it.
 TEST(InkPainter, JointsAreInvisible) {
     for (const double width : {1.0, 2.0, 3.0, 4.5, 10.0}) {
