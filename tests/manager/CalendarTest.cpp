@@ -119,6 +119,20 @@ TEST_F(Calendar, AnEmptyDayBeginsAReminderAndAGreyDayShowsItsMonth) {
     RunManager();
 }
 
+TEST_F(Calendar, EachDayIsLookedUpOnce) {
+    int lookUps = 0;
+    ThenOpenCalendar();
+    Then([this, &lookUps] {
+        device.files.fault = [&lookUps](platform::host::FileCall call, const std::wstring&) {
+            if (call == platform::host::FileCall::List) ++lookUps;
+            return platform::FileError::None;
+        };
+        Desk().Command(IDM_NEXT_MONTH);
+        EXPECT_EQ(lookUps, 42);
+    });
+    RunManager();
+}
+
 TEST_F(Calendar, OpensOnTheMonthOfTheSelectedDay) {
     PutNote(L"Reminders\\2005-07-08\\r.ikw");
     ThenOpenCalendar();

@@ -141,6 +141,27 @@ TEST_F(Operations, AMoveThatFailsStopsWhereItIs) {
     EXPECT_TRUE(Has(L"Work\\a.txt") && Has(L"Home\\a.ikw"));
 }
 
+TEST_F(Operations, ADeletionThatFailsLeavesTheNoteAndItsCompanions) {
+    Desk().answers = {MessageAnswer::Yes, MessageAnswer::Yes};
+    FailCall(FileCall::Erase, 0);
+    EXPECT_FALSE(manager::DeleteNote(nullptr, NotePath()));
+    EXPECT_EQ(LastMessage(), L"Deleting 'a.ikw' failed.");
+    EXPECT_TRUE(Has(L"Work\\a.ikw") && Has(L"Work\\a.txt"));
+    EXPECT_EQ(AlarmArguments(), ArgumentsFor(L"Work\\a.ikw"));
+    FailCall(FileCall::Erase, 1);
+    EXPECT_TRUE(manager::DeleteNote(nullptr, NotePath())) << "a memo that stays does not keep the note";
+    EXPECT_THAT(device.notifications, IsEmpty());
+}
+
+TEST_F(Operations, AFailedRenameChangesNothing) {
+    FailCall(FileCall::Move, 0);
+    EXPECT_FALSE(manager::RenameNote(NotePath(), std::wstring(kRoot) + L"Work\\b.ikw"));
+    FailCall(FileCall::Move, 0);
+    EXPECT_FALSE(manager::RenameFolder(std::wstring(kRoot) + L"Work", std::wstring(kRoot) + L"Attic"));
+    EXPECT_TRUE(Has(L"Work\\a.ikw") && Has(L"Work\\a.txt"));
+    EXPECT_EQ(AlarmArguments(), ArgumentsFor(L"Work\\a.ikw"));
+}
+
 TEST_F(Operations, MovingToADay) {
     ThenChoose(kNotePathInTree, L"Move To Reminders...");
     Then([this] {
