@@ -147,9 +147,10 @@ MessageAnswer ShowMessage(Window*, const std::wstring& text, const std::wstring&
                           MessageButtons buttons, MessageIcon icon, DefaultButton defaultButton) {
     HostDesk& desk = HostDevice::Current().desk;
     desk.messages.push_back({text, caption, buttons, icon, defaultButton});
+    if (buttons == MessageButtons::Ok) return MessageAnswer::Ok;
     if (desk.answers.empty()) {
-        if (buttons != MessageButtons::Ok) desk.problems.emplace_back("a question was not answered");
-        return buttons == MessageButtons::Ok ? MessageAnswer::Ok : MessageAnswer::No;
+        desk.problems.emplace_back("a question was not answered");
+        return MessageAnswer::No;
     }
     const MessageAnswer answer = desk.answers.front();
     desk.answers.pop_front();

@@ -46,7 +46,7 @@ class HostDesk {
     // Handles everything that was posted and paints what was invalidated.
     void Settle();
 
-    // Message boxes: answers in order, then First button. All that was shown is kept.
+    // Message boxes: answers to the questions, in order. All boxes that were shown are kept.
     std::deque<MessageAnswer> answers;
     std::vector<ShownMessage> messages;
     // Pop-up menus: chooses a command from the items; dismissed when empty.
