@@ -147,8 +147,13 @@ MessageAnswer ShowMessage(Window*, const std::wstring& text, const std::wstring&
                           MessageButtons buttons, MessageIcon icon, DefaultButton defaultButton) {
     HostDesk& desk = HostDevice::Current().desk;
     desk.messages.push_back({text, caption, buttons, icon, defaultButton});
-    if (buttons == MessageButtons::Ok) return MessageAnswer::Ok;
-    if (desk.answers.empty()) {
+    const bool isAnswered = !desk.answers.empty();
+    if (buttons == MessageButtons::Ok) {
+        // An OK that was scripted is used up; the answer to a later question stays.
+        if (isAnswered && desk.answers.front() == MessageAnswer::Ok) desk.answers.pop_front();
+        return MessageAnswer::Ok;
+    }
+    if (!isAnswered) {
         desk.problems.emplace_back("a question was not answered");
         return MessageAnswer::No;
     }
