@@ -12,7 +12,7 @@ GREY = 0x808080
 
 def note_bytes(height, bands, background=WHITE):
     """A note file: for each band its strokes, each a colour and the page positions of its points."""
-    data = struct.pack("<IIii", 5, background, len(bands), height)
+    data = bytearray(struct.pack("<IIii", 5, background, len(bands), height))
     for strokes in bands:
         data += struct.pack("<I", len(strokes))
         for color, points in strokes:
@@ -20,7 +20,7 @@ def note_bytes(height, bands, background=WHITE):
             data += struct.pack("<6i", len(points), 0, color & 0xFFFF, color >> 16, min(rows), max(rows))
             for point in points:
                 data += struct.pack("<2i", *point)
-    return data
+    return bytes(data)
 
 
 class Case(unittest.TestCase):
