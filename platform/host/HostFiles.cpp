@@ -234,7 +234,8 @@ std::wstring DocumentsFolder() {
 std::vector<std::wstring> StorageCards() {
     std::vector<std::wstring> cards;
     for (const std::wstring& name : Store().NamesIn(L"")) {
-        if (HostFileStore::KeyOf(name).compare(0, 13, L"\\STORAGE CARD") == 0) cards.push_back(name);
+        const bool isNamedSo = HostFileStore::KeyOf(name).compare(0, 13, L"\\STORAGE CARD") == 0;
+        if (isNamedSo && Store().Find(name)->isFolder) cards.push_back(name);
     }
     return cards;
 }

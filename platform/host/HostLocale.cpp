@@ -90,8 +90,8 @@ bool EqualNoCase(const std::wstring& a, const std::wstring& b) {
 
 std::wstring LowerCase(std::wstring text) {
     for (wchar_t& unit : text) {
-        const bool isCapital = host::UpperCase(unit) == unit;
-        if (isCapital) unit = static_cast<wchar_t>(std::towlower(static_cast<wint_t>(unit)));
+        const auto small = static_cast<wchar_t>(unit + 32);
+        if (host::UpperCase(small) == unit && small != unit) unit = small;
     }
     return text;
 }

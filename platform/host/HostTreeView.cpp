@@ -35,6 +35,15 @@ void TreeView::Impl::Select(HostTreeNode* node) {
     events->OnTreeSelection(ItemOf(old), ItemOf(node));
 }
 
+// Moves the selection out of a branch. False when whoever heard of that has removed the branch meanwhile.
+bool TreeView::Impl::Leave(HostTreeNode* branch, HostTreeNode* heir) {
+    leaving.push_back(branch);
+    Select(heir);
+    const bool isThere = leaving.back() != nullptr;
+    leaving.pop_back();
+    return isThere;
+}
+
 // The selection moves off what goes, as in the real control: to the next sibling, the one before or the
 // parent.
 void TreeView::Impl::Drop(HostTreeNode* node) {
@@ -47,16 +56,19 @@ void TreeView::Impl::Drop(HostTreeNode* node) {
         } else if (at != parent->children.begin()) {
             heir = std::prev(at)->get();
         }
-        Select(heir);
+        if (!Leave(node, heir)) return;
     }
     DropChildren(*node);
+    std::replace(leaving.begin(), leaving.end(), node, static_cast<HostTreeNode*>(nullptr));
     if (editing == node) editing = nullptr;
     events->OnTreeItemDeleted(ItemOf(node), node->data);
     parent->children.erase(Position(node));
 }
 
 void TreeView::Impl::DropChildren(HostTreeNode& node) {
-    if (selected != &node && IsBelow(selected, &node)) Select(node.parent == nullptr ? nullptr : &node);
+    if (selected != &node && IsBelow(selected, &node)) {
+        if (!Leave(&node, node.parent == nullptr ? nullptr : &node)) return;
+    }
     while (!node.children.empty()) Drop(node.children.back().get());
     node.expanded = false;
 }
@@ -202,7 +214,14 @@ void HostTree::Hold(const std::vector<std::wstring>& path, Point place) {
     tree_.Handle()->events->OnTreeHold(Find(path), place);
 }
 
-void HostTree::PressKey(Key key) { tree_.Handle()->events->OnTreeKey(key); }
+void HostTree::PressKey(Key key) {
+    TreeView::Events& events = *tree_.Handle()->events;
+    if (key != Key::Enter) {
+        events.OnTreeKey(key);
+    } else if (tree_.Selection() != 0) {
+        events.OnTreeActivated(tree_.Selection());
+    }
+}
 
 bool HostTree::IsEditing() const { return tree_.Handle()->editing != nullptr; }
 

@@ -31,8 +31,11 @@ struct TreeView::Impl {
     Rect place;
     bool visible = true;
     int frozen = 0;
+    std::vector<HostTreeNode*>
+        leaving;  // branches that the selection is being moved out of; null once removed
 
     void Select(HostTreeNode* node);
+    bool Leave(HostTreeNode* branch, HostTreeNode* heir);
     void Drop(HostTreeNode* node);
     void DropChildren(HostTreeNode& node);
 };

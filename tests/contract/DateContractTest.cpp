@@ -126,7 +126,7 @@ TEST(TextContract, FileNameComparison) {
 }
 
 TEST(TextContract, LowerCaseIsTheSameForEqualNames) {
-    EXPECT_EQ(LowerCase(L"\\My Documents\\A1.IKW"), L"\\my documents\\a1.ikw");
+    EXPECT_EQ(LowerCase(L"\\My Documents\\A1 \u00C9.IKW"), L"\\my documents\\a1 \u00E9.ikw");
     EXPECT_EQ(LowerCase(L""), L"");
     for (wchar_t unit = 1; unit < 0x0500; ++unit) {
         const std::wstring name(1, unit);

@@ -250,6 +250,7 @@ TEST_F(FileContract, StorageCardsAreFoldersOfTheRoot) {
     EXPECT_THAT(StorageCards(), IsEmpty());
     ASSERT_TRUE(MakeFolder(L"\\Storage Card2") && MakeFolder(L"\\storage card"));
     ASSERT_TRUE(MakeFolder(L"\\Storage") && MakeFolder(L"\\My Documents\\Storage Card3"));
+    ASSERT_TRUE(WriteWhole(L"\\Storage Card.txt", ""));
     EXPECT_THAT(StorageCards(), ElementsAre(L"storage card", L"Storage Card2"));
 }
 

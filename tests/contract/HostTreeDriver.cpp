@@ -31,10 +31,7 @@ void Driver::HoldTree(TreeView& tree, TreeItem item) {
 }
 
 void Driver::RightClickTree(TreeView& tree, TreeItem item) { HoldTree(tree, item); }
-void Driver::PressInTree(TreeView& tree, platform::Key key) {
-    if (key == platform::Key::Enter) return HostTree(tree).Activate(PathOf(tree, tree.Selection()));
-    HostTree(tree).PressKey(key);
-}
+void Driver::PressInTree(TreeView& tree, platform::Key key) { HostTree(tree).PressKey(key); }
 bool Driver::IsEditing(const TreeView& tree) const { return tree.Handle()->editing != nullptr; }
 std::wstring Driver::EditedText(const TreeView& tree) const { return tree.Handle()->editText; }
 void Driver::EndEditing(TreeView& tree, const std::wstring& text) { HostTree(tree).EndEdit(text); }

@@ -1,4 +1,6 @@
 // The tree view: its items, its events, and what a person does to it.
+#include <utility>
+
 #include "platform/TreeView.h"
 #include "res/resource.h"
 #include "tests/contract/Recording.h"
@@ -31,9 +33,11 @@ class TreeLog : public TreeView::Events {
     std::wstring editBegins = L"Plan";
     std::wstring edited;
     Point holdPlace;
+    std::function<void()> afterSelection;
 
     void OnTreeSelection(TreeItem old, TreeItem selected) override {
         log.push_back("select " + Name(old) + " " + Name(selected));
+        if (const auto act = std::exchange(afterSelection, nullptr)) act();
     }
     void OnTreeItemDeleted(TreeItem, intptr_t data) override { deleted.push_back(static_cast<int>(data)); }
     bool OnTreeEditBegins(TreeItem item, std::wstring& text) override {
@@ -201,6 +205,22 @@ TEST_F(TreeContract, RemovedItemsAreToldAndLeaveAnHeir) {
         EXPECT_EQ(tree_.FirstRoot() + tree_.Selection(), 0u);
         EXPECT_THAT(events_.log, ElementsAre("select 2 -"));
         EXPECT_EQ(events_.deleted.size(), 5u);
+    });
+}
+
+TEST_F(TreeContract, WhoHearsOfARemovalMayRemoveToo) {
+    RunTree([&] {
+        tree_.Select(notes_[0]);
+        events_.afterSelection = [this] { tree_.CollapseAndDrop(work_); };
+        tree_.Remove(notes_[0]);
+        EXPECT_THAT(Children(work_), IsEmpty());
+        EXPECT_THAT(events_.deleted, UnorderedElementsAre(11, 12, 13)) << "each of them once";
+        Fill();
+        tree_.Select(notes_[1]);
+        events_.afterSelection = [this] { tree_.Remove(work_); };
+        tree_.CollapseAndDrop(work_);
+        EXPECT_EQ(tree_.FirstRoot(), home_);
+        EXPECT_EQ(events_.deleted.size(), 7u);
     });
 }
 
