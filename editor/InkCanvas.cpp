@@ -46,6 +46,8 @@ const InkCanvas::Command InkCanvas::kCommands[] = {
     {IDM_PEN_COLOR_3, &InkCanvas::UseRecentColor3},
     {IDM_PEN_COLOR_4, &InkCanvas::UseRecentColor4},
     {IDM_PALETTE_PEN, &InkCanvas::UsePaletteColor},
+    {IDM_SPACE_TOOL, &InkCanvas::UseSpaceTool},
+    {IDM_ERASER, &InkCanvas::UseEraser},
     {IDM_FULL_ERASE, &InkCanvas::FullErase},
     {IDM_SET_ALARM, &InkCanvas::SetAlarmAndExit},
 };
@@ -92,8 +94,6 @@ void InkCanvas::MakeMenuBar() {
                               MessageIcon::Error);
     }
     ShowPenColors(Tools(), page_.penColors);
-    Tools().SetEnabled(IDM_SPACE_TOOL, false);
-    Tools().SetEnabled(IDM_ERASER, false);
 }
 
 void InkCanvas::OnDestroy() {
@@ -103,14 +103,23 @@ void InkCanvas::OnDestroy() {
     app::SaveColors(pen_);
 }
 
+void InkCanvas::OnPaint() {
+    view_.Paint();
+    input_.PaintMarks();
+}
+
+// A key may come while the pen is down: what is written so far belongs to the page before it is saved or
+// gone.
 void InkCanvas::OnCommand(int id) {
     for (const Command& command : kCommands) {
-        if (command.id == id) return (this->*command.handle)();
+        if (command.id != id) continue;
+        input_.Interrupt();
+        return (this->*command.handle)();
     }
 }
 
 void InkCanvas::OnPrivateMessage(uint32_t code, intptr_t) {
-    if (code == kTakeOver) Close();
+    if (code == kTakeOver) OnCommand(platform::kIdOk);
 }
 
 // The commands.
@@ -142,9 +151,13 @@ void InkCanvas::ChooseBackground() {
     view_.Redraw();
 }
 
-void InkCanvas::UsePen() { CheckTool(Tools(), IDM_PEN); }
+void InkCanvas::UseTool(PenTool tool, int command) {
+    input_.SetTool(tool);
+    CheckTool(Tools(), command);
+}
 
 void InkCanvas::UsePenColor(size_t position, ink::ColorRef color) {
+    input_.SetTool(PenTool::Pen);
     MoveToFront(page_.penColors, position, color);
     ShowPenColors(Tools(), page_.penColors);
 }
@@ -152,11 +165,9 @@ void InkCanvas::UsePenColor(size_t position, ink::ColorRef color) {
 void InkCanvas::UsePaletteColor() {
     ink::ColorRef color = page_.penColors[0];
     options::ColorPalette palette(color);
-    if (palette.Choose(*this, color) && color != page_.penColors[0]) {
-        UsePenColor(page_.penColors.size() - 1, color);
-    } else {
-        UsePen();
-    }
+    if (!palette.Choose(*this, color)) return;
+    if (color == page_.penColors[0]) return UsePen();
+    UsePenColor(page_.penColors.size() - 1, color);
 }
 
 void InkCanvas::FullErase() {
@@ -246,6 +257,26 @@ void InkCanvas::OnTimer(int id) {
     if (id == PenInput::kTimerId && input_.TimerTick()) AdvancePage();
 }
 
+// Erased or moved ink may leave the page shorter or longer.
+void InkCanvas::OnPenUp(platform::Point place) {
+    if (input_.PenUp(place)) ScrollTo(UpdateScrollRange());
+}
+
+bool InkCanvas::OnShortcut(wchar_t letter) {
+    struct Shortcut {
+        wchar_t letter;
+        int command;
+    };
+    constexpr Shortcut kShortcuts[] = {
+        {L'N', IDM_NEW_NOTE}, {L'W', platform::kIdOk}, {L'E', IDM_ERASER}, {L'P', IDM_PEN}};
+    for (const Shortcut& candidate : kShortcuts) {
+        if (candidate.letter != letter) continue;
+        PostCommand(candidate.command);
+        return true;
+    }
+    return false;
+}
+
 bool InkCanvas::OnKeyDown(platform::Key key) {
     struct KeyScroll {
         platform::Key key;
@@ -286,6 +317,7 @@ void InkCanvas::ScrollTo(int32_t position) {
 
 void InkCanvas::MoveView(int32_t position) {
     const int32_t rows = position - page_.scroll;
+    input_.ViewMoves();
     view_.MoveTo(position);
     input_.ViewMoved(rows);
 }

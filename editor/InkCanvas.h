@@ -9,6 +9,7 @@
 #include "editor/PenInput.h"
 #include "ink/InkPage.h"
 #include "platform/Screen.h"
+#include "res/resource.h"
 
 namespace editor {
 
@@ -32,14 +33,15 @@ class InkCanvas : public platform::Screen {
 
     bool OnCreate() override;
     void OnDestroy() override;
-    void OnPaint() override { view_.Paint(); }
+    void OnPaint() override;
     void OnPenDown(platform::Point place) override { input_.PenDown(place); }
     void OnPenMove(platform::Point place) override { input_.PenMove(place); }
-    void OnPenUp(platform::Point place) override { input_.PenUp(place); }
+    void OnPenUp(platform::Point place) override;
     void OnCaptureLost() override { input_.CaptureLost(); }
     void OnTimer(int id) override;
     void OnScroll(platform::ScrollCode code, int thumbPosition) override;
     bool OnKeyDown(platform::Key key) override;
+    bool OnShortcut(wchar_t letter) override;
     void OnCommand(int id) override;
     void OnPrivateMessage(uint32_t code, intptr_t payload) override;
 
@@ -53,15 +55,18 @@ class InkCanvas : public platform::Screen {
     void NewNote();
     void ShowToolsMenu();
     void ChooseBackground();
-    void UsePen();
+    void UsePen() { UseTool(PenTool::Pen, IDM_PEN); }
     void UseRecentColor2() { UsePenColor(1, page_.penColors[1]); }
     void UseRecentColor3() { UsePenColor(2, page_.penColors[2]); }
     void UseRecentColor4() { UsePenColor(3, page_.penColors[3]); }
     void UsePaletteColor();
+    void UseSpaceTool() { UseTool(PenTool::Space, IDM_SPACE_TOOL); }
+    void UseEraser() { UseTool(PenTool::Eraser, IDM_ERASER); }
     void FullErase();
     void SetAlarmAndExit();
     void Close();
 
+    void UseTool(PenTool tool, int command);
     void UsePenColor(size_t position, ink::ColorRef color);
     bool SaveOrDiscard(bool& discarded);
     void ScheduleAlarm();

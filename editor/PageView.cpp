@@ -1,5 +1,6 @@
 #include "editor/PageView.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -32,6 +33,17 @@ void PageView::MoveTo(int32_t top) {
     const int32_t stripBottom = rows > 0 ? rows : page_.canvasHeight;
     DrawRows(stripTop, stripBottom);
     window_.Show(image_, {0, stripTop, page_.canvasWidth, stripBottom});
+}
+
+void PageView::Wipe(const ink::Rect& area) {
+    const ink::Rect inside = Intersect(area, Bounds());
+    ink::PixelSurface surface = image_.Surface();
+    for (int32_t y = inside.top; y < inside.bottom; ++y) {
+        std::fill(surface.Row(y) + inside.left, surface.Row(y) + inside.right,
+                  ink::PixelOf(page_.background));
+    }
+    ink::InkPainter::PaintHead(surface, page_.background, page_.scroll, inside);
+    window_.Show(image_, inside);
 }
 
 void PageView::BeginStroke() {

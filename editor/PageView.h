@@ -27,6 +27,9 @@ class PageView {
     // Moves the view to page row `top`: what stays in view is moved, only the uncovered rows are drawn.
     void MoveTo(int32_t top);
 
+    // Paints the empty page over what the area shows, at once; the ink stays where it is.
+    void Wipe(const ink::Rect& area);
+
     // Ink of a stroke in progress, straight to the screen. Each segment starts at the last one's end.
     void BeginStroke();
     void PaintSegment(const ink::Point* points, size_t count);

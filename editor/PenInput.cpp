@@ -17,31 +17,80 @@ constexpr uint8_t kClassicPen = 1;
 }  // namespace
 
 void PenInput::PenDown(ink::Point place) {
+    if (tracking_ && drag_ != PenTool::Pen) CaptureLost();
     window_.CapturePen();
     trace_.Clear();
-    lowestRow_ = page_.scroll + place.y;
-    Append(place);
-    view_.BeginStroke();
+    drag_ = tool_;
+    switch (drag_) {
+        case PenTool::Pen:
+            lowestRow_ = page_.scroll + place.y;
+            Append(place);
+            view_.BeginStroke();
+            break;
+        case PenTool::Eraser:
+            eraser_.Begin();
+            eraser_.EraseAt(place);
+            break;
+        case PenTool::Space:
+            space_.Begin(place.y);
+            break;
+    }
     last_ = place;
     tracking_ = true;
 }
 
 void PenInput::PenMove(ink::Point place) {
-    if (tracking_ && window_.HasPen()) TakeSamples(place);
+    if (!tracking_ || !window_.HasPen()) return;
+    switch (drag_) {
+        case PenTool::Pen:
+            return MovePen(place);
+        case PenTool::Eraser:
+            last_ = {-1, -1};
+            return TakeSamples(place, [this](ink::Point point) { ErasePoint(point); });
+        case PenTool::Space:
+            return space_.MoveTo(place.y);
+    }
 }
 
-void PenInput::PenUp(ink::Point place) {
+bool PenInput::PenUp(ink::Point place) {
     PenMove(place);
+    bool pageChanged = false;
     if (tracking_ && window_.HasPen()) {
-        EndStroke(place);
+        pageChanged = FinishDrag(place);
+        drag_ = PenTool::Pen;  // nothing is left to give up when the pen is released
         window_.ReleasePen();
+    }
+    tracking_ = false;
+    return pageChanged;
+}
+
+bool PenInput::FinishDrag(ink::Point place) {
+    switch (drag_) {
+        case PenTool::Pen:
+            EndStroke(place);
+            return false;
+        case PenTool::Eraser:
+            eraser_.Commit();
+            return true;
+        case PenTool::Space:
+            return space_.Finish();
+    }
+    return false;
+}
+
+void PenInput::CaptureLost() {
+    if (tracking_) {
+        if (drag_ == PenTool::Eraser) eraser_.Cancel();
+        if (drag_ == PenTool::Space) space_.Cancel();
+        CutStroke();
     }
     tracking_ = false;
 }
 
-void PenInput::CaptureLost() {
-    if (tracking_) CutStroke();
-    tracking_ = false;
+void PenInput::Interrupt() {
+    if (!tracking_) return;
+    CaptureLost();
+    window_.ReleasePen();
 }
 
 bool PenInput::TimerTick() {
@@ -62,6 +111,17 @@ void PenInput::StopTimer() {
 void PenInput::ViewMoved(int32_t rows) {
     if (!tracking_) return;
     last_.y -= rows;
+    switch (drag_) {
+        case PenTool::Pen:
+            return RepaintTrace();
+        case PenTool::Eraser:
+            return eraser_.ViewMoved();
+        case PenTool::Space:
+            return space_.ShowMoved(rows);
+    }
+}
+
+void PenInput::RepaintTrace() {
     view_.BeginStroke();
     for (size_t i = 1; i < trace_.Count(); ++i) {
         const ink::Point from = trace_.Points()[i - 1];
@@ -72,14 +132,25 @@ void PenInput::ViewMoved(int32_t rows) {
 }
 
 // All positions since the previous pen event, this event's own last.
-void PenInput::TakeSamples(ink::Point place) {
-    segment_[0] = last_;
-    segmentCount_ = 1;
+template <typename Take>
+void PenInput::TakeSamples(ink::Point place, Take&& take) {
     std::array<ink::Point, kMaxSamples> samples;
     const size_t count = window_.PenSamples(samples.data(), samples.size());
-    for (size_t i = 0; i < count; ++i) TakePoint(samples[i]);
-    TakePoint(place);
+    for (size_t i = 0; i < count; ++i) take(samples[i]);
+    take(place);
+}
+
+void PenInput::MovePen(ink::Point place) {
+    segment_[0] = last_;
+    segmentCount_ = 1;
+    TakeSamples(place, [this](ink::Point point) { TakePoint(point); });
     if (segmentCount_ > 1) PaintSegment();
+}
+
+void PenInput::ErasePoint(ink::Point place) {
+    if (place.y < 0 || place == last_) return;
+    eraser_.EraseAt(place);
+    last_ = place;
 }
 
 // Points above the view and repeated ones are no ink.

@@ -34,6 +34,18 @@ StrokeRecord* CopyRun(StrokePool& pool, const StrokeRecord& whole, const StrokeR
     return piece;
 }
 
+// Records without points are no ink and stay where they are.
+bool IsFrom(const StrokeRecord& record, int64_t fromY) { return record.count >= 1 && record.minY >= fromY; }
+
+// A damaged file may hold points that can't go any further.
+bool CanMove(const StrokeRecord& record, int64_t rows) {
+    if (!FitsInt32(record.minY + rows) || !FitsInt32(record.maxY + rows)) return false;
+    const Point* points = record.Points();
+    return std::all_of(points, points + record.count, [rows](Point p) { return FitsInt32(p.y + rows); });
+}
+
+std::ptrdiff_t Place(size_t index) { return static_cast<std::ptrdiff_t>(index); }
+
 }  // namespace
 
 void InkPage::Clear() {
@@ -119,50 +131,59 @@ bool InkPage::FileRecord(StrokeRecord* record, int64_t slot) {
     return true;
 }
 
-bool InkPage::ReplaceRecord(size_t slot, size_t index, const StrokeRun* runs, size_t runCount) {
-    if (slot >= slots_.size() || slots_[slot] == nullptr || index >= slots_[slot]->Count()) return false;
+bool InkPage::CutRecords(size_t slot, const BandCuts& cuts) {
+    if (slot >= slots_.size() || slots_[slot] == nullptr) return false;
     std::vector<StrokeRecord*>& records = slots_[slot]->records_;
-    StrokeRecord* whole = records[index];
     std::vector<StrokeRecord*> pieces;
+    std::vector<StrokeRecord*> after;
     bool enough = true;
     try {
-        pieces.reserve(runCount);
-        records.reserve(records.size() + runCount);
+        pieces.reserve(cuts.runs.size());
+        after.reserve(records.size() + cuts.runs.size());
     } catch (const std::exception&) {
-        enough = false;
+        return false;
     }
-    for (size_t i = 0; i < runCount && enough; ++i) {
-        StrokeRecord* piece = CopyRun(pool_, *whole, runs[i]);
-        enough = piece != nullptr;
-        if (enough) pieces.push_back(piece);
+    const StrokeRun* run = cuts.runs.data();
+    for (const BandCuts::Cut& cut : cuts.cuts) {
+        for (size_t i = 0; i < cut.runs && enough; ++i) {
+            StrokeRecord* piece = CopyRun(pool_, *records[cut.index], *run++);
+            enough = piece != nullptr;
+            if (enough) pieces.push_back(piece);
+        }
     }
     if (!enough) {
         for (StrokeRecord* piece : pieces) pool_.Release(piece);
         return false;
     }
     // Room was reserved: from here on nothing can fail.
-    const auto place = records.erase(records.begin() + static_cast<std::ptrdiff_t>(index));
-    records.insert(place, pieces.begin(), pieces.end());
-    pool_.Release(whole);
+    auto piece = pieces.begin();
+    size_t next = 0;
+    for (const BandCuts::Cut& cut : cuts.cuts) {
+        after.insert(after.end(), records.begin() + Place(next), records.begin() + Place(cut.index));
+        after.insert(after.end(), piece, piece + Place(cut.runs));
+        piece += Place(cut.runs);
+        pool_.Release(records[cut.index]);
+        next = cut.index + 1;
+    }
+    after.insert(after.end(), records.begin() + Place(next), records.end());
+    records.swap(after);
     modified = true;
     return true;
 }
 
-bool InkPage::ShiftStrokes(int32_t fromY, int32_t rows) {
-    Slots shifted;
-    const auto moves = [fromY](const StrokeRecord& record) { return record.minY >= fromY; };
+// Files all records anew, those that move where they are going. Highest slots first, as they are drawn:
+// whichever records meet in a band keep their order. False when memory is short or a stroke would leave the
+// page.
+bool InkPage::FileMoved(int64_t fromY, int64_t rows, Slots& shifted) const {
     try {
         shifted.resize(slots_.size());
-        for (size_t slot = 0; slot < slots_.size(); ++slot) {
+        for (size_t slot = slots_.size(); slot-- > 0;) {
             if (slots_[slot] == nullptr) continue;
             for (StrokeRecord* record : slots_[slot]->records_) {
                 int64_t target = static_cast<int64_t>(slot);
-                if (moves(*record)) {
-                    const int64_t low = static_cast<int64_t>(record->minY) + rows;
-                    const int64_t high = static_cast<int64_t>(record->maxY) + rows;
-                    const int64_t offset = static_cast<int64_t>(record->yOffset) + rows;
-                    if (!FitsInt32(low) || !FitsInt32(high) || !FitsInt32(offset)) return false;
-                    target = SlotOf(ToInt32(low), ToInt32(high));
+                if (IsFrom(*record, fromY)) {
+                    if (!CanMove(*record, rows)) return false;
+                    target = SlotOf(ToInt32(record->minY + rows), ToInt32(record->maxY + rows));
                     if (target > kMaxSlot) return false;
                 }
                 AppendTo(shifted, record, target);
@@ -171,13 +192,21 @@ bool InkPage::ShiftStrokes(int32_t fromY, int32_t rows) {
     } catch (const std::exception&) {
         return false;
     }
+    return true;
+}
+
+// The points move and not the offset: that one tells of notes from other devices.
+bool InkPage::ShiftStrokes(int64_t fromY, int64_t rows) {
+    Slots shifted;
+    if (!FitsInt32(rows) || !FileMoved(fromY, rows, shifted)) return false;
+    const int32_t distance = ToInt32(rows);
     for (const auto& band : slots_) {
         if (band == nullptr) continue;
         for (StrokeRecord* record : band->records_) {
-            if (!moves(*record)) continue;
-            record->minY += rows;
-            record->maxY += rows;
-            record->yOffset += rows;
+            if (!IsFrom(*record, fromY)) continue;
+            record->minY += distance;
+            record->maxY += distance;
+            for (int32_t i = 0; i < record->count; ++i) record->Points()[i].y += distance;
         }
     }
     slots_.swap(shifted);

@@ -23,6 +23,16 @@ struct StrokeRun {
     int32_t count;
 };
 
+// How some records of a band fall apart.
+struct BandCuts {
+    struct Cut {
+        size_t index;  // of the record in its band, in ascending order
+        size_t runs;   // how many pieces stay of it; none: it goes
+    };
+    std::vector<Cut> cuts;
+    std::vector<StrokeRun> runs;  // of all cuts, one after another
+};
+
 // First and last slot that may hold strokes touching some rows; nothing when last < first.
 struct SlotRange {
     int64_t first;
@@ -87,15 +97,15 @@ class InkPage {
     template <typename Visitor>
     void VisitStrokes(int64_t top, int64_t bottom, Visitor&& visit) const;
 
-    // Replaces a record by new ones holding runs of its points (offset and colour are kept, the y range is
-    // each run's own) at its place in its band. No runs: the record is removed. Sets `modified`. False, with
-    // the band untouched, when memory is short.
-    bool ReplaceRecord(size_t slot, size_t index, const StrokeRun* runs, size_t runCount);
+    // Puts new records that hold runs of its points (offset and colour are kept, the y range is each run's
+    // own) in the place of each record that is cut. Sets `modified`. False, with the band untouched, when
+    // memory is short.
+    bool CutRecords(size_t slot, const BandCuts& cuts);
 
     // Moves every stroke whose smallest y is at least `fromY` by `rows` (down when positive) and files it
-    // anew. Sets `modified`. False, with nothing moved, when memory is short or a stroke would leave the
-    // page.
-    bool ShiftStrokes(int32_t fromY, int32_t rows);
+    // anew; strokes that meet in a band keep their drawing order. Sets `modified`. False, with nothing moved,
+    // when memory is short or a stroke would leave the page.
+    bool ShiftStrokes(int64_t fromY, int64_t rows);
 
     // For the note reader: the memory of the records, and filing a record that lies in it at the end of a
     // slot's band. Neither touches `modified`.
@@ -108,6 +118,7 @@ class InkPage {
     using Slots = std::vector<std::unique_ptr<StrokeBand>>;
 
     int64_t BandOf(int64_t y) const { return y / (bandHeight > 0 ? bandHeight : 1); }
+    bool FileMoved(int64_t fromY, int64_t rows, Slots& shifted) const;
     void AppendTo(Slots& slots, StrokeRecord* record, int64_t slot) const;
 
     Slots slots_;

@@ -251,6 +251,20 @@ bool ManagerWindow::OnKeyDown(platform::Key key) {
     return true;
 }
 
+bool ManagerWindow::OnShortcut(wchar_t letter) {
+    struct Shortcut {
+        wchar_t letter;
+        int command;
+    };
+    constexpr Shortcut kShortcuts[] = {{L'N', IDM_ADD_NOTE}, {L'W', platform::kIdOk}, {L'F', IDM_FIND}};
+    for (const Shortcut& candidate : kShortcuts) {
+        if (candidate.letter != letter) continue;
+        PostCommand(candidate.command);
+        return true;
+    }
+    return false;
+}
+
 // A day with reminders opens in the tree, any other begins one; a grey day shows its month.
 void ManagerWindow::TapDay(int row, int column) {
     const platform::DateTime day = month_.Grid().DateAt(row, column);

@@ -24,6 +24,7 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     void OnPenDown(platform::Point place) override { pressed_ = place; }
     void OnPenUp(platform::Point place) override;
     bool OnKeyDown(platform::Key key) override;
+    bool OnShortcut(wchar_t letter) override;
     void OnCommand(int id) override;
     void OnPrivateMessage(uint32_t code, intptr_t payload) override;
 

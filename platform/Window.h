@@ -52,7 +52,7 @@ class Window {
     // Moves what the client area shows by `dy` rows (down when positive); the uncovered rows keep what
     // they showed and are the caller's to draw. Rows that another window covered are invalidated.
     void ScrollPixels(int dy);
-    // Inverts the pixels of `area` on the screen.
+    // Inverts the pixels of `area` on the screen, at once or within OnPaint.
     void InvertPixels(const Rect& area);
 
     bool StartTimer(int id, uint32_t periodMilliseconds);
@@ -92,8 +92,12 @@ class Window {
     virtual void OnPenUp(Point) {}
     virtual void OnCaptureLost() {}
     virtual void OnTimer(int) {}
+    // The scroll bar, and on windows that have one the mouse wheel: one line for each notch.
     virtual void OnScroll(ScrollCode, int /*thumb position*/) {}
     virtual bool OnKeyDown(Key) { return false; }  // false: default handling
+    // Ctrl and a letter, 'A' to 'Z', wherever in the window the keyboard is except in text that is being
+    // edited.
+    virtual bool OnShortcut(wchar_t) { return false; }  // false: default handling
     virtual void OnCommand(int) {}
     virtual void OnControlChanged(int) {}  // a control's content was changed by the user
     // Message 6034 (WM_USER + 5010) from another copy or from a worker of ours.

@@ -1,6 +1,7 @@
 #include "platform/host/HostDesk.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "platform/host/HostDevice.h"
 #include "platform/host/HostWindow.h"
@@ -59,6 +60,15 @@ void HostDesk::Press(Key key) {
     Window& window = Target();
     const bool handled = window.OnKeyDown(key);
     if (!handled && key == Key::Escape && window.Handle()->isDialog) window.OnCommand(kIdCancel);
+}
+
+void HostDesk::PressShortcut(wchar_t letter) { Target().OnShortcut(letter); }
+
+void HostDesk::TurnWheel(int notches) {
+    Window& window = Target();
+    if (!window.Handle()->hasScrollBar) return;
+    const ScrollCode code = notches > 0 ? ScrollCode::LineUp : ScrollCode::LineDown;
+    for (int i = 0; i < std::abs(notches); ++i) window.OnScroll(code, 0);
 }
 
 void HostDesk::PrivateMessage(uint32_t code, intptr_t payload) { Target().OnPrivateMessage(code, payload); }

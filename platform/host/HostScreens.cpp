@@ -51,6 +51,7 @@ Screen::~Screen() = default;
 
 int Screen::RunModal(Window*) {
     const ScreenSize screen = HandheldScreen();
+    impl_->hasScrollBar = scrollBar_ == ScrollBar::Vertical;
     const int bar = scrollBar_ == ScrollBar::Vertical ? kScrollBarWidth : 0;
     if (!impl_->Open(screen.width - bar, screen.height - 2 * kBarHeight)) return -1;
     return HostDevice::Current().desk.RunModal(*this);

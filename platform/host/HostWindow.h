@@ -31,6 +31,7 @@ struct Window::Impl {
     std::wstring title;
     Image shown;  // what the client area shows
     bool needsPaint = false;
+    bool hasScrollBar = false;
     bool hasPen = false;
     std::vector<Point> samples;
     std::map<int, HostTimer> timers;

@@ -4,7 +4,8 @@ namespace platform::windows {
 
 namespace {
 
-void HandleMessages(Window::Impl& state, KeyNavigation keys) {
+void HandleMessages(Window& window, KeyNavigation keys) {
+    const Window::Impl& state = *window.Handle();
     while (!state.ended) {
         MSG message;
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
@@ -13,6 +14,7 @@ void HandleMessages(Window::Impl& state, KeyNavigation keys) {
             PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }
+        if (TakeShortcut(window, message)) continue;
         if (keys == KeyNavigation::Dialog && IsDialogMessageW(state.frame, &message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
@@ -39,7 +41,7 @@ int RunToEnd(Window& window, HWND owner, KeyNavigation keys) {
             UpdateWindow(state.page);
         }
         state.running = true;
-        HandleMessages(state, keys);
+        HandleMessages(window, keys);
         state.running = false;
     }
     return GiveUp(window);

@@ -120,16 +120,31 @@ bool VerticalScroll(Event& event) {
     return true;
 }
 
+bool Wheel(Event& event) {
+    if (!event.state.hasScrollBar) return false;
+    int& rest = event.state.wheelRest;
+    rest += GET_WHEEL_DELTA_WPARAM(event.wParam);
+    for (; rest >= WHEEL_DELTA; rest -= WHEEL_DELTA) event.window.OnScroll(ScrollCode::LineUp, 0);
+    for (; rest <= -WHEEL_DELTA; rest += WHEEL_DELTA) event.window.OnScroll(ScrollCode::LineDown, 0);
+    return true;
+}
+
 bool KeyDown(Event& event) { return event.window.OnKeyDown(KeyOf(event.wParam)); }
 
 constexpr struct {
     UINT message;
     bool (*handle)(Event&);
-} kEvents[] = {{WM_MOUSEMOVE, PenMove}, {WM_LBUTTONDOWN, PenDown},
-               {WM_LBUTTONUP, PenUp},   {WM_CAPTURECHANGED, CaptureChanged},
-               {WM_PAINT, Paint},       {WM_TIMER, Timer},
-               {WM_COMMAND, Command},   {WM_VSCROLL, VerticalScroll},
-               {WM_KEYDOWN, KeyDown},   {kPrivateMessage, PrivateMessage}};
+} kEvents[] = {{WM_MOUSEMOVE, PenMove},
+               {WM_LBUTTONDOWN, PenDown},
+               {WM_LBUTTONUP, PenUp},
+               {WM_CAPTURECHANGED, CaptureChanged},
+               {WM_PAINT, Paint},
+               {WM_TIMER, Timer},
+               {WM_COMMAND, Command},
+               {WM_VSCROLL, VerticalScroll},
+               {WM_KEYDOWN, KeyDown},
+               {WM_MOUSEWHEEL, Wheel},
+               {kPrivateMessage, PrivateMessage}};
 
 }  // namespace
 
@@ -145,6 +160,17 @@ Key KeyOf(WPARAM virtualKey) {
         if (static_cast<int>(virtualKey) == known.code) return known.key;
     }
     return Key::Other;
+}
+
+bool TakeShortcut(Window& window, const MSG& message) {
+    const Window::Impl& state = *window.Handle();
+    if (message.message != WM_KEYDOWN || message.wParam < 'A' || message.wParam > 'Z') return false;
+    // The edit box of a tree's label is none of these.
+    const bool isOurs =
+        message.hwnd == state.frame || message.hwnd == state.page || message.hwnd == state.control;
+    // Ctrl with Alt writes characters on some keyboards.
+    const bool hasCtrl = GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
+    return isOurs && hasCtrl && window.OnShortcut(static_cast<wchar_t>(message.wParam));
 }
 
 bool DispatchEvent(Window& window, HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -13,6 +13,7 @@ struct Window::Impl {
     HDC paintDc = nullptr;   // while OnPaint runs
     HWND control = nullptr;  // a child of the page that has the keyboard whenever the frame is active
     bool hasScrollBar = false;
+    int wheelRest = 0;  // of turns that are not a whole notch yet
     bool holdsPen = false;
     bool holdsPointer = false;     // a pop-up keeps the capture even when its own handlers release the pen
     bool fillingControls = false;  // changes that the program makes are no news to it
@@ -37,6 +38,9 @@ HWND FrameOf(const Window* window);
 bool DispatchEvent(Window& window, HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
 
 Key KeyOf(WPARAM virtualKey);
+
+// Gives Ctrl and a letter to the window before the control with the keyboard sees it. True when it was taken.
+bool TakeShortcut(Window& window, const MSG& message);
 
 // Registers a window class of the program if that was not done yet.
 bool RegisterWindowClass(const wchar_t* name, WNDPROC procedure, UINT style, HBRUSH background);

@@ -73,6 +73,7 @@ LRESULT CALLBACK FrameProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM
         case WM_COMMAND:
         case WM_VSCROLL:
         case WM_KEYDOWN:
+        case WM_MOUSEWHEEL:
         case kPrivateMessage:
             if (DispatchEvent(*window, handle, message, wParam, lParam)) return 0;
             break;

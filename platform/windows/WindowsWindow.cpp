@@ -130,8 +130,11 @@ void Window::ScrollPixels(int dy) {
 void Window::InvertPixels(const Rect& area) {
     if (!impl_->page || area.IsEmpty()) return;
     const RECT rect = SystemRect(area);
-    const ClientDc dc(impl_->page);
-    InvertRect(dc.Get(), &rect);
+    if (impl_->paintDc) {
+        InvertRect(impl_->paintDc, &rect);
+    } else {
+        InvertRect(ClientDc(impl_->page).Get(), &rect);
+    }
 }
 
 bool Window::StartTimer(int id, uint32_t periodMilliseconds) {

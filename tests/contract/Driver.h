@@ -44,6 +44,8 @@ class Driver {
     void TakePenAway(platform::Window& window);
 
     void Press(platform::Window& window, platform::Key key);
+    void PressShortcut(platform::Window& window, wchar_t letter);  // with Ctrl
+    void TurnWheel(platform::Window& window, int notches);         // up when positive
     void PressTool(platform::Screen& screen, int command);
     void PressButton(platform::Dialog& dialog, int id);
     void Type(platform::Dialog& dialog, int id, const std::wstring& text);

@@ -32,6 +32,8 @@ void Driver::PenMoveAtOnce(Window&, const std::vector<platform::Point>& places) 
 
 void Driver::TakePenAway(Window&) { impl_->device.desk.TakePenAway(); }
 void Driver::Press(Window&, platform::Key key) { impl_->device.desk.Press(key); }
+void Driver::PressShortcut(Window&, wchar_t letter) { impl_->device.desk.PressShortcut(letter); }
+void Driver::TurnWheel(Window&, int notches) { impl_->device.desk.TurnWheel(notches); }
 void Driver::PressTool(platform::Screen&, int command) { impl_->device.desk.Command(command); }
 void Driver::PressButton(platform::Dialog&, int id) { impl_->device.desk.Command(id); }
 void Driver::Type(platform::Dialog&, int id, const std::wstring& text) { impl_->device.desk.Type(id, text); }

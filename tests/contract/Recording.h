@@ -51,6 +51,10 @@ class Recording : public Kind {
         log.push_back("key " + std::to_string(static_cast<int>(key)));
         return false;
     }
+    bool OnShortcut(wchar_t letter) override {
+        log.push_back(std::string("shortcut ") + static_cast<char>(letter));
+        return true;
+    }
     void OnCommand(int id) override {
         log.push_back("command " + std::to_string(id));
         if (command) {

@@ -314,6 +314,11 @@ TEST_F(TreeContract, KeysAreTold) {
         << "a key that was handled does nothing else";
 }
 
+TEST_F(TreeContract, ShortcutsReachTheScreenPastTheTree) {
+    RunTree([&] { tree_.Focus(); }, [&] { driver_.PressShortcut(screen_, L'N'); });
+    EXPECT_THAT(screen_.log, testing::Contains("shortcut N"));
+}
+
 TEST_F(TreeContract, HeldItemsAskForAMenu) {
     std::vector<Point> places;
     const auto note = [&] { places.push_back(events_.holdPlace); };

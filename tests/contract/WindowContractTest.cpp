@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "tests/contract/Recording.h"
 
 namespace contract {
@@ -124,6 +126,20 @@ TEST_F(WindowContract, KeysArriveOneByOne) {
     expected.emplace_back("destroy");
     Run(screen);
     EXPECT_EQ(screen.log, expected);
+}
+
+TEST_F(WindowContract, ShortcutsAndTheWheel) {
+    TestScreen screen(kWithBar);
+    Run(
+        screen, [&] { driver_.PressShortcut(screen, L'E'); }, [&] { driver_.PressShortcut(screen, L'Z'); },
+        [&] { driver_.Press(screen, Key::Home); }, [&] { driver_.TurnWheel(screen, 2); },
+        [&] { driver_.TurnWheel(screen, -1); });
+    // A real keyboard tells of the Ctrl key, too.
+    auto& log = screen.log;
+    const std::string other = "key " + std::to_string(static_cast<int>(Key::Other));
+    log.erase(std::remove(log.begin(), log.end(), other), log.end());
+    EXPECT_THAT(log, ElementsAre("shortcut E", "shortcut Z", "key 6", "scroll 0 0", "scroll 0 0",
+                                 "scroll 1 0", "destroy"));
 }
 
 TEST_F(WindowContract, ScrollRequestsFromOutside) {

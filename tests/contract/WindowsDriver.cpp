@@ -116,6 +116,13 @@ void Driver::TakePenAway(Window&) {
 
 void Driver::Press(Window&, platform::Key key) { SendKey(KeyCode(key)); }
 
+void Driver::PressShortcut(Window&, wchar_t letter) { SendShortcut(static_cast<WORD>(letter)); }
+
+void Driver::TurnWheel(Window& window, int notches) {
+    SendPen(window, {50, 50}, 0);
+    SendWheel(notches * WHEEL_DELTA);
+}
+
 void Driver::PressTool(platform::Screen& screen, int command) {
     const HWND strip = FindWindowExW(screen.Handle()->frame, nullptr, L"InkwrightMenuBar", nullptr);
     const HWND bar = FindWindowExW(strip, nullptr, TOOLBARCLASSNAMEW, nullptr);

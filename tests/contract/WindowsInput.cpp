@@ -42,6 +42,23 @@ void SendKey(WORD code) {
     SendInput(2, inputs, sizeof(INPUT));
 }
 
+void SendShortcut(WORD code) {
+    INPUT inputs[4]{};
+    for (INPUT& input : inputs) input.type = INPUT_KEYBOARD;
+    inputs[0].ki.wVk = inputs[3].ki.wVk = VK_CONTROL;
+    inputs[1].ki.wVk = inputs[2].ki.wVk = code;
+    inputs[2].ki.dwFlags = inputs[3].ki.dwFlags = KEYEVENTF_KEYUP;
+    SendInput(4, inputs, sizeof(INPUT));
+}
+
+void SendWheel(int turn) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = MOUSEEVENTF_WHEEL;
+    input.mi.mouseData = static_cast<DWORD>(turn);
+    SendInput(1, &input, sizeof input);
+}
+
 WORD KeyCode(platform::Key key) {
     constexpr WORD kCodes[] = {VK_LEFT, VK_UP,     VK_RIGHT,  VK_DOWN,   VK_PRIOR, VK_NEXT, VK_HOME,
                                VK_END,  VK_RETURN, VK_ESCAPE, VK_DELETE, VK_F2,    'Q'};

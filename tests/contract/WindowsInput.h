@@ -11,6 +11,8 @@ void Click(POINT desktop);
 // The middle of a rectangle of the window's client area, as a place of the desktop.
 POINT MiddleOf(HWND window, const RECT& area);
 void SendKey(WORD code);
+void SendShortcut(WORD code);  // with Ctrl
+void SendWheel(int turn);
 WORD KeyCode(platform::Key key);
 
 }  // namespace contract

@@ -7,7 +7,6 @@ namespace {
 
 using ink::AddResult;
 using ink::InkPage;
-using ink::StrokeRun;
 using Lines = std::vector<std::string>;
 
 struct SlotCase {
@@ -125,30 +124,28 @@ TEST(InkPage, TrimsEmptyAndMissingBandsFromTheEnd) {
     sketch::Add(page, {{0, 55}});
     ASSERT_TRUE(page.EnsureSlot(20));
     EXPECT_EQ(page.SlotCount(), 21u);
-    ASSERT_TRUE(page.ReplaceRecord(10, 0, nullptr, 0));
+    ASSERT_TRUE(page.CutRecords(10, {{{0, 0}}, {}}));
     page.TrimTrailingBands();
     EXPECT_EQ(page.SlotCount(), 5u);
     EXPECT_TRUE(page.HasInk());
-    ASSERT_TRUE(page.ReplaceRecord(4, 0, nullptr, 0));
+    ASSERT_TRUE(page.CutRecords(4, {{{0, 0}}, {}}));
     EXPECT_FALSE(page.HasInk());
     page.TrimTrailingBands();
     EXPECT_EQ(page.SlotCount(), 0u);
 }
 
-TEST(InkPage, ReplacingKeepsPlaceOffsetAndColour) {
+TEST(InkPage, CuttingKeepsPlaceOffsetAndColour) {
     InkPage page;
     page.bandHeight = 268;
     ASSERT_TRUE(sketch::Load(sketch::ReadFixture("offset"), page).Ok());
     sketch::Add(page, {{7, 7}}, 9);
-    const StrokeRun runs[] = {{0, 1}, {2, 1}};
-    ASSERT_TRUE(page.ReplaceRecord(0, 0, runs, 2));
+    ASSERT_TRUE(page.CutRecords(0, {{{0, 2}}, {{0, 1}, {2, 1}}}));
     EXPECT_TRUE(page.modified);
     Lines lines = sketch::Describe(page);
     lines.resize(4);
     EXPECT_EQ(lines, (Lines{"0: 7 123456 10..10 (10,10)", "0: 7 123456 30..30 (20,30)",
                             "0: 7 ffffff 60..60 (5,60)", "0: 0 9 7..7 (7,7)"}));
-    EXPECT_FALSE(page.ReplaceRecord(0, 4, nullptr, 0));
-    EXPECT_FALSE(page.ReplaceRecord(99, 0, nullptr, 0));
+    EXPECT_FALSE(page.CutRecords(99, {}));
 }
 
 TEST(InkPage, ErasedMemoryServesLaterStrokes) {
@@ -157,25 +154,11 @@ TEST(InkPage, ErasedMemoryServesLaterStrokes) {
     for (int i = 0; i < 2000; ++i) {
         sketch::Add(page, sketch::Points(100, {i % 200, 5}));
         if (i > 0) {
-            ASSERT_TRUE(page.ReplaceRecord(0, 0, nullptr, 0));
+            ASSERT_TRUE(page.CutRecords(0, {{{0, 0}}, {}}));
         }
     }
     EXPECT_LE(page.Pool().Capacity(), 3 * ink::StrokePool::kFirstChunk);
     EXPECT_EQ(sketch::Describe(page).size(), 1u);
-}
-
-TEST(InkPage, ShiftingFilesStrokesAnew) {
-    InkPage page;
-    page.bandHeight = 100;
-    sketch::Add(page, {{1, 10}}, 1);
-    sketch::Add(page, {{2, 50}, {2, 60}}, 2);
-    sketch::Add(page, {{3, 250}}, 3);
-    ASSERT_TRUE(page.ShiftStrokes(50, 45));
-    EXPECT_EQ(sketch::Describe(page),
-              (Lines{"0: 0 1 10..10 (1,10)", "1: 45 2 95..105 (2,95) (2,105)", "4: 45 3 295..295 (3,295)"}));
-    const Lines before = sketch::Describe(page);
-    EXPECT_FALSE(page.ShiftStrokes(0, 2147483647));
-    EXPECT_EQ(sketch::Describe(page), before);
 }
 
 }  // namespace

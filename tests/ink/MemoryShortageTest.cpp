@@ -7,6 +7,7 @@
 #include <new>
 
 #include "ink/InkPainter.h"
+#include "ink/PageEdits.h"
 #include "tests/ink/Sketch.h"
 
 namespace {
@@ -72,8 +73,8 @@ TEST(MemoryShortage, AddingLeavesThePageAsItWas) {
     }
 }
 
-TEST(MemoryShortage, ReplacingAndShiftingAreAllOrNothing) {
-    const ink::StrokeRun runs[] = {{0, 1}, {2, 20000}, {20003, 1}};
+TEST(MemoryShortage, CuttingAndShiftingAreAllOrNothing) {
+    const ink::BandCuts cuts{{{0, 3}}, {{0, 1}, {2, 20000}, {20003, 1}}};
     for (const bool shift : {false, true}) {
         bool done = false;
         for (size_t count = 0; !done; ++count) {
@@ -84,12 +85,48 @@ TEST(MemoryShortage, ReplacingAndShiftingAreAllOrNothing) {
             const auto before = sketch::Describe(page);
             {
                 const Shortage shortage(count);
-                done = shift ? page.ShiftStrokes(200, 300) : page.ReplaceRecord(0, 0, runs, 3);
+                done = shift ? page.ShiftStrokes(200, 300) : page.CutRecords(0, cuts);
             }
             ASSERT_LT(count, 20u);
             if (!done) {
                 EXPECT_EQ(sketch::Describe(page), before) << count;
             }
+        }
+    }
+}
+
+TEST(MemoryShortage, ASquareIsSweptWholeOrNotAtAll) {
+    bool swept = false;
+    for (size_t count = 0; !swept; ++count) {
+        ink::SweptRegion region;
+        {
+            const Shortage shortage(count);
+            swept = region.AddSquare(64, 16);
+        }
+        ASSERT_LT(count, 20u);
+        EXPECT_EQ(region.IsEmpty(), !swept) << count;
+        for (const int32_t x : {57, 70}) EXPECT_EQ(region.Contains(x, 9), swept) << count;
+    }
+}
+
+TEST(MemoryShortage, ErasingLeavesEachStrokeErasedOrWhole) {
+    ink::SweptRegion region;
+    ASSERT_TRUE(region.AddSquare(60, 105));
+    bool done = false;
+    for (size_t count = 0; !done; ++count) {
+        InkPage page;
+        page.bandHeight = 100;
+        sketch::Add(page, sketch::Points(5000, {3, 4}));
+        sketch::Add(page, {{60, 90}, {60, 100}, {60, 110}, {60, 120}});
+        const auto whole = sketch::Describe(page);
+        {
+            const Shortage shortage(count);
+            done = ink::EraseStrokes(page, region) == ink::EditResult::Changed;
+        }
+        ASSERT_LT(count, 20u);
+        EXPECT_EQ(sketch::Describe(page).size(), done ? 3u : 2u) << count;
+        if (!done) {
+            EXPECT_EQ(sketch::Describe(page), whole) << count;
         }
     }
 }

@@ -113,6 +113,9 @@ class Desk:
     def page(self, frame):
         return self.child(frame, **{"class": "InkwrightPage"})
 
+    def pixel(self, page, x, y):
+        return self.ask(f"pixel {page['handle']} {x} {y}")
+
     def tool_state(self, frame, command):
         bar = self.child(frame, **{"class": "ToolbarWindow32"})
         return self.ask(f"send {bar['handle']} {TB_GETSTATE} {command} 0")
@@ -160,15 +163,19 @@ class Desk:
         self.ask(f"post {window['handle']} {WM_COMMAND} {command} 0")
 
     def stroke(self, page, points):
-        """Writes with the pointer. Each step is waited for: the system merges moves that nobody fetches, and
-        messages sent by hand overtake the pointer's."""
+        """Writes with the pointer."""
+        paper = self.pixel(page, *points[-1])
+        self.drag(page, points, lambda x, y: self.pixel(page, x, y) != paper)
+
+    def drag(self, page, points, is_shown):
+        """Moves the pointer with its button down. Each step is waited for until it shows: the system merges moves
+        that nobody fetches, and messages sent by hand overtake the pointer's."""
         left, top = page["client"][:2]
-        paper = self.ask(f"pixel {page['handle']} {points[-1][0]} {points[-1][1]}")
         has_pen = lambda: self.ask(f"haspen {page['handle']}")
         self.xdotool("mousemove", left + points[0][0], top + points[0][1], "mousedown", 1)
         wait_for("the pen to be down", has_pen)
         for x, y in points[1:]:
             self.xdotool("mousemove", left + x, top + y)
-            wait_for(f"ink at {x}, {y}", lambda: self.ask(f"pixel {page['handle']} {x} {y}") != paper)
+            wait_for(f"the step to {x}, {y} to show", lambda: is_shown(x, y))
         self.xdotool("mouseup", 1)
         wait_for("the pen to be up", lambda: not has_pen())

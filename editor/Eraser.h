@@ -1,0 +1,34 @@
+#pragma once
+
+#include "editor/PageView.h"
+#include "ink/SweptRegion.h"
+
+namespace editor {
+
+// The eraser's drag: ink vanishes from the view while the pen moves, and the strokes are cut when it is
+// lifted. What is swept is kept in page coordinates, so that it stays where the user saw it go.
+class Eraser {
+  public:
+    Eraser(platform::Window& window, ink::InkPage& page, PageView& view)
+        : window_(window), page_(page), view_(view) {}
+
+    void Begin();
+    void EraseAt(ink::Point place);  // view coordinates
+    // Cuts the strokes and drops empty bands at the page's end.
+    void Commit();
+    // Gives up what is not committed: the view shows the ink again.
+    void Cancel();
+    // The view moved and shows swept ink again: cuts the strokes and goes on.
+    void ViewMoved();
+
+  private:
+    void CutSwept();
+
+    platform::Window& window_;
+    ink::InkPage& page_;
+    PageView& view_;
+    ink::SweptRegion swept_;
+    bool memoryShort_ = false;  // told when the pen is lifted: a box would end the drag
+};
+
+}  // namespace editor
