@@ -17,10 +17,14 @@ PenSettings LoadPenSettings() {
     for (size_t i = 0; i < pen.recentColors.size(); ++i)
         pen.recentColors[i] = settings.ReadNumber(kPenColors[i]);
     pen.backgroundColor = settings.ReadNumber(SettingId::LastBGColor);
-    const uint32_t penInfo = settings.ReadNumber(SettingId::PenInfo);
+    LoadPen(pen);
+    return pen;
+}
+
+void LoadPen(PenSettings& pen) {
+    const uint32_t penInfo = Settings::Number(SettingId::PenInfo);
     pen.penSize = static_cast<uint8_t>(penInfo & 0xFF);
     pen.penStyle = static_cast<uint8_t>(penInfo >> 16 & 0xFF);
-    return pen;
 }
 
 void SaveColors(const PenSettings& pen) {

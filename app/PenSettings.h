@@ -18,6 +18,9 @@ struct PenSettings {
 
 PenSettings LoadPenSettings();
 
+// Takes size and style of the pen anew, after the options sheet has stored them.
+void LoadPen(PenSettings& settings);
+
 // Writes the six colours; pen size and style belong to the options sheet.
 void SaveColors(const PenSettings& settings);
 

@@ -62,10 +62,15 @@ uint32_t Settings::ReadNumber(SettingId id) const {
 }
 
 std::wstring Settings::ReadText(SettingId id) const {
+    const std::wstring text = StoredText(id);
+    return text.empty() ? InfoOf(id).defaultText : text;
+}
+
+std::wstring Settings::StoredText(SettingId id) const {
     const SettingInfo& info = InfoOf(id);
     std::wstring text;
-    const bool readable = key_.IsOpen() && key_.QueryText(info.name, info.capacity, text);
-    return readable && !text.empty() ? text : info.defaultText;
+    const bool isReadable = key_.IsOpen() && key_.QueryText(info.name, info.capacity, text);
+    return isReadable ? text : std::wstring();
 }
 
 void Settings::Write(SettingId id, uint32_t number) {
@@ -74,6 +79,10 @@ void Settings::Write(SettingId id, uint32_t number) {
 
 void Settings::Write(SettingId id, const std::wstring& text) {
     if (key_.IsOpen()) key_.SetText(InfoOf(id).name, InfoOf(id).diskType, text);
+}
+
+void Settings::Remove(SettingId id) {
+    if (key_.IsOpen()) key_.Remove(InfoOf(id).name);
 }
 
 }  // namespace app

@@ -52,8 +52,11 @@ class Settings {
     uint32_t ReadNumber(SettingId id) const;
     // An unreadable text and an empty one both give the default.
     std::wstring ReadText(SettingId id) const;
+    // What is really stored: empty when there is nothing or nothing readable.
+    std::wstring StoredText(SettingId id) const;
     void Write(SettingId id, uint32_t number);
     void Write(SettingId id, const std::wstring& text);
+    void Remove(SettingId id);  // so that the default holds
 
     // One value with a key opened for it alone.
     static uint32_t Number(SettingId id) { return Settings().ReadNumber(id); }

@@ -10,6 +10,7 @@
 #include "manager/ManagerWindow.h"
 #include "manager/NodeKind.h"
 #include "manager/StoreOperations.h"
+#include "options/COptPageDlg.h"
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
 #include "platform/MessageBox.h"
@@ -53,6 +54,7 @@ const ManagerWindow::Command ManagerWindow::kCommands[] = {
     {IDM_SET_ALARM, &ManagerWindow::SetAlarm},
     {IDM_REFRESH_ALARMS, &ManagerWindow::RefreshAlarms},
     {IDM_DELETE_ALARM, &ManagerWindow::DeleteAlarm},
+    {IDM_OPTIONS, &ManagerWindow::ShowOptions},
     {IDM_ABOUT, &ManagerWindow::ShowAbout},
     {IDM_OTHER_FOLDER, &ManagerWindow::ChooseOtherFolder},
 };
@@ -286,12 +288,20 @@ void ManagerWindow::ShowToolsMenu() {
     storage.AddSeparator();
     storage.Add(IDM_OTHER_FOLDER, L"Other Folder...");
     platform::PopupMenu menu;
-    menu.Add(IDM_OPTIONS, L"Options...", false);
+    menu.Add(IDM_OPTIONS, L"Options...");
     menu.AddSubmenu(L"Storage", storage);
     menu.AddSeparator();
     menu.Add(IDM_ABOUT, L"About Inkwright");
     const platform::ScreenSize screen = platform::HandheldScreen();
     OnCommand(menu.Choose(*this, {screen.width - kMenuInset, screen.height - kMenuInset}));
+}
+
+void ManagerWindow::ShowOptions() {
+    if (!options::COptPageDlg().RunModal(*this)) return;
+    app::LoadPen(pen_);
+    ReadFirstDayOfWeek();
+    RedrawStrip();
+    if (calendarMode_) ShowMonth(month_.Grid().Year(), month_.Grid().Month());
 }
 
 void ManagerWindow::ShowAbout() {

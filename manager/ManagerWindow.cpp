@@ -56,13 +56,8 @@ bool ManagerWindow::OnCreate() {
         EndModal(-1);
         return false;
     }
-    {
-        const app::Settings settings;
-        firstDayOfWeek_ = static_cast<int>(settings.FindNumber(app::SettingId::FirstDayOfWeek)
-                                               .value_or(static_cast<uint32_t>(platform::FirstDayOfWeek())));
-        calendarMode_ = settings.ReadNumber(app::SettingId::ViewCalMode) != 0;
-    }
-    firstDayOfWeek_ = firstDayOfWeek_ >= 0 && firstDayOfWeek_ < MonthGrid::kColumns ? firstDayOfWeek_ : 0;
+    ReadFirstDayOfWeek();
+    calendarMode_ = app::Settings::Number(app::SettingId::ViewCalMode) != 0;
     const std::wstring configured = app::ConfiguredRoot();
     const bool isElsewhere = !pendingPath_.empty() && !IsBelow(pendingPath_, app::RootPrefix());
     const std::wstring around = isElsewhere ? StoreAround(pendingPath_) : std::wstring();
@@ -165,6 +160,12 @@ bool ManagerWindow::OnTreeKey(platform::Key key) {
 }
 
 // The calendar.
+
+void ManagerWindow::ReadFirstDayOfWeek() {
+    const auto usual = static_cast<uint32_t>(platform::FirstDayOfWeek());
+    const uint32_t day = app::Settings().FindNumber(app::SettingId::FirstDayOfWeek).value_or(usual);
+    firstDayOfWeek_ = day < MonthGrid::kColumns ? static_cast<int>(day) : 0;
+}
 
 void ManagerWindow::ToggleCalendar() {
     calendarMode_ = !calendarMode_;

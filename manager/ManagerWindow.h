@@ -63,6 +63,7 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     void RefreshAlarms();
     void DeleteAlarm();
     void ShowToolsMenu();
+    void ShowOptions();
     void ShowAbout();
     void ChooseOtherFolder();
     void UseStorage(int index);
@@ -77,6 +78,7 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     void RenameItem(platform::TreeItem item, const std::wstring& name, int kind);
     void DeleteSelectedFolder(platform::TreeItem item);
     void AfterNoteDeleted(platform::TreeItem parent);
+    void ReadFirstDayOfWeek();
     void StepMonth(int months);
     void ShowMonth(int year, int month);
     void EnterCalendar();

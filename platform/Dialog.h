@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/DateTime.h"
 #include "platform/Window.h"
@@ -25,6 +27,24 @@ class Dialog : public Window {
     bool IsItemEnabled(int id) const;
     void FocusItem(int id);
     void SelectItemText(int id);  // all of an edit's text
+    // Free pixels left and right of an edit's text.
+    void SetItemMargins(int id, int pixels);
+
+    // Check boxes. One that the user checks or clears is OnCommand(its id).
+    bool IsItemChecked(int id) const;
+    void CheckItem(int id, bool checked);
+
+    // Drop-down lists. Choice is -1 when nothing is chosen; choosing an index that the list lacks does that.
+    void SetChoices(int id, const std::vector<std::wstring>& texts);
+    int Choice(int id) const;
+    void Choose(int id, int index);
+
+    // Spin buttons beside the edit that shows their number. A position outside the range becomes the nearer
+    // end. Spin gives the position in its low 16 bits, and high bits other than 0 while the edit's text is
+    // no number of the range.
+    void SetSpinRange(int id, int16_t minimum, int16_t maximum);
+    void SetSpin(int id, int16_t position);
+    uint32_t Spin(int id) const;
 
     // Date and time pickers; each exchanges only its own half of the moment. A month calendar is a date
     // picker too; a double tap on one of its days is OnCommand(kIdOk).
@@ -40,6 +60,9 @@ class Dialog : public Window {
     void Place(const Rect& windowRect);
 
     void OnCommand(int id) override;
+
+    // For the ports.
+    int TemplateId() const { return templateId_; }
 
   private:
     int templateId_;

@@ -15,9 +15,15 @@ class NoWindow : public Window {};
 
 }  // namespace
 
+Window* HostDesk::Top() const {
+    if (open_.empty()) return nullptr;
+    Window* page = open_.back()->Handle()->shownPage;
+    return page != nullptr ? page : open_.back();
+}
+
 Window& HostDesk::Target() {
     static NoWindow none;
-    if (!open_.empty()) return *open_.back();
+    if (Window* top = Top()) return *top;
     problems.emplace_back("an event came while no window was open");
     return none;
 }
@@ -46,9 +52,12 @@ void HostDesk::Stroke(const std::vector<Point>& points) {
 void HostDesk::TakePenAway() { Target().ReleasePen(); }
 
 void HostDesk::Command(int id) {
-    Window& window = Target();
+    const bool endsSheet = (id == kIdOk || id == kIdCancel) && !open_.empty();
+    Window& window = endsSheet ? *open_.back() : Target();
     const auto item = window.Handle()->items.find(id);
     if (item != window.Handle()->items.end() && !item->second.enabled) return;
+    if (item != window.Handle()->items.end() && item->second.source.kind == L"AUTOCHECKBOX")
+        item->second.checked = !item->second.checked;
     ToolBar* tools = window.Handle()->tools;
     if (tools != nullptr && tools->HasButton(id) && !tools->IsEnabled(id)) return;
     window.OnCommand(id);
@@ -76,6 +85,17 @@ void HostDesk::PrivateMessage(uint32_t code, intptr_t payload) { Target().OnPriv
 void HostDesk::Type(int item, const std::wstring& text) {
     Target().Handle()->items[item].text = text;
     Target().OnControlChanged(item);
+}
+
+void HostDesk::Choose(int item, int index) {
+    Target().Handle()->items[item].choice = index;
+    Target().OnControlChanged(item);
+}
+
+void HostDesk::Turn(int item, int16_t spin) { Target().Handle()->items[item].spin = spin; }
+
+void HostDesk::ShowPage(size_t index) {
+    if (!open_.empty() && open_.back()->Handle()->showPage) open_.back()->Handle()->showPage(index);
 }
 
 void HostDesk::PassTime(uint32_t milliseconds) {

@@ -26,8 +26,8 @@ class HostDesk {
   public:
     void Then(std::function<void()> step) { steps_.push_back(std::move(step)); }
 
-    // The modal window on top; null when none is open.
-    Window* Top() const { return open_.empty() ? nullptr : open_.back(); }
+    // The modal window on top, of a property sheet the page that is shown; null when none is open.
+    Window* Top() const;
 
     // Events for the window on top.
     void PenDown(Point place);
@@ -43,6 +43,9 @@ class HostDesk {
     void TurnWheel(int notches);         // up when positive
     void PrivateMessage(uint32_t code, intptr_t payload = 0);
     void Type(int item, const std::wstring& text);
+    void Choose(int item, int index);   // in a drop-down list
+    void Turn(int item, int16_t spin);  // a spin button to this position
+    void ShowPage(size_t index);        // of a property sheet
     // Lets time go by; timers of all open windows fire when due.
     void PassTime(uint32_t milliseconds);
     // Handles everything that was posted and paints what was invalidated.

@@ -70,22 +70,28 @@ bool Screen::CreateMenuBar(const ToolBarLayout& layout) {
 Dialog::Dialog(int templateId) : templateId_(templateId) {}
 Dialog::~Dialog() = default;
 
-int Dialog::RunModal(Window*) {
+bool Window::Impl::OpenTemplate(int templateId) {
     host::DialogTemplate source;
-    if (!host::FindDialogTemplate(templateId_, source)) return -1;
+    if (!host::FindDialogTemplate(templateId, source)) return false;
     // Dialog units of the usual 6 x 13 pixel font.
     const auto pixels = [](const Rect& units) {
         return Rect{units.left * 6 / 4, units.top * 13 / 8, units.right * 6 / 4, units.bottom * 13 / 8};
     };
-    impl_->isDialog = true;
-    impl_->title = source.caption;
-    impl_->place = pixels({0, 0, source.width, source.height});
+    isDialog = true;
+    title = source.caption;
+    place = pixels({0, 0, source.width, source.height});
     for (const host::TemplateItem& item : source.items) {
-        impl_->items[item.id] = {item, item.text, true, HostDevice::Current().now};
-        impl_->items[item.id].source.place = pixels(item.place);
+        HostItem& made = items[item.id] = HostItem();
+        made.source = item;
+        made.source.place = pixels(item.place);
+        made.text = item.text;
+        made.moment = HostDevice::Current().now;
     }
-    if (!impl_->Open(impl_->place.Width(), impl_->place.Height())) return -1;
-    return HostDevice::Current().desk.RunModal(*this);
+    return Open(place.Width(), place.Height());
+}
+
+int Dialog::RunModal(Window*) {
+    return impl_->OpenTemplate(templateId_) ? HostDevice::Current().desk.RunModal(*this) : -1;
 }
 
 std::wstring Dialog::ItemText(int id) const {

@@ -1,6 +1,7 @@
 // The state of a window of the headless port; shared by its kinds and by HostDesk.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -22,6 +23,13 @@ struct HostItem {
     std::wstring text;
     bool enabled = true;
     DateTime moment;
+    bool checked = false;
+    std::vector<std::wstring> choices;
+    int choice = -1;
+    int16_t spinMinimum = 0;
+    int16_t spinMaximum = 100;
+    int16_t spin = 0;
+    int margins = 0;
 };
 
 struct Window::Impl {
@@ -42,10 +50,14 @@ struct Window::Impl {
     Rect place;
     int focusedItem = 0;
     bool isDialog = false;
+    Window* shownPage = nullptr;           // of a property sheet: what gets the events
+    std::function<void(size_t)> showPage;  // of a property sheet
 
     // Screens
     class ToolBar* tools = nullptr;
 
+    // Opens a dialog as its template says; false when there is none or memory is short.
+    bool OpenTemplate(int templateId);
     // Opens with a client area of this size; false when memory is short.
     bool Open(int width, int height);
 };

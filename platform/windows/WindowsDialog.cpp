@@ -1,107 +1,26 @@
-#include <algorithm>
 #include <vector>
 
 #include "platform/Dialog.h"
+#include "platform/windows/DialogEvents.h"
 #include "platform/windows/HandheldPlace.h"
 #include "platform/windows/ModalRun.h"
 #include "platform/windows/MonthTaps.h"
 #include "platform/windows/SystemTimes.h"
-#include "platform/windows/WindowImpl.h"
 
 namespace platform {
 
 namespace {
 
-using windows::Attach;
-using windows::DispatchEvent;
-using windows::WindowOf;
-
-// The middle of the owner, or of the desktop; never off the desktop's top left.
-void Centre(HWND dialog) {
-    RECT place{};
-    GetWindowRect(dialog, &place);
-    const SIZE size{place.right - place.left, place.bottom - place.top};
-    const HWND owner = GetWindow(dialog, GW_OWNER);
-    RECT around{};
-    POINT corner = windows::CentredPlace(size);
-    if (owner && GetWindowRect(owner, &around)) {
-        corner = {(around.left + around.right - size.cx) / 2, (around.top + around.bottom - size.cy) / 2};
-    }
-    SetWindowPos(dialog, nullptr, std::max(corner.x, 0L), std::max(corner.y, 0L), 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER);
-}
-
-INT_PTR Open(HWND handle, Window* window) {
-    Attach(handle, window);
-    Window::Impl& state = *window->Handle();
-    state.frame = state.page = handle;
-    windows::WatchMonthTaps(handle);
-    const bool opened = window->OnCreate();
-    if (!opened) state.ended = true;
-    if (!state.placed) Centre(handle);
-    return state.focusPlaced ? FALSE : TRUE;
-}
-
-// Buttons and commands sent by hand go to OnCommand; other controls report a change of their content.
-bool ControlEvent(Window& window, HWND handle, WPARAM wParam, LPARAM lParam) {
-    const WORD code = HIWORD(wParam);
-    const bool isCommand = lParam == 0 || code == BN_CLICKED;
-    if (isCommand) return DispatchEvent(window, handle, WM_COMMAND, wParam, lParam);
-    const LRESULT kind = SendMessageW(reinterpret_cast<HWND>(lParam), WM_GETDLGCODE, 0, 0);
-    const bool isButton = (kind & DLGC_BUTTON) != 0;
-    const bool changed = code == EN_CHANGE || code == CBN_SELCHANGE || code == CBN_EDITCHANGE;
-    if (changed && !isButton && !window.Handle()->fillingControls) window.OnControlChanged(LOWORD(wParam));
-    return changed;
-}
+using windows::FillingControls;
+using windows::Item;
 
 INT_PTR CALLBACK DialogProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) return Open(handle, reinterpret_cast<Window*>(lParam));
-    Window* window = WindowOf(handle);
-    if (!window) return FALSE;
-    Window::Impl& state = *window->Handle();
-    switch (message) {
-        case WM_CLOSE:
-            return DispatchEvent(*window, handle, WM_COMMAND, kIdCancel, 0);
-        case WM_COMMAND:
-            return ControlEvent(*window, handle, wParam, lParam);
-        case WM_NOTIFY: {
-            const NMHDR& notice = *reinterpret_cast<const NMHDR*>(lParam);
-            const bool changed = notice.code == DTN_DATETIMECHANGE && !state.fillingControls;
-            if (changed) window->OnControlChanged(static_cast<int>(notice.idFrom));
-            return FALSE;
-        }
-        case WM_DESTROY:
-            window->OnDestroy();
-            return FALSE;
-        case WM_NCDESTROY:
-            Attach(handle, nullptr);
-            state.frame = state.page = nullptr;
-            state.ended = true;
-            return FALSE;
-        case WM_PAINT:
-        case WM_VSCROLL:
-            return FALSE;  // the dialog's controls have them
-        default:
-            return DispatchEvent(*window, handle, message, wParam, lParam);
-    }
+    if (message != WM_INITDIALOG) return windows::DialogEvent(handle, message, wParam, lParam);
+    Window& window = *reinterpret_cast<Window*>(lParam);
+    const INT_PTR answer = windows::OpenDialog(handle, window);
+    if (!window.Handle()->placed) windows::Centre(handle);
+    return answer;
 }
-
-// What the program itself puts into a control is not reported back as the user's change.
-class FillingControls {
-  public:
-    explicit FillingControls(Window::Impl& state) : state_(state), before_(state.fillingControls) {
-        state_.fillingControls = true;
-    }
-    FillingControls(const FillingControls&) = delete;
-    FillingControls& operator=(const FillingControls&) = delete;
-    ~FillingControls() { state_.fillingControls = before_; }
-
-  private:
-    Window::Impl& state_;
-    bool before_;
-};
-
-HWND Item(HWND dialog, int id) { return dialog ? GetDlgItem(dialog, id) : nullptr; }
 
 bool ReadPicker(HWND dialog, int id, SYSTEMTIME& moment) {
     const HWND picker = Item(dialog, id);
@@ -161,7 +80,10 @@ void Dialog::FocusItem(int id) {
 }
 
 void Dialog::SelectItemText(int id) {
-    if (const HWND item = Item(impl_->frame, id)) SendMessageW(item, EM_SETSEL, 0, -1);
+    const HWND item = Item(impl_->frame, id);
+    if (!item) return;
+    SendMessageW(item, EM_SETSEL, 0, -1);
+    SendMessageW(item, EM_SCROLLCARET, 0, 0);
 }
 
 DateTime Dialog::PickedDate(int id) const {

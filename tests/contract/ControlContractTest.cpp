@@ -177,6 +177,73 @@ TEST_F(WindowContract, DialogsCanBePlaced) {
     });
 }
 
+class RecordingPage : public Recording<platform::PropertyPage> {
+  public:
+    using Recording::Recording;
+    void OnApply() override { log.emplace_back("apply"); }
+};
+
+TEST_F(WindowContract, PropertyDialogsShowTheirPages) {
+    for (const int button : {platform::kIdOk, platform::kIdCancel}) {
+        RecordingPage first(IDD_OPTIONS_MISC);
+        RecordingPage second(IDD_OPTIONS_FILE_NAME);
+        RecordingPage unseen(IDD_OPTIONS_MISC);
+        second.create = [&second] {
+            second.log.emplace_back("create");
+            return true;
+        };
+        second.command = [](int) {};
+        driver_.Then([&] { EXPECT_TRUE(second.log.empty()) << "nobody has seen it"; });
+        driver_.Then([&] { driver_.ShowPage(first, 1); });
+        driver_.Then([&] { driver_.PressButton(second, IDC_NOTE_PATTERN_DEFAULT); });
+        driver_.Then([&] {
+            EXPECT_TRUE(second.IsItemChecked(IDC_NOTE_PATTERN_DEFAULT));
+            second.CheckItem(IDC_NOTE_PATTERN_DEFAULT, false);
+            EXPECT_FALSE(second.IsItemChecked(IDC_NOTE_PATTERN_DEFAULT));
+        });
+        driver_.Then([&] { driver_.ShowPage(second, 0); });
+        driver_.Then([&] { driver_.PressButton(first, button); });
+        const int result = platform::PropertyDialog(L"Pages", {&first, &second, &unseen}).RunModal(nullptr);
+        EXPECT_EQ(result, button);
+        std::vector<std::string> log{"create", "command 1033", "apply", "destroy"};
+        if (button == platform::kIdCancel) log.erase(log.begin() + 2);
+        EXPECT_EQ(second.log, log);
+        EXPECT_TRUE(unseen.log.empty());
+        EXPECT_FALSE(first.Exists());
+    }
+}
+
+TEST_F(WindowContract, ListsAndSpinButtons) {
+    RecordingPage page(IDD_OPTIONS_MISC);
+    driver_.Then([&] {
+        page.SetChoices(IDC_PEN_STYLE, {L"b", L"a", L"c"});
+        EXPECT_EQ(page.Choice(IDC_PEN_STYLE), -1);
+        for (const int index : {2, 3, 0, -1, 1}) {
+            page.Choose(IDC_PEN_STYLE, index);
+            EXPECT_EQ(page.Choice(IDC_PEN_STYLE), index < 3 ? index : -1);
+        }
+        page.SetSpinRange(IDC_PEN_SIZE_SPIN, 1, 10);
+        page.SetSpinRange(IDC_ALARM_OFFSET_SPIN, 0, 32767);
+        for (const auto& [set, got] : {std::pair{0, 1u}, {7, 7u}, {11, 10u}}) {
+            page.SetSpin(IDC_PEN_SIZE_SPIN, static_cast<int16_t>(set));
+            EXPECT_EQ(page.Spin(IDC_PEN_SIZE_SPIN), got);
+        }
+        for (const auto& [set, got] : {std::pair{32767, 32767u}, {-1, 0u}, {1234, 1234u}}) {
+            page.SetSpin(IDC_ALARM_OFFSET_SPIN, static_cast<int16_t>(set));
+            EXPECT_EQ(page.Spin(IDC_ALARM_OFFSET_SPIN), got);
+        }
+        page.SetItemMargins(4711, 5);
+        EXPECT_EQ(page.Choice(4711), -1);
+        EXPECT_FALSE(page.IsItemChecked(4711));
+        EXPECT_TRUE(page.log.empty()) << "what the program fills in is no change by the user";
+        driver_.Choose(page, IDC_PEN_STYLE, 2);
+        EXPECT_EQ(page.Choice(IDC_PEN_STYLE), 2);
+    });
+    driver_.Then([&] { driver_.PressButton(page, platform::kIdOk); });
+    platform::PropertyDialog(L"Pages", {&page}).RunModal(nullptr);
+    EXPECT_THAT(page.log, ElementsAre("changed 1021", "apply", "destroy"));
+}
+
 TEST_F(WindowContract, PopUps) {
     TestScreen screen(Screen::ScrollBar::Vertical);
     Recording<Popup> popup;

@@ -10,6 +10,7 @@
 #include "platform/Dialog.h"
 #include "platform/MessageBox.h"
 #include "platform/PopupMenu.h"
+#include "platform/PropertyDialog.h"
 #include "platform/Screen.h"
 #include "platform/TreeView.h"
 
@@ -47,7 +48,10 @@ class Driver {
     void PressShortcut(platform::Window& window, wchar_t letter);  // with Ctrl
     void TurnWheel(platform::Window& window, int notches);         // up when positive
     void PressTool(platform::Screen& screen, int command);
+    // Of a page too: the sheet's OK and Cancel.
     void PressButton(platform::Dialog& dialog, int id);
+    void Choose(platform::Dialog& dialog, int id, int index);
+    void ShowPage(platform::PropertyPage& shown, size_t index);  // of the sheet that shows `shown`
     void Type(platform::Dialog& dialog, int id, const std::wstring& text);
     // A double tap on the chosen day of a month calendar.
     void DoubleTapDay(platform::Dialog& dialog, int id);

@@ -36,6 +36,8 @@ void Driver::PressShortcut(Window&, wchar_t letter) { impl_->device.desk.PressSh
 void Driver::TurnWheel(Window&, int notches) { impl_->device.desk.TurnWheel(notches); }
 void Driver::PressTool(platform::Screen&, int command) { impl_->device.desk.Command(command); }
 void Driver::PressButton(platform::Dialog&, int id) { impl_->device.desk.Command(id); }
+void Driver::Choose(platform::Dialog&, int id, int index) { impl_->device.desk.Choose(id, index); }
+void Driver::ShowPage(platform::PropertyPage&, size_t index) { impl_->device.desk.ShowPage(index); }
 void Driver::Type(platform::Dialog&, int id, const std::wstring& text) { impl_->device.desk.Type(id, text); }
 
 void Driver::DoubleTapDay(platform::Dialog&, int) { impl_->device.desk.Command(platform::kIdOk); }

@@ -133,8 +133,21 @@ void Driver::PressTool(platform::Screen& screen, int command) {
 
 void Driver::PressButton(platform::Dialog& dialog, int id) {
     RECT place{};
-    GetWindowRect(GetDlgItem(dialog.Handle()->frame, id), &place);
+    const HWND frame = dialog.Handle()->frame;
+    const HWND own = GetDlgItem(frame, id);
+    GetWindowRect(own ? own : GetDlgItem(GetParent(frame), id), &place);
     Click({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+}
+
+void Driver::Choose(platform::Dialog& dialog, int id, int index) {
+    const HWND list = GetDlgItem(dialog.Handle()->frame, id);
+    SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    SendMessageW(dialog.Handle()->frame, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(list));
+}
+
+void Driver::ShowPage(platform::PropertyPage& shown, size_t index) {
+    PostMessageW(GetParent(shown.Handle()->frame), PSM_SETCURSEL, index, 0);
 }
 
 void Driver::Type(platform::Dialog& dialog, int id, const std::wstring& text) {

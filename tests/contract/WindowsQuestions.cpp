@@ -35,7 +35,9 @@ HWND SystemWindow(const wchar_t* className) {
             auto* wanted = reinterpret_cast<Search*>(parameter);
             wchar_t name[64] = L"";
             GetClassNameW(window, name, static_cast<int>(std::size(name)));
-            const bool isOurs = platform::windows::WindowOf(window) != nullptr;
+            // A property sheet belongs to none, but its pages do.
+            const bool isOurs = platform::windows::WindowOf(window) != nullptr ||
+                                FindWindowExW(window, nullptr, L"#32770", nullptr) != nullptr;
             if (IsWindowVisible(window) && !isOurs && std::wcscmp(name, wanted->className) == 0)
                 wanted->found = window;
             return wanted->found == nullptr;

@@ -363,6 +363,34 @@ TEST_F(Operations, NotesAreOpenedAndMadeFromTheTree) {
     EXPECT_TRUE(Has(L"Work\\Work 2007-03-05.ikw"));
 }
 
+// March 2007 began on a Thursday: with Friday first its first row begins on the 23rd of February.
+TEST_F(Operations, OptionsHoldInTheCalendarAtOnceAndInTheNextEditor) {
+    Then([this] {
+        Desk().Command(IDM_CALENDAR);
+        ChooseEntry(L"Options...");
+        Desk().Command(IDM_MANAGER_TOOLS);
+        EXPECT_EQ(Window().Month().Grid().At(0, 0).day, 23);
+        Desk().Command(IDM_CALENDAR);
+        Tree().Tap({L"Notes", L"Work"});
+        Desk().Command(IDM_ADD_NOTE);
+    });
+    Then([this] {
+        Desk().Choose(IDC_FIRST_DAY, 4);
+        Desk().Turn(IDC_PEN_SIZE_SPIN, 6);
+        Desk().Command(platform::kIdOk);
+    });
+    Then([this] {
+        const uint32_t paper = Shown().Row(80)[45];
+        Desk().Stroke({{30, 100}, {60, 100}});
+        int inked = 0;
+        for (int y = 80; y < 120; ++y) inked += Shown().Row(y)[45] != paper ? 1 : 0;
+        EXPECT_THAT(inked, testing::AllOf(testing::Ge(6), testing::Le(8))) << "six pixels wide";
+        Desk().Command(platform::kIdOk);
+    });
+    AcceptName();
+    RunManager();
+}
+
 TEST_F(Operations, AnotherStorageBecomesTheRoot) {
     device.files.PutFolder(L"\\Storage Card");
     Then([this] {

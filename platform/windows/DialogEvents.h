@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/windows/WindowImpl.h"
+
+namespace platform::windows {
+
+// Connects a new dialog to its object and lets that fill the controls; the answer to WM_INITDIALOG.
+INT_PTR OpenDialog(HWND handle, Window& window);
+
+// Any other message of a dialog; the answer of its dialog procedure.
+INT_PTR DialogEvent(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
+
+// Moves the dialog over the middle of its owner, or of the desktop; never off the desktop's top left.
+void Centre(HWND dialog);
+
+inline HWND Item(HWND dialog, int id) { return dialog ? GetDlgItem(dialog, id) : nullptr; }
+
+// What the program itself puts into a control is not reported back as the user's change.
+class FillingControls {
+  public:
+    explicit FillingControls(Window::Impl& state) : state_(state), before_(state.fillingControls) {
+        state_.fillingControls = true;
+    }
+    FillingControls(const FillingControls&) = delete;
+    FillingControls& operator=(const FillingControls&) = delete;
+    ~FillingControls() { state_.fillingControls = before_; }
+
+  private:
+    Window::Impl& state_;
+    bool before_;
+};
+
+}  // namespace platform::windows

@@ -1,0 +1,73 @@
+#include <new>
+
+#include "platform/MessageBox.h"
+#include "platform/PropertyDialog.h"
+#include "platform/windows/DialogEvents.h"
+
+namespace platform {
+
+namespace {
+
+// Nothing may be thrown through the system's own frames on the stack.
+void Apply(PropertyPage& page) {
+    try {
+        page.OnApply();
+    } catch (const std::bad_alloc&) {
+        ShowOutOfMemory(&page);
+    }
+}
+
+INT_PTR CALLBACK PageProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        const auto& source = *reinterpret_cast<const PROPSHEETPAGEW*>(lParam);
+        return windows::OpenDialog(handle, *reinterpret_cast<Window*>(source.lParam));
+    }
+    Window* page = windows::WindowOf(handle);
+    const bool isApply =
+        page && message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == PSN_APPLY;
+    if (!isApply) return windows::DialogEvent(handle, message, wParam, lParam);
+    Apply(static_cast<PropertyPage&>(*page));
+    SetWindowLongPtrW(handle, DWLP_MSGRESULT, PSNRET_NOERROR);
+    return TRUE;
+}
+
+PROPSHEETPAGEW SourceOf(PropertyPage& page) {
+    *page.Handle() = Window::Impl();
+    Window* object = &page;
+    PROPSHEETPAGEW source{};
+    source.dwSize = sizeof source;
+    source.hInstance = windows::Module();
+    source.pszTemplate = MAKEINTRESOURCEW(page.TemplateId());
+    source.pfnDlgProc = PageProcedure;
+    source.lParam = reinterpret_cast<LPARAM>(object);
+    return source;
+}
+
+int CALLBACK SheetEvent(HWND sheet, UINT event, LPARAM) {
+    if (event == PSCB_INITIALIZED) windows::Centre(sheet);
+    return 0;
+}
+
+}  // namespace
+
+PropertyDialog::PropertyDialog(const std::wstring& caption, const std::vector<PropertyPage*>& pages)
+    : caption_(caption), pages_(pages) {}
+
+int PropertyDialog::RunModal(Window* owner) {
+    std::vector<PROPSHEETPAGEW> sources;
+    for (PropertyPage* page : pages_) sources.push_back(SourceOf(*page));
+    PROPSHEETHEADERW header{};
+    header.dwSize = sizeof header;
+    header.dwFlags = PSH_PROPSHEETPAGE | PSH_NOAPPLYNOW | PSH_NOCONTEXTHELP | PSH_USECALLBACK;
+    header.hwndParent = windows::FrameOf(owner);
+    header.hInstance = windows::Module();
+    header.pszCaption = caption_.c_str();
+    header.nPages = static_cast<UINT>(sources.size());
+    header.ppsp = sources.data();
+    header.pfnCallback = SheetEvent;
+    const INT_PTR result = PropertySheetW(&header);
+    if (result < 0) return -1;
+    return result > 0 ? kIdOk : kIdCancel;
+}
+
+}  // namespace platform
