@@ -5,13 +5,13 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <memory>
 #include <string>
 
 #include "bench/CairoScene.h"
+#include "bench/RatioLines.h"
 #include "bench/Scene.h"
 #include "bench/TempFile.h"
 #include "ink/InkPainter.h"
@@ -19,8 +19,10 @@
 
 namespace {
 
+using bench::Against;
 using bench::File;
 using bench::Picture;
+using bench::RatioLines;
 using bench::Stroke;
 
 int g_rounds = 15;  // fewer for a trial run
@@ -60,24 +62,6 @@ Times CompareFresh(const std::function<void()>& ours, const std::function<void()
     return best;
 }
 
-bool g_met = true;
-
-void Line(const std::string& what, double value, bool atLeast, double wanted, const std::string& detail) {
-    const bool met = atLeast ? value >= wanted : value <= wanted;
-    g_met = g_met && met;
-    std::printf("| %-56s | %8.2f | %s %6.2f | %-4s | %-34s |\n", what.c_str(), value,
-                atLeast ? ">=" : "<=", wanted, met ? "yes" : "NO", detail.c_str());
-}
-
-std::string Against(double ours, double theirs) {
-    char text[80];
-    const bool tiny = ours < 1e-6;
-    const double scale = tiny ? 1e9 : 1e6;
-    const char* unit = tiny ? "ns" : "us";
-    std::snprintf(text, sizeof text, "%.1f %s against %.1f %s", ours * scale, unit, theirs * scale, unit);
-    return text;
-}
-
 const char* StyleName(int style) { return style == 0 ? "simple" : style == 1 ? "classic" : "smooth"; }
 
 // Mean difference per channel over the pixels that either picture inked.
@@ -96,7 +80,7 @@ double Difference(const Picture& a, const Picture& b) {
     return sum / inked;
 }
 
-void RepaintRatios(const std::vector<Stroke>& strokes) {
+void RepaintRatios(RatioLines& table, const std::vector<Stroke>& strokes) {
     ink::InkPage page;
     bench::FillPage(page, strokes);
     Picture picture;
@@ -114,17 +98,17 @@ void RepaintRatios(const std::vector<Stroke>& strokes) {
                 std::string(StyleName(style)) + " repaint, width " + std::to_string(width);
             if (style == 2) {
                 smooth = times.ours;
-                Line(label + ": times faster than cairo", times.theirs / times.ours, true, 40,
-                     Against(times.ours, times.theirs));
+                table.Line(label + ": times faster than cairo", times.theirs / times.ours, true, 40,
+                           Against(times.ours, times.theirs));
             } else {
-                Line(label + ": time beside smooth", times.ours / smooth, false, 1.0,
-                     Against(times.ours, smooth));
+                table.Line(label + ": time beside smooth", times.ours / smooth, false, 1.0,
+                           Against(times.ours, smooth));
             }
         }
     }
 }
 
-void PictureRatios(const std::vector<Stroke>& strokes) {
+void PictureRatios(RatioLines& table, const std::vector<Stroke>& strokes) {
     for (const int width : {1, 3}) {
         Picture ours;
         ink::PixelSurface surface = ours.Surface();
@@ -138,12 +122,12 @@ void PictureRatios(const std::vector<Stroke>& strokes) {
         }
         Picture theirs;
         bench::CairoCanvas(theirs, width, CAIRO_ANTIALIAS_BEST).DrawAll(strokes);
-        Line("smooth, width " + std::to_string(width) + ": mean difference from cairo's best",
-             Difference(ours, theirs), false, width == 1 ? 10 : 4, "of 255, over inked pixels");
+        table.Line("smooth, width " + std::to_string(width) + ": mean difference from cairo's best",
+                   Difference(ours, theirs), false, width == 1 ? 10 : 4, "of 255, over inked pixels");
     }
 }
 
-void LiveRatios(const std::vector<Stroke>& strokes) {
+void LiveRatios(RatioLines& table, const std::vector<Stroke>& strokes) {
     const ink::Point* points = strokes.front().points.data();
     for (const int width : {1, 3}) {
         Picture picture;
@@ -160,12 +144,13 @@ void LiveRatios(const std::vector<Stroke>& strokes) {
             Compare([&] { painter.PaintSegment(surface, points + ours++ % segments, 2); }, segments * 50,
                     [&] { cairo.Draw(points + theirs++ % segments, 2, 0x808080); }, segments * 5);
         painter.EndStroke();
-        Line("one live segment, width " + std::to_string(width) + ": times faster than cairo",
-             times.theirs / times.ours, true, 20, Against(times.ours, times.theirs));
+        table.Line("one live segment, width " + std::to_string(width) + ": times faster than cairo",
+                   times.theirs / times.ours, true, 20, Against(times.ours, times.theirs));
     }
 }
 
-void LengthRatio(const std::vector<Stroke>& shortNote, const std::vector<Stroke>& longNote) {
+void LengthRatio(RatioLines& table, const std::vector<Stroke>& shortNote,
+                 const std::vector<Stroke>& longNote) {
     ink::InkPage few;
     ink::InkPage many;
     bench::FillPage(few, shortNote);
@@ -176,8 +161,8 @@ void LengthRatio(const std::vector<Stroke>& shortNote, const std::vector<Stroke>
     const int32_t scroll = bench::kViewHeight * 4;
     const Times times = Compare([&] { painter.Repaint(surface, many, scroll, surface.Bounds()); }, 10,
                                 [&] { painter.Repaint(surface, few, scroll, surface.Bounds()); }, 10);
-    Line("repaint of one view, 100 times the strokes: time", times.ours / times.theirs, false, 1.1,
-         Against(times.ours, times.theirs));
+    table.Line("repaint of one view, 100 times the strokes: time", times.ours / times.theirs, false, 1.1,
+               Against(times.ours, times.theirs));
 }
 
 void ReadIntoFreshBuffer(const std::string& path, size_t size) {
@@ -214,7 +199,7 @@ double MemoryPerByte(const std::string& path, size_t size) {
     return static_cast<double>(HeapInUse() - before) / static_cast<double>(size);
 }
 
-void FileRatios(const std::vector<Stroke>& all) {
+void FileRatios(RatioLines& table, const std::vector<Stroke>& all) {
     double previous = 0;
     for (const size_t count : {size_t{2000}, size_t{20000}, size_t{200000}}) {
         ink::InkPage page;
@@ -230,13 +215,14 @@ void FileRatios(const std::vector<Stroke>& all) {
 
         const Times load =
             CompareFresh([&] { Load(note.Path()); }, [&] { ReadIntoFreshBuffer(note.Path(), size); });
-        Line(label + "load beside reading the bytes", load.ours / load.theirs, false, 1.2,
-             Against(load.ours, load.theirs));
+        table.Line(label + "load beside reading the bytes", load.ours / load.theirs, false, 1.2,
+                   Against(load.ours, load.theirs));
         if (previous > 0) {
-            Line(label + "load time of ten times the strokes", load.ours / previous, false, 10.5, "");
+            table.Line(label + "load time of ten times the strokes", load.ours / previous, false, 10.5, "");
         }
         previous = load.ours;
-        Line(label + "memory beside the file's bytes", MemoryPerByte(note.Path(), size), false, 1.15, "");
+        table.Line(label + "memory beside the file's bytes", MemoryPerByte(note.Path(), size), false, 1.15,
+                   "");
 
         const auto save = [&] {
             File file = File::Create(copy.Path());
@@ -246,8 +232,8 @@ void FileRatios(const std::vector<Stroke>& all) {
             if (!File::Create(copy.Path()).Write(bytes.Bytes().data(), size)) std::abort();
         };
         const Times saved = CompareFresh(save, write);
-        Line(label + "save beside writing the bytes", saved.ours / saved.theirs, false, 1.2,
-             Against(saved.ours, saved.theirs));
+        table.Line(label + "save beside writing the bytes", saved.ours / saved.theirs, false, 1.2,
+                   Against(saved.ours, saved.theirs));
     }
 }
 
@@ -259,12 +245,11 @@ int main(int argc, char** argv) {
     if (trial) g_rounds = 1;
     const std::vector<Stroke> view = bench::MakeStrokes(bench::kStrokesPerView);
     const std::vector<Stroke> all = bench::MakeStrokes(trial ? 20000 : 200000);
-    std::printf("| %-56s | %8s | %9s | %-4s | %-34s |\n", "what", "measured", "wanted", "met", "times");
-    std::printf("|---|---:|---:|---|---|\n");
-    RepaintRatios(view);
-    PictureRatios(view);
-    LiveRatios(view);
-    LengthRatio({all.begin(), all.begin() + 2000}, all);
-    FileRatios(all);
-    return trial || g_met ? 0 : 1;
+    RatioLines table;
+    RepaintRatios(table, view);
+    PictureRatios(table, view);
+    LiveRatios(table, view);
+    LengthRatio(table, {all.begin(), all.begin() + 2000}, all);
+    FileRatios(table, all);
+    return trial || table.AllMet() ? 0 : 1;
 }

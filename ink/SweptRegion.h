@@ -3,12 +3,13 @@
 
 #include <array>
 #include <cstdint>
-#include <unordered_map>
+#include <vector>
 
 namespace ink {
 
-// The union of squares of one size, as a bitmap that is there only where squares are: adding one and looking
-// up a pixel take the same time however long the sweep is. No member throws.
+// The union of squares of one size, as a bitmap in rows of tiles, each as wide as it was swept: adding a
+// square and looking up a pixel take the same time however long the sweep is. Meant for sweeps over a view or
+// a page, since tiles between the outermost ones of a row are there as well. No member throws.
 class SweptRegion {
   public:
     // A square covers the pixels from kReach left of and above its centre to kReach - 1 beyond it.
@@ -31,10 +32,15 @@ class SweptRegion {
     static constexpr int64_t kTileRows = 16;
     // Bit n of a row is its column n.
     using Tile = std::array<uint64_t, kTileRows>;
+    struct TileRow {
+        int64_t first = 0;  // place of the first tile, in tiles
+        std::vector<Tile> tiles;
+    };
 
-    static uint64_t KeyOf(int64_t x, int64_t y);
+    void MakeTile(int64_t column, int64_t row);
 
-    std::unordered_map<uint64_t, Tile> tiles_;
+    int64_t firstRow_ = 0;
+    std::vector<TileRow> rows_;
     int64_t left_ = 0;
     int64_t top_ = 0;
     int64_t right_ = 0;

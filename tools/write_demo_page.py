@@ -6,7 +6,7 @@ import sys
 
 import handwriting
 
-PAGE_TOOLS = {"pen 2": 74, "pen 3": 93, "palette": 131}  # x of tool buttons in the window's client area
+PAGE_TOOLS = {"pen 2": 74, "pen 3": 93, "palette": 131, "space": 158, "eraser": 177}  # x of tool buttons in the window's client area
 TOOL_ROW = 599  # y of the tool bar's middle
 
 
@@ -31,10 +31,14 @@ class Page:
         self.top = top + height - border - 614
 
     def stroke(self, points):
+        self.drag(points)
+        tool("mouseup", 1)
+
+    def drag(self, points):
         steps = ["mousemove", self.left + points[0][0], self.top + points[0][1], "mousedown", 1]
         for x, y in points[1:]:
             steps += ["mousemove", self.left + x, self.top + y, "sleep", 0.004]
-        tool(*steps, "mouseup", 1)
+        tool(*steps)
 
     def write(self, text, left, baseline, size, seed):
         for points in handwriting.write(text, left, baseline, size, seed):
@@ -43,9 +47,11 @@ class Page:
     def click(self, x, y=TOOL_ROW):
         tool("mousemove", self.left + x, self.top + y, "click", 1)
 
-    def picture(self, path):
+    def picture(self, path, pointer_away=True):
         left, top, width, height = self.window
-        tool("mousemove", 1, 1, "sleep", 0.7)
+        if pointer_away:
+            tool("mousemove", 1, 1)
+        tool("sleep", 0.7)
         subprocess.run(["import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "+repage", str(path)],
                        check=True)
 
@@ -88,6 +94,18 @@ def write_page(folder):
     tool("key", "Return", "sleep", 1)
 
 
+def show_eraser_and_space(folder):
+    page = Page()
+    page.click(PAGE_TOOLS["eraser"])
+    page.stroke([(70 + i, 130 - i // 4) for i in range(0, 180, 4)])
+    page.picture(folder / "eraser.png")
+    page.click(PAGE_TOOLS["space"])
+    page.drag([(320, y) for y in range(220, 275, 3)])
+    page.picture(folder / "space.png", pointer_away=False)
+    tool("mouseup", 1, "search", "--name", "Inkwright$", "windowfocus")
+    tool("key", "alt+F4")
+
+
 def show_manager(folder):
     page = Page()
     first_folder, first_note = 42, 58
@@ -102,4 +120,4 @@ def show_manager(folder):
 
 
 if __name__ == "__main__":
-    {"page": write_page, "manager": show_manager}[sys.argv[1]](pathlib.Path(sys.argv[2]))
+    {"page": write_page, "tools": show_eraser_and_space, "manager": show_manager}[sys.argv[1]](pathlib.Path(sys.argv[2]))
