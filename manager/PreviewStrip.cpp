@@ -2,10 +2,8 @@
 
 #include "app/FileStreams.h"
 #include "app/StorePaths.h"
-#include "ink/InkPainter.h"
-#include "ink/NoteFile.h"
-#include "ink/NoteScanner.h"
 #include "manager/NodeKind.h"
+#include "manager/NoteHead.h"
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
 #include "res/resource.h"
@@ -15,11 +13,7 @@ namespace manager {
 namespace {
 
 constexpr platform::Font kFont{85, false};
-constexpr float kShade = -0.15f;   // the paper, a little darker
-constexpr int32_t kHeadRows = 45;  // strokes that begin in these page rows are shown
-// A stroke that begins in the head is filed by its last row, and no pen draws over more views than this: what
-// lies in later blocks of the file need not be read.
-constexpr int64_t kLastHeadBlock = 2;
+constexpr float kShade = -0.15f;  // the paper, a little darker
 constexpr int kNoteMarkTop = 20;
 constexpr int kMemoMarkRight = 18;
 constexpr int kMemoMarkTop = 4;
@@ -65,31 +59,17 @@ void PreviewStrip::DrawNote(const std::wstring& notePath) {
     }
 }
 
-// Reads no further than needed: the records are looked at as they pass, none is kept.
 void PreviewStrip::DrawInk(const std::wstring& notePath) {
     const int width = picture_.Width();
-    const ink::PixelSurface surface = picture_.Surface();
     platform::Canvas canvas(picture_);
     platform::File file = platform::File::OpenForReading(notePath, platform::File::Share::Read);
     app::FileSource source(file);
-    ink::NoteFileHeader header;
-    const bool isNote = file.IsOpen() && ink::ReadNoteHeader(source, header);
-    const ink::ColorRef paper = isNote && header.HasBackground() ? header.backgroundColor : kWhite;
-    canvas.Fill({0, 0, width, kHeight}, ink::Shade(paper, kShade));
-    const platform::Image mark = platform::Image::FromResource(IDB_NOTE_MARK);
-    canvas.Draw(mark, {width - mark.Width(), kNoteMarkTop});
-    if (!isNote) return;
-
-    ink::InkPainter painter;
-    ink::StrokePool pool;
-    ink::NoteScanner scanner(source, header, header.bandHeight, pool, ink::NoteScanner::Mode::Visit);
-    ink::StrokeRecord* record = nullptr;
-    if (!painter.SetPen(pen_.penStyle, pen_.penSize * 0.1)) return;
-    while (scanner.Next(record) == ink::ScanResult::Record && scanner.Block() <= kLastHeadBlock) {
-        if (record->count < 1 || record->minY >= kHeadRows) continue;
-        ink::PixelSurface target = surface;
-        painter.PaintStroke(target, *record, 0, surface.Bounds());
-    }
+    NoteHead head(source);
+    const bool isNote = file.IsOpen() && head.ReadHeader();
+    canvas.Fill({0, 0, width, kHeight}, ink::Shade(head.PaperColor(), kShade));
+    if (!noteMark_.IsValid()) noteMark_ = platform::Image::FromResource(IDB_NOTE_MARK);
+    canvas.Draw(noteMark_, {width - noteMark_.Width(), kNoteMarkTop});
+    if (isNote) head.Paint(picture_.Surface(), pen_);
 }
 
 }  // namespace manager

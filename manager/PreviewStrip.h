@@ -27,6 +27,7 @@ class PreviewStrip {
     const app::PenSettings& pen_;
     const platform::ImageList& images_;
     platform::Image picture_;
+    platform::Image noteMark_;  // read when the first note is shown
 };
 
 }  // namespace manager

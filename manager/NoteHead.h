@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/PenSettings.h"
+#include "ink/ByteStream.h"
+#include "ink/Color.h"
+#include "ink/NoteFile.h"
+#include "ink/PixelSurface.h"
+
+namespace manager {
+
+// The head of a note, straight from its file: no page is built, and nothing is read beyond the blocks in
+// which strokes of the head can lie.
+class NoteHead {
+  public:
+    // Reads the file's header from a source at its beginning; the source must live as long.
+    explicit NoteHead(ink::ByteSource& source) : source_(source) {}
+
+    bool ReadHeader();
+    // White for notes of versions that keep none, and before the header was read.
+    ink::ColorRef PaperColor() const;
+    // Paints the strokes that begin in the page's first 45 rows; page row 0 is the surface's. What a damaged
+    // file holds before the damage is painted.
+    void Paint(const ink::PixelSurface& surface, const app::PenSettings& pen);
+
+  private:
+    ink::ByteSource& source_;
+    ink::NoteFileHeader header_;
+    bool isNote_ = false;
+};
+
+}  // namespace manager
