@@ -22,6 +22,7 @@ using platform::windows::NotificationStore;
 using platform::windows::OwnedHandle;
 
 constexpr wchar_t kFireSwitch[] = L"/fire ";
+constexpr LONGLONG kAskAgainTicks = 10000000;  // a second, in units of 100 ns
 
 // Local time as one number that grows with it.
 int64_t LocalTicks(const DateTime& moment) {
@@ -31,15 +32,23 @@ int64_t LocalTicks(const DateTime& moment) {
     return static_cast<int64_t>(static_cast<uint64_t>(file.dwHighDateTime) << 32 | file.dwLowDateTime);
 }
 
-// The same moment for a timer that follows the system's clock.
-bool UniversalTicks(const DateTime& moment, LARGE_INTEGER& ticks) {
+// The same moment for a timer that follows the system's clock; from now on at the earliest. Where the rules of
+// the time zone make a local time fall twice or not at all, the moment may have passed already while the entry
+// is not due yet: the timer then asks again a little later.
+bool TimerTicks(const DateTime& moment, LARGE_INTEGER& ticks) {
     SYSTEMTIME local = platform::windows::SystemTimeOf(moment);
     SYSTEMTIME universal{};
-    FILETIME file{};
+    FILETIME due{};
+    FILETIME now{};
     if (!TzSpecificLocalTimeToSystemTime(nullptr, &local, &universal)) return false;
-    if (!SystemTimeToFileTime(&universal, &file)) return false;
-    ticks.HighPart = static_cast<LONG>(file.dwHighDateTime);
-    ticks.LowPart = file.dwLowDateTime;
+    if (!SystemTimeToFileTime(&universal, &due)) return false;
+    GetSystemTimeAsFileTime(&now);
+    if (CompareFileTime(&due, &now) <= 0) {
+        ticks.QuadPart = -kAskAgainTicks;
+        return true;
+    }
+    ticks.HighPart = static_cast<LONG>(due.dwHighDateTime);
+    ticks.LowPart = due.dwLowDateTime;
     return true;
 }
 
@@ -105,7 +114,7 @@ void LookAtDatabase(HANDLE timer) {
         }
     }
     LARGE_INTEGER due{};
-    if (nextTicks != 0 && UniversalTicks(next, due)) {
+    if (nextTicks != 0 && TimerTicks(next, due)) {
         SetWaitableTimer(timer, &due, 0, nullptr, nullptr, FALSE);
     } else {
         CancelWaitableTimer(timer);

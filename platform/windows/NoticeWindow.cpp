@@ -1,6 +1,7 @@
 #include "platform/windows/NoticeWindow.h"
 
 #include "platform/windows/Guards.h"
+#include "res/resource.h"
 
 namespace platform::windows {
 
@@ -58,6 +59,7 @@ void ShowNotice(const std::wstring& title, const std::wstring& text) {
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+    windowClass.hIcon = LoadIconW(windowClass.hInstance, MAKEINTRESOURCEW(IDI_INKWRIGHT));
     windowClass.lpszClassName = kClass;
     RegisterClassW(&windowClass);
 
