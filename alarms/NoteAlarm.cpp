@@ -5,7 +5,6 @@
 #include "platform/Locale.h"
 #include "platform/Notifications.h"
 #include "platform/Shell.h"
-#include "platform/TextEncoding.h"
 
 namespace alarms {
 
@@ -15,24 +14,19 @@ constexpr wchar_t kNoticeTitle[] = L"Inkwright \u00BB Alarm";
 constexpr wchar_t kProductPrefix[] = L"Inkwright \u00BB ";
 constexpr int kNoticeDelaySeconds = 10;
 
-bool EndsInNoCase(const std::wstring& text, const std::wstring& ending) {
-    return text.size() >= ending.size() &&
-           platform::EqualNoCase(text.substr(text.size() - ending.size()), ending);
-}
-
 // "Reminders (date)" for a note in a day's folder, the folder's name directly under the store root,
 // nothing anywhere else.
 std::wstring FolderLabel(const std::wstring& notePath) {
     const std::wstring folder = app::WithoutTrailingBackslashes(app::FolderOf(notePath));
     const std::wstring parent = app::WithoutTrailingBackslashes(app::FolderOf(folder));
     const std::wstring name = app::NameOf(folder);
-    if (EndsInNoCase(parent, L"\\Inkwright\\Reminders")) {
+    if (app::EndsWithNoCase(parent, L"\\Inkwright\\Reminders")) {
         std::wstring label = app::kRemindersFolder;
         platform::DateTime day;
         if (app::ParseDateFolderName(name, day)) label += L" (" + platform::LongDate(day) + L")";
         return label;
     }
-    return EndsInNoCase(parent, L"\\Inkwright") ? name : std::wstring();
+    return app::EndsWithNoCase(parent, L"\\Inkwright") ? name : std::wstring();
 }
 
 }  // namespace

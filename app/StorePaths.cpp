@@ -31,6 +31,11 @@ std::wstring FolderOf(const std::wstring& path) {
 
 std::wstring NameOf(const std::wstring& path) { return path.substr(path.rfind(L'\\') + 1); }
 
+bool EndsWithNoCase(const std::wstring& path, const std::wstring& ending) {
+    return path.size() >= ending.size() &&
+           platform::EqualNoCase(path.substr(path.size() - ending.size()), ending);
+}
+
 bool NamesFile(const std::wstring& notePath) { return !notePath.empty() && !EndsInBackslash(notePath); }
 
 void EnsureFolders(const std::wstring& path) {

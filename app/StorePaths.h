@@ -22,6 +22,8 @@ bool EndsInBackslash(const std::wstring& path);
 std::wstring FolderOf(const std::wstring& path);
 // The text after the last "\".
 std::wstring NameOf(const std::wstring& path);
+// Compared as file names are, ignoring case.
+bool EndsWithNoCase(const std::wstring& path, const std::wstring& ending);
 // True for a path that names a note file, as opposed to nothing or the folder of a new note.
 bool NamesFile(const std::wstring& notePath);
 

@@ -13,7 +13,6 @@
 #include "platform/Locale.h"
 #include "platform/MessageBox.h"
 #include "platform/PopupMenu.h"
-#include "platform/TextEncoding.h"
 #include "res/resource.h"
 
 namespace editor {
@@ -222,10 +221,7 @@ bool InkCanvas::SaveOrDiscard(bool& discarded) {
 void InkCanvas::ScheduleAlarm() {
     platform::DateTime moment;
     const std::wstring& path = page_.notePath;
-    const std::wstring extension = app::kNoteExtension;
-    const bool isNote = path.size() >= extension.size() &&
-                        platform::EqualNoCase(path.substr(path.size() - extension.size()), extension);
-    if (!isNote || !alarms::ReadAlarmStamp(alarmStamp_, moment)) return;
+    if (!app::EndsWithNoCase(path, app::kNoteExtension) || !alarms::ReadAlarmStamp(alarmStamp_, moment)) return;
     const bool isSet = alarms::SetNoteAlarm(path, moment);
     platform::ShowMessage(this, isSet ? L"Alarm is successfully set!" : L"Setting alarm failed!",
                           L" " + platform::DateAndTime(moment), MessageButtons::Ok,

@@ -35,11 +35,6 @@ std::wstring WithCount(const std::wstring& text, int count) {
     return text + L"  (" + std::to_wstring(count) + L" found) ";
 }
 
-bool HasExtension(const std::wstring& fileName, const std::wstring& extension) {
-    return fileName.size() >= extension.size() &&
-           platform::EqualNoCase(fileName.substr(fileName.size() - extension.size()), extension);
-}
-
 std::wstring WithoutExtension(const std::wstring& fileName) {
     return fileName.substr(0, fileName.size() - std::wstring(app::kNoteExtension).size());
 }
@@ -199,13 +194,13 @@ std::vector<FolderTree::Child> FolderTree::NotesAndFoldersOf(
     const std::vector<platform::FolderEntry>& entries, bool withFolders) {
     std::unordered_set<std::wstring> texts;
     for (const platform::FolderEntry& entry : entries) {
-        if (HasExtension(entry.name, L".txt"))
+        if (app::EndsWithNoCase(entry.name, L".txt"))
             texts.insert(platform::LowerCase(WithoutExtension(entry.name)));
     }
     std::vector<Child> children;
     for (const platform::FolderEntry& entry : entries) {
         if (entry.isFolder && withFolders) children.push_back({entry.name, true, false});
-        if (entry.isFolder || !HasExtension(entry.name, app::kNoteExtension)) continue;
+        if (entry.isFolder || !app::EndsWithNoCase(entry.name, app::kNoteExtension)) continue;
         const std::wstring name = WithoutExtension(entry.name);
         const bool hasMemo = !texts.empty() && texts.count(platform::LowerCase(name)) != 0;
         children.push_back({name, false, hasMemo});
@@ -335,7 +330,7 @@ void FolderTree::SelectPath(const std::wstring& path) {
 }
 
 void FolderTree::SelectNote(const std::wstring& fileName) {
-    if (!HasExtension(fileName, app::kNoteExtension)) return;
+    if (!app::EndsWithNoCase(fileName, app::kNoteExtension)) return;
     TreeItem child = tree_.FirstChild(Container(tree_.Selection()));
     for (; child != 0; child = tree_.NextSibling(child)) {
         const bool isWanted = IsNoteKind(tree_.Image(child)) &&

@@ -32,6 +32,31 @@ void MoveMemo(platform::Window* owner, const std::wstring& source, const std::ws
     if (!platform::MoveEntry(from, to)) ShowError(owner, L"Moving '" + app::NameOf(from) + L"' failed!");
 }
 
+// Alarm texts of all notes in a folder and below, as they were under its old name and as they are now.
+void CollectAlarmTexts(const std::wstring& oldFolder, const std::wstring& newFolder,
+                       std::vector<std::wstring>& oldTexts, std::vector<std::wstring>& newTexts) {
+    std::vector<platform::FolderEntry> entries;
+    platform::ListFolder(newFolder, L"*.*", entries);
+    for (const platform::FolderEntry& entry : entries) {
+        const std::wstring oldPath = oldFolder + L"\\" + entry.name;
+        const std::wstring newPath = newFolder + L"\\" + entry.name;
+        if (entry.isFolder) {
+            CollectAlarmTexts(oldPath, newPath, oldTexts, newTexts);
+        } else if (app::EndsWithNoCase(entry.name, app::kNoteExtension)) {
+            oldTexts.push_back(platform::LowerCase(alarms::AlarmArguments(oldPath)));
+            newTexts.push_back(alarms::AlarmArguments(newPath));
+        }
+    }
+}
+
+void MoveFolderAlarms(const std::wstring& oldFolder, const std::wstring& newFolder) {
+    const platform::WaitCursor wait;
+    std::vector<std::wstring> oldTexts;
+    std::vector<std::wstring> newTexts;
+    CollectAlarmTexts(oldFolder, newFolder, oldTexts, newTexts);
+    if (!oldTexts.empty()) alarms::MoveAlarms(oldTexts, newTexts);
+}
+
 bool DeleteFolderTree(const std::wstring& folder) {
     std::vector<platform::FolderEntry> entries;
     platform::ListFolder(app::WithoutTrailingBackslashes(folder), L"*.*", entries);
@@ -43,6 +68,10 @@ bool DeleteFolderTree(const std::wstring& folder) {
     return platform::DropFolder(app::WithoutTrailingBackslashes(folder));
 }
 
+void ShowCopyFailure(platform::Window* owner, const std::wstring& source) {
+    ShowError(owner, L"Copying '" + source + L"' failed! Operation aborted!");
+}
+
 CopyResult CopyFile(platform::Window* owner, const std::wstring& source, const std::wstring& destination) {
     if (app::IsFile(destination)) {
         const MessageAnswer answer = platform::ShowMessage(
@@ -52,7 +81,7 @@ CopyResult CopyFile(platform::Window* owner, const std::wstring& source, const s
         if (answer == MessageAnswer::No) return CopyResult::Done;
     }
     if (platform::CopyFileTo(source, destination)) return CopyResult::Done;
-    ShowError(owner, L"Copying '" + source + L"' failed! Operation aborted!");
+    ShowCopyFailure(owner, source);
     return CopyResult::Failed;
 }
 
@@ -95,16 +124,7 @@ bool RenameNote(const std::wstring& oldPath, const std::wstring& newPath) {
 
 bool RenameFolder(const std::wstring& oldFolder, const std::wstring& newFolder) {
     if (!platform::MoveEntry(oldFolder, newFolder)) return false;
-    const platform::WaitCursor wait;
-    std::vector<platform::FolderEntry> notes;
-    platform::ListFolder(newFolder, L"*.ikw", notes);
-    std::vector<std::wstring> oldArguments;
-    std::vector<std::wstring> newArguments;
-    for (const platform::FolderEntry& note : notes) {
-        oldArguments.push_back(platform::LowerCase(alarms::AlarmArguments(oldFolder + L"\\" + note.name)));
-        newArguments.push_back(alarms::AlarmArguments(newFolder + L"\\" + note.name));
-    }
-    if (!oldArguments.empty()) alarms::MoveAlarms(oldArguments, newArguments);
+    MoveFolderAlarms(oldFolder, newFolder);
     return true;
 }
 
@@ -149,7 +169,10 @@ std::wstring CreateFolder(const std::wstring& folder) {
 CopyResult CopyFolderTree(platform::Window* owner, const std::wstring& source,
                           const std::wstring& destination) {
     std::vector<platform::FolderEntry> entries;
-    platform::ListFolder(app::WithoutTrailingBackslashes(source), L"*.*", entries);
+    if (!platform::ListFolder(app::WithoutTrailingBackslashes(source), L"*.*", entries)) {
+        ShowCopyFailure(owner, source);
+        return CopyResult::Failed;
+    }
     for (const platform::FolderEntry& entry : entries) {
         const std::wstring from = source + entry.name;
         const std::wstring to = destination + entry.name;
@@ -167,7 +190,10 @@ CopyResult CopyFolderTree(platform::Window* owner, const std::wstring& source,
 
 bool MoveFolder(platform::Window* owner, const std::wstring& source, const std::wstring& destination) {
     if (platform::EqualNoCase(source, destination)) return false;
-    if (platform::MoveEntry(source, destination)) return true;
+    if (platform::MoveEntry(source, destination)) {
+        MoveFolderAlarms(source, destination);
+        return true;
+    }
     ShowError(owner,
               L"Moving from '" + source + L"' to '" + destination +
                   L"' failed!\n\nThe source folder may be in use or the destination folder already exists.");

@@ -18,7 +18,7 @@ std::wstring FreeNotePath(const std::wstring& path);
 bool MoveNote(platform::Window* owner, const std::wstring& source, std::wstring& destination);
 
 bool RenameNote(const std::wstring& oldPath, const std::wstring& newPath);
-// Folders without their trailing "\".
+// Folders without their trailing "\". The alarms of all notes in the folder and below follow them.
 bool RenameFolder(const std::wstring& oldFolder, const std::wstring& newFolder);
 
 // Asks, and deletes a note with its memo and alarms. True when it is gone.
@@ -35,6 +35,7 @@ enum class CopyResult { Done = 1, Cancelled = 2, Failed = 3 };
 CopyResult CopyFolderTree(platform::Window* owner, const std::wstring& source,
                           const std::wstring& destination);
 
+// As RenameFolder, with the user told of a failure.
 bool MoveFolder(platform::Window* owner, const std::wstring& source, const std::wstring& destination);
 
 // True for a name that may not be used directly under the root; tells the user.

@@ -4,9 +4,7 @@
 
 namespace {
 
-using platform::FileError;
 using platform::MessageAnswer;
-using platform::host::FileCall;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing_support::kRoot;
@@ -25,12 +23,6 @@ class Operations : public testing_support::ManagerTest {
     std::wstring ArgumentsFor(const std::wstring& below) { return L"\"" + (kRoot + below) + L"\" /alarm"; }
     std::wstring NotePath() { return std::wstring(kRoot) + L"Work\\a.ikw"; }
     std::wstring LastMessage() { return Desk().messages.empty() ? L"" : Desk().messages.back().text; }
-    // Makes the n-th call of a kind fail.
-    void FailCall(FileCall which, int nth = 0) {
-        device.files.fault = [which, nth, seen = 0](FileCall call, const std::wstring&) mutable {
-            return call == which && seen++ == nth ? FileError::Other : FileError::None;
-        };
-    }
     void ThenChoose(const Path& path, const std::wstring& entry) {
         Then([this, path, entry] {
             ChooseEntry(entry);
@@ -126,40 +118,6 @@ TEST_F(Operations, MovingOntoAFileOfThatName) {
     }
     std::wstring same = std::wstring(kRoot) + L"WORK\\A.ikw";
     EXPECT_FALSE(manager::MoveNote(nullptr, NotePath(), same)) << "onto itself";
-}
-
-TEST_F(Operations, AMoveThatFailsStopsWhereItIs) {
-    std::wstring destination = std::wstring(kRoot) + L"Home\\a.ikw";
-    FailCall(FileCall::Move, 0);
-    EXPECT_FALSE(manager::MoveNote(nullptr, NotePath(), destination));
-    EXPECT_EQ(LastMessage(), L"Moving 'a.ikw' failed!");
-    EXPECT_EQ(AlarmArguments(), ArgumentsFor(L"Work\\a.ikw"));
-    FailCall(FileCall::Move, 1);
-    EXPECT_TRUE(manager::MoveNote(nullptr, NotePath(), destination));
-    EXPECT_EQ(LastMessage(), L"Moving 'a.txt' failed!");
-    EXPECT_EQ(AlarmArguments(), ArgumentsFor(L"Home\\a.ikw"));
-    EXPECT_TRUE(Has(L"Work\\a.txt") && Has(L"Home\\a.ikw"));
-}
-
-TEST_F(Operations, ADeletionThatFailsLeavesTheNoteAndItsCompanions) {
-    Desk().answers = {MessageAnswer::Yes, MessageAnswer::Yes};
-    FailCall(FileCall::Erase, 0);
-    EXPECT_FALSE(manager::DeleteNote(nullptr, NotePath()));
-    EXPECT_EQ(LastMessage(), L"Deleting 'a.ikw' failed.");
-    EXPECT_TRUE(Has(L"Work\\a.ikw") && Has(L"Work\\a.txt"));
-    EXPECT_EQ(AlarmArguments(), ArgumentsFor(L"Work\\a.ikw"));
-    FailCall(FileCall::Erase, 1);
-    EXPECT_TRUE(manager::DeleteNote(nullptr, NotePath())) << "a memo that stays does not keep the note";
-    EXPECT_THAT(device.notifications, IsEmpty());
-}
-
-TEST_F(Operations, AFailedRenameChangesNothing) {
-    FailCall(FileCall::Move, 0);
-    EXPECT_FALSE(manager::RenameNote(NotePath(), std::wstring(kRoot) + L"Work\\b.ikw"));
-    FailCall(FileCall::Move, 0);
-    EXPECT_FALSE(manager::RenameFolder(std::wstring(kRoot) + L"Work", std::wstring(kRoot) + L"Attic"));
-    EXPECT_TRUE(Has(L"Work\\a.ikw") && Has(L"Work\\a.txt"));
-    EXPECT_EQ(AlarmArguments(), ArgumentsFor(L"Work\\a.ikw"));
 }
 
 TEST_F(Operations, MovingToADay) {
@@ -288,7 +246,8 @@ TEST_F(Operations, NewFoldersGetFreeNamesAndWaitForTheirOwn) {
 }
 
 TEST_F(Operations, AFolderMovesButNotIntoItself) {
-    device.files.PutFolder(std::wstring(kRoot) + L"Work\\Deep");
+    PutNote(L"Work\\Deep\\d.ikw");
+    alarms::SetNoteAlarm(std::wstring(kRoot) + L"Work\\deep\\D.ikw", {2007, 3, 4, 15, 20, 0, 0, 0});
     Then([this] {
         int menus = 0;
         Path offered;
@@ -307,7 +266,10 @@ TEST_F(Operations, AFolderMovesButNotIntoItself) {
         Desk().chooseFromMenu = nullptr;
     });
     RunManager(std::wstring(kRoot) + L"Work\\");
-    EXPECT_TRUE(Has(L"Home\\Work\\a.ikw") && Has(L"Home\\Work\\Deep"));
+    EXPECT_TRUE(Has(L"Home\\Work\\a.ikw") && Has(L"Home\\Work\\Deep\\d.ikw"));
+    EXPECT_EQ(AlarmArguments(), ArgumentsFor(L"Home\\Work\\a.ikw"));
+    EXPECT_EQ(device.notifications.rbegin()->second.trigger.arguments,
+              ArgumentsFor(L"Home\\Work\\Deep\\d.ikw"));
 }
 
 TEST_F(Operations, CopyingToACard) {
@@ -337,10 +299,6 @@ TEST_F(Operations, CopyingStopsWhereItIsToldTo) {
     Desk().answers = {MessageAnswer::Yes, MessageAnswer::Cancel};
     EXPECT_EQ(manager::CopyFolderTree(nullptr, L"\\From\\", L"\\To\\"), manager::CopyResult::Cancelled);
     EXPECT_EQ(device.files.Get(L"\\To\\a.ikw") + device.files.Get(L"\\To\\b.ikw"), "newold");
-    Desk().answers = {MessageAnswer::No, MessageAnswer::Yes};
-    FailCall(FileCall::Copy);
-    EXPECT_EQ(manager::CopyFolderTree(nullptr, L"\\From\\", L"\\To\\"), manager::CopyResult::Failed);
-    EXPECT_EQ(LastMessage(), L"Copying '\\From\\b.ikw' failed! Operation aborted!");
 }
 
 TEST_F(Operations, NotesAreOpenedAndMadeFromTheTree) {
