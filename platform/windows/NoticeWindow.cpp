@@ -1,7 +1,6 @@
 #include "platform/windows/NoticeWindow.h"
 
 #include "platform/windows/Guards.h"
-#include "res/resource.h"
 
 namespace platform::windows {
 
@@ -9,6 +8,7 @@ namespace {
 
 constexpr wchar_t kClass[] = L"InkwrightNotice";
 constexpr int kWidth = 300;  // of the client area, pixels
+constexpr int kProgramIcon = 128;  // the id every program here gives its own icon
 constexpr int kMargin = 14;
 constexpr int kButtonWidth = 76;
 constexpr int kButtonHeight = 24;
@@ -59,7 +59,7 @@ void ShowNotice(const std::wstring& title, const std::wstring& text) {
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    windowClass.hIcon = LoadIconW(windowClass.hInstance, MAKEINTRESOURCEW(IDI_INKWRIGHT));
+    windowClass.hIcon = LoadIconW(windowClass.hInstance, MAKEINTRESOURCEW(kProgramIcon));
     windowClass.lpszClassName = kClass;
     RegisterClassW(&windowClass);
 
