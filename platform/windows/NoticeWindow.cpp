@@ -7,7 +7,7 @@ namespace platform::windows {
 namespace {
 
 constexpr wchar_t kClass[] = L"InkwrightNotice";
-constexpr int kWidth = 300;  // of the client area, pixels
+constexpr int kWidth = 300;        // of the client area, pixels
 constexpr int kProgramIcon = 128;  // the id every program here gives its own icon
 constexpr int kMargin = 14;
 constexpr int kButtonWidth = 76;
