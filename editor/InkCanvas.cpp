@@ -221,7 +221,8 @@ bool InkCanvas::SaveOrDiscard(bool& discarded) {
 void InkCanvas::ScheduleAlarm() {
     platform::DateTime moment;
     const std::wstring& path = page_.notePath;
-    if (!app::EndsWithNoCase(path, app::kNoteExtension) || !alarms::ReadAlarmStamp(alarmStamp_, moment)) return;
+    if (!app::EndsWithNoCase(path, app::kNoteExtension) || !alarms::ReadAlarmStamp(alarmStamp_, moment))
+        return;
     const bool isSet = alarms::SetNoteAlarm(path, moment);
     platform::ShowMessage(this, isSet ? L"Alarm is successfully set!" : L"Setting alarm failed!",
                           L" " + platform::DateAndTime(moment), MessageButtons::Ok,

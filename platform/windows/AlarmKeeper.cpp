@@ -32,9 +32,9 @@ int64_t LocalTicks(const DateTime& moment) {
     return static_cast<int64_t>(static_cast<uint64_t>(file.dwHighDateTime) << 32 | file.dwLowDateTime);
 }
 
-// The same moment for a timer that follows the system's clock; from now on at the earliest. Where the rules of
-// the time zone make a local time fall twice or not at all, the moment may have passed already while the entry
-// is not due yet: the timer then asks again a little later.
+// The same moment for a timer that follows the system's clock; from now on at the earliest. Where the rules
+// of the time zone make a local time fall twice or not at all, the moment may have passed already while the
+// entry is not due yet: the timer then asks again a little later.
 bool TimerTicks(const DateTime& moment, LARGE_INTEGER& ticks) {
     SYSTEMTIME local = platform::windows::SystemTimeOf(moment);
     SYSTEMTIME universal{};
