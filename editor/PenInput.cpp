@@ -60,6 +60,7 @@ bool PenInput::PenUp(ink::Point place) {
         drag_ = PenTool::Pen;  // nothing is left to give up when the pen is released
         window_.ReleasePen();
     }
+    if (tracking_ && drag_ != PenTool::Pen) CaptureLost();  // lifted elsewhere
     tracking_ = false;
     return pageChanged;
 }

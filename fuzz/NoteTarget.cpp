@@ -1,5 +1,5 @@
-// Reads any bytes as a note, looks at them the way the preview does, paints a view of what was read and saves
-// it.
+// Reads any bytes as a note, looks at them the way the preview does, paints a view of what was read, saves
+// it, erases in it and moves its ink.
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -9,6 +9,7 @@
 #include "ink/InkPainter.h"
 #include "ink/NoteFile.h"
 #include "ink/NoteScanner.h"
+#include "ink/PageEdits.h"
 
 namespace {
 
@@ -39,6 +40,38 @@ void PaintViews(const ink::InkPage& page) {
     }
 }
 
+struct Ink {
+    size_t strokes = 0;
+    int64_t points = 0;
+};
+
+Ink Count(const ink::InkPage& page) {
+    Ink ink;
+    for (size_t slot = 0; slot < page.SlotCount(); ++slot) {
+        const ink::StrokeBand* band = page.Band(slot);
+        for (size_t i = 0; band != nullptr && i < band->Count(); ++i) {
+            ++ink.strokes;
+            ink.points += band->At(i).count;
+        }
+    }
+    return ink;
+}
+
+void Edit(ink::InkPage& page) {
+    const Ink before = Count(page);
+    for (const int64_t rows : {40, -500, 3000}) {
+        ink::MoveStrokes(page, 20, rows);
+        const Ink after = Count(page);
+        Require(after.strokes == before.strokes && after.points == before.points, "moving loses nothing");
+    }
+    ink::SweptRegion region;
+    for (int64_t i = 0; i < 40; ++i) Require(region.AddSquare(i * 5 - 20, i * 9 - 10), "a square");
+    ink::EraseStrokes(page, region);
+    Require(Count(page).points <= before.points, "erasing adds nothing");
+    page.TrimTrailingBands();
+    PaintViews(page);
+}
+
 void LoadAndSave(const uint8_t* data, size_t size, int32_t bandHeight) {
     ink::MemorySource source(data, size);
     ink::NoteFileHeader header;
@@ -65,6 +98,7 @@ void LoadAndSave(const uint8_t* data, size_t size, int32_t bandHeight) {
     ink::MemorySink savedAgain;
     ink::WriteNote(savedAgain, copy);
     Require(savedAgain.Bytes() == saved.Bytes(), "a saved note stays the same");
+    Edit(copy);
 }
 
 void Scan(const uint8_t* data, size_t size) {

@@ -260,14 +260,4 @@ TEST_F(Eraser, ExactlyTheChosenToolIsChecked) {
     EXPECT_THAT(Rows(*page), ElementsAre(100)) << "a colour brings the pen back";
 }
 
-TEST_F(Eraser, TheWheelScrollsByLines) {
-    Edited([this] {
-        Desk().Stroke({{30, 100}});
-        Desk().TurnWheel(-1);  // makes room, as the key does
-        EXPECT_EQ(ScrollBar().position, 187);
-        Desk().TurnWheel(2);
-        EXPECT_EQ(ScrollBar().position, 187 - 2 * 26);
-    });
-}
-
 }  // namespace
