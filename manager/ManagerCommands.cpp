@@ -16,6 +16,7 @@
 #include "platform/MessageBox.h"
 #include "platform/Notifications.h"
 #include "res/resource.h"
+#include "search/FindDialog.h"
 
 namespace manager {
 
@@ -39,6 +40,7 @@ const ManagerWindow::Command ManagerWindow::kCommands[] = {
     {IDM_ADD_NOTE, &ManagerWindow::AddNote},
     {IDM_OPEN, &ManagerWindow::OpenNote},
     {IDM_DELETE, &ManagerWindow::Delete},
+    {IDM_FIND, &ManagerWindow::Find},
     {IDM_MANAGER_TOOLS, &ManagerWindow::ShowToolsMenu},
     {IDM_CALENDAR, &ManagerWindow::ToggleCalendar},
     {IDM_PREVIOUS_MONTH, &ManagerWindow::ShowPreviousMonth},
@@ -276,6 +278,16 @@ void ManagerWindow::DeleteAlarm() {
     if (tree_.Image(item) != kAlarm) return;
     platform::ClearNotification(static_cast<platform::NotificationHandle>(tree_.Data(item)));
     tree_.Remove(item);
+}
+
+// What is found is shown in the tree, so there is nothing to find while the calendar hides it.
+void ManagerWindow::Find() {
+    if (calendarMode_) return;
+    const auto relativePath = [this](TreeItem item, std::wstring& path) {
+        path = folders_.RelativePath(item);
+        return !path.empty();
+    };
+    search::FindDialog({folders_.RootPrefix(), tree_, folders_.NotesTop(), relativePath}).RunModal(this);
 }
 
 // The tools menu.

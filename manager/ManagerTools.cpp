@@ -35,7 +35,7 @@ void UpdateToolBar(platform::ToolBar& tools, const ToolSituation& situation) {
     tools.SetEnabled(IDM_PREVIOUS_MONTH, situation.calendarMode);
     tools.SetEnabled(IDM_NEXT_MONTH, situation.calendarMode);
     tools.SetEnabled(IDM_CURRENT_MONTH, situation.calendarMode && !situation.showsCurrentMonth);
-    tools.SetEnabled(IDM_FIND, false);  // there is no search yet
+    tools.SetEnabled(IDM_FIND, !situation.calendarMode);
 }
 
 }  // namespace manager

@@ -62,6 +62,7 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     void SetAlarm();
     void RefreshAlarms();
     void DeleteAlarm();
+    void Find();
     void ShowToolsMenu();
     void ShowOptions();
     void ShowAbout();

@@ -56,6 +56,7 @@ class Dialog : public Window {
 
     // Rectangles in pixels of the handheld's screen.
     Rect WindowRect() const;
+    Rect OwnerRect() const;  // of the window that the dialog was opened over
     Rect ItemRect(int id) const;
     void Place(const Rect& windowRect);
 

@@ -15,6 +15,9 @@ bool EqualNoCase(const std::wstring& a, const std::wstring& b);
 // The text in lower case, code unit by code unit: equal for texts that EqualNoCase calls equal.
 std::wstring LowerCase(std::wstring text);
 
+// The text with its capital letters made small and nothing else changed.
+std::wstring SmallLetters(std::wstring text);
+
 // How the user's locale orders two names: negative, zero or positive.
 int CompareNames(const std::wstring& a, const std::wstring& b);
 

@@ -12,7 +12,8 @@ namespace platform {
 using TreeItem = uintptr_t;  // 0 = none
 
 // A tree of texts with images, a child control of a Screen. Its events arrive at the parent's TreeEvents.
-// Operations on item 0 do nothing and read as empty.
+// Operations on item 0 do nothing and read as empty. Questions may be asked from any thread; they are
+// answered in the thread that made the tree.
 class TreeView {
   public:
     // How two children compare by their data: negative, zero or positive.
@@ -69,6 +70,9 @@ class TreeView {
     bool HasOverlay(TreeItem item) const;
     bool IsSelected(TreeItem item) const;
     bool IsExpanded(TreeItem item) const;
+
+    // What the item's button says; true for an item flagged so even when it has no child yet.
+    bool HasChildren(TreeItem item) const;
 
     TreeItem FirstRoot() const;
     TreeItem FirstChild(TreeItem item) const;

@@ -76,6 +76,11 @@ class Window {
     void PostCommand(int id);
     void PostScroll(ScrollCode code);
 
+    // OnPrivateMessage of this window in the thread that made it; these two may be called from any thread.
+    // The first returns when it was handled, the second at once. Without effect once the window is gone.
+    void SendPrivateMessage(uint32_t code, intptr_t payload);
+    void PostPrivateMessage(uint32_t code, intptr_t payload);
+
     // Ends the modal run of this window with `result`.
     void EndModal(int result);
 

@@ -65,6 +65,7 @@ class HostDesk {
     int waitCursorDepth = 0;
     int waitCursors = 0;  // how often it came up
     bool menuBarFails = false;
+    bool workersFail = false;
     ScreenSize screen{480, 640};
 
     // What went wrong in the script itself, such as a window left open at its end. Empty in a good test.
@@ -72,7 +73,8 @@ class HostDesk {
 
     // For the port.
     int RunModal(Window& window);
-    void Post(Window& window, std::function<void()> event) { posted_.push_back({&window, std::move(event)}); }
+    // An event for `window`, forgotten when that closes; one for null stays.
+    void Post(Window* window, std::function<void()> event) { posted_.push_back({window, std::move(event)}); }
     bool StepWaiting() const { return !steps_.empty(); }
 
   private:

@@ -2,6 +2,7 @@
 #include <cwchar>
 #include <cwctype>
 #include <iterator>
+#include <utility>
 
 #include "platform/Locale.h"
 #include "platform/TextEncoding.h"
@@ -95,6 +96,8 @@ std::wstring LowerCase(std::wstring text) {
     }
     return text;
 }
+
+std::wstring SmallLetters(std::wstring text) { return LowerCase(std::move(text)); }
 
 int CompareNames(const std::wstring& a, const std::wstring& b) {
     const int order = LowerCase(a).compare(LowerCase(b));

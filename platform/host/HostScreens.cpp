@@ -131,6 +131,11 @@ void Dialog::SetPicked(int id, const DateTime& moment) {
 
 Rect Dialog::WindowRect() const { return impl_->place; }
 
+Rect Dialog::OwnerRect() const {
+    const ScreenSize screen = HandheldScreen();
+    return {0, 0, screen.width, screen.height};
+}
+
 Rect Dialog::ItemRect(int id) const {
     const auto item = impl_->items.find(id);
     if (item == impl_->items.end()) return {};

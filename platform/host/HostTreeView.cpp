@@ -132,6 +132,10 @@ bool TreeView::HasOverlay(TreeItem item) const { return item != 0 && NodeOf(item
 bool TreeView::IsSelected(TreeItem item) const { return item != 0 && NodeOf(item) == impl_->selected; }
 bool TreeView::IsExpanded(TreeItem item) const { return item != 0 && NodeOf(item)->expanded; }
 
+bool TreeView::HasChildren(TreeItem item) const {
+    return item != 0 && (NodeOf(item)->flagged || !NodeOf(item)->children.empty());
+}
+
 TreeItem TreeView::FirstRoot() const {
     return impl_->root.children.empty() ? 0 : ItemOf(impl_->root.children.front().get());
 }
@@ -202,6 +206,8 @@ std::vector<std::wstring> HostTree::Texts(const std::vector<std::wstring>& path)
     for (; item != 0; item = tree_.NextSibling(item)) texts.push_back(tree_.Text(item));
     return texts;
 }
+
+void HostTree::FlagAsParent(const std::vector<std::wstring>& path) { NodeOf(Find(path))->flagged = true; }
 
 void HostTree::Tap(const std::vector<std::wstring>& path) { tree_.Select(Find(path)); }
 

@@ -18,6 +18,7 @@ struct HostTreeNode {
     bool bold = false;
     bool overlay = false;
     bool expanded = false;
+    bool flagged = false;            // shown as having children whether it has any or not
     HostTreeNode* parent = nullptr;  // null for the invisible root
     std::list<std::unique_ptr<HostTreeNode>> children;
 };
@@ -51,6 +52,7 @@ class HostTree {
     TreeItem Find(const std::vector<std::wstring>& path) const;
     // Texts of an item's children; of the top items without a path.
     std::vector<std::wstring> Texts(const std::vector<std::wstring>& path = {}) const;
+    void FlagAsParent(const std::vector<std::wstring>& path);
 
     void Tap(const std::vector<std::wstring>& path);
     void Activate(const std::vector<std::wstring>& path);  // double tap

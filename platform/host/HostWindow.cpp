@@ -106,11 +106,20 @@ void Window::SetScrollPosition(int position) {
 }
 
 void Window::PostCommand(int id) {
-    HostDevice::Current().desk.Post(*this, [this, id] { OnCommand(id); });
+    HostDevice::Current().desk.Post(this, [this, id] { OnCommand(id); });
 }
 
 void Window::PostScroll(ScrollCode code) {
-    HostDevice::Current().desk.Post(*this, [this, code] { OnScroll(code, 0); });
+    HostDevice::Current().desk.Post(this, [this, code] { OnScroll(code, 0); });
+}
+
+void Window::SendPrivateMessage(uint32_t code, intptr_t payload) {
+    if (Exists()) OnPrivateMessage(code, payload);
+}
+
+void Window::PostPrivateMessage(uint32_t code, intptr_t payload) {
+    if (!Exists()) return;
+    HostDevice::Current().desk.Post(this, [this, code, payload] { OnPrivateMessage(code, payload); });
 }
 
 void Window::EndModal(int result) {

@@ -118,6 +118,13 @@ Rect Dialog::WindowRect() const {
     return windows::ToHandheld(impl_->frame, place);
 }
 
+Rect Dialog::OwnerRect() const {
+    RECT place{};
+    const HWND owner = impl_->frame ? GetWindow(impl_->frame, GW_OWNER) : nullptr;
+    if (!owner || !GetWindowRect(owner, &place)) return {};
+    return windows::ToHandheld(impl_->frame, place);
+}
+
 Rect Dialog::ItemRect(int id) const {
     RECT place{};
     const HWND item = Item(impl_->frame, id);

@@ -108,6 +108,11 @@ std::wstring LowerCase(std::wstring text) {
     return text;
 }
 
+std::wstring SmallLetters(std::wstring text) {
+    CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
+    return text;
+}
+
 int CompareNames(const std::wstring& a, const std::wstring& b) { return lstrcmpW(a.c_str(), b.c_str()); }
 
 }  // namespace platform

@@ -254,6 +254,13 @@ bool TreeView::IsExpanded(TreeItem item) const {
     return FirstChild(item) != 0 && impl_->State(SystemItem(item), TVIS_EXPANDED) != 0;
 }
 
+bool TreeView::HasChildren(TreeItem item) const {
+    TVITEMW known{};
+    known.mask = TVIF_CHILDREN;
+    known.hItem = SystemItem(item);
+    return GetItem(impl_->tree, known) && known.cChildren != 0;
+}
+
 TreeItem TreeView::FirstRoot() const { return ContractItem(Relative(impl_->tree, TVGN_ROOT, nullptr)); }
 
 TreeItem TreeView::FirstChild(TreeItem item) const {

@@ -204,6 +204,14 @@ void Window::PostScroll(ScrollCode code) {
     if (impl_->page) PostMessageW(impl_->page, WM_VSCROLL, SystemScrollCode(code), 0);
 }
 
+void Window::SendPrivateMessage(uint32_t code, intptr_t payload) {
+    if (const HWND frame = impl_->frame) SendMessageW(frame, kPrivateMessage, code, payload);
+}
+
+void Window::PostPrivateMessage(uint32_t code, intptr_t payload) {
+    if (const HWND frame = impl_->frame) PostMessageW(frame, kPrivateMessage, code, payload);
+}
+
 void Window::EndModal(int result) {
     impl_->ended = true;
     impl_->result = result;

@@ -137,6 +137,7 @@ TEST_F(TreeContract, ItemsHaveTheirPlaces) {
         EXPECT_EQ(tree_.Parent(work_), 0u);
         EXPECT_EQ(tree_.Parent(notes_[2]), work_);
         EXPECT_EQ(tree_.FirstChild(home_), 0u);
+        EXPECT_TRUE(tree_.HasChildren(work_) && !tree_.HasChildren(home_) && !tree_.HasChildren(notes_[0]));
         EXPECT_THAT(Children(work_), ElementsAre(L"Note 3", L"Note 2", L"Note 1"));
         for (const wchar_t* text : {L"m", L"a", L"z", L"f"}) tree_.Insert(home_, kSorted, text, 3, 0);
         EXPECT_THAT(Children(home_), ElementsAre(L"a", L"f", L"m", L"z"));
@@ -238,6 +239,7 @@ TEST_F(TreeContract, DroppedChildrenCanComeBack) {
             tree_.Select(notes_[0]);
             tree_.CollapseAndDrop(work_);
             EXPECT_THAT(Children(work_), IsEmpty()) << round;
+            EXPECT_FALSE(tree_.HasChildren(work_)) << round;
             EXPECT_FALSE(tree_.IsExpanded(work_)) << round;
             EXPECT_EQ(tree_.Selection(), work_) << round;
         }

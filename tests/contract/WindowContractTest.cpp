@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "platform/Worker.h"
 #include "tests/contract/Recording.h"
 
 namespace contract {
@@ -260,6 +261,42 @@ TEST_F(WindowContract, WindowsThatDoNotExist) {
     EXPECT_EQ(screen.ClientWidth(), 0);
     EXPECT_FALSE(screen.CreateMenuBar({}));
     EXPECT_TRUE(screen.log.empty());
+}
+
+TEST_F(WindowContract, WorkersReachAWindowByItsPrivateMessages) {
+    TestScreen screen(Screen::ScrollBar::None);
+    platform::Worker worker;
+    EXPECT_FALSE(worker.Exists());
+    worker.Wait();
+    std::vector<std::string> afterSending;
+    Run(
+        screen,
+        [&] {
+            ASSERT_TRUE(worker.Create([&] {
+                screen.PostPrivateMessage(1, 10);
+                screen.SendPrivateMessage(2, 20);
+                afterSending = screen.log;
+                screen.SendPrivateMessage(3, 30);
+            }));
+            EXPECT_FALSE(worker.Create([] {}));
+            EXPECT_TRUE(screen.log.empty()) << "it has not been resumed";
+            worker.Resume();
+        },
+        [&] {
+            worker.Wait();
+            EXPECT_FALSE(worker.Exists());
+        },
+        [&] {
+            // Waited for at once: what it sends is handled all the same.
+            ASSERT_TRUE(worker.Create([&] { screen.SendPrivateMessage(4, 40); }));
+            worker.Resume();
+            worker.Wait();
+        });
+    EXPECT_THAT(afterSending, testing::Contains("private 2 20"));
+    EXPECT_THAT(screen.log, testing::UnorderedElementsAre("private 1 10", "private 2 20", "private 3 30",
+                                                          "private 4 40", "destroy"));
+    screen.SendPrivateMessage(5, 50);
+    EXPECT_EQ(screen.log.back(), "destroy");
 }
 
 }  // namespace

@@ -168,25 +168,72 @@ std::string Picture(Arguments& arguments) {
     return std::to_string(sum);
 }
 
+// Memory of another window's program, for messages that carry addresses.
+class RemoteMemory {
+  public:
+    RemoteMemory(HWND window, size_t size) {
+        DWORD process = 0;
+        GetWindowThreadProcessId(window, &process);
+        handle_.reset(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, process));
+        address_ = VirtualAllocEx(handle_.get(), nullptr, size, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
+    }
+    RemoteMemory(const RemoteMemory&) = delete;
+    RemoteMemory& operator=(const RemoteMemory&) = delete;
+    ~RemoteMemory() { VirtualFreeEx(handle_.get(), address_, 0, MEM_RELEASE); }
+
+    char* Address() const { return static_cast<char*>(address_); }
+    void Write(const void* from, size_t size) {
+        WriteProcessMemory(handle_.get(), address_, from, size, nullptr);
+    }
+    void Read(void* to, size_t size, size_t offset = 0) const {
+        ReadProcessMemory(handle_.get(), Address() + offset, to, size, nullptr);
+    }
+
+  private:
+    OwnedHandle handle_;
+    void* address_ = nullptr;
+};
+
 // A tool bar writes a button's place into its own program's memory.
 std::string ToolPlace(Arguments& arguments) {
     const HWND bar = WindowFrom(arguments);
     WPARAM command = 0;
     arguments >> command;
-    DWORD process = 0;
-    GetWindowThreadProcessId(bar, &process);
-    const OwnedHandle handle(
-        OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, process));
-    void* remote =
-        VirtualAllocEx(handle.get(), nullptr, sizeof(RECT), MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
+    RemoteMemory memory(bar, sizeof(RECT));
     RECT place{};
-    SendMessageW(bar, TB_GETRECT, command, reinterpret_cast<LPARAM>(remote));
-    ReadProcessMemory(handle.get(), remote, &place, sizeof place, nullptr);
-    VirtualFreeEx(handle.get(), remote, 0, MEM_RELEASE);
+    SendMessageW(bar, TB_GETRECT, command, reinterpret_cast<LPARAM>(memory.Address()));
+    memory.Read(&place, sizeof place);
     POINT origin{0, 0};
     ClientToScreen(bar, &origin);
     OffsetRect(&place, origin.x, origin.y);
     return Listed(place);
+}
+
+// The system carries a control's new text over to its program.
+std::string SendText(Arguments& arguments) {
+    const HWND window = WindowFrom(arguments);
+    std::string text;
+    std::getline(arguments >> std::ws, text);
+    const std::wstring wide(text.begin(), text.end());
+    SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(wide.c_str()));
+    return "true";
+}
+
+// Text of a tree's selected item.
+std::string Selected(Arguments& arguments) {
+    constexpr int kLength = 256;
+    const HWND tree = WindowFrom(arguments);
+    RemoteMemory memory(tree, sizeof(TVITEMW) + kLength * sizeof(wchar_t));
+    TVITEMW item{};
+    item.mask = TVIF_TEXT;
+    item.hItem = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0));
+    item.pszText = reinterpret_cast<wchar_t*>(memory.Address() + sizeof item);
+    item.cchTextMax = kLength;
+    memory.Write(&item, sizeof item);
+    if (!SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(memory.Address()))) return "null";
+    wchar_t text[kLength] = L"";
+    memory.Read(text, sizeof text - sizeof(wchar_t), sizeof item);
+    return Quoted(text);
 }
 
 // [type, [byte, ...]] of a setting, null when there is none.
@@ -231,9 +278,11 @@ std::string Clean(Arguments&) {
 constexpr struct {
     const char* name;
     std::string (*run)(Arguments&);
-} kCommands[] = {{"windows", Windows}, {"children", Children}, {"send", Send},       {"post", Post},
-                 {"haspen", HasPen},   {"pixel", Pixel},       {"picture", Picture}, {"toolplace", ToolPlace},
-                 {"setting", Setting}, {"settext", SetText},   {"clean", Clean}};
+} kCommands[] = {{"windows", Windows},   {"children", Children},   {"send", Send},
+                 {"post", Post},         {"haspen", HasPen},       {"pixel", Pixel},
+                 {"picture", Picture},   {"toolplace", ToolPlace}, {"setting", Setting},
+                 {"sendtext", SendText}, {"selected", Selected},   {"settext", SetText},
+                 {"clean", Clean}};
 
 std::string Answer(const std::string& line) {
     Arguments arguments(line);

@@ -64,6 +64,73 @@ class Dialogs(case.Case):
         self.assertIsNone(self.desk.ask("setting SaveAs_NoteFN"))
         self.close(program, frame)
 
+    def open_search(self, options, text):
+        program, frame, _ = self.open("", "Inkwright")
+        self.desk.post_command(frame, FIND)
+        find = self.desk.window(" Find...")
+        for bit, box in enumerate((1032, 1033, 1034)):
+            control = self.desk.child(find, id=box)
+            if self.send(control, BM_GETCHECK) != (options >> bit & 1):
+                self.send(control, BM_CLICK)
+        self.send_text(find, 1031, text)
+        return program, frame, find
+
+    def send_text(self, window, control, text):
+        handle = self.desk.child(window, id=control)["handle"]
+        self.desk.ask(f"sendtext {handle} {text}")
+        self.assertEqual(self.desk.child(window, id=control)["text"], text)
+
+    def is_idle(self, find):
+        return self.desk.child(find, id=1029)["enabled"]
+
+    def selected(self, frame):
+        tree = self.desk.child(frame, id=1010)
+        return self.desk.ask(f"selected {tree['handle']}")
+
+    def put_store(self, folders, notes):
+        for i in range(folders):
+            for j in range(notes):
+                self.put_note(f"Folder {i}/Note {j}.ikw").with_suffix(".txt").write_text("some words\n" * 20)
+
+    def test_matches_are_found_one_after_another(self):
+        self.put_note("Work/Garden.ikw")
+        self.put_note("Work/Plan.ikw").with_suffix(".txt").write_text("the GARDEN door")
+        program, frame, find = self.open_search(7, "garden")
+        place, around = find["place"], self.desk.window("Inkwright")["place"]
+        self.assertEqual(place[2:], around[2:], "bottom right of its parent")
+        for button, name in ((1029, "Garden"), (1030, "Plan")):
+            self.click(find, button)
+            desk.wait_for(f"{name} to be found", lambda: self.selected(frame) == name and self.is_idle(find))
+        self.click(find, 1030)
+        message = self.desk.window(" Inkwright")
+        self.assertEqual(self.desk.child(message, id=0xFFFF)["text"], "Finished searching for files/folders.")
+        self.desk.key("Return")
+        desk.wait_for("the search to end", lambda: self.is_idle(find))
+        self.click(find, IDCANCEL)
+        self.desk.wait_until_gone(find)
+        self.assertEqual(self.text_setting("SearchLastText"), (1, "garden\0"))
+        self.assertEqual(self.desk.number_setting("SearchOpt"), (4, 7))
+        self.close(program, frame)
+
+    def test_it_is_cancelled_and_closed_a_hundred_times(self):
+        self.put_store(20, 25)
+        program, frame, find = self.open_search(4, "nowhere")
+        for round_number in range(60):
+            self.click(find, 1029)
+            desk.wait_for("the search", lambda: not self.is_idle(find))
+            self.click(find, IDCANCEL)
+            desk.wait_for("its end", lambda: self.is_idle(find))
+        for round_number in range(40):
+            self.click(find, 1029)
+            desk.wait_for("the search", lambda: not self.is_idle(find))
+            self.desk.ask(f"post {find['handle']} {desk.WM_COMMAND} {IDOK} 0")
+            self.desk.wait_until_gone(find)
+            self.desk.post_command(frame, FIND)
+            find = self.desk.window(" Find...")
+        self.click(find, IDCANCEL)
+        self.desk.wait_until_gone(find)
+        self.close(program, frame)
+
 
 if __name__ == "__main__":
     case.main()

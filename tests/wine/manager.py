@@ -35,7 +35,7 @@ class Manager(case.Case):
         self.wait_for_state(frame, ADD_NOTE, desk.ENABLED, True)
         self.desk.key("Down")
         self.wait_for_state(frame, OPEN, desk.ENABLED, True)
-        self.assertFalse(self.desk.tool_state(frame, FIND) & desk.ENABLED)
+        self.assertTrue(self.desk.tool_state(frame, FIND) & desk.ENABLED)
 
         self.desk.key("Return")
         editor = self.desk.window("a - Inkwright")
