@@ -21,6 +21,13 @@ def window_named(name):
     return int(place["X"]), int(place["Y"]), int(place["WIDTH"]), int(place["HEIGHT"])
 
 
+def take_picture(window, path):
+    left, top, width, height = window
+    tool("sleep", 0.7)
+    subprocess.run(["import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "+repage", str(path)],
+                   check=True)
+
+
 class Page:
     def __init__(self):
         left, top, width, height = window_named("Inkwright$")
@@ -48,12 +55,9 @@ class Page:
         tool("mousemove", self.left + x, self.top + y, "click", 1)
 
     def picture(self, path, pointer_away=True):
-        left, top, width, height = self.window
         if pointer_away:
             tool("mousemove", 1, 1)
-        tool("sleep", 0.7)
-        subprocess.run(["import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "+repage", str(path)],
-                       check=True)
+        take_picture(self.window, path)
 
 
 def sun(center_x, center_y):
@@ -119,5 +123,12 @@ def show_manager(folder):
     tool("key", "alt+F4")
 
 
+def show_notice(folder):
+    take_picture(window_named("Alarm$"), folder / "notice.png")
+    tool("search", "--name", "Inkwright$", "windowfocus")
+    tool("key", "alt+F4")
+
+
 if __name__ == "__main__":
-    {"page": write_page, "tools": show_eraser_and_space, "manager": show_manager}[sys.argv[1]](pathlib.Path(sys.argv[2]))
+    shows = {"page": write_page, "tools": show_eraser_and_space, "manager": show_manager, "notice": show_notice}
+    shows[sys.argv[1]](pathlib.Path(sys.argv[2]))
