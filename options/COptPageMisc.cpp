@@ -36,8 +36,8 @@ COptPageMisc::COptPageMisc() : PropertyPage(IDD_OPTIONS_MISC) {}
 
 bool COptPageMisc::OnCreate() {
     const app::Settings settings;
-    std::vector<std::wstring> days;
-    for (int day = 0; day < kDays; ++day) days.push_back(platform::DayName(day));
+    std::vector<std::wstring> days(kDays);
+    for (int day = 0; day < kDays; ++day) days[static_cast<size_t>(day)] = platform::DayName(day);
     SetChoices(IDC_FIRST_DAY, days);
     Choose(IDC_FIRST_DAY, static_cast<int>(settings.FindNumber(SettingId::FirstDayOfWeek)
                                                .value_or(static_cast<uint32_t>(platform::FirstDayOfWeek()))));

@@ -7,6 +7,7 @@ import sys
 import handwriting
 
 PAGE_TOOLS = {"pen 2": 74, "pen 3": 93, "palette": 131, "space": 158, "eraser": 177}  # x of tool buttons in the window's client area
+MANAGER_TOOLS = 181  # x of its tools button
 TOOL_ROW = 599  # y of the tool bar's middle
 
 
@@ -117,6 +118,16 @@ def show_manager(folder):
     tool("sleep", 0.7)
     page.click(95, first_note)
     page.picture(folder / "manager.png")
+    tool("key", "ctrl+f")
+    window_named("Find...")
+    tool("sleep", 0.5, "type", "garden")
+    page.picture(folder / "find.png")
+    tool("key", "Escape", "sleep", 0.5)
+    page.click(MANAGER_TOOLS)
+    tool("sleep", 0.5, "key", "Down", "Return")
+    window_named("Options")
+    page.picture(folder / "options.png")
+    tool("key", "Escape", "sleep", 0.5)
     page.click(88)
     page.picture(folder / "calendar.png")
     tool("search", "--name", "Inkwright$", "windowfocus")
