@@ -6,6 +6,7 @@
 #include "alarms/AlarmTimeDialog.h"
 #include "alarms/NoteAlarm.h"
 #include "app/StorePaths.h"
+#include "editor/NoteMail.h"
 #include "editor/NoteStorage.h"
 #include "editor/PageScroll.h"
 #include "options/ColorPalette.h"
@@ -49,6 +50,7 @@ const InkCanvas::Command InkCanvas::kCommands[] = {
     {IDM_ERASER, &InkCanvas::UseEraser},
     {IDM_FULL_ERASE, &InkCanvas::FullErase},
     {IDM_SET_ALARM, &InkCanvas::SetAlarmAndExit},
+    {IDM_SEND_EMAIL, &InkCanvas::SendAsEmail},
 };
 
 InkCanvas::InkCanvas(app::PenSettings& pen, const Opening& opening)
@@ -136,7 +138,7 @@ void InkCanvas::ShowToolsMenu() {
     menu.Add(IDM_TEXT_MEMO, L"Edit Text Memo", false);
     menu.Add(IDM_SET_ALARM, L"Set Alarm and Exit", hasInk);
     menu.AddSeparator();
-    menu.Add(IDM_SEND_EMAIL, L"Send as Email Attachment", false);
+    menu.Add(IDM_SEND_EMAIL, L"Send as Email Attachment", hasInk);
     const platform::ScreenSize screen = platform::HandheldScreen();
     OnCommand(menu.Choose(*this, {screen.width - kMenuInset, screen.height - kMenuInset}));
 }
@@ -188,6 +190,8 @@ void InkCanvas::SetAlarmAndExit() {
     alarmStamp_ = alarms::MakeAlarmStamp(dialog.Moment());
     PostCommand(platform::kIdOk);
 }
+
+void InkCanvas::SendAsEmail() { SendNote(*this, page_); }
 
 void InkCanvas::Close() {
     if (closing_) return;

@@ -64,6 +64,7 @@ class InkCanvas : public platform::Screen {
     void UseEraser() { UseTool(PenTool::Eraser, IDM_ERASER); }
     void FullErase();
     void SetAlarmAndExit();
+    void SendAsEmail();
     void Close();
 
     void UseTool(PenTool tool, int command);

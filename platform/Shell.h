@@ -6,6 +6,8 @@
 
 namespace platform {
 
+class Window;
+
 // Full path of the running program's executable, as the notification database is to start it (host path).
 std::wstring ProgramPath();
 
@@ -26,6 +28,9 @@ bool NotifyTodayItem(const std::wstring& title);
 bool HasTodayScreen();
 // Makes the Today screen read its items again.
 void ReloadTodayScreen();
+
+// Starts the handheld's mail program with a new message that carries the file; what becomes of it is not told.
+void StartMailProgram(Window& owner, const std::wstring& attachment);
 
 // Asks the on-screen input panel to come up or go down; nothing happens where there is none.
 void ShowInputPanel(bool up);

@@ -125,6 +125,10 @@ bool HasTodayScreen() { return HostDevice::Current().todayScreen; }
 
 void ReloadTodayScreen() { ++HostDevice::Current().todayReloads; }
 
+void StartMailProgram(Window&, const std::wstring& attachment) {
+    HostDevice::Current().mailed.push_back(attachment);
+}
+
 void ShowInputPanel(bool) {}
 
 }  // namespace platform

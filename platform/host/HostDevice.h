@@ -62,6 +62,8 @@ class HostDevice {
     bool notificationsFail = false;
     std::set<NotificationHandle> unreadableNotifications;
 
+    std::vector<std::wstring> mailed;  // attachments handed to the mail program
+
     // How many pictures can still be made before memory is short.
     int picturesLeft = 1 << 30;
 

@@ -18,5 +18,6 @@
 #include <commctrl.h>
 #include <objbase.h>
 #include <oleauto.h>
+#include <shellapi.h>
 #include <shlobj.h>
 // clang-format on
