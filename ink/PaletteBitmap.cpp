@@ -1,5 +1,6 @@
 #include "ink/PaletteBitmap.h"
 
+#include <algorithm>
 #include <cstring>
 #include <exception>
 #include <limits>
@@ -12,6 +13,7 @@ constexpr uint32_t kInfoHeaderSize = 40;
 constexpr uint32_t kPaletteSize = 256 * 4;
 constexpr uint32_t kPixelOffset = kFileHeaderSize + kInfoHeaderSize + kPaletteSize;
 constexpr ColorRef kColorMask = 0x00FFFFFF;
+constexpr int kKnownBits = 18;
 
 // An even 6 x 6 x 6 colour cube, then a grey ramp for the other 40 entries.
 ColorRef DefaultEntry(uint32_t index) {
@@ -66,18 +68,20 @@ size_t PaletteBitmap::Place(int32_t x, int32_t y) const {
 
 uint8_t PaletteBitmap::PaletteIndex(ColorRef color) {
     const ColorRef wanted = color & kColorMask;
+    if (used_ == 256) return Nearest(wanted);
     for (int i = 0; i < used_; ++i) {
         if (palette_[static_cast<size_t>(i)] == wanted) return static_cast<uint8_t>(i);
     }
-    if (used_ == 256) return Nearest(wanted);
     palette_[static_cast<size_t>(used_)] = wanted;
     return static_cast<uint8_t>(used_++);
 }
 
+// Distances carry their index in the low byte: one plain minimum over all entries, which compilers turn into
+// block instructions, gives the first of the nearest.
 uint8_t PaletteBitmap::Nearest(ColorRef color) const {
-    size_t best = 0;
-    for (size_t i = 1; i < palette_.size(); ++i) {
-        if (Distance(palette_[i], color) < Distance(palette_[best], color)) best = i;
+    uint32_t best = std::numeric_limits<uint32_t>::max();
+    for (uint32_t i = 0; i < palette_.size(); ++i) {
+        best = std::min(best, static_cast<uint32_t>(Distance(palette_[i], color)) << 8 | i);
     }
     return static_cast<uint8_t>(best);
 }
@@ -102,22 +106,38 @@ void PaletteBitmap::SoftDot(int32_t x, int32_t y, ColorRef color) {
     SetPixelIndex(x, y, PaletteIndex(color));
 }
 
+uint8_t PaletteBitmap::IndexOfPixel(uint32_t pixel) {
+    if (known_.empty()) return PaletteIndex(ColorOf(pixel));
+    uint32_t& place = known_[(pixel * 0x9E3779B1u) >> (32 - kKnownBits)];
+    if (place >> 8 != pixel) place = pixel << 8 | PaletteIndex(ColorOf(pixel));
+    return static_cast<uint8_t>(place);
+}
+
+// A page has long runs of one colour: each run is looked up once.
 void PaletteBitmap::CopyRows(const PixelSurface& surface, int32_t top) {
-    // A page has long runs of one colour and few colours in all: remembering where each was found last
-    // spares nearly every search of the palette.
-    struct Known {
-        uint32_t pixel = 0xFFFFFFFF;
-        uint8_t index = 0;
-    };
-    std::array<Known, 1024> known;
-    for (int32_t y = 0; y < surface.height; ++y) {
+    const int32_t width = std::min(surface.width, width_);
+    if (known_.empty()) ForgetKnown();
+    for (int32_t y = std::max(0, -top); y < surface.height && y < height_ - top; ++y) {
         const uint32_t* row = surface.Row(y);
-        for (int32_t x = 0; x < surface.width && x < width_; ++x) {
+        uint8_t* indices = &pixels_[Place(0, top + y)];
+        for (int32_t x = 0; x < width;) {
             const uint32_t pixel = row[x] & kColorMask;
-            Known& place = known[(pixel * 0x9E3779B1u) >> 22];
-            if (place.pixel != pixel) place = {pixel, PaletteIndex(ColorOf(pixel))};
-            SetPixelIndex(x, top + y, place.index);
+            int32_t end = x + 1;
+            while (end < width && (row[end] & kColorMask) == pixel) ++end;
+            std::memset(indices + x, IndexOfPixel(pixel), static_cast<size_t>(end - x));
+            x = end;
         }
+    }
+}
+
+// Without memory for it every lookup searches the palette.
+void PaletteBitmap::ForgetKnown() {
+    try {
+        known_.assign(size_t{1} << kKnownBits, 0);
+        known_[0] =
+            kColorMask << 8;  // black belongs there, so nothing else but "not black" may stand for empty
+    } catch (const std::exception&) {
+        known_.clear();
     }
 }
 

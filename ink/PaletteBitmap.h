@@ -46,6 +46,8 @@ class PaletteBitmap {
     bool Inside(int32_t x, int32_t y) const { return x >= 0 && y >= 0 && x < width_ && y < height_; }
     size_t Place(int32_t x, int32_t y) const;
     uint8_t Nearest(ColorRef color) const;
+    uint8_t IndexOfPixel(uint32_t pixel);  // 0x00RRGGBB
+    void ForgetKnown();
     void Darken(int32_t x, int32_t y, float factor);
 
     int32_t width_ = 0;
@@ -54,6 +56,10 @@ class PaletteBitmap {
     int used_ = 0;
     std::array<ColorRef, 256> palette_{};
     std::vector<uint8_t> pixels_;
+    // Pixels looked up by CopyRows and their indices (pixel << 8 | index), placed by a hash. An index once
+    // given to a colour stays: exact ones never change, and nearest ones are given only when the palette is
+    // full.
+    std::vector<uint32_t> known_;
 };
 
 }  // namespace ink
