@@ -29,7 +29,8 @@ bool HasTodayScreen();
 // Makes the Today screen read its items again.
 void ReloadTodayScreen();
 
-// Starts the handheld's mail program with a new message that carries the file; what becomes of it is not told.
+// Starts the handheld's mail program with a new message that carries the file; what becomes of it is not
+// told.
 void StartMailProgram(Window& owner, const std::wstring& attachment);
 
 // Asks the on-screen input panel to come up or go down; nothing happens where there is none.
