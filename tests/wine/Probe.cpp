@@ -17,6 +17,7 @@ using platform::windows::OwnedHandle;
 using Arguments = std::istringstream;
 
 constexpr wchar_t kSettingsKey[] = L"Software\\Larkspur Works\\Inkwright";
+constexpr wchar_t kDatabaseKey[] = L"Software\\Larkspur Works\\Notification Database";
 constexpr wchar_t kDriverKey[] = L"Software\\Wine\\X11 Driver";
 
 HWND WindowFrom(Arguments& arguments) {
@@ -268,9 +269,11 @@ std::string SetText(Arguments& arguments) {
 
 // An empty key of settings, and windows that need no window manager: with one expected but absent, Wine waits
 // two seconds for each window that it takes away.
+// Alarms and notices of an earlier test would fire in this one.
 std::string Clean(Arguments&) {
     constexpr wchar_t kNo[] = L"N";
     RegDeleteTreeW(HKEY_CURRENT_USER, kSettingsKey);
+    RegDeleteTreeW(HKEY_CURRENT_USER, kDatabaseKey);
     return RegSetKeyValueW(HKEY_CURRENT_USER, kDriverKey, L"Managed", REG_SZ, kNo, sizeof kNo) ? "false"
                                                                                                : "true";
 }
