@@ -126,7 +126,7 @@ std::wstring FolderTree::RelativePath(TreeItem item) const {
     for (TreeItem above = tree_.Parent(item); above != notesTop_; above = tree_.Parent(above)) {
         if (above == remindersTop_) return std::wstring(kRemindersText) + L"\\" + path;
         if (above == 0 || above == alarmsTop_) return {};
-        path = FolderName(above) + L"\\" + path;
+        path.insert(0, FolderName(above) + L"\\");
     }
     return item == alarmsTop_ ? std::wstring() : path;
 }

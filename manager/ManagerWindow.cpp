@@ -88,8 +88,8 @@ void ManagerWindow::OnPrivateMessage(uint32_t code, intptr_t) {
 
 // The path that can serve as the root: made when missing, the default one when it can't be read.
 std::wstring ManagerWindow::UsableRoot(const std::wstring& path) {
-    const std::wstring usual = platform::DocumentsFolder() + L"\\" + app::kProductFolder;
-    const std::wstring root = app::WithoutTrailingBackslashes(path);
+    std::wstring usual = platform::DocumentsFolder() + L"\\" + app::kProductFolder;
+    std::wstring root = app::WithoutTrailingBackslashes(path);
     if (root.empty()) return usual;
     app::EnsureFolders(root);
     uint64_t bytes = 0;

@@ -6,7 +6,9 @@ namespace platform {
 
 namespace {
 
-HostTreeNode* NodeOf(TreeItem item) { return reinterpret_cast<HostTreeNode*>(item); }
+HostTreeNode* NodeOf(TreeItem item) {
+    return reinterpret_cast<HostTreeNode*>(item);  // NOLINT(performance-no-int-to-ptr): handles are numbers
+}
 TreeItem ItemOf(const HostTreeNode* node) { return reinterpret_cast<TreeItem>(node); }
 
 bool IsBelow(const HostTreeNode* node, const HostTreeNode* above) {
