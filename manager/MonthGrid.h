@@ -25,7 +25,9 @@ class MonthGrid {
 
     int Year() const { return year_; }
     int Month() const { return month_; }
-    const Cell& At(int row, int column) const { return cells_[static_cast<size_t>(row) * kColumns + static_cast<size_t>(column)]; }
+    const Cell& At(int row, int column) const {
+        return cells_[static_cast<size_t>(row) * kColumns + static_cast<size_t>(column)];
+    }
     // The day's folder name, "YYYY-MM-DD" with the shown year and the cell's month number.
     std::wstring FolderName(const Cell& cell) const;
     // The real day of a cell in row-major order, whatever its mark says.
