@@ -24,9 +24,9 @@ class Erasing(case.Case):
         for line in (UPPER, MIDDLE, LOWER):
             self.desk.stroke(self.page, line)
         self.choose_by_key("ctrl+e", ERASER)
-        # Away from its own ink, the middle of the eraser is white as soon as it gets there.
+        # Where a step meets ink, at its place or a row below, it has come once that is white.
         self.desk.drag(self.page, [(100, 90), (100, 110), (100, 119), (100, 200)],
-                       lambda x, y: self.shows(case.WHITE, [(x, y), (x, y + 6)]))
+                       lambda x, y: self.shows(case.WHITE, [(x, y), (x, y + 1)]))
         desk.wait_for("the rest of the strokes", lambda: not self.shows(case.WHITE, [(92, 120)]))
 
         self.desk.press_tool(self.frame, SPACE)
