@@ -10,6 +10,7 @@
 #include "editor/NoteStorage.h"
 #include "editor/PageScroll.h"
 #include "options/ColorPalette.h"
+#include "options/TextMemoDialog.h"
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
 #include "platform/MessageBox.h"
@@ -49,6 +50,7 @@ const InkCanvas::Command InkCanvas::kCommands[] = {
     {IDM_SPACE_TOOL, &InkCanvas::UseSpaceTool},
     {IDM_ERASER, &InkCanvas::UseEraser},
     {IDM_FULL_ERASE, &InkCanvas::FullErase},
+    {IDM_TEXT_MEMO, &InkCanvas::EditTextMemo},
     {IDM_SET_ALARM, &InkCanvas::SetAlarmAndExit},
     {IDM_SEND_EMAIL, &InkCanvas::SendAsEmail},
 };
@@ -135,7 +137,7 @@ void InkCanvas::NewNote() {
 void InkCanvas::ShowToolsMenu() {
     const bool hasInk = page_.HasInk();
     platform::PopupMenu menu;
-    menu.Add(IDM_TEXT_MEMO, L"Edit Text Memo", false);
+    menu.Add(IDM_TEXT_MEMO, L"Edit Text Memo");
     menu.Add(IDM_SET_ALARM, L"Set Alarm and Exit", hasInk);
     menu.AddSeparator();
     menu.Add(IDM_SEND_EMAIL, L"Send as Email Attachment", hasInk);
@@ -182,6 +184,22 @@ void InkCanvas::FullErase() {
         storeChanged_ = true;
     }
     StartAnew();
+}
+
+// A note without a file keeps its memo until it is saved.
+void InkCanvas::EditTextMemo() {
+    using options::TextMemoDialog;
+    if (!app::NamesFile(page_.notePath)) {
+        TextMemoDialog dialog(TextMemoDialog::Mode::Text, page_.memo);
+        if (!dialog.Edit(*this)) return;
+        page_.memo = dialog.Memo();
+        page_.modified = true;
+        return;
+    }
+    const std::wstring path = app::MemoPath(page_.notePath);
+    const bool existed = app::IsFile(path);
+    TextMemoDialog(TextMemoDialog::Mode::File, path).Edit(*this);
+    if (app::IsFile(path) != existed) storeChanged_ = true;
 }
 
 void InkCanvas::SetAlarmAndExit() {

@@ -63,6 +63,7 @@ class InkCanvas : public platform::Screen {
     void UseSpaceTool() { UseTool(PenTool::Space, IDM_SPACE_TOOL); }
     void UseEraser() { UseTool(PenTool::Eraser, IDM_ERASER); }
     void FullErase();
+    void EditTextMemo();
     void SetAlarmAndExit();
     void SendAsEmail();
     void Close();

@@ -4,10 +4,10 @@
 #include "app/StorePaths.h"
 #include "editor/NewNoteFile.h"
 #include "ink/NoteFile.h"
+#include "options/MemoFile.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
-#include "platform/TextEncoding.h"
 
 namespace editor {
 
@@ -34,21 +34,6 @@ bool ReadNote(platform::Window* owner, ink::InkPage& page) {
     const ink::LoadResult result = ink::ReadNoteBody(source, header, page);
     if (result == ink::LoadResult::OutOfMemory) platform::ShowOutOfMemory(owner);
     return result == ink::LoadResult::Loaded;
-}
-
-void SaveMemo(platform::Window* owner, const ink::InkPage& page) {
-    std::string bytes;
-    if (!platform::ToAnsi(page.memo, bytes)) {
-        platform::ShowOutOfMemory(owner);
-        return;
-    }
-    platform::File file = platform::File::Create(app::MemoPath(page.notePath));
-    if (file.IsOpen() && file.Write(bytes.data(), bytes.size())) return;
-    platform::ShowMessage(
-        owner,
-        L"Saving Text Memo Failed! Please make sure that the selected storage device has enough "
-        L"free space.",
-        L"Error", platform::MessageButtons::Ok, platform::MessageIcon::Error);
 }
 
 bool WriteAndClose(platform::File file, const ink::InkPage& page) {
@@ -83,7 +68,8 @@ bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page) {
         return false;
     }
     page.modified = false;
-    if (isNew && !page.memo.empty()) SaveMemo(owner, page);
+    // The user is told of a failure; the ink is safe all the same.
+    if (isNew && !page.memo.empty()) options::MemoFile(app::MemoPath(page.notePath)).Write(owner, page.memo);
     return true;
 }
 

@@ -77,14 +77,13 @@ bool MakeContextMenu(int kind, bool canMoveToFolder, const std::wstring& rootPre
     const int plain = kind == kOpenFolder ? kFolder : kind == kOpenDay ? kDay : kind;
     for (const Entry& entry : kEntries) {
         if (entry.kind != plain) continue;
-        const bool isMissing = entry.command == IDM_TEXT_MEMO;  // the memo editor is not there yet
         const bool isUseless = entry.command == IDM_MOVE_TO_FOLDER && !canMoveToFolder;
         if (entry.command == kCopyEntries) {
             AddCopyEntries(rootPrefix, menu);
         } else if (entry.command == 0) {
             menu.AddSeparator();
         } else {
-            menu.Add(entry.command, entry.text, !isMissing && !isUseless);
+            menu.Add(entry.command, entry.text, !isUseless);
         }
     }
     return !menu.Items().empty();

@@ -251,6 +251,11 @@ void FolderTree::RenameNote(TreeItem item, const std::wstring& name) {
     Sort(tree_.Parent(item));
 }
 
+void FolderTree::ShowMemoMark(TreeItem item) {
+    const std::wstring memo = app::MemoPath(rootPrefix_ + RelativePath(item) + app::kNoteExtension);
+    tree_.SetOverlay(item, platform::Exists(memo));
+}
+
 int FolderTree::CountNotes(TreeItem item) const {
     int count = 0;
     for (TreeItem child = tree_.FirstChild(item); child != 0; child = tree_.NextSibling(child)) {

@@ -53,6 +53,8 @@ class FolderTree {
     platform::TreeItem InsertFolder(platform::TreeItem parent, int kind, const std::wstring& name);
     void RenameFolder(platform::TreeItem item, const std::wstring& name);
     void RenameNote(platform::TreeItem item, const std::wstring& name);
+    // Marks the note if it has a memo now.
+    void ShowMemoMark(platform::TreeItem item);
     // Shows how many notes the folder or day holds.
     void ShowCount(platform::TreeItem item);
     int CountNotes(platform::TreeItem item) const;

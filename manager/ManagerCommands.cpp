@@ -11,6 +11,7 @@
 #include "manager/NodeKind.h"
 #include "manager/StoreOperations.h"
 #include "options/COptPageDlg.h"
+#include "options/TextMemoDialog.h"
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
 #include "platform/MessageBox.h"
@@ -53,6 +54,7 @@ const ManagerWindow::Command ManagerWindow::kCommands[] = {
     {IDM_MOVE_TO_FOLDER, &ManagerWindow::MoveToFolder},
     {IDM_CHANGE_DATE, &ManagerWindow::MoveToDay},
     {IDM_MOVE_TO_REMINDERS, &ManagerWindow::MoveToDay},
+    {IDM_TEXT_MEMO, &ManagerWindow::EditTextMemo},
     {IDM_SET_ALARM, &ManagerWindow::SetAlarm},
     {IDM_REFRESH_ALARMS, &ManagerWindow::RefreshAlarms},
     {IDM_DELETE_ALARM, &ManagerWindow::DeleteAlarm},
@@ -121,6 +123,16 @@ void ManagerWindow::OpenNote() {
     editor::InkCanvas::Opening opening;
     opening.notePath = folders_.SelectedNotePath();
     Edit(opening);
+}
+
+void ManagerWindow::EditTextMemo() {
+    using options::TextMemoDialog;
+    const TreeItem item = tree_.Selection();
+    const std::wstring note = folders_.SelectedNotePath();
+    if (note.empty()) return;
+    TextMemoDialog(TextMemoDialog::Mode::File, app::MemoPath(note)).Edit(*this);
+    folders_.ShowMemoMark(item);
+    RedrawStrip();
 }
 
 void ManagerWindow::MoveToFolder() {

@@ -49,6 +49,7 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     void Close() { EndModal(platform::kIdOk); }
     void AddNote();
     void OpenNote();
+    void EditTextMemo();
     void Delete();
     void ToggleCalendar();
     void ShowPreviousMonth() { StepMonth(-1); }

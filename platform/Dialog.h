@@ -9,6 +9,9 @@
 
 namespace platform {
 
+// What can be done to the text of an edit that MakeTextEdit made.
+enum class EditAction { Undo, Cut, Copy, Paste, Delete, SelectAll };
+
 // A modal dialog made from a dialog template of the program's resources. Closing it, and Esc, is
 // OnCommand(kIdCancel); a pressed button is OnCommand(its id); by default both Ok and Cancel end the dialog.
 class Dialog : public Window {
@@ -29,6 +32,14 @@ class Dialog : public Window {
     void SelectItemText(int id);  // all of an edit's text
     // Free pixels left and right of an edit's text.
     void SetItemMargins(int id, int pixels);
+
+    // Edits of many lines, made at run time. `place` is in client pixels. One with this id already is
+    // replaced: its text is carried over, what it could undo is not. The caret stands at the start, any
+    // length of text is taken, Enter begins a line. False: nothing has changed.
+    bool MakeTextEdit(int id, const Rect& place, bool wordWrap);
+    // Whether the action would do anything now.
+    bool CanEdit(int id, EditAction action) const;
+    void Edit(int id, EditAction action);
 
     // Check boxes. One that the user checks or clears is OnCommand(its id).
     bool IsItemChecked(int id) const;
@@ -59,8 +70,12 @@ class Dialog : public Window {
     Rect OwnerRect() const;  // of the window that the dialog was opened over
     Rect ItemRect(int id) const;
     void Place(const Rect& windowRect);
+    void PlaceItem(int id, const Rect& client);  // in client pixels
 
     void OnCommand(int id) override;
+    // The pen is held still on an edit that MakeTextEdit made, or its menu is asked for with the right button
+    // or by key, at `place` (handheld screen pixels).
+    virtual void OnEditHold(int /*id*/, Point /*place*/) {}
 
     // For the ports.
     int TemplateId() const { return templateId_; }

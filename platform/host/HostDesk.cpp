@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "platform/Dialog.h"
 #include "platform/host/HostDevice.h"
 #include "platform/host/HostWindow.h"
 
@@ -83,7 +84,10 @@ void HostDesk::TurnWheel(int notches) {
 void HostDesk::PrivateMessage(uint32_t code, intptr_t payload) { Target().OnPrivateMessage(code, payload); }
 
 void HostDesk::Type(int item, const std::wstring& text) {
-    Target().Handle()->items[item].text = text;
+    HostItem& edit = Target().Handle()->items[item];
+    if (edit.isTextEdit) edit.textBefore = edit.text;
+    edit.text = text;
+    edit.selectionStart = edit.selectionEnd = text.size();
     Target().OnControlChanged(item);
 }
 
@@ -93,6 +97,17 @@ void HostDesk::Choose(int item, int index) {
 }
 
 void HostDesk::Turn(int item, int16_t spin) { Target().Handle()->items[item].spin = spin; }
+
+void HostDesk::Select(int item, size_t start, size_t end) {
+    HostItem& edit = Target().Handle()->items[item];
+    edit.selectionStart = start;
+    edit.selectionEnd = end;
+}
+
+void HostDesk::Hold(int item, Point place) {
+    auto* dialog = dynamic_cast<Dialog*>(Top());
+    if (dialog != nullptr && Target().Handle()->items[item].isTextEdit) dialog->OnEditHold(item, place);
+}
 
 void HostDesk::ShowPage(size_t index) {
     if (!open_.empty() && open_.back()->Handle()->showPage) open_.back()->Handle()->showPage(index);

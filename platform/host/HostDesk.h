@@ -45,7 +45,9 @@ class HostDesk {
     void Type(int item, const std::wstring& text);
     void Choose(int item, int index);   // in a drop-down list
     void Turn(int item, int16_t spin);  // a spin button to this position
-    void ShowPage(size_t index);        // of a property sheet
+    void Select(int item, size_t start, size_t end);
+    void Hold(int item, Point place);  // still, on an edit of many lines
+    void ShowPage(size_t index);       // of a property sheet
     // Lets time go by; timers of all open windows fire when due.
     void PassTime(uint32_t milliseconds);
     // Handles everything that was posted and paints what was invalidated.
@@ -57,6 +59,7 @@ class HostDesk {
     // Pop-up menus: chooses a command from the items; dismissed when empty.
     std::function<int(const std::vector<PopupMenu::Item>&)> chooseFromMenu;
     Point menuPlace;
+    std::wstring clipboard;
 
     // The folder chooser: what it gives; cancelled when empty.
     std::wstring chosenFolder;

@@ -105,16 +105,28 @@ int CompareNames(const std::wstring& a, const std::wstring& b) {
 }
 
 // Code page 1252 without its special characters between 128 and 159.
+// The code page is 1252: Latin-1, but for these from byte 0x80 on.
+constexpr wchar_t kFrom0x80[] =
+    L"\u20AC\x81\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\x8D\u017D\x8F"
+    L"\x90\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\x9D\u017E\u0178";
+
 bool ToAnsi(const std::wstring& text, std::string& bytes) {
+    const std::wstring special = kFrom0x80;
     bytes.clear();
-    for (const wchar_t unit : text)
-        bytes += static_cast<char>(unit < 128 || (unit >= 160 && unit < 256) ? unit : L'?');
+    for (const wchar_t unit : text) {
+        const size_t at = special.find(unit);
+        const bool isLatin = unit < 0x80 || (unit >= 0xA0 && unit < 0x100);
+        bytes += static_cast<char>(isLatin ? unit : at < special.size() ? 0x80 + at : L'?');
+    }
     return true;
 }
 
 bool FromAnsi(const std::string& bytes, std::wstring& text) {
     text.clear();
-    for (const char byte : bytes) text += static_cast<wchar_t>(static_cast<unsigned char>(byte));
+    for (const char byte : bytes) {
+        const auto code = static_cast<unsigned char>(byte);
+        text += code >= 0x80 && code < 0xA0 ? kFrom0x80[code - 0x80] : static_cast<wchar_t>(code);
+    }
     return true;
 }
 

@@ -100,7 +100,11 @@ std::wstring Dialog::ItemText(int id) const {
 }
 
 void Dialog::SetItemText(int id, const std::wstring& text) {
-    if (impl_->items.count(id) != 0) impl_->items[id].text = text;
+    const auto item = impl_->items.find(id);
+    if (item == impl_->items.end()) return;
+    item->second.text = text;
+    item->second.selectionStart = item->second.selectionEnd = 0;
+    item->second.textBefore.reset();
 }
 
 void Dialog::EnableItem(int id, bool enabled) {
@@ -142,7 +146,19 @@ Rect Dialog::ItemRect(int id) const {
     return Offset(item->second.source.place, impl_->place.left, impl_->place.top);
 }
 
-void Dialog::Place(const Rect& windowRect) { impl_->place = windowRect; }
+void Dialog::Place(const Rect& windowRect) {
+    const bool isResized =
+        windowRect.Width() != impl_->place.Width() || windowRect.Height() != impl_->place.Height();
+    impl_->place = windowRect;
+    if (!isResized) return;
+    impl_->shown = Image::Make(windowRect.Width(), windowRect.Height());
+    impl_->needsPaint = true;
+}
+
+void Dialog::PlaceItem(int id, const Rect& client) {
+    const auto item = impl_->items.find(id);
+    if (item != impl_->items.end()) item->second.source.place = client;
+}
 
 void Dialog::OnCommand(int id) {
     if (id == kIdOk || id == kIdCancel) EndModal(id);

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,11 @@ struct HostItem {
     int16_t spinMaximum = 100;
     int16_t spin = 0;
     int margins = 0;
+    bool isTextEdit = false;
+    bool wordWrap = false;
+    size_t selectionStart = 0;
+    size_t selectionEnd = 0;
+    std::optional<std::wstring> textBefore;  // what undo brings back
 };
 
 struct Window::Impl {

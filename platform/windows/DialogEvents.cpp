@@ -69,9 +69,8 @@ INT_PTR DialogEvent(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
             state.frame = state.page = nullptr;
             state.ended = true;
             return FALSE;
-        case WM_PAINT:
         case WM_VSCROLL:
-            return FALSE;  // the dialog's controls have them
+            return FALSE;  // the dialog's controls have it
         default:
             return DispatchEvent(*window, handle, message, wParam, lParam);
     }

@@ -15,6 +15,9 @@ void Centre(HWND dialog);
 
 inline HWND Item(HWND dialog, int id) { return dialog ? GetDlgItem(dialog, id) : nullptr; }
 
+// Whether the control is an edit of many lines.
+bool IsTextEdit(HWND control);
+
 // What the program itself puts into a control is not reported back as the user's change.
 class FillingControls {
   public:

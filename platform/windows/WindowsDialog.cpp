@@ -76,6 +76,11 @@ void Dialog::FocusItem(int id) {
     const HWND item = Item(impl_->frame, id);
     if (!item) return;
     impl_->focusPlaced = true;
+    // It would also select a whole text of many lines, for the next key to wipe out.
+    if (windows::IsTextEdit(item)) {
+        SetFocus(item);
+        return;
+    }
     SendMessageW(impl_->frame, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(item), TRUE);
 }
 
@@ -138,6 +143,11 @@ void Dialog::Place(const Rect& windowRect) {
     SetWindowPos(impl_->frame, nullptr, place.left, place.top, place.right - place.left,
                  place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
     impl_->placed = true;
+}
+
+void Dialog::PlaceItem(int id, const Rect& client) {
+    const HWND item = Item(impl_->frame, id);
+    if (item) MoveWindow(item, client.left, client.top, client.Width(), client.Height(), TRUE);
 }
 
 void Dialog::OnCommand(int id) {

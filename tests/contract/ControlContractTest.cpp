@@ -11,6 +11,7 @@ namespace {
 
 using platform::DateTime;
 using platform::Dialog;
+using platform::EditAction;
 using platform::MessageAnswer;
 using platform::MessageButtons;
 using platform::MessageIcon;
@@ -175,6 +176,81 @@ TEST_F(WindowContract, DialogsCanBePlaced) {
         EXPECT_TRUE(dialog.ItemRect(4711).IsEmpty());
         dialog.EndModal(1);
     });
+}
+
+class EditingDialog : public TestDialog {
+  public:
+    EditingDialog() : TestDialog(IDD_TEXT_MEMO) {}
+    void OnEditHold(int id, platform::Point place) override {
+        log.push_back("hold " + std::to_string(id));
+        held = place;
+    }
+    std::string Offered() const {
+        std::string offered;
+        for (const char* letter = "UCYPDA"; *letter != 0; ++letter)
+            offered += CanEdit(IDC_MEMO_TEXT, static_cast<EditAction>(offered.size())) ? *letter : '-';
+        return offered;
+    }
+    void Do(EditAction action) { Edit(IDC_MEMO_TEXT, action); }
+    std::wstring Text() const { return ItemText(IDC_MEMO_TEXT); }
+    platform::Point held;
+};
+
+TEST_F(WindowContract, EditsOfManyLines) {
+    EditingDialog dialog;
+    const Rect place{6, 26, 204, 141};
+    EXPECT_FALSE(dialog.MakeTextEdit(IDC_MEMO_TEXT, place, true)) << "there is no window yet";
+    dialog.create = [&] {
+        dialog.Place({20, 52, 230, 222});
+        return dialog.MakeTextEdit(IDC_MEMO_TEXT, place, true);
+    };
+    RunDialog(
+        driver_, dialog,
+        [&] {
+            EXPECT_EQ(dialog.ClientWidth(), 210);
+            EXPECT_EQ(dialog.ClientHeight(), 170);
+            dialog.PlaceItem(IDC_MEMO_SAVE, {100, 145, 150, 165});
+            EXPECT_TRUE((dialog.ItemRect(IDC_MEMO_SAVE) == Rect{120, 197, 170, 217}));
+            EXPECT_TRUE((dialog.ItemRect(IDC_MEMO_TEXT) == Rect{26, 78, 224, 193}));
+            std::wstring longText;
+            for (int i = 0; i < 20000; ++i) longText += L"many words of text\r\n";
+            for (const std::wstring& text :
+                 {longText, std::wstring(L"a\nb\rc\r\n\td \u20AC"), std::wstring()}) {
+                dialog.SetItemText(IDC_MEMO_TEXT, text);
+                EXPECT_EQ(dialog.Text(), text);
+                EXPECT_TRUE(dialog.MakeTextEdit(IDC_MEMO_TEXT, place, text.empty()));
+                EXPECT_EQ(dialog.Text(), text) << "it is carried over";
+            }
+            EXPECT_EQ(dialog.Offered().substr(4), "--");
+            EXPECT_FALSE(dialog.CanEdit(IDC_MEMO_SAVE, EditAction::Cut));
+            EXPECT_FALSE(dialog.CanEdit(4711, EditAction::Undo));
+            dialog.SetItemText(IDC_MEMO_TEXT, L"one two");
+            driver_.SelectText(dialog, IDC_MEMO_TEXT, 0, 4);
+            dialog.Do(EditAction::Cut);
+            EXPECT_EQ(dialog.Text(), L"two");
+            EXPECT_EQ(dialog.Offered(), "U--P-A");
+            dialog.Do(EditAction::Undo);
+            EXPECT_EQ(dialog.Text(), L"one two");
+            dialog.Do(EditAction::SelectAll);
+            EXPECT_EQ(dialog.Offered(), "UCYPDA");
+            dialog.Do(EditAction::Delete);
+            EXPECT_EQ(dialog.Text(), L"");
+            dialog.Do(EditAction::Paste);
+            dialog.Do(EditAction::SelectAll);
+            dialog.Do(EditAction::Copy);
+            dialog.Do(EditAction::Paste);
+            dialog.Do(EditAction::Paste);
+            EXPECT_EQ(dialog.Text(), L"one one ");
+            dialog.log.clear();
+        },
+        [&] { driver_.HoldEdit(dialog, IDC_MEMO_TEXT); },
+        [&] {
+            EXPECT_EQ(dialog.held, (platform::Point{125, 135}));
+            dialog.FocusItem(IDC_MEMO_TEXT);
+            EXPECT_FALSE(dialog.CanEdit(IDC_MEMO_TEXT, EditAction::Cut)) << "nothing is selected unasked";
+            dialog.EndModal(1);
+        });
+    EXPECT_THAT(dialog.log, ElementsAre("hold 1016", "destroy"));
 }
 
 class RecordingPage : public Recording<platform::PropertyPage> {

@@ -114,6 +114,11 @@ TEST(TextContract, AnsiBothWays) {
     EXPECT_TRUE(ToAnsi(L"", bytes));
     EXPECT_TRUE(FromAnsi("", text));
     EXPECT_TRUE(bytes.empty() && text.empty());
+    std::string all;
+    for (int byte = 1; byte < 256; ++byte) all += static_cast<char>(byte);
+    EXPECT_TRUE(FromAnsi(all, text) && ToAnsi(text, bytes));
+    EXPECT_EQ(text.size(), all.size());
+    EXPECT_EQ(bytes, all) << "every byte of the code page comes back";
 }
 
 TEST(TextContract, FileNameComparison) {

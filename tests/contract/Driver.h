@@ -53,6 +53,9 @@ class Driver {
     void Choose(platform::Dialog& dialog, int id, int index);
     void ShowPage(platform::PropertyPage& shown, size_t index);  // of the sheet that shows `shown`
     void Type(platform::Dialog& dialog, int id, const std::wstring& text);
+    // The pen held still in an edit of many lines.
+    void HoldEdit(platform::Dialog& dialog, int id);
+    void SelectText(platform::Dialog& dialog, int id, int start, int end);
     // A double tap on the chosen day of a month calendar.
     void DoubleTapDay(platform::Dialog& dialog, int id);
     // 0 = Monday; -1 where the port draws no calendar.

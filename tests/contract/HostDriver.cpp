@@ -40,6 +40,15 @@ void Driver::Choose(platform::Dialog&, int id, int index) { impl_->device.desk.C
 void Driver::ShowPage(platform::PropertyPage&, size_t index) { impl_->device.desk.ShowPage(index); }
 void Driver::Type(platform::Dialog&, int id, const std::wstring& text) { impl_->device.desk.Type(id, text); }
 
+void Driver::HoldEdit(platform::Dialog& dialog, int id) {
+    const platform::Rect place = dialog.ItemRect(id);
+    impl_->device.desk.Hold(id, {(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+}
+
+void Driver::SelectText(platform::Dialog&, int id, int start, int end) {
+    impl_->device.desk.Select(id, static_cast<size_t>(start), static_cast<size_t>(end));
+}
+
 void Driver::DoubleTapDay(platform::Dialog&, int) { impl_->device.desk.Command(platform::kIdOk); }
 int Driver::FirstDayShown(platform::Dialog&, int) const { return -1; }
 

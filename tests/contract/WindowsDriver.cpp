@@ -156,6 +156,18 @@ void Driver::Type(platform::Dialog& dialog, int id, const std::wstring& text) {
     SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
+void Driver::HoldEdit(platform::Dialog& dialog, int id) {
+    RECT place{};
+    GetWindowRect(GetDlgItem(dialog.Handle()->frame, id), &place);
+    impl_->heldPlace = {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+    impl_->heldUntil = GetTickCount64() + kHoldMilliseconds;
+    SendMouse(impl_->heldPlace, MOUSEEVENTF_LEFTDOWN);
+}
+
+void Driver::SelectText(platform::Dialog& dialog, int id, int start, int end) {
+    SendMessageW(GetDlgItem(dialog.Handle()->frame, id), EM_SETSEL, static_cast<WPARAM>(start), end);
+}
+
 void Driver::Close(Window& window) { PostMessageW(window.Handle()->frame, WM_SYSCOMMAND, SC_CLOSE, 0); }
 
 void Driver::SendScroll(Window& window, platform::ScrollCode code, int position) {

@@ -6,6 +6,8 @@
 
 namespace contract {
 
+constexpr DWORD kHoldMilliseconds = 1000;
+
 struct Driver::Impl {
     HWND ticker = nullptr;
     std::deque<std::function<void()>> steps;

@@ -13,8 +13,6 @@ using platform::TreeView;
 
 namespace {
 
-constexpr DWORD kHoldMilliseconds = 1000;
-
 HWND ControlOf(const TreeView& tree) { return tree.Handle()->tree; }
 
 HWND EditOf(const TreeView& tree) {

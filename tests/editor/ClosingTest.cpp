@@ -103,6 +103,55 @@ TEST_F(Closing, FullEraseDeletesTheNoteAndItsMemoAfterAsking) {
     Run(kNote);
 }
 
+TEST_F(Closing, TheMemoOfANewNoteIsKeptWithThePage) {
+    const auto thenMemo = [this](const wchar_t* before, const wchar_t* after, int button) {
+        Then([this] { Desk().Command(IDM_TEXT_MEMO); });
+        Then([=] {
+            EXPECT_EQ(dynamic_cast<platform::Dialog&>(*Desk().Top()).ItemText(IDC_MEMO_TEXT), before);
+            Desk().Type(IDC_MEMO_TEXT, after);
+            Desk().Command(button);
+        });
+    };
+    const std::wstring folder = kNewNotes;
+    thenMemo(L"", L"not this", IDC_MEMO_CANCEL);
+    thenMemo(L"", L"first", IDC_MEMO_SAVE);
+    Then([this, folder] {
+        EXPECT_THAT(device.files.NamesIn(folder), IsEmpty());
+        Desk().Command(IDM_NEW_NOTE);
+    });
+    AcceptName();
+    Then([this, folder] { EXPECT_EQ(device.files.NamesIn(folder).size(), 2u); });
+    thenMemo(L"", L"second\r\n\u4E2D", IDC_MEMO_SAVE);
+    device.files.fault = [](FileCall call, const std::wstring& path) {
+        const bool isMemo = path.find(L"01).txt") != std::wstring::npos;
+        return call == FileCall::Write && isMemo ? FileError::Other : FileError::None;
+    };
+    Close();
+    Then([this] {
+        Desk().Type(IDC_FILE_NAME, L"Two (01)");
+        Desk().Command(platform::kIdOk);
+    });
+    Run(kNewNotes);
+    EXPECT_THAT(device.files.NamesIn(folder), testing::SizeIs(3)) << "the ink is safe, half a memo is none";
+    EXPECT_THAT(device.files.NamesIn(folder), testing::Contains(L"Two (01).ikw"));
+    ASSERT_EQ(Desk().messages.size(), 1u);
+    EXPECT_EQ(Desk().messages[0].text,
+              L"Saving Text Memo Failed! Please make sure that the selected storage device has enough free "
+              L"space.");
+}
+
+TEST_F(Closing, ANoteWithAFileHasItsMemoBesideIt) {
+    Then([this] { Desk().Command(IDM_TEXT_MEMO); });
+    Then([this] {
+        EXPECT_EQ(Desk().Top()->Title(), L"a - Inkwright") << "what the navigation bar showed before";
+        Desk().Type(IDC_MEMO_TEXT, L"jam");
+        Desk().Command(IDC_MEMO_SAVE);
+    });
+    Close();
+    Run(kNote);
+    EXPECT_EQ(device.files.Get(L"\\Ink\\a.txt"), "jam");
+}
+
 TEST_F(Closing, NewNoteAfterAFailedSaveKeepsOrDropsTheInkAsAnswered) {
     device.files.fault = [](FileCall call, const std::wstring&) {
         return call == FileCall::Create ? FileError::Other : FileError::None;

@@ -89,6 +89,7 @@ TEST_F(Commands, TheToolsMenuGreysWhatNeedsInk) {
                 EXPECT_EQ(items.size(), 4u);
                 EXPECT_EQ(items[0].text, L"Edit Text Memo");
                 EXPECT_EQ(items[0].command, IDM_TEXT_MEMO);
+                EXPECT_TRUE(items[0].enabled);
                 EXPECT_EQ(items[1].text, L"Set Alarm and Exit");
                 EXPECT_EQ(items[1].command, IDM_SET_ALARM);
                 EXPECT_EQ(items[1].enabled, hasInk);

@@ -45,12 +45,12 @@ TEST_F(Operations, MenusByKindOfNode) {
               Case{{L"Notes", L"Work"},
                    {L"New", L"-", L"Rename", L"Delete", L"-", L"Create Folder", L"Move Folder", L"-"}},
               Case{{L"Notes", L"Work  (1 found) ", L"a"},
-                   {L"Open", L"-", L"Rename", L"Delete", L"-", L"(Text Memo...)", L"Set Alarm...", L"-",
+                   {L"Open", L"-", L"Rename", L"Delete", L"-", L"Text Memo...", L"Set Alarm...", L"-",
                     L"Change Folder...", L"Move To Reminders..."}},
               Case{{L"Reminders"}, {L"Add"}},
               Case{{L"Reminders", day}, {L"Add", L"Show Calendar", L"-", L"Delete", L"-"}},
               Case{{L"Reminders", day + L"  (1 found) ", L"r"},
-                   {L"Open", L"-", L"Rename", L"Delete", L"-", L"(Text Memo...)", L"Set Alarm...", L"-",
+                   {L"Open", L"-", L"Rename", L"Delete", L"-", L"Text Memo...", L"Set Alarm...", L"-",
                     L"Change Date...", L"Move To Folder..."}},
               Case{{L"Alarms"}, {L"Refresh"}}}) {
             ChooseEntry(L"nothing");
@@ -59,6 +59,35 @@ TEST_F(Operations, MenusByKindOfNode) {
         }
     });
     RunManager();
+}
+
+TEST_F(Operations, TheMemosMarkFollowsTheMemo) {
+    struct Case {
+        const wchar_t* text;
+        bool hasMemo;
+    };
+    uint32_t mark[3] = {};
+    int step = 0;
+    for (const Case& c : {Case{L"plum jam", true}, Case{L"", false}, Case{L"tea", true}}) {
+        ThenChoose(kNotePathInTree, L"Text Memo...");
+        Then([this, c] {
+            EXPECT_EQ(Desk().Top()->Title(), L"Inkwright");
+            Desk().Type(IDC_MEMO_TEXT, c.text);
+            Desk().Command(IDC_MEMO_SAVE);
+        });
+        Then([this, c, &mark, &step] {
+            EXPECT_EQ(Has(L"Work\\a.txt"), c.hasMemo);
+            EXPECT_EQ(Window().Tree().HasOverlay(Tree().Find(kNotePathInTree)), c.hasMemo);
+            const ink::PixelSurface shown = Shown();
+            for (int y = shown.height - 71; y < shown.height - 55; ++y) {
+                for (int x = shown.width - 18; x < shown.width - 2; ++x) mark[step] += shown.Row(y)[x];
+            }
+            ++step;
+        });
+    }
+    RunManager(std::wstring(kRoot) + L"Work\\");
+    EXPECT_NE(mark[0], mark[1]);
+    EXPECT_EQ(mark[0], mark[2]);
 }
 
 TEST_F(Operations, AReminderGoesToAFolderOnlyOnceFoldersAreListed) {

@@ -117,6 +117,10 @@ std::string Send(Arguments& arguments) {
     return std::to_string(static_cast<int64_t>(answer));
 }
 
+std::string Style(Arguments& arguments) {
+    return std::to_string(GetWindowLongW(WindowFrom(arguments), GWL_STYLE));
+}
+
 std::string Post(Arguments& arguments) {
     const HWND window = WindowFrom(arguments);
     UINT message = 0;
@@ -281,11 +285,11 @@ std::string Clean(Arguments&) {
 constexpr struct {
     const char* name;
     std::string (*run)(Arguments&);
-} kCommands[] = {{"windows", Windows},   {"children", Children},   {"send", Send},
-                 {"post", Post},         {"haspen", HasPen},       {"pixel", Pixel},
-                 {"picture", Picture},   {"toolplace", ToolPlace}, {"setting", Setting},
-                 {"sendtext", SendText}, {"selected", Selected},   {"settext", SetText},
-                 {"clean", Clean}};
+} kCommands[] = {{"windows", Windows}, {"children", Children}, {"send", Send},
+                 {"style", Style},     {"post", Post},         {"haspen", HasPen},
+                 {"pixel", Pixel},     {"picture", Picture},   {"toolplace", ToolPlace},
+                 {"setting", Setting}, {"sendtext", SendText}, {"selected", Selected},
+                 {"settext", SetText}, {"clean", Clean}};
 
 std::string Answer(const std::string& line) {
     Arguments arguments(line);

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+
+namespace platform {
+class Window;
+}
+
+namespace options {
+
+// The text memo of a note on disk: the text in the system's ANSI code page and nothing else, lines ending in
+// CR LF. An empty memo has no file. Characters that the code page lacks become its default character.
+class MemoFile {
+  public:
+    explicit MemoFile(std::wstring path) : path_(std::move(path)) {}
+
+    // The text that can be shown; empty when there is no memo. What fails is told to the user over `owner`,
+    // but for a file that can't be opened: that reads as empty.
+    std::wstring Read(platform::Window* owner);
+    // Replaces the memo by a text that is not empty. False when that failed, which the user was told; the
+    // memo is then what it was when it was read. What Read could not show stays behind the text.
+    bool Write(platform::Window* owner, const std::wstring& text);
+    void Erase();
+
+    // The file holds something that Read did not give, and a text that is not built on it would replace it.
+    bool HoldsUnread() const;
+    // The file goes on behind what Read gave: no text control shows what follows a zero.
+    bool HoldsMore() const { return !rest_.empty(); }
+
+  private:
+    enum class Result { Done, Failed, OutOfMemory };
+
+    Result ReadBytes(std::string& bytes);
+    Result WriteBytes(const std::wstring& text);
+    void Restore() const;
+
+    std::wstring path_;
+    std::string before_;  // the whole file as it was read
+    std::string rest_;    // its part that can't be shown
+    bool existed_ = false;
+    bool isUnread_ = false;
+};
+
+}  // namespace options

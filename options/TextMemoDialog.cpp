@@ -1,0 +1,214 @@
+#include "options/TextMemoDialog.h"
+
+#include "app/Settings.h"
+#include "ink/Color.h"
+#include "platform/Canvas.h"
+#include "platform/MessageBox.h"
+#include "platform/PopupMenu.h"
+#include "platform/Screen.h"
+#include "platform/Shell.h"
+#include "res/resource.h"
+
+namespace options {
+
+namespace {
+
+using platform::EditAction;
+using platform::Rect;
+using platform::SystemColor;
+
+constexpr int kWidth = 210;
+constexpr int kHeight = 170;
+constexpr int kTop = 2 * platform::kBarHeight;
+constexpr Rect kEditPlace{6, 26, 204, 141};
+// The dialog has this size whatever the system's font is.
+constexpr struct {
+    int id;
+    Rect place;
+} kItemPlaces[] = {{IDC_WORD_WRAP, {6, 147, 98, 163}},
+                   {IDC_MEMO_SAVE, {100, 145, 150, 165}},
+                   {IDC_MEMO_CANCEL, {154, 145, 204, 165}}};
+
+// The strip at the top, in client pixels: the drag area left of the delete square.
+constexpr int kStripHeight = 20;
+constexpr int kDragRight = 189;
+constexpr int kSquareLeft = 190;
+constexpr int kSquareRight = 210;
+
+constexpr platform::Font kStripFont{85, true};
+constexpr float kStripShade = -0.12f;
+constexpr ink::ColorRef kDeleteColor = ink::MakeColor(176, 24, 24);
+
+constexpr struct {
+    int command;  // 0 = separator
+    const wchar_t* text;
+    EditAction action;
+} kMenu[] = {{100, L"Undo", EditAction::Undo},
+             {0, nullptr, {}},
+             {110, L"Cut", EditAction::Cut},
+             {120, L"Copy", EditAction::Copy},
+             {130, L"Paste", EditAction::Paste},
+             {140, L"Delete", EditAction::Delete},
+             {0, nullptr, {}},
+             {150, L"Select All", EditAction::SelectAll}};
+
+// A cross of two strokes in the middle of the delete square.
+void DrawDeleteMark(platform::Canvas& canvas) {
+    constexpr int kSize = 9;
+    constexpr int kThickness = 2;
+    const int left = (kSquareLeft + kSquareRight - kSize - 1) / 2;
+    const int top = (kStripHeight - kSize) / 2;
+    for (int i = 0; i < kSize; ++i) {
+        for (const int x : {left + i, left + kSize - 1 - i})
+            canvas.Fill({x, top + i, x + kThickness, top + i + 1}, kDeleteColor);
+    }
+}
+
+}  // namespace
+
+TextMemoDialog::TextMemoDialog(Mode mode, const std::wstring& memo)
+    : Dialog(IDD_TEXT_MEMO), mode_(mode), memo_(memo), file_(mode == Mode::File ? memo : L"") {}
+
+bool TextMemoDialog::Edit(platform::Window& owner) {
+    caption_ = owner.Title();
+    return RunModal(&owner) == platform::kIdOk;
+}
+
+bool TextMemoDialog::OnCreate() {
+    SetTitle(caption_);
+    const int left = (platform::HandheldScreen().width - kWidth) / 2;
+    Place({left, kTop, left + kWidth, kTop + kHeight});
+    for (const auto& item : kItemPlaces) PlaceItem(item.id, item.place);
+    DrawPicture();
+    const bool wordWrap = app::Settings::Number(app::SettingId::TextMemoWordWrap) != 0;
+    CheckItem(IDC_WORD_WRAP, wordWrap);
+    if (!MakeTextEdit(IDC_MEMO_TEXT, kEditPlace, wordWrap)) {
+        platform::ShowOutOfMemory(this);
+        EndModal(platform::kIdCancel);
+        return false;
+    }
+    Fill();
+    FocusItem(IDC_MEMO_TEXT);
+    platform::ShowInputPanel(true);
+    return true;
+}
+
+// A control that can't take all of the text shows none of it: saving a part would lose the rest.
+void TextMemoDialog::Fill() {
+    const std::wstring text = mode_ == Mode::File ? file_.Read(this) : memo_;
+    SetItemText(IDC_MEMO_TEXT, text);
+    if (ItemText(IDC_MEMO_TEXT).size() == text.size()) return;
+    SetItemText(IDC_MEMO_TEXT, L"");
+    platform::ShowOutOfMemory(this);
+    EndModal(platform::kIdCancel);
+}
+
+void TextMemoDialog::OnDestroy() { platform::ShowInputPanel(false); }
+
+void TextMemoDialog::DrawPicture() {
+    picture_ = platform::Image::Make(kWidth, kHeight);
+    if (!picture_.IsValid()) return;
+    platform::Canvas canvas(picture_);
+    const ink::ColorRef frame = ColorOf(SystemColor::WindowFrame);
+    const ink::ColorRef face = ColorOf(SystemColor::ButtonFace);
+    canvas.Fill({0, 0, kWidth, kHeight}, frame);
+    canvas.Fill({1, 1, kWidth - 1, kHeight - 1}, face);
+    canvas.Fill({1, 1, kWidth - 1, kStripHeight}, ink::Shade(face, kStripShade));
+    canvas.Fill({1, kStripHeight, kWidth - 1, kStripHeight + 1}, frame);
+    canvas.Fill({kDragRight, 1, kDragRight + 1, kStripHeight}, frame);
+    const Rect text = platform::Canvas::TextSize(L"Text Memo", kStripFont);
+    canvas.Text(L"Text Memo", {kEditPlace.left, (kStripHeight - text.bottom) / 2}, kStripFont,
+                ColorOf(SystemColor::ButtonText), {1, 1, kDragRight, kStripHeight});
+    DrawDeleteMark(canvas);
+}
+
+void TextMemoDialog::OnCommand(int id) {
+    if (id == IDC_WORD_WRAP) ToggleWordWrap();
+    if (id == IDC_MEMO_SAVE || id == platform::kIdOk) Save();
+    if (id == IDC_MEMO_CANCEL || id == platform::kIdCancel) EndModal(platform::kIdCancel);
+}
+
+void TextMemoDialog::ToggleWordWrap() {
+    const platform::WaitCursor wait;
+    const bool wordWrap = IsItemChecked(IDC_WORD_WRAP);
+    if (!MakeTextEdit(IDC_MEMO_TEXT, kEditPlace, wordWrap)) {
+        CheckItem(IDC_WORD_WRAP, !wordWrap);
+        platform::ShowOutOfMemory(this);
+        return;
+    }
+    app::Settings().Write(app::SettingId::TextMemoWordWrap, wordWrap ? 1 : 0);
+    FocusItem(IDC_MEMO_TEXT);
+}
+
+void TextMemoDialog::Save() {
+    const std::wstring text = ItemText(IDC_MEMO_TEXT);
+    if (mode_ == Mode::Text) {
+        memo_ = text;
+        return EndModal(platform::kIdOk);
+    }
+    const bool losesUnseen = file_.HoldsUnread() || (text.empty() && file_.HoldsMore());
+    if (losesUnseen && !MayLoseContents()) return;
+    if (text.empty()) file_.Erase();
+    if (text.empty() || file_.Write(this, text)) EndModal(platform::kIdOk);
+}
+
+bool TextMemoDialog::MayLoseContents() {
+    return platform::ShowMessage(this, L"Contents will permanently be lost! Continue?",
+                                 L"Confirm Text Memo Delete", platform::MessageButtons::YesNo,
+                                 platform::MessageIcon::Question,
+                                 platform::DefaultButton::Second) == platform::MessageAnswer::Yes;
+}
+
+void TextMemoDialog::DeleteMemo() {
+    if (!MayLoseContents()) return;
+    if (mode_ == Mode::File) file_.Erase();
+    SetItemText(IDC_MEMO_TEXT, L"");
+}
+
+// The clipboard menu.
+void TextMemoDialog::OnEditHold(int id, platform::Point place) {
+    platform::PopupMenu menu;
+    for (const auto& entry : kMenu) {
+        if (entry.command == 0) {
+            menu.AddSeparator();
+        } else {
+            menu.Add(entry.command, entry.text, CanEdit(id, entry.action));
+        }
+    }
+    const int chosen = menu.Choose(*this, place);
+    for (const auto& entry : kMenu) {
+        if (chosen != 0 && entry.command == chosen) Dialog::Edit(id, entry.action);
+    }
+}
+
+// Dragging. The pen stays on the point of the strip that it took, so the strip can't leave the screen.
+
+platform::Point TextMemoDialog::ToScreen(platform::Point client) const {
+    const Rect window = WindowRect();
+    return {window.left + client.x, window.top + client.y};
+}
+
+void TextMemoDialog::OnPenDown(platform::Point place) {
+    dragging_ = place.x <= kDragRight && place.y <= kStripHeight;
+    if (!dragging_) return;
+    lastPlace_ = ToScreen(place);
+    CapturePen();
+}
+
+void TextMemoDialog::OnPenMove(platform::Point place) {
+    if (!dragging_) return;
+    const platform::Point now = ToScreen(place);
+    Place(Offset(WindowRect(), now.x - lastPlace_.x, now.y - lastPlace_.y));
+    lastPlace_ = now;
+}
+
+void TextMemoDialog::OnPenUp(platform::Point place) {
+    const bool wasDragging = dragging_;
+    if (HasPen()) ReleasePen();
+    dragging_ = false;
+    const bool isInSquare =
+        place.x > kSquareLeft && place.x < kSquareRight && place.y > 0 && place.y < kStripHeight;
+    if (!wasDragging && isInSquare) DeleteMemo();
+}
+
+}  // namespace options

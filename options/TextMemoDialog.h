@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+
+#include "options/MemoFile.h"
+#include "platform/Dialog.h"
+
+namespace options {
+
+// Edits the text memo of a note. The user drags it by the strip at its top, where the delete mark is too.
+class TextMemoDialog : public platform::Dialog {
+  public:
+    enum class Mode { File, Text };
+
+    // `memo` is the memo file's path, or for a note that has no file yet the memo itself.
+    TextMemoDialog(Mode mode, const std::wstring& memo);
+
+    // Runs over `owner`; true when the user saved. A memo file may be gone in either case.
+    bool Edit(platform::Window& owner);
+    // In Text mode, after Edit gave true: the edited text.
+    const std::wstring& Memo() const { return memo_; }
+
+    bool OnCreate() override;
+    void OnDestroy() override;
+    void OnPaint() override { Show(picture_, {0, 0, picture_.Width(), picture_.Height()}); }
+    void OnPenDown(platform::Point place) override;
+    void OnPenMove(platform::Point place) override;
+    void OnPenUp(platform::Point place) override;
+    void OnCaptureLost() override { dragging_ = false; }
+    void OnCommand(int id) override;
+    void OnEditHold(int id, platform::Point place) override;
+
+  private:
+    void Fill();
+    void DrawPicture();
+    void Save();
+    void ToggleWordWrap();
+    void DeleteMemo();
+    bool MayLoseContents();
+    platform::Point ToScreen(platform::Point client) const;
+
+    Mode mode_;
+    std::wstring memo_;
+    MemoFile file_;
+    std::wstring caption_;
+    platform::Image picture_;  // what lies around the controls
+    bool dragging_ = false;
+    platform::Point lastPlace_;  // of the pen while dragging, handheld screen pixels
+};
+
+}  // namespace options
