@@ -22,12 +22,13 @@ constexpr int kHeight = 170;
 constexpr int kTop = 2 * platform::kBarHeight;
 constexpr Rect kEditPlace{6, 26, 204, 141};
 // The dialog has this size whatever the system's font is.
-constexpr struct {
-    int id;
+struct ItemPlace {
+    int id = 0;
     Rect place;
-} kItemPlaces[] = {{IDC_WORD_WRAP, {6, 147, 98, 163}},
-                   {IDC_MEMO_SAVE, {100, 145, 150, 165}},
-                   {IDC_MEMO_CANCEL, {154, 145, 204, 165}}};
+};
+constexpr ItemPlace kItemPlaces[] = {{IDC_WORD_WRAP, {6, 147, 98, 163}},
+                                     {IDC_MEMO_SAVE, {100, 145, 150, 165}},
+                                     {IDC_MEMO_CANCEL, {154, 145, 204, 165}}};
 
 // The strip at the top, in client pixels: the drag area left of the delete square.
 constexpr int kStripHeight = 20;
@@ -39,18 +40,20 @@ constexpr platform::Font kStripFont{85, true};
 constexpr float kStripShade = -0.12f;
 constexpr ink::ColorRef kDeleteColor = ink::MakeColor(176, 24, 24);
 
-constexpr struct {
-    int command;  // 0 = separator
+struct MenuEntry {
     const wchar_t* text;
+    int command;  // 0 = separator
     EditAction action;
-} kMenu[] = {{100, L"Undo", EditAction::Undo},
-             {0, nullptr, {}},
-             {110, L"Cut", EditAction::Cut},
-             {120, L"Copy", EditAction::Copy},
-             {130, L"Paste", EditAction::Paste},
-             {140, L"Delete", EditAction::Delete},
-             {0, nullptr, {}},
-             {150, L"Select All", EditAction::SelectAll}};
+};
+constexpr MenuEntry kSeparator{nullptr, 0, EditAction::Undo};
+constexpr MenuEntry kMenu[] = {{L"Undo", 100, EditAction::Undo},
+                               kSeparator,
+                               {L"Cut", 110, EditAction::Cut},
+                               {L"Copy", 120, EditAction::Copy},
+                               {L"Paste", 130, EditAction::Paste},
+                               {L"Delete", 140, EditAction::Delete},
+                               kSeparator,
+                               {L"Select All", 150, EditAction::SelectAll}};
 
 // A cross of two strokes in the middle of the delete square.
 void DrawDeleteMark(platform::Canvas& canvas) {
@@ -78,7 +81,7 @@ bool TextMemoDialog::OnCreate() {
     SetTitle(caption_);
     const int left = (platform::HandheldScreen().width - kWidth) / 2;
     Place({left, kTop, left + kWidth, kTop + kHeight});
-    for (const auto& item : kItemPlaces) PlaceItem(item.id, item.place);
+    for (const ItemPlace& item : kItemPlaces) PlaceItem(item.id, item.place);
     DrawPicture();
     const bool wordWrap = app::Settings::Number(app::SettingId::TextMemoWordWrap) != 0;
     CheckItem(IDC_WORD_WRAP, wordWrap);
@@ -168,7 +171,7 @@ void TextMemoDialog::DeleteMemo() {
 // The clipboard menu.
 void TextMemoDialog::OnEditHold(int id, platform::Point place) {
     platform::PopupMenu menu;
-    for (const auto& entry : kMenu) {
+    for (const MenuEntry& entry : kMenu) {
         if (entry.command == 0) {
             menu.AddSeparator();
         } else {
@@ -176,7 +179,7 @@ void TextMemoDialog::OnEditHold(int id, platform::Point place) {
         }
     }
     const int chosen = menu.Choose(*this, place);
-    for (const auto& entry : kMenu) {
+    for (const MenuEntry& entry : kMenu) {
         if (chosen != 0 && entry.command == chosen) Dialog::Edit(id, entry.action);
     }
 }

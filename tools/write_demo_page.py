@@ -7,6 +7,7 @@ import sys
 import handwriting
 
 PAGE_TOOLS = {"pen 2": 74, "pen 3": 93, "palette": 131, "space": 158, "eraser": 177}  # x of tool buttons in the window's client area
+EDITOR_TOOLS = 219  # x of its tools button
 MANAGER_TOOLS = 181  # x of its tools button
 TOOL_ROW = 599  # y of the tool bar's middle
 
@@ -140,6 +141,17 @@ def show_notice(folder):
     tool("key", "alt+F4")
 
 
+def show_memo(folder):
+    page = Page()
+    page.click(EDITOR_TOOLS)
+    tool("sleep", 0.5, "key", "Down", "Return", "sleep", 1)
+    tool("type", "--delay", 30, "Radishes, peas, sweet basil\nTwo bags of earth")
+    page.picture(folder / "memo.png")
+    tool("key", "Escape", "sleep", 0.5, "search", "--name", "Inkwright$", "windowfocus")
+    tool("key", "alt+F4")
+
+
 if __name__ == "__main__":
-    shows = {"page": write_page, "tools": show_eraser_and_space, "manager": show_manager, "notice": show_notice}
+    shows = {"page": write_page, "tools": show_eraser_and_space, "manager": show_manager, "memo": show_memo,
+             "notice": show_notice}
     shows[sys.argv[1]](pathlib.Path(sys.argv[2]))
