@@ -39,6 +39,7 @@ constexpr int kSquareRight = 210;
 constexpr platform::Font kStripFont{85, true};
 constexpr float kStripShade = -0.12f;
 constexpr ink::ColorRef kDeleteColor = ink::MakeColor(176, 24, 24);
+constexpr ink::ColorRef kBinRibColor = ink::MakeColor(240, 208, 208);
 
 struct MenuEntry {
     const wchar_t* text;
@@ -55,16 +56,14 @@ constexpr MenuEntry kMenu[] = {{L"Undo", 100, EditAction::Undo},
                                kSeparator,
                                {L"Select All", 150, EditAction::SelectAll}};
 
-// A cross of two strokes in the middle of the delete square.
+// A waste bin in the middle of the delete square: a cross there would look like the mark that closes windows.
 void DrawDeleteMark(platform::Canvas& canvas) {
-    constexpr int kSize = 9;
-    constexpr int kThickness = 2;
-    const int left = (kSquareLeft + kSquareRight - kSize - 1) / 2;
-    const int top = (kStripHeight - kSize) / 2;
-    for (int i = 0; i < kSize; ++i) {
-        for (const int x : {left + i, left + kSize - 1 - i})
-            canvas.Fill({x, top + i, x + kThickness, top + i + 1}, kDeleteColor);
-    }
+    constexpr int kLeft = (kSquareLeft + kSquareRight - 11) / 2;
+    constexpr int kBinTop = 4;
+    constexpr Rect kParts[] = {{4, 0, 7, 1}, {0, 1, 11, 3}, {1, 4, 10, 12}};  // handle, lid, body
+    for (const Rect& part : kParts) canvas.Fill(Offset(part, kLeft, kBinTop), kDeleteColor);
+    for (const int x : {3, 5, 7})
+        canvas.Fill({kLeft + x, kBinTop + 5, kLeft + x + 1, kBinTop + 11}, kBinRibColor);
 }
 
 }  // namespace
