@@ -316,6 +316,7 @@ bool InkCanvas::OnKeyDown(platform::Key key) {
 
 void InkCanvas::OnScroll(platform::ScrollCode code, int thumbPosition) {
     input_.StopTimer();
+    if (code == platform::ScrollCode::Other) return;
     const ScrollTarget target = ScrollTargetOf(code, GetScroll(), thumbPosition);
     if (!target.atEnd) return ScrollTo(target.position);
     if (LastBandHoldsInk(page_)) AdvancePage();
@@ -328,7 +329,8 @@ int32_t InkCanvas::UpdateScrollRange() {
     return range.position;
 }
 
-void InkCanvas::ScrollTo(int32_t position) {
+void InkCanvas::ScrollTo(int32_t wanted) {
+    const int32_t position = PositionWithin(wanted);
     if (position == page_.scroll) return;
     SetScrollPosition(position);
     MoveView(position);
@@ -343,7 +345,7 @@ void InkCanvas::MoveView(int32_t position) {
 
 // Makes room below: the page grows to hold a view that lies mostly beyond what was in sight.
 void InkCanvas::AdvancePage() {
-    const int32_t position = page_.scroll + AdvanceRows(page_);
+    const int32_t position = PositionWithin(int64_t{page_.scroll} + AdvanceRows(page_));
     page_.EnsureSlot(2 * ((int64_t{position} + page_.bandHeight) / page_.bandHeight));
     MoveView(position);
     UpdateScrollRange();

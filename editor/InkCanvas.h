@@ -77,7 +77,7 @@ class InkCanvas : public platform::Screen {
     NoteKind Kind() const { return titleOverride_.empty() ? NoteKind::Ordinary : NoteKind::Reminder; }
 
     int32_t UpdateScrollRange();
-    void ScrollTo(int32_t position);
+    void ScrollTo(int32_t wanted);
     void MoveView(int32_t position);
     void AdvancePage();
 

@@ -10,6 +10,10 @@ namespace {
 constexpr double kLinesPerPage = 10.0;
 constexpr double kPageStep = 1.15;  // a page step leaves some rows of the last view in sight
 
+// Leaves 16-bit pen positions on either side of any view, so that page rows, and the distance between any two
+// of them, are 32-bit numbers.
+constexpr int32_t kLastPosition = std::numeric_limits<int32_t>::max() - 0x20000;
+
 }  // namespace
 
 platform::ScrollState ScrollRangeOf(const ink::InkPage& page) {
@@ -17,7 +21,7 @@ platform::ScrollState ScrollRangeOf(const ink::InkPage& page) {
     const auto slots = static_cast<int64_t>(page.SlotCount());
     const int64_t lastSlot = slots - 1;
     const int64_t bandRows = slots == 0 ? 1 : (lastSlot + lastSlot % 2) / 2 + 1;
-    const int64_t rows = std::min<int64_t>(bandRows * height, std::numeric_limits<int32_t>::max() - height);
+    const int64_t rows = std::min<int64_t>(bandRows * height, kLastPosition);
     platform::ScrollState state;
     state.maximum = static_cast<int>(rows);
     state.page = page.canvasHeight + 1;
@@ -47,6 +51,8 @@ ScrollTarget ScrollTargetOf(platform::ScrollCode code, const platform::ScrollSta
             return {scroll.minimum, false};
         case ScrollCode::Bottom:
             return {scroll.maximum, false};
+        case ScrollCode::Other:
+            break;
     }
     return {scroll.position, false};
 }
@@ -56,6 +62,10 @@ bool LastBandHoldsInk(const ink::InkPage& page) {
     const size_t lastEven = (page.SlotCount() - 1) & ~size_t{1};
     const ink::StrokeBand* band = page.Band(lastEven);
     return band != nullptr && !band->IsEmpty();
+}
+
+int32_t PositionWithin(int64_t position) {
+    return static_cast<int32_t>(std::clamp<int64_t>(position, 0, kLastPosition));
 }
 
 // Single precision and truncation: pages made on other devices move on by the same rows.

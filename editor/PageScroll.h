@@ -22,6 +22,9 @@ ScrollTarget ScrollTargetOf(platform::ScrollCode code, const platform::ScrollSta
 // True when the last whole band of the page (even slot) holds ink, so that there is reason to make room.
 bool LastBandHoldsInk(const ink::InkPage& page);
 
+// The nearest page row that a view may begin with: rows of pen positions in it can be reckoned in 32 bits.
+int32_t PositionWithin(int64_t position);
+
 // By how many rows the page moves on when the writer reaches its end.
 int32_t AdvanceRows(const ink::InkPage& page);
 

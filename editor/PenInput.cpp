@@ -171,6 +171,7 @@ void PenInput::TakePoint(ink::Point place) {
     last_ = place;
 }
 
+// The sum can't overflow: a view begins nowhere near the last row that a number can tell.
 void PenInput::Append(ink::Point place) {
     trace_.Append({place.x, page_.scroll + place.y});
     lowestRow_ = std::max(lowestRow_, page_.scroll + place.y);

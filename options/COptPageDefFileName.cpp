@@ -41,6 +41,8 @@ bool COptPageDefFileName::OnCreate() {
     const app::Settings settings;
     for (const PatternControls& pattern : kPatterns) {
         const bool isDefault = settings.StoredText(pattern.setting).empty();
+        // A longer one could not be read back.
+        LimitItemText(pattern.edit, static_cast<int>(app::InfoOf(pattern.setting).capacity) - 1);
         SetItemText(pattern.edit, settings.ReadText(pattern.setting));
         CheckItem(pattern.usesDefault, isDefault);
         EnableItem(pattern.edit, !isDefault);

@@ -33,6 +33,9 @@ class Dialog : public Window {
     // Free pixels left and right of an edit's text.
     void SetItemMargins(int id, int pixels);
 
+    // Characters that the user can type into an edit.
+    void LimitItemText(int id, int characters);
+
     // Edits of many lines, made at run time. `place` is in client pixels. One with this id already is
     // replaced: its text is carried over, what it could undo is not. The caret stands at the start, any
     // length of text is taken, Enter begins a line. False: nothing has changed.

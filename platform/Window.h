@@ -16,7 +16,8 @@ using ink::Rect;
 constexpr int kIdOk = 1;
 constexpr int kIdCancel = 2;
 
-enum class ScrollCode { LineUp, LineDown, PageUp, PageDown, ThumbPosition, Top, Bottom };
+// Other stands for requests that move nothing by themselves: a thumb under way, the end of a request.
+enum class ScrollCode { LineUp, LineDown, PageUp, PageDown, ThumbPosition, Top, Bottom, Other };
 enum class Key { Left, Up, Right, Down, PageUp, PageDown, Home, End, Enter, Escape, Delete, F2, Other };
 
 struct ScrollState {

@@ -86,8 +86,8 @@ void HostDesk::PrivateMessage(uint32_t code, intptr_t payload) { Target().OnPriv
 void HostDesk::Type(int item, const std::wstring& text) {
     HostItem& edit = Target().Handle()->items[item];
     if (edit.isTextEdit) edit.textBefore = edit.text;
-    edit.text = text;
-    edit.selectionStart = edit.selectionEnd = text.size();
+    edit.text = text.substr(0, edit.textLimit);
+    edit.selectionStart = edit.selectionEnd = edit.text.size();
     Target().OnControlChanged(item);
 }
 

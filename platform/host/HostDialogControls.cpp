@@ -64,6 +64,10 @@ void Dialog::SetItemMargins(int id, int pixels) {
     if (HostItem* item = Find(*impl_, id)) item->margins = pixels;
 }
 
+void Dialog::LimitItemText(int id, int characters) {
+    if (HostItem* item = Find(*impl_, id)) item->textLimit = static_cast<size_t>(characters);
+}
+
 bool Dialog::IsItemChecked(int id) const {
     const HostItem* item = Find(*impl_, id);
     return item != nullptr && item->checked;

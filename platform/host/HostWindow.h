@@ -31,6 +31,7 @@ struct HostItem {
     int16_t spinMaximum = 100;
     int16_t spin = 0;
     int margins = 0;
+    size_t textLimit = std::wstring::npos;
     bool isTextEdit = false;
     bool wordWrap = false;
     size_t selectionStart = 0;

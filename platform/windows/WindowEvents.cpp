@@ -74,32 +74,21 @@ bool PrivateMessage(Event& event) {
     return true;
 }
 
-bool ScrollCodeOf(WORD systemCode, ScrollCode& code) {
-    switch (systemCode) {
-        case SB_LINEUP:
-            code = ScrollCode::LineUp;
-            return true;
-        case SB_LINEDOWN:
-            code = ScrollCode::LineDown;
-            return true;
-        case SB_PAGEUP:
-            code = ScrollCode::PageUp;
-            return true;
-        case SB_PAGEDOWN:
-            code = ScrollCode::PageDown;
-            return true;
-        case SB_THUMBPOSITION:
-            code = ScrollCode::ThumbPosition;
-            return true;
-        case SB_TOP:
-            code = ScrollCode::Top;
-            return true;
-        case SB_BOTTOM:
-            code = ScrollCode::Bottom;
-            return true;
-        default:
-            return false;
+ScrollCode ScrollCodeOf(WORD systemCode) {
+    constexpr struct {
+        WORD system;
+        ScrollCode code;
+    } kCodes[] = {{SB_LINEUP, ScrollCode::LineUp},
+                  {SB_LINEDOWN, ScrollCode::LineDown},
+                  {SB_PAGEUP, ScrollCode::PageUp},
+                  {SB_PAGEDOWN, ScrollCode::PageDown},
+                  {SB_THUMBPOSITION, ScrollCode::ThumbPosition},
+                  {SB_TOP, ScrollCode::Top},
+                  {SB_BOTTOM, ScrollCode::Bottom}};
+    for (const auto& known : kCodes) {
+        if (known.system == systemCode) return known.code;
     }
+    return ScrollCode::Other;
 }
 
 // The message carries 16 bits of the thumb's position. The system knows all of them, but only about a thumb
@@ -114,8 +103,7 @@ int ThumbPosition(const Event& event) {
 }
 
 bool VerticalScroll(Event& event) {
-    ScrollCode code{};
-    if (!ScrollCodeOf(LOWORD(event.wParam), code)) return true;
+    const ScrollCode code = ScrollCodeOf(LOWORD(event.wParam));
     event.window.OnScroll(code, code == ScrollCode::ThumbPosition ? ThumbPosition(event) : 0);
     return true;
 }

@@ -20,6 +20,10 @@ void Dialog::SetItemMargins(int id, int pixels) {
     Send(impl_->frame, id, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(pixels, pixels));
 }
 
+void Dialog::LimitItemText(int id, int characters) {
+    Send(impl_->frame, id, EM_SETLIMITTEXT, static_cast<WPARAM>(characters), 0);
+}
+
 bool Dialog::IsItemChecked(int id) const { return Send(impl_->frame, id, BM_GETCHECK, 0, 0) == BST_CHECKED; }
 
 void Dialog::CheckItem(int id, bool checked) {

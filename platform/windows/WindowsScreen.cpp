@@ -70,6 +70,13 @@ LRESULT CALLBACK FrameProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM
             state.frame = state.page = nullptr;
             state.ended = true;
             break;
+        // The page covers the frame's client area: a pen or timer message sent to the frame means the page.
+        case WM_LBUTTONDOWN:
+        case WM_MOUSEMOVE:
+        case WM_LBUTTONUP:
+        case WM_TIMER:
+            if (state.page) return SendMessageW(state.page, message, wParam, lParam);
+            break;
         case WM_COMMAND:
         case WM_VSCROLL:
         case WM_KEYDOWN:

@@ -30,6 +30,8 @@ WORD SystemScrollCode(ScrollCode code) {
             return SB_TOP;
         case ScrollCode::Bottom:
             return SB_BOTTOM;
+        case ScrollCode::Other:
+            break;
     }
     return SB_ENDSCROLL;
 }

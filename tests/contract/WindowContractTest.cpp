@@ -150,13 +150,14 @@ TEST_F(WindowContract, ScrollRequestsFromOutside) {
         return true;
     };
     const ScrollCode codes[] = {ScrollCode::LineUp,   ScrollCode::LineDown, ScrollCode::PageUp,
-                                ScrollCode::PageDown, ScrollCode::Top,      ScrollCode::Bottom};
+                                ScrollCode::PageDown, ScrollCode::Top,      ScrollCode::Bottom,
+                                ScrollCode::Other};
     for (const ScrollCode code : codes) {
         driver_.Then([this, &screen, code] { driver_.SendScroll(screen, code, 0); });
     }
     Run(screen, [&] { driver_.SendScroll(screen, ScrollCode::ThumbPosition, 1234); });
     EXPECT_THAT(screen.log, ElementsAre("scroll 0 0", "scroll 1 0", "scroll 2 0", "scroll 3 0", "scroll 5 0",
-                                        "scroll 6 0", "scroll 4 1234", "destroy"));
+                                        "scroll 6 0", "scroll 7 0", "scroll 4 1234", "destroy"));
 }
 
 TEST_F(WindowContract, ScrollPositionsStayInRange) {

@@ -172,7 +172,7 @@ void Driver::Close(Window& window) { PostMessageW(window.Handle()->frame, WM_SYS
 
 void Driver::SendScroll(Window& window, platform::ScrollCode code, int position) {
     constexpr WORD kCodes[] = {SB_LINEUP,        SB_LINEDOWN, SB_PAGEUP, SB_PAGEDOWN,
-                               SB_THUMBPOSITION, SB_TOP,      SB_BOTTOM};
+                               SB_THUMBPOSITION, SB_TOP,      SB_BOTTOM, SB_ENDSCROLL};
     const auto wParam = static_cast<WPARAM>(MAKELONG(kCodes[static_cast<size_t>(code)], position));
     PostMessageW(window.Handle()->frame, WM_VSCROLL, wParam, 0);
 }

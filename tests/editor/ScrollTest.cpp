@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "editor/PageScroll.h"
 #include "tests/support/DeskTest.h"
 
@@ -127,6 +129,38 @@ TEST_F(Scroll, BottomShowsTheRoomBelowThePage) {
         Desk().Settle();
         EXPECT_TRUE(HasInkAt(10));
     });
+}
+
+TEST_F(Scroll, AnyRequestEndsTheWaitOfTheWriter) {
+    for (const ScrollCode code : {ScrollCode::Other, ScrollCode::LineUp}) {
+        RunOn(NoteOfRows({}), [this, code] {
+            Desk().Stroke({{50, 200}, {60, 260}});
+            Desk().Scroll(code);
+            Desk().PassTime(2000);
+            EXPECT_EQ(State().position, 0);
+        });
+    }
+}
+
+TEST_F(Scroll, WritingAtTheEndOfAllNumbersIsRefused) {
+    constexpr int kFar = std::numeric_limits<int32_t>::max();
+    device.files.Put(kNote, NoteOfRows({10}));
+    Then([this] {
+        Desk().Scroll(ScrollCode::ThumbPosition, kFar);
+        for (int i = 0; i < 3; ++i) Desk().PassTime(1000);
+        Desk().PenDown({50, 100});
+        Desk().PenMove({60, 32767});
+        Desk().Scroll(ScrollCode::Top);
+        Desk().PenMove({70, 120});
+        Desk().Scroll(ScrollCode::ThumbPosition, kFar);
+        Desk().PenUp({80, 140});
+        Desk().Scroll(ScrollCode::Top);
+    });
+    Close();
+    Run(kNote);
+    const auto page = ReadBack(kNote);
+    ASSERT_EQ(page->SlotCount(), 1u);
+    EXPECT_EQ(page->Band(0)->Count(), 1u);
 }
 
 TEST(PageScroll, TheLastWholeBandDecidesWhetherThereIsInkAtTheEnd) {

@@ -140,6 +140,16 @@ TEST_F(OptionsSheet, AnEmptyPatternIsTheDefaultAndAnUnseenPageKeepsItsOwn) {
     EXPECT_EQ(app::Settings::Text(app::SettingId::SaveAs_ReminderFN), L"%m");
 }
 
+TEST_F(OptionsSheet, APatternGrowsNoLongerThanCanBeReadBack) {
+    ThenShow(kFileName);
+    Then([this] {
+        Desk().Command(IDC_REMINDER_PATTERN_DEFAULT);
+        Desk().Type(IDC_REMINDER_PATTERN, std::wstring(400, L'x'));
+    });
+    RunSheet(platform::kIdOk);
+    EXPECT_EQ(app::Settings::Text(app::SettingId::SaveAs_ReminderFN), std::wstring(259, L'x'));
+}
+
 TEST_F(OptionsSheet, TheHelpNamesEveryFormatCharacter) {
     ThenShow(kFileName);
     Then([this] {

@@ -62,6 +62,8 @@ std::wstring TextOf(HWND window) {
 }
 
 std::string Described(HWND window) {
+    // First of all: the window's thread answers only once the window is where it belongs.
+    const std::wstring text = TextOf(window);
     wchar_t className[64] = L"";
     RECT place{};
     RECT client{};
@@ -76,7 +78,7 @@ std::string Described(HWND window) {
     std::ostringstream json;
     json << "{\"handle\":" << reinterpret_cast<uintptr_t>(window) << ",\"process\":" << process
          << ",\"program\":" << Quoted(ProgramOf(process)) << ",\"class\":" << Quoted(className)
-         << ",\"id\":" << GetDlgCtrlID(window) << ",\"text\":" << Quoted(TextOf(window))
+         << ",\"id\":" << GetDlgCtrlID(window) << ",\"text\":" << Quoted(text)
          << ",\"enabled\":" << (IsWindowEnabled(window) ? "true" : "false")
          << ",\"visible\":" << (IsWindowVisible(window) ? "true" : "false") << ",\"place\":" << Listed(place)
          << ",\"client\":" << Listed(client) << "}";

@@ -27,6 +27,12 @@ class Commands(case.Case):
         self.assertEqual(self.checked(), [PEN])
         self.close(self.program, self.frame)
 
+    def test_pen_messages_to_the_frame_mean_its_page(self):
+        for message, held, x, y in ((0x201, 1, 50, 120), (0x200, 1, 90, 160), (0x202, 0, 90, 160)):
+            self.desk.ask(f"send {self.frame['handle']} {message} {held} {y << 16 | x}")
+        self.close(self.program, self.frame)
+        self.assertEqual(self.path.read_bytes(), case.note_bytes(588, [[(case.GREY, [(50, 120), (90, 160)])]]))
+
     def test_a_recent_colour_moves_to_the_front(self):
         self.desk.press_tool(self.frame, RECENT_2)
         self.desk.stroke(self.page, [(50, 120), (90, 160)])

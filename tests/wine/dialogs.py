@@ -4,6 +4,7 @@ import desk
 
 FIND, OPTIONS = 32810, 33001
 BM_GETCHECK, BM_CLICK, WM_GETTEXT = 0x00F0, 0x00F5, 0x000D
+EM_GETLIMITTEXT = 0x00D5
 CB_GETCURSEL, CB_SETCURSEL, CBN_SELCHANGE = 0x0147, 0x014E, 1
 UDM_SETPOS, UDM_GETPOS = 0x0400 + 103, 0x0400 + 104
 TCM_GETITEMCOUNT, PSM_SETCURSEL = 0x1304, 0x0400 + 101
@@ -50,6 +51,8 @@ class Dialogs(case.Case):
         names = self.desk.child(sheet, **{"class": "#32770", "text": "Default File Name"})
         pattern = self.desk.child(names, id=1032)
         self.assertEqual((pattern["text"], pattern["enabled"]), ("Reminder %f", False))
+        limits = [self.send(self.desk.child(names, id=edit), EM_GETLIMITTEXT) for edit in (1031, 1032)]
+        self.assertEqual(limits, [259, 259], "what can be read back")
         self.assertTrue(self.desk.child(names, id=1035)["text"].endswith("for file names.)\r\n"))
         self.click(names, 1034)
         desk.wait_for("the pattern to be free", lambda: self.desk.child(names, id=1032)["enabled"])
