@@ -7,7 +7,6 @@ namespace manager {
 
 namespace {
 
-constexpr int32_t kHeadRows = 45;
 // A stroke that begins in the head is filed by its last row, and no pen draws over more views than this: what
 // lies in later blocks of the file need not be read.
 constexpr int64_t kLastHeadBlock = 2;
@@ -32,7 +31,7 @@ void NoteHead::Paint(const ink::PixelSurface& surface, const app::PenSettings& p
     ink::NoteScanner scanner(source_, header_, header_.bandHeight, pool, ink::NoteScanner::Mode::Visit);
     ink::StrokeRecord* record = nullptr;
     while (scanner.Next(record) == ink::ScanResult::Record && scanner.Block() <= kLastHeadBlock) {
-        if (record->count < 1 || record->minY >= kHeadRows) continue;
+        if (record->count < 1 || record->minY >= ink::kHeadRows) continue;
         ink::PixelSurface target = surface;
         painter.PaintStroke(target, *record, 0, surface.Bounds());
     }
