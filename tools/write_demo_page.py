@@ -6,9 +6,10 @@ import sys
 
 import handwriting
 
-PAGE_TOOLS = {"pen 2": 74, "pen 3": 93, "palette": 131, "space": 158, "eraser": 177}  # x of tool buttons in the window's client area
-EDITOR_TOOLS = 219  # x of its tools button
-MANAGER_TOOLS = 181  # x of its tools button
+# x of tool buttons in the window's client area
+PAGE_TOOLS = {"pen 2": 74, "pen 3": 93, "palette": 131, "space": 158, "eraser": 177}
+EDITOR_TOOLS = 219
+MANAGER_TOOLS = 181
 TOOL_ROW = 599  # y of the tool bar's middle
 
 
@@ -128,11 +129,20 @@ def show_manager(folder):
     tool("sleep", 0.5, "key", "Down", "Return")
     window_named("Options")
     page.picture(folder / "options.png")
+    page.click(187, 173)  # the second tab
+    page.picture(folder / "names.png")
     tool("key", "Escape", "sleep", 0.5)
     page.click(88)
     page.picture(folder / "calendar.png")
     tool("search", "--name", "Inkwright$", "windowfocus")
     tool("key", "alt+F4")
+
+
+def send(_):
+    page = Page()
+    page.click(EDITOR_TOOLS)
+    tool("sleep", 0.5, "key", "Up", "Return")
+    window_named("^ Inkwright$")  # no mail program here
 
 
 def show_notice(folder):
@@ -153,5 +163,5 @@ def show_memo(folder):
 
 if __name__ == "__main__":
     shows = {"page": write_page, "tools": show_eraser_and_space, "manager": show_manager, "memo": show_memo,
-             "notice": show_notice}
+             "notice": show_notice, "mail": send}
     shows[sys.argv[1]](pathlib.Path(sys.argv[2]))
