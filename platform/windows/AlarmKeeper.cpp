@@ -9,8 +9,10 @@
 #include <string>
 
 #include "platform/Clock.h"
+#include "platform/Shell.h"
 #include "platform/windows/NoticeWindow.h"
 #include "platform/windows/NotificationStore.h"
+#include "platform/windows/Processes.h"
 #include "platform/windows/SystemTimes.h"
 
 namespace {
@@ -52,26 +54,13 @@ bool TimerTicks(const DateTime& moment, LARGE_INTEGER& ticks) {
     return true;
 }
 
-std::wstring OwnPath() {
-    wchar_t path[MAX_PATH] = L"";
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return path;
-}
-
 void Start(const std::wstring& program, const std::wstring& arguments) {
-    std::wstring command = L"\"" + program + L"\" " + arguments;
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &process)) {
-        return;
-    }
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+    platform::windows::StartProcess(program, L"\"" + program + L"\" " + arguments);
 }
 
-void StartFiring(NotificationHandle handle) { Start(OwnPath(), kFireSwitch + std::to_wstring(handle)); }
+void StartFiring(NotificationHandle handle) {
+    Start(platform::ProgramPath(), kFireSwitch + std::to_wstring(handle));
+}
 
 // Takes the entry out of the database; false when another run has it already.
 bool Claim(NotificationHandle handle, NotificationEntry& entry) {

@@ -7,6 +7,7 @@
 #include "platform/Clock.h"
 #include "platform/windows/Guards.h"
 #include "platform/windows/MailFiles.h"
+#include "platform/windows/Processes.h"
 
 namespace platform::windows {
 
@@ -52,17 +53,7 @@ std::wstring LinuxArgument(GetUnixName unixName, const std::wstring& hostPath) {
 }
 
 bool StartShell(const std::wstring& picture, const std::wstring& status) {
-    std::wstring command = std::wstring(L"sh -c \"") + kScript + L"\" sh " + picture + L" " + status;
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessW(kShell, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &process)) {
-        return false;
-    }
-    if (process.hThread) CloseHandle(process.hThread);
-    if (process.hProcess) CloseHandle(process.hProcess);
-    return true;
+    return StartProcess(kShell, std::wstring(L"sh -c \"") + kScript + L"\" sh " + picture + L" " + status);
 }
 
 // A file in the temporary folder that goes away with its owner.

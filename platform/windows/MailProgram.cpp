@@ -12,6 +12,7 @@
 #include "platform/windows/LinuxMail.h"
 #include "platform/windows/MailFiles.h"
 #include "platform/windows/MailMessage.h"
+#include "platform/windows/Processes.h"
 #include "platform/windows/SystemTimes.h"
 
 namespace {
@@ -22,20 +23,6 @@ constexpr int kFailed = 1;
 
 struct FreeLocal {
     void operator()(void* memory) const { LocalFree(memory); }
-};
-
-// What the shell needs of a thread that starts programs by their documents.
-class ShellThread {
-  public:
-    ShellThread() : initialized_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
-    ShellThread(const ShellThread&) = delete;
-    ShellThread& operator=(const ShellThread&) = delete;
-    ~ShellThread() {
-        if (initialized_) CoUninitialize();
-    }
-
-  private:
-    bool initialized_;
 };
 
 void Say(const std::wstring& text, MessageIcon icon) {
@@ -120,6 +107,6 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
             MessageIcon::Information);
         return kFailed;
     }
-    const ShellThread shell;
+    const platform::windows::SystemObjects objects;  // opening a file may need them
     return Attach(argument);
 }

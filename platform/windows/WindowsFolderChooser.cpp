@@ -1,6 +1,7 @@
 #include "platform/FileSystem.h"
 #include "platform/windows/Guards.h"
 #include "platform/windows/HandheldPath.h"
+#include "platform/windows/Processes.h"
 #include "platform/windows/WindowImpl.h"
 
 namespace platform {
@@ -10,20 +11,6 @@ using windows::OwnedItemIds;
 namespace {
 
 constexpr DWORD kLongestPath = 32768;
-
-// The shell's objects, for the length of a scope.
-class ShellObjects {
-  public:
-    ShellObjects() : initialized_(SUCCEEDED(OleInitialize(nullptr))) {}
-    ShellObjects(const ShellObjects&) = delete;
-    ShellObjects& operator=(const ShellObjects&) = delete;
-    ~ShellObjects() {
-        if (initialized_) OleUninitialize();
-    }
-
-  private:
-    bool initialized_;
-};
 
 OwnedItemIds ItemIdsOf(const std::wstring& hostPath) {
     PIDLIST_ABSOLUTE ids = nullptr;
@@ -39,7 +26,7 @@ int CALLBACK OpenAtStart(HWND chooser, UINT message, LPARAM, LPARAM startPath) {
 }  // namespace
 
 bool ChooseFolder(Window* owner, const std::wstring& title, const std::wstring& start, std::wstring& chosen) {
-    const ShellObjects shell;
+    const windows::SystemObjects objects;
     const std::wstring startPath = windows::ToShellPath(start);
     // A folder that stands for the whole device bounds the choice: outside it there is nothing to name.
     const OwnedItemIds root = windows::HasDeviceFolder() ? ItemIdsOf(windows::ToShellPath(L"\\")) : nullptr;

@@ -1,5 +1,6 @@
 #include "platform/Shell.h"
 #include "platform/TextEncoding.h"
+#include "platform/windows/Processes.h"
 #include "platform/windows/WindowImpl.h"
 
 namespace platform {
@@ -35,8 +36,7 @@ bool IsInSearchPath(const std::wstring& program) {
 std::wstring MailProgram() {
     const std::wstring program = IsPocketPc() ? L"tmail.exe" : L"pmail.exe";
     if (IsRegistered(program) || IsInSearchPath(program)) return program;
-    const std::wstring own = ProgramPath();
-    return own.substr(0, own.rfind(L'\\') + 1) + program;
+    return windows::PathBesideProgram(program);
 }
 
 }  // namespace

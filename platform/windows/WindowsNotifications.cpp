@@ -4,6 +4,7 @@
 #include "platform/Notifications.h"
 #include "platform/Shell.h"
 #include "platform/windows/NotificationStore.h"
+#include "platform/windows/Processes.h"
 
 namespace platform {
 
@@ -15,11 +16,6 @@ namespace {
 constexpr wchar_t kRunKey[] = L"Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 constexpr wchar_t kRunValue[] = L"InkwrightAlarms";
 
-std::wstring KeeperPath() {
-    const std::wstring program = ProgramPath();
-    return program.substr(0, program.rfind(L'\\') + 1) + windows::kKeeperProgram;
-}
-
 bool KeeperRuns() {
     const windows::OwnedHandle mutex(OpenMutexW(SYNCHRONIZE, FALSE, windows::kKeeperMutex));
     return mutex != nullptr;
@@ -27,19 +23,11 @@ bool KeeperRuns() {
 
 // From now on it starts with the user's session as well.
 void StartKeeper() {
-    const std::wstring path = L"\"" + KeeperPath() + L"\"";
-    RegSetKeyValueW(HKEY_CURRENT_USER, kRunKey, kRunValue, REG_SZ, path.c_str(),
-                    static_cast<DWORD>((path.size() + 1) * sizeof(wchar_t)));
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    std::wstring command = path;
-    if (!CreateProcessW(KeeperPath().c_str(), command.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS,
-                        nullptr, nullptr, &startup, &process)) {
-        return;
-    }
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+    const std::wstring keeper = windows::PathBesideProgram(windows::kKeeperProgram);
+    const std::wstring command = L"\"" + keeper + L"\"";
+    RegSetKeyValueW(HKEY_CURRENT_USER, kRunKey, kRunValue, REG_SZ, command.c_str(),
+                    static_cast<DWORD>((command.size() + 1) * sizeof(wchar_t)));
+    windows::StartProcess(keeper, command, DETACHED_PROCESS);
 }
 
 std::wstring DeviceFolder() {
