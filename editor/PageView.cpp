@@ -58,7 +58,7 @@ void PageView::PaintSegment(const ink::Point* points, size_t count) {
 
 void PageView::FinishStroke(const ink::Rect& box) {
     painter_.EndStroke();
-    const int32_t reach = painter_.Reach();
+    const int32_t reach = Reach();
     const ink::Rect area = Intersect(Inflate(box, reach, reach), Bounds());
     ink::PixelSurface surface = image_.Surface();
     painter_.Repaint(surface, page_, page_.scroll, area);

@@ -19,6 +19,9 @@ class PageView {
     // The pen for the page's style and size; false when memory is short.
     bool UpdatePen() { return painter_.SetPen(page_.penStyle, page_.PenWidth()); }
 
+    // By how many pixels the pen's ink reaches beyond its points.
+    int32_t Reach() const { return painter_.Reach(); }
+
     // Draws the whole view into the page image and has the window repainted.
     void Redraw();
     // Answers the window's paint event.

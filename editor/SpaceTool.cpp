@@ -24,7 +24,7 @@ bool SpaceTool::Finish() {
     if (start_ == current_ || page_.SlotCount() == 0) return false;
     const int64_t from = int64_t{page_.scroll} + start_;
     const int64_t rows = int64_t{current_} - start_;
-    const ink::EditResult result = ink::MoveStrokes(page_, from, rows);
+    const ink::EditResult result = ink::MoveStrokes(page_, from, rows, view_.Reach());
     if (result == ink::EditResult::OutOfMemory) platform::ShowOutOfMemory(&window_);
     if (result != ink::EditResult::Changed) return false;
     if (rows < 0) page_.TrimTrailingBands();

@@ -35,7 +35,8 @@ BandCuts CutsOf(const StrokeBand& band, const SweptRegion& region) {
     return found;
 }
 
-// Where a page comes apart when the strokes that begin at some row or below move away from the others.
+// Where a page comes apart when the strokes that begin at some row or below move away from the others. Rows
+// are those of the ink, not of its points.
 struct Seam {
     int64_t lastAbove = -1;  // lowest row of the strokes that stay, or the row above the page
     int64_t firstBelow = std::numeric_limits<int64_t>::max();  // highest row of those that move
@@ -44,7 +45,7 @@ struct Seam {
     int64_t BlankRows() const { return std::max<int64_t>(0, firstBelow - lastAbove - 1); }
 };
 
-Seam FindSeam(const InkPage& page, int64_t from) {
+Seam FindSeam(const InkPage& page, int64_t from, int32_t reach) {
     Seam seam;
     for (size_t slot = 0; slot < page.SlotCount(); ++slot) {
         const StrokeBand* band = page.Band(slot);
@@ -52,9 +53,9 @@ Seam FindSeam(const InkPage& page, int64_t from) {
             const StrokeRecord& record = band->At(i);
             if (record.count < 1) continue;
             if (record.minY < from) {
-                seam.lastAbove = std::max<int64_t>(seam.lastAbove, record.maxY);
+                seam.lastAbove = std::max<int64_t>(seam.lastAbove, int64_t{record.maxY} + reach);
             } else {
-                seam.firstBelow = std::min<int64_t>(seam.firstBelow, record.minY);
+                seam.firstBelow = std::min<int64_t>(seam.firstBelow, int64_t{record.minY} - reach);
             }
         }
     }
@@ -82,8 +83,8 @@ EditResult EraseStrokes(InkPage& page, const SweptRegion& region) {
     return result;
 }
 
-EditResult MoveStrokes(InkPage& page, int64_t from, int64_t rows) {
-    const Seam seam = FindSeam(page, from);
+EditResult MoveStrokes(InkPage& page, int64_t from, int64_t rows, int32_t reach) {
+    const Seam seam = FindSeam(page, from, reach);
     if (seam.NothingBelow()) return EditResult::NothingToDo;
     const int64_t distance = std::max(rows, -seam.BlankRows());
     if (distance == 0) return EditResult::NothingToDo;

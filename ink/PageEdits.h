@@ -18,7 +18,8 @@ EditResult EraseStrokes(InkPage& page, const SweptRegion& region);
 
 // Moves the strokes that begin at page row `from` or below by `rows`: down to open a gap (positive), or up.
 // Strokes that begin above stay, and ink moves up no further than to the row below theirs, nor above the
-// page. On OutOfMemory (also when the page would get too long) nothing has moved.
-EditResult MoveStrokes(InkPage& page, int64_t from, int64_t rows);
+// page; `reach` is by how many pixels ink reaches beyond its points. On OutOfMemory (also when the page would
+// get too long) nothing has moved.
+EditResult MoveStrokes(InkPage& page, int64_t from, int64_t rows, int32_t reach);
 
 }  // namespace ink

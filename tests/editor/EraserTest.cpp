@@ -148,6 +148,23 @@ TEST_F(Eraser, SpaceOpensAndClosesRows) {
     }
 }
 
+// Lines of ten pixels reach five rows beyond their points: none lands on another or leaves the page.
+TEST_F(Eraser, WideInkClosesUpByWhatItCovers) {
+    device.SetSetting(L"PenInfo", 0x00020064);
+    const std::pair<Trace, std::vector<int>> kCases[] = {{{{5, 150}, {9, -40}}, {100, 111}},
+                                                         {{{5, 90}, {9, -40}}, {10, 110}},
+                                                         {{{5, 99}, {9, -40}}, {5, 105}}};
+    for (const auto& [drag, rows] : kCases) {
+        device.files.Put(kNote, Words({5, 0xFFFFFF, 0, kViewHeight}));
+        const auto page = Edited([this, &drag = drag] {
+            for (const int y : {100, 200}) Desk().Stroke(Line({20, y}, 10));
+            Choose(IDM_SPACE_TOOL);
+            Desk().Stroke(drag);
+        });
+        EXPECT_EQ(Rows(*page), rows);
+    }
+}
+
 TEST_F(Eraser, TheBandOfTheSpaceToolIsInvertedFromItsRowToThePen) {
     Edited([this] {
         Desk().Stroke({{30, 120}, {90, 120}});

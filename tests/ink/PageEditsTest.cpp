@@ -155,18 +155,19 @@ TEST(PageEdits, ASquareReachesExactlySevenPixels) {
     }
 }
 
-// How far the strokes from `from` on can go up, found by trying.
-int64_t TriedDistance(const Model& model, int64_t from, int64_t rows) {
+// How far the strokes from `from` on can go up, found by trying. Ink that touches other ink, or the page's
+// edge, already stays where it is.
+int64_t TriedDistance(const Model& model, int64_t from, int64_t rows, int64_t reach) {
     for (; rows < 0; ++rows) {
         bool fits = true;
         for (const auto& moving : model) {
             for (const Stroke& mover : moving.second) {
                 if (mover.points.empty() || mover.minY < from) continue;
-                fits = fits && mover.minY + rows >= 0;
+                fits = fits && mover.minY - reach + rows >= 0;
                 for (const auto& staying : model) {
                     for (const Stroke& above : staying.second) {
                         const bool stays = !above.points.empty() && above.minY < from;
-                        fits = fits && (!stays || above.maxY < mover.minY + rows);
+                        fits = fits && (!stays || above.maxY + reach < mover.minY - reach + rows);
                     }
                 }
             }
@@ -187,8 +188,9 @@ TEST(PageEdits, MakingSpaceIsWhatTheSlowModelSays) {
         for (int y = number(10, 400); y < 1500; y += number(1, 500)) sketch::Add(page, {{5, y}, {9, y}}, 9);
         const int64_t from = number(0, 500);
         const int64_t rows = number(-250, 250);
+        const int reach = number(0, 9);
         const Model before = ModelOf(page);
-        const int64_t distance = TriedDistance(before, from, rows);
+        const int64_t distance = TriedDistance(before, from, rows, reach);
         Model wanted;
         bool moves = false;
         for (auto slot = before.rbegin(); slot != before.rend(); ++slot) {  // as they are drawn
@@ -204,7 +206,7 @@ TEST(PageEdits, MakingSpaceIsWhatTheSlowModelSays) {
             }
         }
         page.modified = false;
-        const EditResult result = ink::MoveStrokes(page, from, rows);
+        const EditResult result = ink::MoveStrokes(page, from, rows, reach);
         ASSERT_TRUE(ModelOf(page) == wanted) << "round " << round;
         ASSERT_EQ(result, moves ? EditResult::Changed : EditResult::NothingToDo) << "round " << round;
         ASSERT_EQ(page.modified, moves) << "round " << round;
@@ -236,7 +238,7 @@ TEST(PageEdits, NothingMovesBeyondTheLongestPage) {
         page.bandHeight = c.bandHeight;
         AddTo(page, c.stroke);
         const Model before = ModelOf(page);
-        EXPECT_EQ(ink::MoveStrokes(page, 0, c.rows), c.result) << c.rows;
+        EXPECT_EQ(ink::MoveStrokes(page, 0, c.rows, 3), c.result) << c.rows;
         EXPECT_EQ(ModelOf(page) == before, c.result == EditResult::OutOfMemory) << c.rows;
     }
 }
