@@ -1,5 +1,6 @@
 #include "app/StorePaths.h"
 
+#include <algorithm>
 #include <cwchar>
 #include <cwctype>
 
@@ -31,9 +32,23 @@ std::wstring FolderOf(const std::wstring& path) {
 
 std::wstring NameOf(const std::wstring& path) { return path.substr(path.rfind(L'\\') + 1); }
 
+std::wstring NoteName(const std::wstring& notePath) {
+    const std::wstring name = NameOf(notePath);
+    return name.substr(0, name.size() - std::min<size_t>(name.size(), 4));
+}
+
 bool EndsWithNoCase(const std::wstring& path, const std::wstring& ending) {
     return path.size() >= ending.size() &&
            platform::EqualNoCase(path.substr(path.size() - ending.size()), ending);
+}
+
+std::wstring FreeNotePath(const std::wstring& notePath) {
+    const std::wstring base = notePath.substr(0, notePath.rfind(L'.'));
+    std::wstring candidate = notePath;
+    for (int n = 1; platform::Exists(candidate); ++n) {
+        candidate = base + L" (" + std::to_wstring(n) + L")" + kNoteExtension;
+    }
+    return candidate;
 }
 
 bool NamesFile(const std::wstring& notePath) { return !notePath.empty() && !EndsInBackslash(notePath); }

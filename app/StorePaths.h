@@ -22,8 +22,13 @@ bool EndsInBackslash(const std::wstring& path);
 std::wstring FolderOf(const std::wstring& path);
 // The text after the last "\".
 std::wstring NameOf(const std::wstring& path);
+// The name of a note as it is shown: its file's without the last four characters, the extension.
+std::wstring NoteName(const std::wstring& notePath);
 // Compared as file names are, ignoring case.
 bool EndsWithNoCase(const std::wstring& path, const std::wstring& ending);
+// A free path for a note beside `notePath`: itself, or "name (1)", "name (2)", ...: the first that no entry
+// has.
+std::wstring FreeNotePath(const std::wstring& notePath);
 // True for a path that names a note file, as opposed to nothing or the folder of a new note.
 bool NamesFile(const std::wstring& notePath);
 

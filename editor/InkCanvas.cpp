@@ -1,7 +1,5 @@
 #include "editor/InkCanvas.h"
 
-#include <algorithm>
-
 #include "alarms/AlarmStamp.h"
 #include "alarms/AlarmTimeDialog.h"
 #include "alarms/NoteAlarm.h"
@@ -112,11 +110,12 @@ void InkCanvas::OnPaint() {
 }
 
 // A key may come while the pen is down: what is written so far belongs to the page before it is saved or
-// gone.
+// gone. A page that waits to move on would do so over a question, or be another page by then.
 void InkCanvas::OnCommand(int id) {
     for (const Command& command : kCommands) {
         if (command.id != id) continue;
         input_.Interrupt();
+        input_.StopTimer();
         return (this->*command.handle)();
     }
 }
@@ -178,7 +177,7 @@ void InkCanvas::FullErase() {
         platform::ShowMessage(this, L"Notes will be completely erased. Continue?", L" Confirm Full Erase",
                               MessageButtons::YesNo, MessageIcon::Question);
     if (answer != MessageAnswer::Yes) return;
-    if (app::NamesFile(page_.notePath)) {
+    if (HasFile(page_)) {
         platform::EraseFile(page_.notePath);
         platform::EraseFile(app::MemoPath(page_.notePath));
         storeChanged_ = true;
@@ -186,10 +185,10 @@ void InkCanvas::FullErase() {
     StartAnew();
 }
 
-// A note without a file keeps its memo until it is saved.
+// A note without a file keeps its memo until it is saved; so does one whose memo could not be written then.
 void InkCanvas::EditTextMemo() {
     using options::TextMemoDialog;
-    if (!app::NamesFile(page_.notePath)) {
+    if (!HasFile(page_) || !page_.memo.empty()) {
         TextMemoDialog dialog(TextMemoDialog::Mode::Text, page_.memo);
         if (!dialog.Edit(*this)) return;
         page_.memo = dialog.Memo();
@@ -262,11 +261,7 @@ void InkCanvas::StartAnew() {
 }
 
 void InkCanvas::ShowTitle() {
-    std::wstring title = titleOverride_;
-    if (title.empty()) {
-        const std::wstring name = app::NameOf(page_.notePath);
-        title = name.substr(0, name.size() - std::min<size_t>(name.size(), 4));
-    }
+    const std::wstring title = titleOverride_.empty() ? app::NoteName(page_.notePath) : titleOverride_;
     SetTitle((title.empty() ? L"[new]" : title) + L" - Inkwright");
 }
 
@@ -318,8 +313,8 @@ void InkCanvas::OnScroll(platform::ScrollCode code, int thumbPosition) {
     input_.StopTimer();
     if (code == platform::ScrollCode::Other) return;
     const ScrollTarget target = ScrollTargetOf(code, GetScroll(), thumbPosition);
-    if (!target.atEnd) return ScrollTo(target.position);
-    if (LastBandHoldsInk(page_)) AdvancePage();
+    if (target.atEnd && LastBandHoldsInk(page_)) return AdvancePage();
+    ScrollTo(target.position);
 }
 
 // Sets the scroll bar to the page and returns the position it allows.

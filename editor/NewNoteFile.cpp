@@ -21,20 +21,14 @@ std::wstring ProposedName(NoteKind kind, const std::wstring& folder) {
     return ExpandFileNamePattern(app::Settings::Text(setting), kind, folder, platform::LocalNow());
 }
 
-// `name`, or "name (1)", "name (2)", ... : the first that no entry of the folder has.
-std::wstring FreeName(const std::wstring& folder, const std::wstring& name) {
-    for (int n = 0;; ++n) {
-        std::wstring candidate = n == 0 ? name : name + L" (" + std::to_wstring(n) + L")";
-        if (platform::FindEntry(folder + candidate + app::kNoteExtension) == platform::EntryKind::Missing) {
-            return candidate;
-        }
-    }
+std::wstring FreePath(const std::wstring& folder, const std::wstring& name) {
+    return app::FreeNotePath(folder + name + app::kNoteExtension);
 }
 
 // A name with a separator would put the note somewhere else than the user sees.
 platform::File CreateNamed(const std::wstring& folder, const std::wstring& name, std::wstring& path) {
     if (name.empty() || name.find(L'\\') != std::wstring::npos) return {};
-    path = folder + FreeName(folder, name) + app::kNoteExtension;
+    path = FreePath(folder, name);
     return platform::File::Create(path);
 }
 
@@ -47,11 +41,11 @@ platform::File CreateNewNoteFile(platform::Window* owner, NoteKind kind, std::ws
             platform::DocumentsFolder() + L"\\" + app::kProductFolder + L"\\" + app::kNewNotesFolder + L"\\";
     }
     app::EnsureFolders(folder);
-    const std::wstring proposed = FreeName(folder, ProposedName(kind, folder));
+    const std::wstring proposed = FreePath(folder, ProposedName(kind, folder));
     for (;;) {
-        SaveAsDialog dialog(proposed);
+        SaveAsDialog dialog(app::NoteName(proposed));
         if (dialog.RunModal(owner) != platform::kIdOk) {
-            notePath = folder + proposed + app::kNoteExtension;
+            notePath = proposed;
             return {};
         }
         std::wstring path;

@@ -36,6 +36,15 @@ bool ReadNote(platform::Window* owner, ink::InkPage& page) {
     return result == ink::LoadResult::Loaded;
 }
 
+platform::File CreateNoteFile(platform::Window* owner, NoteKind kind, ink::InkPage& page) {
+    if (!app::NamesFile(page.notePath)) {
+        page.isProposal = true;
+        return CreateNewNoteFile(owner, kind, page.notePath);
+    }
+    if (page.isProposal) page.notePath = app::FreeNotePath(page.notePath);
+    return platform::File::Create(page.notePath);
+}
+
 bool WriteAndClose(platform::File file, const ink::InkPage& page) {
     app::FileSink sink(file);
     return ink::WriteNote(sink, page);
@@ -52,27 +61,32 @@ bool LoadNote(platform::Window* owner, ink::InkPage& page) {
     return false;
 }
 
+bool HasFile(const ink::InkPage& page) { return app::NamesFile(page.notePath) && !page.isProposal; }
+
 bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page) {
     const platform::WaitCursor wait;
-    const bool isNew = !app::NamesFile(page.notePath);
-    if (isNew) {
+    if (!app::NamesFile(page.notePath)) {
         page.TrimTrailingBands();
         const bool hasMemoFolder = !page.notePath.empty() && !page.memo.empty();
         if (!page.HasInk() && !hasMemoFolder) return true;
     }
-    platform::File file =
-        isNew ? CreateNewNoteFile(owner, kind, page.notePath) : platform::File::Create(page.notePath);
+    platform::File file = CreateNoteFile(owner, kind, page);
     if (!file.IsOpen()) return false;
     if (!WriteAndClose(std::move(file), page)) {
         platform::EraseFile(page.notePath);
         return false;
     }
     page.modified = false;
-    // The user is told of a failure; the ink is safe all the same.
-    if (isNew && !page.memo.empty()) options::MemoFile(app::MemoPath(page.notePath)).Write(owner, page.memo);
+    page.isProposal = false;
+    // The user is told of a failure; the ink is safe all the same, and the memo goes on waiting.
+    const bool hasMemo = !page.memo.empty();
+    if (hasMemo && options::MemoFile(app::MemoPath(page.notePath)).Write(owner, page.memo)) page.memo.clear();
     return true;
 }
 
-void ForgetFile(ink::InkPage& page) { page.notePath = app::FolderOf(page.notePath); }
+void ForgetFile(ink::InkPage& page) {
+    page.notePath = app::FolderOf(page.notePath);
+    page.isProposal = false;
+}
 
 }  // namespace editor

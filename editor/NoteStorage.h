@@ -13,8 +13,14 @@ namespace editor {
 // the page is then empty and its path cut back to the folder, so that a save makes a new note there.
 bool LoadNote(platform::Window* owner, ink::InkPage& page);
 
-// Writes the page to its file; a note without one is named by the user first. An empty new note writes
-// nothing and succeeds. False when the note is not on disk; a half-written file is removed.
+// True when the note at the page's path is this page's; false for a new note, and for one whose proposed path
+// was kept although the user declined it or the file could not be written.
+bool HasFile(const ink::InkPage& page);
+
+// Writes the page to its file; a note without one is named by the user first. A proposed path that somebody
+// else has taken meanwhile gives way to the next free one. An empty new note writes nothing and succeeds. The
+// memo that waits is written beside the note. False when the note is not on disk; a half-written file is
+// removed.
 bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page);
 
 // Cuts a note path back to its folder: a path without "\" becomes empty.

@@ -43,8 +43,7 @@ ScrollTarget ScrollTargetOf(platform::ScrollCode code, const platform::ScrollSta
             return {std::max(scroll.position - step, scroll.minimum), false};
         case ScrollCode::LineDown:
         case ScrollCode::PageDown:
-            if (scroll.position < end) return {std::min(scroll.position + step, end), false};
-            return {scroll.position, true};
+            return {std::min(scroll.position + step, end), scroll.position >= end};
         case ScrollCode::ThumbPosition:
             return {thumbPosition, false};
         case ScrollCode::Top:

@@ -11,7 +11,8 @@ namespace editor {
 // The scroll bar for the page: as many views as its slots need, at least one; the position kept inside.
 platform::ScrollState ScrollRangeOf(const ink::InkPage& page);
 
-// Where a scroll request leads from `scroll`; a request for more page at the end of the range stays there.
+// Where a scroll request leads from `scroll`. A step down at the end of the range, or beyond it, leads to the
+// end (0 or less on a page of one view) unless the page is to grow.
 struct ScrollTarget {
     int32_t position = 0;
     bool atEnd = false;  // a step down was asked for at the end of the range

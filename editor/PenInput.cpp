@@ -99,7 +99,8 @@ bool PenInput::TimerTick() {
         lastPenTime_ = platform::TickMilliseconds();
         return false;
     }
-    if (platform::TickMilliseconds() - lastPenTime_ <= kPauseBeforeScroll) return false;
+    // A tick that was on its way when the timer was stopped counts no more.
+    if (!timerRuns_ || platform::TickMilliseconds() - lastPenTime_ <= kPauseBeforeScroll) return false;
     StopTimer();
     return true;
 }

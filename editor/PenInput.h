@@ -40,7 +40,7 @@ class PenInput {
 
     // One tick of the auto-scroll timer; true when the writer has paused long enough for the page to move on.
     bool TimerTick();
-    // Every scroll request ends the wait for the auto-scroll.
+    // Every scroll request and every command ends the wait for the auto-scroll.
     void StopTimer();
 
     // Around a move of the view down the page by `rows` (up when negative): a drag goes on where the pen is.

@@ -58,7 +58,8 @@ class InkPage {
     int32_t scroll = 0;     // page y of the top of the view
     bool modified = false;  // set by adding and erasing, cleared by Clear and by the editor after a save
     std::wstring notePath;  // ends in "\" when only the folder of a new note is known
-    std::wstring memo;
+    bool isProposal = false;  // notePath is where the note is to go; nothing of it has reached the disk yet
+    std::wstring memo;        // the text memo, as long as it waits for the note's first save
 
     double PenWidth() const { return penSize * 0.1; }
 

@@ -77,8 +77,8 @@ CopyResult CopyFile(platform::Window* owner, const std::wstring& source, const s
         const MessageAnswer answer = platform::ShowMessage(
             owner, L"'" + destination + L"' will be overwritten. Overwrite?", L" Confirm File Overwrite",
             MessageButtons::YesNoCancel, MessageIcon::Question);
-        if (answer == MessageAnswer::Cancel) return CopyResult::Cancelled;
         if (answer == MessageAnswer::No) return CopyResult::Done;
+        if (answer != MessageAnswer::Yes) return CopyResult::Cancelled;
     }
     if (platform::CopyFileTo(source, destination)) return CopyResult::Done;
     ShowCopyFailure(owner, source);
@@ -87,24 +87,19 @@ CopyResult CopyFile(platform::Window* owner, const std::wstring& source, const s
 
 }  // namespace
 
-std::wstring FreeNotePath(const std::wstring& path) {
-    const std::wstring base = path.substr(0, path.rfind(L'.'));
-    std::wstring candidate = path;
-    for (int n = 1; platform::Exists(candidate); ++n) {
-        candidate = base + L" (" + std::to_wstring(n) + L")" + app::kNoteExtension;
-    }
-    return candidate;
-}
-
 bool MoveNote(platform::Window* owner, const std::wstring& source, std::wstring& destination) {
     if (destination.empty() || platform::EqualNoCase(source, destination)) return false;
     if (app::IsFile(destination)) {
         const MessageAnswer answer = platform::ShowMessage(
             owner, L"Destination folder already contains a file with the same name. Overwrite?",
             L" Confirm Overwrite", MessageButtons::YesNoCancel, MessageIcon::Question, DefaultButton::Second);
-        if (answer == MessageAnswer::Cancel) return false;
-        if (answer == MessageAnswer::Yes) platform::EraseFile(destination);
-        if (answer == MessageAnswer::No) destination = FreeNotePath(destination);
+        if (answer == MessageAnswer::Yes) {
+            platform::EraseFile(destination);
+        } else if (answer == MessageAnswer::No) {
+            destination = app::FreeNotePath(destination);
+        } else {
+            return false;
+        }
     }
     if (!platform::MoveEntry(source, destination)) {
         ShowError(owner, L"Moving '" + app::NameOf(source) + L"' failed!");

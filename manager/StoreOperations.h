@@ -10,9 +10,6 @@ class Window;
 // shown to the user where it happens; nothing is rolled back. Alarms and memos follow their notes.
 namespace manager {
 
-// A free path for a note beside `path`: itself, or "name (1)", "name (2)", ...
-std::wstring FreeNotePath(const std::wstring& path);
-
 // Moves a note and its memo. A file of that name in the way is overwritten, or another name taken, as the
 // user says; `destination` is then where the note really went. False when it did not move.
 bool MoveNote(platform::Window* owner, const std::wstring& source, std::wstring& destination);

@@ -15,6 +15,9 @@ namespace {
 // What the conversion between encodings can count.
 constexpr uint64_t kLargestFile = 0x3FFFFFFF;
 
+constexpr wchar_t kSaveFailed[] =
+    L"Saving Text Memo Failed! Please make sure that the selected storage device has enough free space.";
+
 void ShowFailure(platform::Window* owner, const wchar_t* text) {
     platform::ShowMessage(owner, text, L"Error", platform::MessageButtons::Ok, platform::MessageIcon::Error);
 }
@@ -77,10 +80,7 @@ bool MemoFile::Write(platform::Window* owner, const std::wstring& text) {
         }
     }
     if (result == Result::OutOfMemory) platform::ShowOutOfMemory(owner);
-    if (result == Result::Failed)
-        ShowFailure(owner,
-                    L"Saving Text Memo Failed! Please make sure that the selected storage device has enough "
-                    L"free space.");
+    if (result == Result::Failed) ShowFailure(owner, kSaveFailed);
     return result == Result::Done;
 }
 
@@ -109,9 +109,22 @@ void MemoFile::Restore() const {
 
 void MemoFile::Erase() {
     platform::EraseFile(path_);
+    before_.clear();
     rest_.clear();
+    existed_ = isUnread_ = false;
 }
 
-bool MemoFile::HoldsUnread() const { return isUnread_ && app::IsFile(path_); }
+// What stays behind the text is lost only with the whole file.
+bool MemoFile::MayReplace(platform::Window* owner, const std::wstring& text, bool& unseen) const {
+    unseen = text.empty() && !rest_.empty();
+    if (!isUnread_ || !app::IsFile(path_)) return true;
+    uint64_t bytes = 0;
+    if (!platform::CanWriteTo(path_, bytes)) {
+        ShowFailure(owner, kSaveFailed);
+        return false;
+    }
+    unseen = bytes > 0;
+    return true;
+}
 
 }  // namespace options

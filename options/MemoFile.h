@@ -20,12 +20,13 @@ class MemoFile {
     // Replaces the memo by a text that is not empty. False when that failed, which the user was told; the
     // memo is then what it was when it was read. What Read could not show stays behind the text.
     bool Write(platform::Window* owner, const std::wstring& text);
+    // It does not come back when a Write fails.
     void Erase();
 
-    // The file holds something that Read did not give, and a text that is not built on it would replace it.
-    bool HoldsUnread() const;
-    // The file goes on behind what Read gave: no text control shows what follows a zero.
-    bool HoldsMore() const { return !rest_.empty(); }
+    // Asked before a text replaces the file. `unseen`: the file holds something that Read did not give and
+    // that would be lost. False when a file that could not be read takes no text either, which the user was
+    // told.
+    bool MayReplace(platform::Window* owner, const std::wstring& text, bool& unseen) const;
 
   private:
     enum class Result { Done, Failed, OutOfMemory };
@@ -36,7 +37,7 @@ class MemoFile {
 
     std::wstring path_;
     std::string before_;  // the whole file as it was read
-    std::string rest_;    // its part that can't be shown
+    std::string rest_;    // its part that can't be shown: no text control shows what follows a zero
     bool existed_ = false;
     bool isUnread_ = false;
 };

@@ -148,21 +148,21 @@ void TextMemoDialog::Save() {
         memo_ = text;
         return EndModal(platform::kIdOk);
     }
-    const bool losesUnseen = file_.HoldsUnread() || (text.empty() && file_.HoldsMore());
-    if (losesUnseen && !MayLoseContents()) return;
+    bool unseen = false;
+    if (!file_.MayReplace(this, text, unseen)) return;
+    if (unseen && !MayLoseContents(L"Confirm Text Memo Save")) return;
     if (text.empty()) file_.Erase();
     if (text.empty() || file_.Write(this, text)) EndModal(platform::kIdOk);
 }
 
-bool TextMemoDialog::MayLoseContents() {
-    return platform::ShowMessage(this, L"Contents will permanently be lost! Continue?",
-                                 L"Confirm Text Memo Delete", platform::MessageButtons::YesNo,
-                                 platform::MessageIcon::Question,
+bool TextMemoDialog::MayLoseContents(const wchar_t* caption) {
+    return platform::ShowMessage(this, L"Contents will permanently be lost! Continue?", caption,
+                                 platform::MessageButtons::YesNo, platform::MessageIcon::Question,
                                  platform::DefaultButton::Second) == platform::MessageAnswer::Yes;
 }
 
 void TextMemoDialog::DeleteMemo() {
-    if (!MayLoseContents()) return;
+    if (!MayLoseContents(L"Confirm Text Memo Delete")) return;
     if (mode_ == Mode::File) file_.Erase();
     SetItemText(IDC_MEMO_TEXT, L"");
 }

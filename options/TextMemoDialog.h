@@ -36,7 +36,7 @@ class TextMemoDialog : public platform::Dialog {
     void Save();
     void ToggleWordWrap();
     void DeleteMemo();
-    bool MayLoseContents();
+    bool MayLoseContents(const wchar_t* caption);
     platform::Point ToScreen(platform::Point client) const;
 
     Mode mode_;

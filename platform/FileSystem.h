@@ -33,6 +33,9 @@ bool LastWriteTime(const std::wstring& path, DateTime& moment);
 // True for any entry that has attributes of its own: also for a path with a trailing "\".
 bool Exists(const std::wstring& path);
 
+// Whether an existing file can be opened for writing now, and how many bytes it holds. It stays as it is.
+bool CanWriteTo(const std::wstring& path, uint64_t& bytes);
+
 bool MakeFolder(const std::wstring& path);  // one level
 bool DropFolder(const std::wstring& path);  // must be empty
 bool EraseFile(const std::wstring& path);

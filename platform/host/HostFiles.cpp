@@ -164,6 +164,14 @@ bool Exists(const std::wstring& path) {
     return HostFileStore::IsValidName(path) && Store().Find(path) != nullptr;
 }
 
+bool CanWriteTo(const std::wstring& path, uint64_t& bytes) {
+    const HostFileStore::NodePointer node = Store().Find(path);
+    if (FaultAt(FileCall::Create, path) != FileError::None) return false;
+    if (node == nullptr || node->isFolder || IsOpenSomewhere(node)) return false;
+    bytes = node->bytes.size();
+    return true;
+}
+
 bool MakeFolder(const std::wstring& path) {
     if (FaultAt(FileCall::MakeFolder, path) != FileError::None) return false;
     HostFileStore& store = Store();

@@ -95,6 +95,17 @@ bool Exists(const std::wstring& path) {
     return !host.empty() && GetFileAttributesW(host.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
+bool CanWriteTo(const std::wstring& path, uint64_t& bytes) {
+    const std::wstring host = ToHostPath(path);
+    if (host.empty()) return false;
+    const windows::OwnedHandle file = windows::OwnFile(
+        CreateFileW(host.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    LARGE_INTEGER size{};
+    if (!file || !GetFileSizeEx(file.get(), &size)) return false;
+    bytes = static_cast<uint64_t>(size.QuadPart);
+    return true;
+}
+
 bool MakeFolder(const std::wstring& path) {
     const std::wstring host = ToHostPath(path);
     return !host.empty() && CreateDirectoryW(host.c_str(), nullptr);

@@ -111,6 +111,61 @@ TEST_F(Naming, CancellingAsksWhetherTheInkMayGo) {
     EXPECT_THAT(Notes(), ElementsAre(L"New Notes 2007-03-05.ikw"));
 }
 
+// It has a name then, but no file: what lies under that name meanwhile is somebody else's, and so is the
+// memo.
+TEST_F(Naming, ANameWithoutAFileBelongsToWhoeverTakesItFirst) {
+    const std::wstring folder = kNewNotes;
+    const auto thenMemo = [this](const wchar_t* before, const wchar_t* after) {
+        Then([this] { Desk().Command(IDM_TEXT_MEMO); });
+        Then([=] {
+            EXPECT_EQ(Dialog().ItemText(IDC_MEMO_TEXT), before);
+            Desk().Type(IDC_MEMO_TEXT, after);
+            Desk().Command(IDC_MEMO_SAVE);
+        });
+    };
+    for (const bool isWriteFault : {false, true}) {
+        for (const std::wstring& name : Notes())
+            device.files.Nodes().erase(device.files.KeyOf(folder + name));
+        bool diskIsFull = isWriteFault;
+        device.files.fault = [&](FileCall call, const std::wstring&) {
+            return diskIsFull && call == FileCall::Write ? platform::FileError::Other
+                                                         : platform::FileError::None;
+        };
+        Desk().answers = {platform::MessageAnswer::No, platform::MessageAnswer::Yes};
+        thenMemo(L"", L"jam");
+        WriteAndClose();
+        Then([&] { Desk().Command(isWriteFault ? platform::kIdOk : platform::kIdCancel); });
+        Then([&, folder] {
+            diskIsFull = false;
+            device.files.Put(folder + L"New Notes 2007-03-05.ikw", "a stranger's");
+            device.files.Put(folder + L"New Notes 2007-03-05.txt", "a stranger's");
+            Desk().Command(IDM_TEXT_MEMO);
+        });
+        Then([this] {
+            EXPECT_EQ(Dialog().ItemText(IDC_MEMO_TEXT), L"jam");
+            Desk().Type(IDC_MEMO_TEXT, L"jam and tea");
+            Desk().Command(IDC_MEMO_SAVE);
+        });
+        Close();
+        Run(kNewNotes);
+        EXPECT_EQ(device.files.Get(folder + L"New Notes 2007-03-05.ikw"), "a stranger's");
+        EXPECT_EQ(device.files.Get(folder + L"New Notes 2007-03-05.txt"), "a stranger's");
+        EXPECT_EQ(ReadBack(folder + L"New Notes 2007-03-05 (1).ikw")->Band(0)->Count(), 1u);
+        EXPECT_EQ(device.files.Get(folder + L"New Notes 2007-03-05 (1).txt"), "jam and tea");
+        // A full erase before the first save takes nobody's file either.
+        WriteAndClose();
+        Then([this] { Desk().Command(platform::kIdCancel); });
+        Then([this, folder] {
+            device.files.Put(folder + L"New Notes 2007-03-05 (2).ikw", "a stranger's");
+            Desk().Command(IDM_FULL_ERASE);
+        });
+        Close();
+        Desk().answers = {platform::MessageAnswer::No, platform::MessageAnswer::Yes};
+        Run(kNewNotes);
+        EXPECT_TRUE(device.files.Has(folder + L"New Notes 2007-03-05 (2).ikw"));
+    }
+}
+
 TEST_F(Naming, NewNoteAndFullEraseStayInTheFolderWithoutAFile) {
     Then([this] {
         Desk().Stroke({{10, 60}, {20, 70}});

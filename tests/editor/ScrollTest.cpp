@@ -1,6 +1,7 @@
 #include <limits>
 
 #include "editor/PageScroll.h"
+#include "res/resource.h"
 #include "tests/support/DeskTest.h"
 
 namespace {
@@ -129,6 +130,15 @@ TEST_F(Scroll, BottomShowsTheRoomBelowThePage) {
         Desk().Settle();
         EXPECT_TRUE(HasInkAt(10));
     });
+    // A step down from there leads back to the end of a page whose last view is empty.
+    for (const ScrollCode code : {ScrollCode::PageDown, ScrollCode::LineDown}) {
+        RunOn(NoteOfRows({10, -1, -1, -1, -1}), [this, code] {
+            Desk().Scroll(ScrollCode::Bottom);
+            EXPECT_EQ(State().position, 3 * 268 - 268);
+            Desk().Scroll(code);
+            EXPECT_EQ(State().position, 3 * 268 - 269);
+        });
+    }
 }
 
 TEST_F(Scroll, AnyRequestEndsTheWaitOfTheWriter) {
@@ -140,6 +150,41 @@ TEST_F(Scroll, AnyRequestEndsTheWaitOfTheWriter) {
             EXPECT_EQ(State().position, 0);
         });
     }
+}
+
+// Neither while a command asks something nor on the page that it leaves.
+TEST_F(Scroll, ACommandEndsTheWaitOfTheWriter) {
+    const auto tapAtTheFoot = [this](int command) {
+        Then([this, command] {
+            Desk().Stroke({{50, 263}});
+            Desk().PassTime(200);
+            Desk().Command(command);
+        });
+    };
+    const auto thenWait = [this] {
+        Then([this] {
+            Desk().PassTime(2000);
+            Desk().Top()->OnTimer(1);  // one that was on its way
+        });
+    };
+    Desk().answers = {platform::MessageAnswer::Yes};
+    const std::wstring note = L"\\Ink\\a.ikw";
+    device.files.Put(note, NoteOfRows({}));
+    for (const int command : {IDM_NEW_NOTE, IDM_FULL_ERASE}) {
+        tapAtTheFoot(command);
+        if (command == IDM_NEW_NOTE) {
+            thenWait();
+            Then([this] { EXPECT_EQ(State().position, 0); });
+        }
+    }
+    thenWait();
+    Then([this] { EXPECT_EQ(State().position, 0); });
+    tapAtTheFoot(platform::kIdOk);
+    thenWait();
+    AcceptName();
+    Run(note);
+    EXPECT_EQ(ReadBack(note)->SlotCount(), 1u);
+    EXPECT_EQ(ReadBack(L"\\Ink\\Ink 2007-03-05.ikw")->SlotCount(), 1u);
 }
 
 TEST_F(Scroll, WritingAtTheEndOfAllNumbersIsRefused) {

@@ -14,6 +14,7 @@ using testing::ElementsAre;
 
 constexpr wchar_t kMemo[] = L"\\Ink\\a.txt";
 const std::wstring kLosing = L"Confirm Text Memo Delete|Contents will permanently be lost! Continue?";
+const std::wstring kReplacing = L"Confirm Text Memo Save|Contents will permanently be lost! Continue?";
 const std::wstring kReading = L"Error|Reading Text Memo Failed!";
 const std::wstring kSaving =
     L"Error|Saving Text Memo Failed! Please make sure that the selected storage device has enough free "
@@ -112,10 +113,10 @@ TEST_F(TextMemo, AFailureOfAnyCallLosesNothing) {
         std::vector<std::wstring> told;
         const char* left;
     } kCases[] = {
-        {FileCall::Open, L"new", MessageAnswer::No, {kLosing}, "the old memo"},
-        {FileCall::Open, L"", MessageAnswer::No, {kLosing}, "the old memo"},
-        {FileCall::Open, L"new", MessageAnswer::Yes, {kLosing}, "new"},
-        {FileCall::Read, L"new", MessageAnswer::No, {kReading, kLosing}, "the old memo"},
+        {FileCall::Open, L"new", MessageAnswer::No, {kReplacing}, "the old memo"},
+        {FileCall::Open, L"", MessageAnswer::No, {kReplacing}, "the old memo"},
+        {FileCall::Open, L"new", MessageAnswer::Yes, {kReplacing}, "new"},
+        {FileCall::Read, L"new", MessageAnswer::No, {kReading, kReplacing}, "the old memo"},
         {FileCall::Create, L"new", MessageAnswer::Yes, {kSaving}, "the old memo"},
         {FileCall::Write, L"new", MessageAnswer::Yes, {kSaving}, "the old memo"},
     };
@@ -142,6 +143,44 @@ TEST_F(TextMemo, AFailureOfAnyCallLosesNothing) {
     ThenPress(IDC_MEMO_CANCEL);
     EXPECT_FALSE(RunDialog());
     EXPECT_FALSE(device.files.Has(kMemo)) << "half a memo is none";
+}
+
+// One that was taken away stays away, whatever becomes of the text typed instead; one that others hold is
+// told of before anybody is asked whether it may go.
+TEST_F(TextMemo, WhatASaveThatFailsLeaves) {
+    device.files.Put(kMemo, "the old memo");
+    Desk().answers = {MessageAnswer::Yes};
+    Then([this] {
+        Desk().Stroke({{200, 10}});
+        Desk().Type(IDC_MEMO_TEXT, L"new");
+        device.files.fault = [](FileCall call, const std::wstring&) {
+            return call == FileCall::Write ? FileError::Other : FileError::None;
+        };
+    });
+    ThenPress(IDC_MEMO_SAVE);
+    ThenPress(IDC_MEMO_CANCEL);
+    RunDialog();
+    EXPECT_THAT(Told(), ElementsAre(kLosing, kSaving));
+    EXPECT_FALSE(device.files.Has(kMemo));
+
+    for (const char* held : {"the old memo", ""}) {
+        device.files.Put(kMemo, held);
+        device.files.fault = [](FileCall call, const std::wstring&) {
+            return call == FileCall::Open || call == FileCall::Create ? FileError::Other : FileError::None;
+        };
+        ThenType(L"new");
+        ThenPress(IDC_MEMO_SAVE);
+        Then([this, held] {
+            EXPECT_THAT(Told(), ElementsAre(kSaving));
+            EXPECT_EQ(device.files.Get(kMemo), held);
+            device.files.fault = nullptr;
+            if (*held != '\0') Desk().answers = {MessageAnswer::Yes};
+            Desk().Command(IDC_MEMO_SAVE);
+        });
+        EXPECT_TRUE(RunDialog());
+        EXPECT_EQ(Told().size(), *held != '\0' ? 1u : 0u) << "an empty file loses nothing";
+        EXPECT_EQ(device.files.Get(kMemo), "new");
+    }
 }
 
 TEST_F(TextMemo, WordWrapIsStoredAtOnceAndKeepsTheText) {
