@@ -1,5 +1,12 @@
 # Compiler settings shared by every target of ours.
 
+# Natively there is nothing but tests to build. The Windows tree is the program's: it must build on a machine that
+# has no package of the tests.
+set(tests_by_default ON)
+if(WIN32)
+  set(tests_by_default OFF)
+endif()
+option(INKWRIGHT_TESTS "Build tests, benchmarks and probes as well" ${tests_by_default})
 option(INKWRIGHT_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 
 add_library(inkwright_options INTERFACE)
