@@ -1,7 +1,5 @@
 #include "alarms/AlarmTimeDialog.h"
 
-#include <algorithm>
-
 #include "alarms/AlarmStamp.h"
 #include "app/Settings.h"
 #include "platform/Clock.h"
@@ -39,8 +37,7 @@ bool AlarmTimeDialog::OnCreate() {
         Place(Offset(size, (screen.width - size.right) / 2, 2 * platform::kBarHeight));
         platform::ShowInputPanel(true);
     } else {
-        Place(Offset(size, std::min(std::max(anchor_.x, 0), screen.width - size.right),
-                     std::min(std::max(anchor_.y, 0), screen.height - size.bottom)));
+        Place(ink::MovedInto(Offset(size, anchor_.x, anchor_.y), {0, 0, screen.width, screen.height}));
     }
     return true;
 }

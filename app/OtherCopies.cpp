@@ -11,7 +11,6 @@ namespace {
 
 constexpr int kRounds = 3;
 constexpr uint32_t kRoundMilliseconds = 500;
-constexpr uint32_t kTakeOver = 1;
 
 bool AskOpenWindowsToClose() {
     bool found = false;
@@ -26,7 +25,7 @@ bool AskOpenWindowsToClose() {
 void TakeOverFromForegroundCopy() {
     for (const platform::OtherWindow& window : platform::WindowsOfOtherCopies()) {
         if (!window.enabled || !window.foreground) continue;
-        platform::PostPrivateMessageTo(window, kTakeOver);
+        platform::PostPrivateMessageTo(window, platform::kTakeOver);
         return;
     }
 }

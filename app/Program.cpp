@@ -35,19 +35,19 @@ void RemoveStalePictures() {
     }
 }
 
-void ShowManager(PenSettings& pen, const StartRequest& request) {
+int ShowManager(PenSettings& pen, const StartRequest& request) {
     manager::ManagerWindow window(pen, request.target);
-    window.RunModal(nullptr);
+    return window.RunModal(nullptr);
 }
 
-void ShowEditor(PenSettings& pen, const StartRequest& request) {
+int ShowEditor(PenSettings& pen, const StartRequest& request) {
     editor::InkCanvas::Opening opening;
     opening.notePath = request.target;
     opening.titleOverride = request.caption;
     opening.alarmStamp = request.alarmTimeCode;
     opening.openedByAlarm = request.alarmMode;
     editor::InkCanvas canvas(pen, opening);
-    canvas.RunModal(nullptr);
+    return canvas.RunModal(nullptr);
 }
 
 }  // namespace
@@ -58,14 +58,11 @@ int RunProgram(const std::wstring& commandLine) {
     PenSettings pen = LoadPenSettings();
     DropMissingTarget(request);
     RemoveStalePictures();
-    if (request.manageMode || request.target.empty()) {
-        ShowManager(pen, request);
-    } else {
-        ShowEditor(pen, request);
-    }
+    const bool showsManager = request.manageMode || request.target.empty();
+    const int result = showsManager ? ShowManager(pen, request) : ShowEditor(pen, request);
     SaveColors(pen);
     RefreshTodayScreen();
-    return 0;
+    return result == -1 ? 1 : 0;  // the user was told why there is no window
 }
 
 }  // namespace app

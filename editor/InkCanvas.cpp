@@ -24,8 +24,7 @@ using platform::MessageAnswer;
 using platform::MessageButtons;
 using platform::MessageIcon;
 
-constexpr int kMenuInset = 20;     // pixels from the screen's bottom right corner
-constexpr uint32_t kTakeOver = 1;  // private message: another copy starts
+constexpr int kMenuInset = 20;  // pixels from the screen's bottom right corner
 constexpr int kCannotOpen = -1;
 
 }  // namespace
@@ -120,9 +119,7 @@ void InkCanvas::OnCommand(int id) {
     }
 }
 
-void InkCanvas::OnPrivateMessage(uint32_t code, intptr_t) {
-    if (code == kTakeOver) OnCommand(platform::kIdOk);
-}
+void InkCanvas::OnTakeOver() { OnCommand(platform::kIdOk); }
 
 // The commands.
 

@@ -43,7 +43,7 @@ class InkCanvas : public platform::Screen {
     bool OnKeyDown(platform::Key key) override;
     bool OnShortcut(wchar_t letter) override;
     void OnCommand(int id) override;
-    void OnPrivateMessage(uint32_t code, intptr_t payload) override;
+    void OnTakeOver() override;
 
   private:
     struct Command;

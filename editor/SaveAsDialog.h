@@ -16,6 +16,8 @@ class SaveAsDialog : public platform::Dialog {
 
     bool OnCreate() override;
     void OnCommand(int id) override;
+    // The note gets the name that stands there: without one it would not be saved.
+    void OnTakeOver() override { OnCommand(platform::kIdOk); }
 
   private:
     void ProposeName();

@@ -60,7 +60,7 @@ Ink Count(const ink::InkPage& page) {
 void Edit(ink::InkPage& page) {
     const Ink before = Count(page);
     for (const int64_t rows : {40, -500, 3000}) {
-        ink::MoveStrokes(page, 20, rows);
+        ink::MoveStrokes(page, 20, rows, 2);
         const Ink after = Count(page);
         Require(after.strokes == before.strokes && after.points == before.points, "moving loses nothing");
     }

@@ -56,4 +56,11 @@ inline Rect Offset(const Rect& r, int32_t dx, int32_t dy) {
     return Rect{r.left + dx, r.top + dy, r.right + dx, r.bottom + dy};
 }
 
+// The rectangle moved as little as needed to lie inside `area`; what is larger keeps its top left there.
+inline Rect MovedInto(const Rect& r, const Rect& area) {
+    const int32_t left = std::max(std::min(r.left, area.right - r.Width()), area.left);
+    const int32_t top = std::max(std::min(r.top, area.bottom - r.Height()), area.top);
+    return Offset(r, left - r.left, top - r.top);
+}
+
 }  // namespace ink

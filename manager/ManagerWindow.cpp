@@ -20,7 +20,6 @@ using platform::TreeItem;
 
 constexpr ink::ColorRef kMaskColor = ink::MakeColor(0, 255, 0);
 constexpr int kImageSize = 16;
-constexpr uint32_t kTakeOver = 1;  // private message: another copy starts
 
 // A store that lies around `path`: everything up to a folder named like the program's own. Empty for none.
 std::wstring StoreAround(const std::wstring& path) {
@@ -78,10 +77,6 @@ void ManagerWindow::OnPaint() {
     } else {
         ShowAt(strip_.Picture(), {0, ClientHeight() - PreviewStrip::kHeight});
     }
-}
-
-void ManagerWindow::OnPrivateMessage(uint32_t code, intptr_t) {
-    if (code == kTakeOver) Close();
 }
 
 // The root folder.

@@ -26,7 +26,7 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     bool OnKeyDown(platform::Key key) override;
     bool OnShortcut(wchar_t letter) override;
     void OnCommand(int id) override;
-    void OnPrivateMessage(uint32_t code, intptr_t payload) override;
+    void OnTakeOver() override { Close(); }
 
     const FolderTree& Folders() const { return folders_; }
     platform::TreeView& Tree() { return tree_; }

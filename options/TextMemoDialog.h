@@ -28,6 +28,7 @@ class TextMemoDialog : public platform::Dialog {
     void OnPenUp(platform::Point place) override;
     void OnCaptureLost() override { dragging_ = false; }
     void OnCommand(int id) override;
+    void OnTakeOver() override { Save(); }
     void OnEditHold(int id, platform::Point place) override;
 
   private:

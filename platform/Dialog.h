@@ -20,7 +20,7 @@ class Dialog : public Window {
     ~Dialog() override;
 
     // Creates the dialog, runs it until EndModal and destroys it. `owner` (may be null) can't be used
-    // meanwhile. Returns EndModal's result, -1 when the window could not be made.
+    // meanwhile. Returns EndModal's result, -1 when the window could not be made, which the user was told.
     int RunModal(Window* owner);
 
     // Controls by id; an id that the template lacks does nothing and reads as empty.
@@ -76,6 +76,7 @@ class Dialog : public Window {
     void PlaceItem(int id, const Rect& client);  // in client pixels
 
     void OnCommand(int id) override;
+    void OnTakeOver() override;  // as Cancel
     // The pen is held still on an edit that MakeTextEdit made, or its menu is asked for with the right button
     // or by key, at `place` (handheld screen pixels).
     virtual void OnEditHold(int /*id*/, Point /*place*/) {}

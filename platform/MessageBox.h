@@ -11,6 +11,10 @@ enum class MessageIcon { Error, Question, Information };  // stop, exclamation, 
 enum class MessageAnswer { Ok, Cancel, Yes, No };
 enum class DefaultButton { First, Second };
 
+// What an answer to such a box counts as. One that is not on it, as when another program ends the box, is
+// Cancel, or No where there is no Cancel.
+MessageAnswer CountedAnswer(MessageButtons buttons, MessageAnswer answer);
+
 // Shows the system's own message box and waits for its answer. `owner` may be null.
 MessageAnswer ShowMessage(Window* owner, const std::wstring& text, const std::wstring& caption,
                           MessageButtons buttons, MessageIcon icon,

@@ -16,7 +16,9 @@ class PropertyPage : public Dialog {
     // The sheet is closed with OK; only pages that were shown hear of it.
     virtual void OnApply() {}
 
-    void OnCommand(int) override {}  // OK and Cancel belong to the sheet
+    // OK and Cancel belong to the sheet, and so does the end.
+    void OnCommand(int) override {}
+    void OnTakeOver() override {}
 };
 
 // A modal dialog of pages with a tab for each, OK and Cancel.

@@ -26,7 +26,7 @@ class Screen : public Window {
     ~Screen() override;
 
     // Creates the window, runs it until EndModal and destroys it. `owner` (may be null) can't be used
-    // meanwhile. Returns EndModal's result, -1 when the window could not be made.
+    // meanwhile. Returns EndModal's result, -1 when the window could not be made, which the user was told.
     int RunModal(Window* owner);
 
     // The menu bar at the bottom with its tool bar; false when it can't be made.

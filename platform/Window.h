@@ -82,7 +82,8 @@ class Window {
     void SendPrivateMessage(uint32_t code, intptr_t payload);
     void PostPrivateMessage(uint32_t code, intptr_t payload);
 
-    // Ends the modal run of this window with `result`.
+    // Ends the modal run of this window with `result`, and the menu that is open over it. From then on no
+    // pen, key, timer, scroll request or command reaches it.
     void EndModal(int result);
 
     // For the ports.
@@ -98,7 +99,8 @@ class Window {
     virtual void OnPenUp(Point) {}
     virtual void OnCaptureLost() {}
     virtual void OnTimer(int) {}
-    // The scroll bar, and on windows that have one the mouse wheel: one line for each notch.
+    // The scroll bar, and on windows that have one the mouse wheel: for each notch as many lines as the
+    // system is set to, or a page.
     virtual void OnScroll(ScrollCode, int /*thumb position*/) {}
     virtual bool OnKeyDown(Key) { return false; }  // false: default handling
     // Ctrl and a letter, 'A' to 'Z', wherever in the window the keyboard is except in text that is being
@@ -106,14 +108,18 @@ class Window {
     virtual bool OnShortcut(wchar_t) { return false; }  // false: default handling
     virtual void OnCommand(int) {}
     virtual void OnControlChanged(int) {}  // a control's content was changed by the user
-    // Message 6034 (WM_USER + 5010) from another copy or from a worker of ours.
+    // Message 6034 (WM_USER + 5010) from a worker of ours, with any code but kTakeOver.
     virtual void OnPrivateMessage(uint32_t, intptr_t) {}
+    // Another copy of the program starts and takes this one's place: the window is to end. Once it has, the
+    // one that it was opened over is told as well, and so the whole copy ends. It may stay to lose nothing.
+    virtual void OnTakeOver() {}
 
   protected:
     std::unique_ptr<Impl> impl_;
 };
 
-// Message number of OnPrivateMessage.
+// Message number of OnPrivateMessage and OnTakeOver, and the code that means the latter.
 constexpr uint32_t kPrivateMessage = 0x0400 + 5010;
+constexpr uint32_t kTakeOver = 1;
 
 }  // namespace platform

@@ -28,6 +28,8 @@ class FindDialog : public platform::Dialog, private TreeWalk::Servant {
     bool OnCreate() override;
     void OnDestroy() override;
     void OnCommand(int id) override;
+    // Even while it searches: closing waits for the worker.
+    void OnTakeOver() override { OnCommand(platform::kIdOk); }
     void OnPrivateMessage(uint32_t code, intptr_t payload) override;
 
   private:

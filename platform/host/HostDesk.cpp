@@ -61,7 +61,7 @@ void HostDesk::Command(int id) {
         item->second.checked = !item->second.checked;
     ToolBar* tools = window.Handle()->tools;
     if (tools != nullptr && tools->HasButton(id) && !tools->IsEnabled(id)) return;
-    window.OnCommand(id);
+    if (!window.Handle()->ended) window.OnCommand(id);
 }
 
 void HostDesk::Scroll(ScrollCode code, int position) { Target().OnScroll(code, position); }
@@ -81,7 +81,17 @@ void HostDesk::TurnWheel(int notches) {
     for (int i = 0; i < std::abs(notches); ++i) window.OnScroll(code, 0);
 }
 
-void HostDesk::PrivateMessage(uint32_t code, intptr_t payload) { Target().OnPrivateMessage(code, payload); }
+void HostDesk::PrivateMessage(uint32_t code, intptr_t payload) {
+    if (code == kTakeOver) return TakeOver(Target());
+    Target().OnPrivateMessage(code, payload);
+}
+
+void HostDesk::TakeOver(Window& window) {
+    Window::Impl& state = *window.Handle();
+    if (state.ended) return;
+    window.OnTakeOver();
+    state.takenOver = state.ended;
+}
 
 void HostDesk::Type(int item, const std::wstring& text) {
     HostItem& edit = Target().Handle()->items[item];
@@ -142,12 +152,13 @@ void HostDesk::Settle() {
 
 int HostDesk::RunModal(Window& window) {
     Window::Impl& state = *window.Handle();
-    state.ended = false;
+    state.ended = state.takenOver = false;
     state.result = -1;
     open_.push_back(&window);
     if (!window.OnCreate() && !state.ended) state.ended = true;
     while (!state.ended) {
         Settle();
+        if (state.takenOver) TakeOver(window);
         if (state.ended) break;
         if (steps_.empty()) {
             problems.emplace_back("the script ended while a window was open");
@@ -165,6 +176,7 @@ int HostDesk::RunModal(Window& window) {
     state.exists = false;
     state.timers.clear();
     state.hasPen = false;
+    if (state.takenOver && !open_.empty()) open_.back()->Handle()->takenOver = true;
     return state.result;
 }
 
@@ -204,7 +216,7 @@ MessageAnswer ShowMessage(Window*, const std::wstring& text, const std::wstring&
     }
     const MessageAnswer answer = desk.answers.front();
     desk.answers.pop_front();
-    return answer;
+    return CountedAnswer(buttons, answer);
 }
 
 void ShowOutOfMemory(Window*) { ++HostDevice::Current().desk.outOfMemoryBoxes; }
@@ -216,21 +228,12 @@ WaitCursor::WaitCursor() {
 
 WaitCursor::~WaitCursor() { --HostDevice::Current().desk.waitCursorDepth; }
 
-void PopupMenu::Add(int command, const std::wstring& text, bool enabled) {
-    items_.push_back({command, text, enabled, nullptr});
-}
-
-void PopupMenu::AddSeparator() { items_.push_back({}); }
-
-void PopupMenu::AddSubmenu(const std::wstring& text, const PopupMenu& submenu) {
-    items_.push_back({0, text, true, std::make_shared<const PopupMenu>(submenu)});
-}
-
-int PopupMenu::Choose(Window&, ink::Point place) const {
+int PopupMenu::Choose(Window& owner, ink::Point place) const {
     HostDesk& desk = HostDevice::Current().desk;
+    if (owner.Handle()->ended) return 0;
     desk.menuPlace = place;
     const int command = desk.chooseFromMenu ? desk.chooseFromMenu(items_) : 0;
-    return Offers(*this, command) ? command : 0;
+    return !owner.Handle()->ended && Offers(*this, command) ? command : 0;
 }
 
 }  // namespace platform

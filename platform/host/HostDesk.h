@@ -82,6 +82,7 @@ class HostDesk {
 
   private:
     Window& Target();
+    static void TakeOver(Window& window);
 
     std::deque<std::function<void()>> steps_;
     struct PostedEvent {

@@ -1,6 +1,7 @@
 #include <map>
 
 #include "platform/Dialog.h"
+#include "platform/MessageBox.h"
 #include "platform/Popup.h"
 #include "platform/Screen.h"
 #include "platform/host/HostDevice.h"
@@ -13,6 +14,11 @@ using host::HostDevice;
 namespace {
 
 constexpr int kScrollBarWidth = 16;
+
+int CannotOpen() {
+    ShowOutOfMemory(nullptr);
+    return -1;
+}
 
 struct ButtonState {
     bool checked = false;
@@ -53,7 +59,7 @@ int Screen::RunModal(Window*) {
     const ScreenSize screen = HandheldScreen();
     impl_->hasScrollBar = scrollBar_ == ScrollBar::Vertical;
     const int bar = scrollBar_ == ScrollBar::Vertical ? kScrollBarWidth : 0;
-    if (!impl_->Open(screen.width - bar, screen.height - 2 * kBarHeight)) return -1;
+    if (!impl_->Open(screen.width - bar, screen.height - 2 * kBarHeight)) return CannotOpen();
     return HostDevice::Current().desk.RunModal(*this);
 }
 
@@ -91,7 +97,7 @@ bool Window::Impl::OpenTemplate(int templateId) {
 }
 
 int Dialog::RunModal(Window*) {
-    return impl_->OpenTemplate(templateId_) ? HostDevice::Current().desk.RunModal(*this) : -1;
+    return impl_->OpenTemplate(templateId_) ? HostDevice::Current().desk.RunModal(*this) : CannotOpen();
 }
 
 std::wstring Dialog::ItemText(int id) const {
@@ -160,22 +166,14 @@ void Dialog::PlaceItem(int id, const Rect& client) {
     if (item != impl_->items.end()) item->second.source.place = client;
 }
 
-void Dialog::OnCommand(int id) {
-    if (id == kIdOk || id == kIdCancel) EndModal(id);
-}
-
 Popup::Popup() = default;
 Popup::~Popup() = default;
 
 int Popup::RunModal(Window*, const std::wstring& title, Point, int width, int height) {
     impl_->isDialog = true;
     impl_->title = title;
-    if (!impl_->Open(width, height)) return -1;
+    if (!impl_->Open(width, height)) return CannotOpen();
     return HostDevice::Current().desk.RunModal(*this);
-}
-
-void Popup::OnCommand(int id) {
-    if (id == kIdCancel) EndModal(kIdCancel);
 }
 
 }  // namespace platform

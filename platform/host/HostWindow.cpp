@@ -106,11 +106,15 @@ void Window::SetScrollPosition(int position) {
 }
 
 void Window::PostCommand(int id) {
-    HostDevice::Current().desk.Post(this, [this, id] { OnCommand(id); });
+    HostDevice::Current().desk.Post(this, [this, id] {
+        if (!impl_->ended) OnCommand(id);
+    });
 }
 
 void Window::PostScroll(ScrollCode code) {
-    HostDevice::Current().desk.Post(this, [this, code] { OnScroll(code, 0); });
+    HostDevice::Current().desk.Post(this, [this, code] {
+        if (!impl_->ended) OnScroll(code, 0);
+    });
 }
 
 void Window::SendPrivateMessage(uint32_t code, intptr_t payload) {

@@ -42,6 +42,7 @@ struct HostItem {
 struct Window::Impl {
     bool exists = false;
     bool ended = false;
+    bool takenOver = false;  // another copy takes this one's place
     int result = -1;
     std::wstring title;
     Image shown;  // what the client area shows

@@ -1,7 +1,5 @@
 #include "platform/windows/DialogEvents.h"
 
-#include <algorithm>
-
 #include "platform/windows/HandheldPlace.h"
 #include "platform/windows/MonthTaps.h"
 
@@ -17,7 +15,9 @@ bool ControlEvent(Window& window, HWND handle, WPARAM wParam, LPARAM lParam) {
     const LRESULT kind = SendMessageW(reinterpret_cast<HWND>(lParam), WM_GETDLGCODE, 0, 0);
     const bool isButton = (kind & DLGC_BUTTON) != 0;
     const bool changed = code == EN_CHANGE || code == CBN_SELCHANGE || code == CBN_EDITCHANGE;
-    if (changed && !isButton && !window.Handle()->fillingControls) window.OnControlChanged(LOWORD(wParam));
+    const Window::Impl& state = *window.Handle();
+    if (changed && !isButton && !state.fillingControls && !state.ended)
+        Guarded(window, [&] { window.OnControlChanged(LOWORD(wParam)); });
     return changed;
 }
 
@@ -33,8 +33,8 @@ void Centre(HWND dialog) {
     if (owner && GetWindowRect(owner, &around)) {
         corner = {(around.left + around.right - size.cx) / 2, (around.top + around.bottom - size.cy) / 2};
     }
-    SetWindowPos(dialog, nullptr, std::max(corner.x, 0L), std::max(corner.y, 0L), 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER);
+    const RECT onMonitor = OntoMonitor(dialog, {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy});
+    SetWindowPos(dialog, nullptr, onMonitor.left, onMonitor.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
 }
 
 INT_PTR OpenDialog(HWND handle, Window& window) {
@@ -42,7 +42,9 @@ INT_PTR OpenDialog(HWND handle, Window& window) {
     Window::Impl& state = *window.Handle();
     state.frame = state.page = handle;
     WatchMonthTaps(handle);
-    if (!window.OnCreate()) state.ended = true;
+    bool opens = false;
+    Guarded(window, [&] { opens = window.OnCreate(); });
+    if (!opens) state.ended = true;
     return state.focusPlaced ? FALSE : TRUE;
 }
 
@@ -58,11 +60,11 @@ INT_PTR DialogEvent(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NOTIFY: {
             const NMHDR& notice = *reinterpret_cast<const NMHDR*>(lParam);
             const bool changed = notice.code == DTN_DATETIMECHANGE && !state.fillingControls;
-            if (changed) window->OnControlChanged(static_cast<int>(notice.idFrom));
+            if (changed) Guarded(*window, [&] { window->OnControlChanged(static_cast<int>(notice.idFrom)); });
             return FALSE;
         }
         case WM_DESTROY:
-            window->OnDestroy();
+            Guarded(*window, [&] { window->OnDestroy(); });
             return FALSE;
         case WM_NCDESTROY:
             Attach(handle, nullptr);

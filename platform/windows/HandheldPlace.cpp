@@ -65,6 +65,18 @@ RECT ToDesktop(HWND window, const Rect& handheld) {
             handheld.bottom + origin.y};
 }
 
+RECT OntoMonitor(HWND window, const RECT& desktop) {
+    const HWND owner = window ? GetWindow(window, GW_OWNER) : nullptr;
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    if (!GetMonitorInfoW(MonitorFromWindow(owner ? owner : window, MONITOR_DEFAULTTOPRIMARY), &monitor))
+        return desktop;
+    const RECT& work = monitor.rcWork;
+    const Rect place = ink::MovedInto({desktop.left, desktop.top, desktop.right, desktop.bottom},
+                                      {work.left, work.top, work.right, work.bottom});
+    return {place.left, place.top, place.right, place.bottom};
+}
+
 POINT CentredPlace(SIZE frame) {
     RECT area{};
     if (!SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0)) {

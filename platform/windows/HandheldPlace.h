@@ -16,6 +16,10 @@ POINT HandheldOrigin(HWND window);
 Rect ToHandheld(HWND window, const RECT& desktop);
 RECT ToDesktop(HWND window, const Rect& handheld);
 
+// The rectangle moved on to the work area of the monitor that `window`, or else what owns it, lies on mostly.
+// One that is larger keeps its top left there.
+RECT OntoMonitor(HWND window, const RECT& desktop);
+
 // Top left for a frame of this size in the middle of the desktop's work area, never above or left of it.
 POINT CentredPlace(SIZE frame);
 

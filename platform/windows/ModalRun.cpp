@@ -5,8 +5,12 @@ namespace platform::windows {
 namespace {
 
 void HandleMessages(Window& window, KeyNavigation keys) {
-    const Window::Impl& state = *window.Handle();
+    Window::Impl& state = *window.Handle();
     while (!state.ended) {
+        if (state.takenOver) {
+            TakeOver(window);
+            if (state.ended) return;
+        }
         MSG message;
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
         if (got == -1) return;
@@ -44,6 +48,7 @@ int RunToEnd(Window& window, HWND owner, KeyNavigation keys) {
         HandleMessages(window, keys);
         state.running = false;
     }
+    if (state.takenOver) PassTakeOverOn(owner);
     return GiveUp(window);
 }
 
@@ -52,6 +57,18 @@ int GiveUp(Window& window) {
     if (state.frame) DestroyWindow(state.frame);
     state.frame = state.page = nullptr;
     return state.result;
+}
+
+int CannotOpen(HWND owner) {
+    ShowOutOfMemory(owner ? WindowOf(owner) : nullptr);
+    return -1;
+}
+
+void PassTakeOverOn(HWND owner) {
+    Window* window = owner ? WindowOf(owner) : nullptr;
+    if (!window) return;
+    window->Handle()->takenOver = true;
+    PostMessageW(owner, WM_NULL, 0, 0);
 }
 
 }  // namespace platform::windows

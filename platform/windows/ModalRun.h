@@ -23,6 +23,12 @@ enum class KeyNavigation { None, Dialog };  // Tab, Enter, Esc between controls
 // the result of the run. `owner` may be null.
 int RunToEnd(Window& window, HWND owner, KeyNavigation keys);
 
+// Tells the user that a window can't be made; -1, what its modal run gives then. `owner` may be null.
+int CannotOpen(HWND owner);
+
+// A window over `owner` (may be null) has ended since another copy takes over: now it is the owner's turn.
+void PassTakeOverOn(HWND owner);
+
 // Ends and destroys a window whose OnCreate refused; returns the result it left.
 int GiveUp(Window& window);
 

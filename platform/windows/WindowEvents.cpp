@@ -1,7 +1,7 @@
 // From window messages to the handlers of a window object.
-#include <new>
+#include <cstdlib>
 
-#include "platform/MessageBox.h"
+#include "platform/windows/WheelTurns.h"
 #include "platform/windows/WindowImpl.h"
 
 namespace platform::windows {
@@ -49,13 +49,28 @@ bool CaptureChanged(Event& event) {
     return true;
 }
 
+// A painting that was begun ends, or the system asks for it for ever.
+class Painting {
+  public:
+    explicit Painting(const Event& event) : event_(event), before_(event.state.paintDc) {
+        event_.state.paintDc = BeginPaint(event_.handle, &paint_);
+    }
+    Painting(const Painting&) = delete;
+    Painting& operator=(const Painting&) = delete;
+    ~Painting() {
+        event_.state.paintDc = before_;
+        EndPaint(event_.handle, &paint_);
+    }
+
+  private:
+    const Event& event_;
+    HDC before_;
+    PAINTSTRUCT paint_{};
+};
+
 bool Paint(Event& event) {
-    PAINTSTRUCT paint;
-    const HDC before = event.state.paintDc;
-    event.state.paintDc = BeginPaint(event.handle, &paint);
+    const Painting painting(event);
     event.window.OnPaint();
-    event.state.paintDc = before;
-    EndPaint(event.handle, &paint);
     return true;
 }
 
@@ -64,12 +79,19 @@ bool Timer(Event& event) {
     return true;
 }
 
+// Another copy may ask a window to close that something else is open over: that is to be closed first.
+bool IsCovered(const Window::Impl& state) { return state.frame && !IsWindowEnabled(state.frame); }
+
 bool Command(Event& event) {
-    event.window.OnCommand(LOWORD(event.wParam));
+    if (!IsCovered(event.state)) event.window.OnCommand(LOWORD(event.wParam));
     return true;
 }
 
 bool PrivateMessage(Event& event) {
+    if (event.wParam == kTakeOver) {
+        TakeOver(event.window);
+        return true;
+    }
     event.window.OnPrivateMessage(static_cast<uint32_t>(event.wParam), event.lParam);
     return true;
 }
@@ -110,10 +132,11 @@ bool VerticalScroll(Event& event) {
 
 bool Wheel(Event& event) {
     if (!event.state.hasScrollBar) return false;
-    int& rest = event.state.wheelRest;
-    rest += GET_WHEEL_DELTA_WPARAM(event.wParam);
-    for (; rest >= WHEEL_DELTA; rest -= WHEEL_DELTA) event.window.OnScroll(ScrollCode::LineUp, 0);
-    for (; rest <= -WHEEL_DELTA; rest += WHEEL_DELTA) event.window.OnScroll(ScrollCode::LineDown, 0);
+    UINT linesPerNotch = kUsualWheelLines;
+    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &linesPerNotch, 0);
+    const WheelSteps steps =
+        StepsOfTurn(GET_WHEEL_DELTA_WPARAM(event.wParam), linesPerNotch, event.state.wheelRest);
+    for (int i = 0; i < std::abs(steps.count); ++i) event.window.OnScroll(steps.code, 0);
     return true;
 }
 
@@ -122,17 +145,18 @@ bool KeyDown(Event& event) { return event.window.OnKeyDown(KeyOf(event.wParam));
 constexpr struct {
     UINT message;
     bool (*handle)(Event&);
-} kEvents[] = {{WM_MOUSEMOVE, PenMove},
-               {WM_LBUTTONDOWN, PenDown},
-               {WM_LBUTTONUP, PenUp},
-               {WM_CAPTURECHANGED, CaptureChanged},
-               {WM_PAINT, Paint},
-               {WM_TIMER, Timer},
-               {WM_COMMAND, Command},
-               {WM_VSCROLL, VerticalScroll},
-               {WM_KEYDOWN, KeyDown},
-               {WM_MOUSEWHEEL, Wheel},
-               {kPrivateMessage, PrivateMessage}};
+    bool afterEnd;  // reaches a window whose modal run has ended
+} kEvents[] = {{WM_MOUSEMOVE, PenMove, false},
+               {WM_LBUTTONDOWN, PenDown, false},
+               {WM_LBUTTONUP, PenUp, false},
+               {WM_CAPTURECHANGED, CaptureChanged, true},
+               {WM_PAINT, Paint, true},
+               {WM_TIMER, Timer, false},
+               {WM_COMMAND, Command, false},
+               {WM_VSCROLL, VerticalScroll, false},
+               {WM_KEYDOWN, KeyDown, false},
+               {WM_MOUSEWHEEL, Wheel, false},
+               {kPrivateMessage, PrivateMessage, true}};
 
 }  // namespace
 
@@ -165,15 +189,18 @@ bool DispatchEvent(Window& window, HWND handle, UINT message, WPARAM wParam, LPA
     for (const auto& known : kEvents) {
         if (known.message != message) continue;
         Event event{window, *window.Handle(), handle, wParam, lParam};
-        // Nothing may be thrown through the system's own frames on the stack.
-        try {
-            return known.handle(event);
-        } catch (const std::bad_alloc&) {
-            ShowOutOfMemory(&window);
-            return true;
-        }
+        bool isHandled = true;
+        if (known.afterEnd || !event.state.ended) Guarded(window, [&] { isHandled = known.handle(event); });
+        return isHandled;
     }
     return false;
+}
+
+void TakeOver(Window& window) {
+    Window::Impl& state = *window.Handle();
+    if (state.ended || IsCovered(state)) return;
+    Guarded(window, [&] { window.OnTakeOver(); });
+    state.takenOver = state.ended;
 }
 
 }  // namespace platform::windows

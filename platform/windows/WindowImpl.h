@@ -1,5 +1,8 @@
 #pragma once
 
+#include <new>
+
+#include "platform/MessageBox.h"
 #include "platform/Window.h"
 #include "platform/windows/PenHistory.h"
 #include "platform/windows/SystemHeaders.h"
@@ -19,7 +22,9 @@ struct Window::Impl {
     bool fillingControls = false;  // changes that the program makes are no news to it
     bool focusPlaced = false;
     bool placed = false;
-    bool running = false;  // inside its modal run
+    bool running = false;    // inside its modal run
+    bool hasMenu = false;    // a pop-up menu is open over it
+    bool takenOver = false;  // another copy takes this one's place: ends, and so does the window below
     bool ended = false;
     int result = -1;
     windows::PenHistory pen;
@@ -36,6 +41,23 @@ HWND FrameOf(const Window* window);
 
 // Gives an event that any kind of window may get to its handler. True when it was handled for good.
 bool DispatchEvent(Window& window, HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
+
+// Tells the window that another copy takes this one's place, unless it has ended or something else is open
+// over it: that is asked first.
+void TakeOver(Window& window);
+
+// Runs what handles an event: nothing may be thrown through the system's own frames on the stack. False when
+// memory was short, which the user was told.
+template <typename Handler>
+bool Guarded(Window& window, Handler&& handler) {
+    try {
+        handler();
+        return true;
+    } catch (const std::bad_alloc&) {
+        ShowOutOfMemory(&window);
+        return false;
+    }
+}
 
 Key KeyOf(WPARAM virtualKey);
 

@@ -41,7 +41,7 @@ int Dialog::RunModal(Window* owner) {
     Window* object = this;
     const HWND handle = CreateDialogParamW(windows::Module(), MAKEINTRESOURCEW(templateId_), ownerFrame,
                                            DialogProcedure, reinterpret_cast<LPARAM>(object));
-    if (!handle || !impl_->frame) return -1;
+    if (!handle || !impl_->frame) return windows::CannotOpen(ownerFrame);
     return windows::RunToEnd(*this, ownerFrame, windows::KeyNavigation::Dialog);
 }
 
@@ -139,7 +139,9 @@ Rect Dialog::ItemRect(int id) const {
 
 void Dialog::Place(const Rect& windowRect) {
     if (!impl_->frame) return;
-    const RECT place = windows::ToDesktop(impl_->frame, windowRect);
+    RECT place = windows::ToDesktop(impl_->frame, windowRect);
+    // Once it is open the user may drag it anywhere.
+    if (!impl_->running) place = windows::OntoMonitor(impl_->frame, place);
     SetWindowPos(impl_->frame, nullptr, place.left, place.top, place.right - place.left,
                  place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
     impl_->placed = true;
@@ -148,10 +150,6 @@ void Dialog::Place(const Rect& windowRect) {
 void Dialog::PlaceItem(int id, const Rect& client) {
     const HWND item = Item(impl_->frame, id);
     if (item) MoveWindow(item, client.left, client.top, client.Width(), client.Height(), TRUE);
-}
-
-void Dialog::OnCommand(int id) {
-    if (id == kIdOk || id == kIdCancel) EndModal(id);
 }
 
 }  // namespace platform

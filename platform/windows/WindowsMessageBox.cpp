@@ -1,5 +1,5 @@
 #include "platform/MessageBox.h"
-#include "platform/windows/WindowImpl.h"
+#include "platform/windows/SystemDialog.h"
 
 namespace platform {
 
@@ -29,10 +29,10 @@ UINT IconFlag(MessageIcon icon) {
     return 0;
 }
 
-// A box that could not be shown was answered by nobody: take what changes least.
-MessageAnswer AnswerWithoutBox(MessageButtons buttons) {
-    if (buttons == MessageButtons::Ok) return MessageAnswer::Ok;
-    return buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Cancel;
+// 0 is a box that could not be shown: nobody answered it.
+MessageAnswer AnswerOf(int systemAnswer) {
+    if (systemAnswer == IDYES) return MessageAnswer::Yes;
+    return systemAnswer == IDNO ? MessageAnswer::No : MessageAnswer::Cancel;
 }
 
 // Without an owner nothing else would bring the box in front of other programs' windows.
@@ -45,18 +45,9 @@ MessageAnswer ShowMessage(Window* owner, const std::wstring& text, const std::ws
     const HWND frame = windows::FrameOf(owner);
     const UINT focus = defaultButton == DefaultButton::Second ? MB_DEFBUTTON2 : MB_DEFBUTTON1;
     const UINT flags = ButtonFlags(buttons) | IconFlag(icon) | focus | PlacementFlags(frame);
-    switch (MessageBoxW(frame, text.c_str(), caption.c_str(), flags)) {
-        case IDOK:
-            return MessageAnswer::Ok;
-        case IDYES:
-            return MessageAnswer::Yes;
-        case IDNO:
-            return MessageAnswer::No;
-        case IDCANCEL:
-            return MessageAnswer::Cancel;
-        default:
-            return AnswerWithoutBox(buttons);
-    }
+    const windows::SystemDialog running(owner,
+                                        IDOK);  // no button asks for less than an answer that is not there
+    return CountedAnswer(buttons, AnswerOf(MessageBoxW(frame, text.c_str(), caption.c_str(), flags)));
 }
 
 void ShowOutOfMemory(Window* owner) {

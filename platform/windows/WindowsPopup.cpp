@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "platform/Popup.h"
 #include "platform/Screen.h"
 #include "platform/windows/HandheldPlace.h"
@@ -65,7 +63,7 @@ LRESULT CALLBACK PopupProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM
         case WM_ERASEBKGND:
             return 1;
         case WM_DESTROY:
-            window->OnDestroy();
+            windows::Guarded(*window, [&] { window->OnDestroy(); });
             return 0;
         case WM_NCDESTROY:
             Attach(handle, nullptr);
@@ -86,10 +84,9 @@ RECT PopupPlace(HWND owner, Point corner, int width, int height) {
     RECT outer{corner.x - width, corner.y - height, corner.x, corner.y};
     AdjustWindowRectEx(&outer, kPopupStyle, FALSE, 0);
     const ScreenSize screen = HandheldScreen();
-    const LONG dx = std::max(-outer.left, std::min(0L, screen.width - outer.right));
-    const LONG dy = std::max(-outer.top, std::min(0L, screen.height - outer.bottom));
-    OffsetRect(&outer, dx, dy);
-    return windows::ToDesktop(owner, {outer.left, outer.top, outer.right, outer.bottom});
+    const Rect place = ink::MovedInto({outer.left, outer.top, outer.right, outer.bottom},
+                                      {0, 0, screen.width, screen.height});
+    return windows::OntoMonitor(owner, windows::ToDesktop(owner, place));
 }
 
 }  // namespace
@@ -98,25 +95,24 @@ Popup::Popup() = default;
 Popup::~Popup() = default;
 
 int Popup::RunModal(Window* owner, const std::wstring& title, Point corner, int width, int height) {
-    if (Exists() || !windows::RegisterWindowClass(kPopupClass, PopupProcedure, CS_SAVEBITS, nullptr))
-        return -1;
+    if (Exists()) return -1;
     *impl_ = Impl();
     const HWND ownerFrame = windows::FrameOf(owner);
+    if (!windows::RegisterWindowClass(kPopupClass, PopupProcedure, CS_SAVEBITS, nullptr))
+        return windows::CannotOpen(ownerFrame);
     const RECT place = PopupPlace(ownerFrame, corner, width, height);
     Window* object = this;
     const HWND handle = CreateWindowExW(WS_EX_TOOLWINDOW, kPopupClass, title.c_str(), kPopupStyle, place.left,
                                         place.top, place.right - place.left, place.bottom - place.top,
                                         ownerFrame, nullptr, windows::Module(), object);
-    if (!handle) return -1;
+    if (!handle) return windows::CannotOpen(ownerFrame);
     impl_->frame = impl_->page = handle;
-    if (!OnCreate()) return windows::GiveUp(*this);
+    bool opens = false;
+    windows::Guarded(*this, [&] { opens = OnCreate(); });
+    if (!opens) return windows::GiveUp(*this);
     impl_->holdsPointer = true;
     SetCapture(handle);
     return windows::RunToEnd(*this, ownerFrame, windows::KeyNavigation::None);
-}
-
-void Popup::OnCommand(int id) {
-    if (id == kIdCancel) EndModal(kIdCancel);
 }
 
 }  // namespace platform

@@ -34,28 +34,22 @@ windows::OwnedMenu MenuOf(const PopupMenu& source) {
 
 }  // namespace
 
-void PopupMenu::Add(int command, const std::wstring& text, bool enabled) {
-    items_.push_back({command, text, enabled, nullptr});
-}
-
-void PopupMenu::AddSeparator() { items_.push_back({}); }
-
-void PopupMenu::AddSubmenu(const std::wstring& text, const PopupMenu& submenu) {
-    items_.push_back({0, text, true, std::make_shared<const PopupMenu>(submenu)});
-}
-
 int PopupMenu::Choose(Window& owner, ink::Point place) const {
     const HWND frame = windows::FrameOf(&owner);
+    Window::Impl& state = *owner.Handle();
     const windows::OwnedMenu menu = MenuOf(*this);
-    if (!frame || !menu) return 0;
+    if (!frame || !menu || state.ended) return 0;
     // The system keeps menus on the desktop, which may be far larger than the handheld: open towards its
     // middle.
     const ScreenSize screen = HandheldScreen();
     const UINT across = place.x > screen.width / 2 ? TPM_RIGHTALIGN : TPM_LEFTALIGN;
     const UINT along = place.y > screen.height / 2 ? TPM_BOTTOMALIGN : TPM_TOPALIGN;
     const RECT desktop = windows::ToDesktop(frame, {place.x, place.y, place.x, place.y});
-    return TrackPopupMenuEx(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY | across | along, desktop.left,
-                            desktop.top, frame, nullptr);
+    state.hasMenu = true;
+    const int command = TrackPopupMenuEx(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY | across | along,
+                                         desktop.left, desktop.top, frame, nullptr);
+    state.hasMenu = false;
+    return state.ended ? 0 : command;
 }
 
 }  // namespace platform

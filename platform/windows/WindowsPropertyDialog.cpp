@@ -1,21 +1,10 @@
-#include <new>
-
-#include "platform/MessageBox.h"
 #include "platform/PropertyDialog.h"
 #include "platform/windows/DialogEvents.h"
+#include "platform/windows/SystemDialog.h"
 
 namespace platform {
 
 namespace {
-
-// Nothing may be thrown through the system's own frames on the stack.
-void Apply(PropertyPage& page) {
-    try {
-        page.OnApply();
-    } catch (const std::bad_alloc&) {
-        ShowOutOfMemory(&page);
-    }
-}
 
 INT_PTR CALLBACK PageProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
@@ -26,7 +15,8 @@ INT_PTR CALLBACK PageProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM 
     const bool isApply =
         page && message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == PSN_APPLY;
     if (!isApply) return windows::DialogEvent(handle, message, wParam, lParam);
-    Apply(static_cast<PropertyPage&>(*page));
+    auto& applied = static_cast<PropertyPage&>(*page);
+    windows::Guarded(applied, [&] { applied.OnApply(); });
     SetWindowLongPtrW(handle, DWLP_MSGRESULT, PSNRET_NOERROR);
     return TRUE;
 }
@@ -65,6 +55,7 @@ int PropertyDialog::RunModal(Window* owner) {
     header.nPages = static_cast<UINT>(sources.size());
     header.ppsp = sources.data();
     header.pfnCallback = SheetEvent;
+    const windows::SystemDialog running(owner, IDCANCEL);
     const INT_PTR result = PropertySheetW(&header);
     if (result < 0) return -1;
     return result > 0 ? kIdOk : kIdCancel;

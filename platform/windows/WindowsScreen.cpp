@@ -60,10 +60,11 @@ LRESULT CALLBACK FrameProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM
             DispatchEvent(*window, handle, WM_COMMAND, kIdOk, 0);
             return 0;
         case WM_ENDSESSION:
-            if (wParam) DispatchEvent(*window, handle, WM_COMMAND, kIdOk, 0);
+            // Whatever lies open over it: there is no later.
+            if (wParam && !state.ended) Guarded(*window, [&] { window->OnCommand(kIdOk); });
             return 0;
         case WM_DESTROY:
-            window->OnDestroy();
+            Guarded(*window, [&] { window->OnDestroy(); });
             return 0;
         case WM_NCDESTROY:
             Attach(handle, nullptr);
@@ -173,10 +174,15 @@ int Screen::RunModal(Window* owner) {
     *impl_ = Impl();
     const HWND ownerFrame = windows::FrameOf(owner);
     const bool made = windows::CreateWindows(*this, scrollBar_ == ScrollBar::Vertical, ownerFrame);
-    if (!made && impl_->frame) windows::Attach(impl_->frame, nullptr);
-    const bool opened = made && OnCreate();
+    if (!made) {
+        if (impl_->frame) windows::Attach(impl_->frame, nullptr);
+        windows::GiveUp(*this);
+        return windows::CannotOpen(ownerFrame);
+    }
+    bool opens = false;
+    windows::Guarded(*this, [&] { opens = OnCreate(); });
     const int result =
-        opened ? windows::RunToEnd(*this, ownerFrame, windows::KeyNavigation::None) : windows::GiveUp(*this);
+        opens ? windows::RunToEnd(*this, ownerFrame, windows::KeyNavigation::None) : windows::GiveUp(*this);
     tools_.Handle().reset();
     return result;
 }

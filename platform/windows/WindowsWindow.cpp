@@ -217,6 +217,7 @@ void Window::PostPrivateMessage(uint32_t code, intptr_t payload) {
 void Window::EndModal(int result) {
     impl_->ended = true;
     impl_->result = result;
+    if (impl_->hasMenu) EndMenu();
     // A handler may run inside a message that another process sent, which does not wake the modal loop.
     if (impl_->frame) PostMessageW(impl_->frame, WM_NULL, 0, 0);
 }

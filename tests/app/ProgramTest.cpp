@@ -1,3 +1,4 @@
+#include "app/Program.h"
 #include "tests/support/DeskTest.h"
 
 namespace {
@@ -91,6 +92,15 @@ TEST_F(Program, WithoutATargetTheCopyInFrontIsToldOnce) {
     EXPECT_THAT(device.otherCopies[1].privateMessages, ElementsAre(1u));
     EXPECT_THAT(device.otherCopies[2].privateMessages, IsEmpty());
     EXPECT_THAT(device.otherCopies[1].commands, IsEmpty());
+}
+
+TEST_F(Program, AWindowThatCannotBeMadeEndsTheRunWithAMessage) {
+    for (const wchar_t* commandLine : {L"", testing_support::kNewNotes}) {
+        device.picturesLeft = 0;
+        EXPECT_EQ(app::RunProgram(commandLine), 1);
+        EXPECT_EQ(Desk().outOfMemoryBoxes, 1);
+        Desk().outOfMemoryBoxes = 0;
+    }
 }
 
 TEST_F(Program, TheTodayScreenIsRefreshedThroughItsItemElseWhenTheItemIsEnabled) {

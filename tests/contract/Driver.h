@@ -47,6 +47,7 @@ class Driver {
     void Press(platform::Window& window, platform::Key key);
     void PressShortcut(platform::Window& window, wchar_t letter);  // with Ctrl
     void TurnWheel(platform::Window& window, int notches);         // up when positive
+    int WheelLines() const;                                        // that one notch scrolls
     void PressTool(platform::Screen& screen, int command);
     // Of a page too: the sheet's OK and Cancel.
     void PressButton(platform::Dialog& dialog, int id);

@@ -34,6 +34,7 @@ void Driver::TakePenAway(Window&) { impl_->device.desk.TakePenAway(); }
 void Driver::Press(Window&, platform::Key key) { impl_->device.desk.Press(key); }
 void Driver::PressShortcut(Window&, wchar_t letter) { impl_->device.desk.PressShortcut(letter); }
 void Driver::TurnWheel(Window&, int notches) { impl_->device.desk.TurnWheel(notches); }
+int Driver::WheelLines() const { return 1; }
 void Driver::PressTool(platform::Screen&, int command) { impl_->device.desk.Command(command); }
 void Driver::PressButton(platform::Dialog&, int id) { impl_->device.desk.Command(id); }
 void Driver::Choose(platform::Dialog&, int id, int index) { impl_->device.desk.Choose(id, index); }

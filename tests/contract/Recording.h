@@ -23,6 +23,7 @@ class Recording : public Kind {
     std::function<void(int)> command;
     std::function<void()> penMove;
     bool capturesPen = false;
+    bool leaves = true;  // when another copy takes over
     int timers = 0;
 
     bool OnCreate() override { return !create || create(); }
@@ -66,6 +67,11 @@ class Recording : public Kind {
     void OnControlChanged(int id) override { log.push_back("changed " + std::to_string(id)); }
     void OnPrivateMessage(uint32_t code, intptr_t payload) override {
         Write("private", {static_cast<int>(code), static_cast<int>(payload)});
+    }
+
+    void OnTakeOver() override {
+        log.emplace_back("take over");
+        if (leaves) this->EndModal(9);
     }
 
   private:

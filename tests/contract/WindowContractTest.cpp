@@ -1,6 +1,8 @@
 #include <algorithm>
 
+#include "platform/Dialog.h"
 #include "platform/Worker.h"
+#include "res/resource.h"
 #include "tests/contract/Recording.h"
 
 namespace contract {
@@ -135,12 +137,15 @@ TEST_F(WindowContract, ShortcutsAndTheWheel) {
         screen, [&] { driver_.PressShortcut(screen, L'E'); }, [&] { driver_.PressShortcut(screen, L'Z'); },
         [&] { driver_.Press(screen, Key::Home); }, [&] { driver_.TurnWheel(screen, 2); },
         [&] { driver_.TurnWheel(screen, -1); });
+    std::vector<std::string> expected{"shortcut E", "shortcut Z", "key 6"};
+    for (int i = 0; i < 2 * driver_.WheelLines(); ++i) expected.emplace_back("scroll 0 0");
+    for (int i = 0; i < driver_.WheelLines(); ++i) expected.emplace_back("scroll 1 0");
+    expected.emplace_back("destroy");
     // A real keyboard tells of the Ctrl key, too.
     auto& log = screen.log;
     const std::string other = "key " + std::to_string(static_cast<int>(Key::Other));
     log.erase(std::remove(log.begin(), log.end(), other), log.end());
-    EXPECT_THAT(log, ElementsAre("shortcut E", "shortcut Z", "key 6", "scroll 0 0", "scroll 0 0",
-                                 "scroll 1 0", "destroy"));
+    EXPECT_EQ(log, expected);
 }
 
 TEST_F(WindowContract, ScrollRequestsFromOutside) {
@@ -202,8 +207,41 @@ TEST_F(WindowContract, TimersGoOnUntilStopped) {
 
 TEST_F(WindowContract, PrivateMessages) {
     TestScreen screen(kWithBar);
-    Run(screen, [&] { driver_.SendPrivateMessage(screen, 1, 77); });
-    EXPECT_THAT(screen.log, ElementsAre("private 1 77", "destroy"));
+    Run(screen, [&] { driver_.SendPrivateMessage(screen, 100, 77); });
+    EXPECT_THAT(screen.log, ElementsAre("private 100 77", "destroy"));
+}
+
+// The window on top hears of it first, and each below when the one above has gone; one that stays keeps the
+// rest.
+TEST_F(WindowContract, AnotherCopyTakesOver) {
+    TestScreen screen(kWithBar);
+    Recording<platform::Dialog> dialog(IDD_SAVE_AS);
+    screen.command = [&](int) { screen.log.push_back("gave " + std::to_string(dialog.RunModal(&screen))); };
+    const auto takeOver = [&] { driver_.SendPrivateMessage(dialog, platform::kTakeOver, 0); };
+    dialog.leaves = screen.leaves = false;
+    driver_.Then([&] { screen.PostCommand(1); });
+    driver_.Then(takeOver);
+    driver_.Then([&] { dialog.leaves = true; });
+    driver_.Then(takeOver);
+    driver_.Then([&] {
+        EXPECT_THAT(dialog.log, ElementsAre("take over", "take over", "destroy"));
+        screen.leaves = true;
+        screen.PostCommand(1);
+    });
+    driver_.Then(takeOver);
+    EXPECT_EQ(screen.RunModal(nullptr), 9);
+    EXPECT_THAT(screen.log, ElementsAre("command 1", "gave 9", "take over", "command 1", "gave 9",
+                                        "take over", "destroy"));
+}
+
+TEST_F(WindowContract, NothingReachesAWindowAfterItsEnd) {
+    TestScreen screen(kWithBar);
+    driver_.Then([&] {
+        for (int i = 0; i < 3; ++i) screen.PostCommand(platform::kIdOk);
+        screen.PostScroll(ScrollCode::PageDown);
+    });
+    screen.RunModal(nullptr);
+    EXPECT_THAT(screen.log, ElementsAre("command 1", "destroy"));
 }
 
 TEST_F(WindowContract, ShownPixels) {
@@ -274,7 +312,7 @@ TEST_F(WindowContract, WorkersReachAWindowByItsPrivateMessages) {
         screen,
         [&] {
             ASSERT_TRUE(worker.Create([&] {
-                screen.PostPrivateMessage(1, 10);
+                screen.PostPrivateMessage(7, 10);
                 screen.SendPrivateMessage(2, 20);
                 afterSending = screen.log;
                 screen.SendPrivateMessage(3, 30);
@@ -294,7 +332,7 @@ TEST_F(WindowContract, WorkersReachAWindowByItsPrivateMessages) {
             worker.Wait();
         });
     EXPECT_THAT(afterSending, testing::Contains("private 2 20"));
-    EXPECT_THAT(screen.log, testing::UnorderedElementsAre("private 1 10", "private 2 20", "private 3 30",
+    EXPECT_THAT(screen.log, testing::UnorderedElementsAre("private 7 10", "private 2 20", "private 3 30",
                                                           "private 4 40", "destroy"));
     screen.SendPrivateMessage(5, 50);
     EXPECT_EQ(screen.log.back(), "destroy");

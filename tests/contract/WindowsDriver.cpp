@@ -123,6 +123,12 @@ void Driver::TurnWheel(Window& window, int notches) {
     SendWheel(notches * WHEEL_DELTA);
 }
 
+int Driver::WheelLines() const {
+    UINT lines = 0;
+    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+    return static_cast<int>(lines);
+}
+
 void Driver::PressTool(platform::Screen& screen, int command) {
     const HWND strip = FindWindowExW(screen.Handle()->frame, nullptr, L"InkwrightMenuBar", nullptr);
     const HWND bar = FindWindowExW(strip, nullptr, TOOLBARCLASSNAMEW, nullptr);

@@ -77,6 +77,62 @@ TEST_F(Closing, AnotherCopysTakeOverClosesAndSaves) {
     EXPECT_EQ(ReadBack(kNote)->Band(0)->Count(), 1u);
 }
 
+// What another copy sends to have windows closed comes again and again, whatever is open over them.
+TEST_F(Closing, RepeatedRequestsCloseOnceAndChooseNothing) {
+    const auto requestTwice = [this](const auto&) {
+        Desk().Command(platform::kIdOk);
+        Desk().Command(platform::kIdOk);
+        return IDM_SET_ALARM;
+    };
+    Then([=] {
+        Desk().Stroke({{30, 100}, {40, 110}});
+        Desk().chooseFromMenu = requestTwice;
+        Desk().Command(IDM_TOOLS);
+        Desk().Command(platform::kIdOk);
+    });
+    Run(kNote);
+    EXPECT_EQ(ReadBack(kNote)->Band(0)->Count(), 1u);
+
+    // The alarm of a new note is set once.
+    device.SetSetting(L"RootDirPath", L"\\Ink");
+    Then([this] {
+        Desk().Stroke({{30, 100}, {40, 110}});
+        Desk().Command(platform::kIdOk);
+    });
+    Then([=] {
+        Desk().Command(platform::kIdOk);
+        Desk().Command(platform::kIdOk);
+    });
+    Run(L"/newalarm 200703515203005");
+    EXPECT_EQ(device.notifications.size(), 1u);
+
+    Then([this] { Desk().Command(IDM_PALETTE_PEN); });
+    Then([this] {
+        EXPECT_EQ(Desk().Top()->Title(), L"Color Palette");
+        Desk().Command(platform::kIdOk);
+    });
+    Close();
+    Run(kNote);
+    EXPECT_EQ(device.NumberSetting(L"LastPenColor"), 0x808080u);
+}
+
+TEST_F(Closing, ATakeOverEndsTheWholeCopyAndSavesWhatIsOpen) {
+    device.SetSetting(L"RootDirPath", L"\\Ink");
+    Then([this] { Desk().Command(IDM_ADD_NOTE); });
+    Then([this] {
+        Desk().Stroke({{30, 100}, {40, 110}});
+        Desk().Command(IDM_TEXT_MEMO);
+    });
+    Then([this] {
+        Desk().Type(IDC_MEMO_TEXT, L"jam");
+        Desk().PrivateMessage(platform::kTakeOver);
+    });
+    Then([this] { Desk().PrivateMessage(platform::kTakeOver); });  // the name is asked
+    Run(L"/manage Work");
+    EXPECT_THAT(device.files.NamesIn(L"\\Ink\\Work"),
+                testing::UnorderedElementsAre(L"Work 2007-03-05.ikw", L"Work 2007-03-05.txt"));
+}
+
 TEST_F(Closing, EscapeDoesNothing) {
     Then([this] { Desk().Press(platform::Key::Escape); });
     Then([this] { EXPECT_TRUE(Desk().Top()->Exists()); });

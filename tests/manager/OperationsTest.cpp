@@ -327,6 +327,9 @@ TEST_F(Operations, CopyingStopsWhereItIsToldTo) {
     }
     Desk().answers = {MessageAnswer::Yes, MessageAnswer::Cancel};
     EXPECT_EQ(manager::CopyFolderTree(nullptr, L"\\From\\", L"\\To\\"), manager::CopyResult::Cancelled);
+    // What another copy sends to close the question is no Yes.
+    Desk().answers = {MessageAnswer::Ok};
+    EXPECT_EQ(manager::CopyFolderTree(nullptr, L"\\From\\", L"\\To\\"), manager::CopyResult::Cancelled);
     EXPECT_EQ(device.files.Get(L"\\To\\a.ikw") + device.files.Get(L"\\To\\b.ikw"), "newold");
 }
 
