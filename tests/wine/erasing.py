@@ -48,14 +48,13 @@ class Erasing(case.Case):
     def test_the_page_shrinks_under_the_eraser_and_the_wheel_scrolls(self):
         self.desk.stroke(self.page, MIDDLE)
         self.desk.xdotool("click", 5)  # the wheel, one notch down: makes room below the ink
-        grown = int(588 * 0.7)
         desk.wait_for("room below", lambda: self.shows(case.WHITE, MIDDLE))
-        self.desk.stroke(self.page, LOWER)
+        notch = 3 * int(589 / 10)  # as many lines as the system is set to
+        self.desk.stroke(self.page, [(x, y - notch) for x, y in LOWER])
         self.desk.xdotool("click", 4)
-        line = int(589 / 10)
-        desk.wait_for("the ink a line further down", lambda: not self.shows(case.WHITE, [(100, 480 + line)]))
+        desk.wait_for("the ink a notch further down", lambda: not self.shows(case.WHITE, LOWER[:1]))
         self.choose_by_key("ctrl+e", ERASER)
-        self.desk.drag(self.page, [(x, y + line) for x, y in LOWER], lambda x, y: self.shows(case.WHITE, [(x, y)]))
+        self.desk.drag(self.page, LOWER, lambda x, y: self.shows(case.WHITE, [(x, y)]))
         desk.wait_for("the top of the page", lambda: not self.shows(case.WHITE, MIDDLE[:1]))
         self.close(self.program, self.frame)
         self.assertEqual(self.path.read_bytes(), case.note_bytes(588, [[(case.GREY, MIDDLE)]]))
