@@ -105,8 +105,10 @@ std::wstring MemoPath(const std::wstring& notePath) {
     return dot == std::wstring::npos ? std::wstring() : notePath.substr(0, dot) + L".txt";
 }
 
+// Compared as the file system stores names: without trailing dots and blanks.
 bool IsReservedName(const std::wstring& folderName) {
-    return platform::EqualNoCase(folderName, kRemindersFolder) || platform::EqualNoCase(folderName, L"temp");
+    const std::wstring name = folderName.substr(0, folderName.find_last_not_of(L". ") + 1);
+    return platform::EqualNoCase(name, kRemindersFolder) || platform::EqualNoCase(name, L"temp");
 }
 
 bool HoldsNotes(const std::wstring& folder) {

@@ -244,7 +244,7 @@ void ManagerWindow::MoveSelectedFolder() {
     const std::wstring folder = FolderPicker(folders_.RootPrefix(), source).Pick(*this, menuPlace_);
     if (folder.empty()) return;
     const std::wstring destination = folder + app::NameOf(source);
-    if (MoveFolder(this, source, destination)) ShowStore(destination + L"\\");
+    if (MoveFolder(this, source, destination, folders_.RootPrefix())) ShowStore(destination + L"\\");
 }
 
 void ManagerWindow::CopySelectedTo(int index) {

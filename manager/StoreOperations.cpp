@@ -183,9 +183,12 @@ CopyResult CopyFolderTree(platform::Window* owner, const std::wstring& source,
     return CopyResult::Done;
 }
 
-bool MoveFolder(platform::Window* owner, const std::wstring& source, const std::wstring& destination) {
+bool MoveFolder(platform::Window* owner, const std::wstring& source, const std::wstring& destination,
+                const std::wstring& rootPrefix) {
     if (platform::EqualNoCase(source, destination)) return false;
-    if (platform::MoveEntry(source, destination)) {
+    const bool isReserved = platform::EqualNoCase(app::FolderOf(destination), rootPrefix) &&
+                            app::IsReservedName(app::NameOf(destination));
+    if (!isReserved && platform::MoveEntry(source, destination)) {
         MoveFolderAlarms(source, destination);
         return true;
     }

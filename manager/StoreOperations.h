@@ -32,8 +32,9 @@ enum class CopyResult { Done = 1, Cancelled = 2, Failed = 3 };
 CopyResult CopyFolderTree(platform::Window* owner, const std::wstring& source,
                           const std::wstring& destination);
 
-// As RenameFolder, with the user told of a failure.
-bool MoveFolder(platform::Window* owner, const std::wstring& source, const std::wstring& destination);
+// As RenameFolder, with the user told of a failure. A folder can't move to a reserved name under the root.
+bool MoveFolder(platform::Window* owner, const std::wstring& source, const std::wstring& destination,
+                const std::wstring& rootPrefix);
 
 // True for a name that may not be used directly under the root; tells the user.
 bool RefuseReservedName(platform::Window* owner, const std::wstring& name);

@@ -107,7 +107,7 @@ TEST_F(Faults, OfEveryCallOfEveryOperation) {
          {whole + renaming, L"ATTIC\\A.IKW ATTIC\\A.TXT HOME\\A.TXT | Work\\a.ikw",
           L"ATTIC\\A.IKW ATTIC\\A.TXT HOME\\A.TXT | Attic\\a.ikw"}},
         {"moving a folder",
-         [] { manager::MoveFolder(nullptr, kRoot + std::wstring(L"Work"), kHome + L"Work"); },
+         [] { manager::MoveFolder(nullptr, kRoot + std::wstring(L"Work"), kHome + L"Work", kRoot); },
          {whole + L"| Moving from '" + kRoot + L"Work' to '" + kHome +
               L"Work' failed!\n\nThe source folder may be in use or the destination folder already exists.",
           L"HOME\\A.TXT HOME\\WORK\\A.IKW HOME\\WORK\\A.TXT | Work\\a.ikw",

@@ -27,6 +27,7 @@ TEST_F(FolderTree, FoldersAndNotesInOrderWithTheirCount) {
     }
     device.files.PutFolder(std::wstring(kRoot) + L"Work\\zoo");
     device.files.PutFolder(std::wstring(kRoot) + L"TEMP");
+    device.files.PutFolder(std::wstring(kRoot) + L"temp. ");
     device.files.PutFolder(std::wstring(kRoot) + L"apples");
     PutNote(L"loose.ikw");
     Then([this] {

@@ -36,14 +36,15 @@ class ManagerTest : public DeskTest {
     platform::ToolBar& Tools() { return window_->Tools(); }
     std::wstring Selected() { return window_->Tree().Text(window_->Tree().Selection()); }
 
-    // Chooses the menu entry with this text the next time a menu shows, and remembers all entries' texts
-    // (greyed ones in brackets, separators as "-").
-    void ChooseEntry(const std::wstring& text) {
-        Desk().chooseFromMenu = [this, text](const std::vector<platform::PopupMenu::Item>& items) {
+    // Chooses the entries with these texts, one from each menu that shows next and the last from all further
+    // ones, and remembers all entries' texts of the last menu (greyed ones in brackets, separators as "-").
+    void ChooseEntries(const Path& texts) {
+        Desk().chooseFromMenu = [this, texts, menus = size_t{0}](const auto& items) mutable {
             menu_.clear();
-            return FindEntry(items, text);
+            return FindEntry(items, texts[std::min(menus++, texts.size() - 1)]);
         };
     }
+    void ChooseEntry(const std::wstring& text) { ChooseEntries({text}); }
     const std::vector<std::wstring>& Menu() const { return menu_; }
 
   private:

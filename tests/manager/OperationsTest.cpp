@@ -99,21 +99,10 @@ TEST_F(Operations, AReminderGoesToAFolderOnlyOnceFoldersAreListed) {
 
 TEST_F(Operations, ANoteMovesWithItsMemoAndAlarms) {
     Then([this] {
-        int menus = 0;
-        Desk().chooseFromMenu = [&menus](const std::vector<platform::PopupMenu::Item>& items) {
-            for (const auto& item : items) {
-                if (item.text == (menus == 0 ? L"Change Folder..." : L"Home")) {
-                    ++menus;
-                    return item.command;
-                }
-            }
-            return 0;
-        };
+        ChooseEntries({L"Change Folder...", L"Home"});
         Tree().Hold(kNotePathInTree);
-        Desk().Settle();
-        EXPECT_EQ(Selected(), L"a");
-        Desk().chooseFromMenu = nullptr;
     });
+    Then([this] { EXPECT_EQ(Selected(), L"a"); });
     RunManager(NotePath());
     EXPECT_TRUE(Has(L"Home\\a.ikw") && Has(L"Home\\a.txt"));
     EXPECT_FALSE(Has(L"Work\\a.ikw") || Has(L"Work\\a.txt"));
@@ -204,11 +193,13 @@ TEST_F(Operations, RefusedNamesLeaveEverythingAsItWas) {
 
 TEST_F(Operations, RenamingAFolderTakesTheAlarmsOfItsNotesAlong) {
     Then([this] {
-        Desk().Command(IDM_RENAME);
-        EXPECT_EQ(Tree().EditText(), L"Work") << "without the count";
-        Tree().EndEdit(L"TEMP");
-        EXPECT_EQ(LastMessage(),
-                  L"The folder name 'TEMP' is reserved for internal use. Please enter a different name.");
+        for (const std::wstring name : {L"TEMP", L"temp.", L"Reminders . "}) {
+            Desk().Command(IDM_RENAME);
+            EXPECT_EQ(Tree().EditText(), L"Work") << "without the count";
+            Tree().EndEdit(name);
+            EXPECT_EQ(LastMessage(), L"The folder name '" + name +
+                                         L"' is reserved for internal use. Please enter a different name.");
+        }
         Desk().Command(IDM_RENAME);
         Tree().EndEdit(L"Attic");
         EXPECT_EQ(Selected(), L"Attic  (1 found) ");
@@ -278,27 +269,32 @@ TEST_F(Operations, AFolderMovesButNotIntoItself) {
     PutNote(L"Work\\Deep\\d.ikw");
     alarms::SetNoteAlarm(std::wstring(kRoot) + L"Work\\deep\\D.ikw", {2007, 3, 4, 15, 20, 0, 0, 0});
     Then([this] {
-        int menus = 0;
-        Path offered;
-        Desk().chooseFromMenu = [&](const std::vector<platform::PopupMenu::Item>& items) {
-            for (const auto& item : items) {
-                if (menus == 1) offered.push_back(item.text);
-                if (menus == 0 && item.text == L"Move Folder") return ++menus, item.command;
-                if (menus == 1 && item.text == L"Home") return item.command;
-            }
-            return 0;
-        };
+        ChooseEntries({L"Move Folder", L"Home"});
         Tree().Hold({L"Notes", L"Work  (1 found) "});
-        Desk().Settle();
-        EXPECT_THAT(offered, testing::Not(testing::Contains(L"Work")));
+    });
+    Then([this] {
+        EXPECT_THAT(Menu(),
+                    testing::AllOf(testing::Contains(L"Home"), testing::Not(testing::Contains(L"Work"))));
         EXPECT_EQ(Selected(), L"Work  (1 found) ");
-        Desk().chooseFromMenu = nullptr;
     });
     RunManager(std::wstring(kRoot) + L"Work\\");
     EXPECT_TRUE(Has(L"Home\\Work\\a.ikw") && Has(L"Home\\Work\\Deep\\d.ikw"));
     EXPECT_EQ(AlarmArguments(), ArgumentsFor(L"Home\\Work\\a.ikw"));
     EXPECT_EQ(device.notifications.rbegin()->second.trigger.arguments,
               ArgumentsFor(L"Home\\Work\\Deep\\d.ikw"));
+}
+
+TEST_F(Operations, AReservedNameStaysDeeperDown) {
+    PutNote(L"Work\\Temp\\d.ikw");
+    Then([this] {
+        ChooseEntries({L"Move Folder", L"Notes"});
+        Tree().Hold({L"Notes", L"Work", L"Temp  (1 found) "});
+    });
+    RunManager(std::wstring(kRoot) + L"Work\\Temp\\");
+    EXPECT_EQ(LastMessage(), L"Moving from '" + (kRoot + std::wstring(L"Work\\Temp' to '")) + kRoot +
+                                 L"Temp' failed!\n\nThe source folder may be in use or the destination "
+                                 L"folder already exists.");
+    EXPECT_TRUE(Has(L"Work\\Temp\\d.ikw") && !Has(L"Temp"));
 }
 
 TEST_F(Operations, CopyingToACard) {
