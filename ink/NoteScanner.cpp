@@ -45,8 +45,8 @@ ScanResult NoteScanner::Next(StrokeRecord*& record) {
 
     record = reinterpret_cast<StrokeRecord*>(chunk_ + cursor_);
     cursor_ += static_cast<size_t>(size);
-    // The pool may cut new records from what lies behind the last one handed out.
-    pool_.SetUsed(cursor_);
+    // The pool may cut new records from what lies behind the last one that is kept.
+    if (mode_ == Mode::Keep) pool_.SetUsed(cursor_);
     chunkHoldsRecords_ = true;
     --recordsLeft_;
     if (hasPagePoints_) Convert(*record);
@@ -60,7 +60,7 @@ ScanResult NoteScanner::Need(uint64_t size) {
         if (end_ == capacity_ || size > capacity_ - cursor_) {
             // A claimed size is believed only as far as the bytes that came: the room at most doubles.
             const uint64_t trusted = std::min<uint64_t>(size, 2 * static_cast<uint64_t>(Left()));
-            const uint64_t room = std::max<uint64_t>(trusted, pool_.NextChunkSize());
+            const uint64_t room = std::max<uint64_t>(trusted, NextPiece());
             if (room > std::numeric_limits<size_t>::max() / 2) return ScanResult::OutOfMemory;
             if (!NextChunk(static_cast<size_t>(room))) return ScanResult::OutOfMemory;
         }
@@ -70,11 +70,23 @@ ScanResult NoteScanner::Need(uint64_t size) {
     return ScanResult::Record;
 }
 
-// Goes on in a new chunk, taking along the bytes not yet handed out.
+// How much is read at once.
+size_t NoteScanner::NextPiece() const {
+    return mode_ == Mode::Visit && chunk_ != nullptr ? StrokePool::kLargeChunk : pool_.NextChunkSize();
+}
+
+// Goes on in a new chunk, taking along the bytes not yet handed out. What was only visited makes room for
+// what follows.
 bool NoteScanner::NextChunk(size_t capacity) {
+    const size_t left = Left();
+    if (mode_ == Mode::Visit && capacity <= capacity_) {
+        std::memmove(chunk_, chunk_ + cursor_, left);
+        cursor_ = 0;
+        end_ = left;
+        return true;
+    }
     uint8_t* next = pool_.AddChunk(capacity);
     if (next == nullptr) return false;
-    const size_t left = Left();
     if (left != 0) std::memcpy(next, chunk_ + cursor_, left);
     if (mode_ == Mode::Visit || !chunkHoldsRecords_) pool_.DropPreviousChunk();
     chunkHoldsRecords_ = false;
@@ -94,8 +106,13 @@ ScanResult NoteScanner::Fill() {
     return ScanResult::Record;
 }
 
-// Points of old files hold page y. They become relative to an offset half a band above the stroke's end.
+// Points of old files hold page y. They become relative to an offset half a band above the stroke's end; for
+// a look at them none will do.
 void NoteScanner::Convert(StrokeRecord& record) const {
+    if (mode_ == Mode::Visit) {
+        record.yOffset = 0;
+        return;
+    }
     const int64_t half = bandHeight_ / 2;
     const int64_t offset = static_cast<int64_t>(record.maxY) + 1 - half;
     record.yOffset =

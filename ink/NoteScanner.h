@@ -33,6 +33,7 @@ class NoteScanner {
   private:
     // Makes `size` bytes at the cursor contiguous.
     ScanResult Need(uint64_t size);
+    size_t NextPiece() const;
     bool NextChunk(size_t capacity);
     ScanResult Fill();
     size_t Left() const { return end_ - cursor_; }

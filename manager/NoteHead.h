@@ -8,8 +8,7 @@
 
 namespace manager {
 
-// The head of a note, straight from its file: no page is built, and nothing is read beyond the blocks in
-// which strokes of the head can lie.
+// The head of a note, straight from its file: no page is built, and no stroke is kept.
 class NoteHead {
   public:
     // Reads the file's header from a source at its beginning; the source must live as long.
