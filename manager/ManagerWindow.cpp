@@ -2,12 +2,9 @@
 
 #include "app/Settings.h"
 #include "app/StorePaths.h"
-#include "manager/DayNames.h"
 #include "manager/ManagerTools.h"
 #include "manager/NodeKind.h"
-#include "platform/Clock.h"
 #include "platform/FileSystem.h"
-#include "platform/Locale.h"
 #include "platform/MessageBox.h"
 #include "platform/TextEncoding.h"
 #include "res/resource.h"
@@ -60,9 +57,8 @@ bool ManagerWindow::OnCreate() {
     const std::wstring configured = app::ConfiguredRoot();
     const bool isElsewhere = !pendingPath_.empty() && !IsBelow(pendingPath_, app::RootPrefix());
     const std::wstring around = isElsewhere ? StoreAround(pendingPath_) : std::wstring();
+    Layout();  // a tree that is filled before it has its place stays scrolled to where it was too small
     SetRootFolder(around.empty() ? configured : around);
-    Layout();
-    if (calendarMode_) EnterCalendar();
     return true;
 }
 
@@ -108,7 +104,13 @@ void ManagerWindow::ShowStore(const std::wstring& path) {
     header_.Update(folders_.RootPrefix(), ClientWidth());
     folders_.Rebuild(path);
     RedrawStrip();
-    if (calendarMode_) ShowMonth(month_.Grid().Year(), month_.Grid().Month());
+    if (calendarMode_) {
+        if (month_.Grid().Month() == 0) {
+            EnterCalendar();
+        } else {
+            ShowMonth(month_.Grid().Year(), month_.Grid().Month());
+        }
+    }
     UpdateTools();
     Invalidate();
 }
@@ -154,99 +156,6 @@ bool ManagerWindow::OnTreeKey(platform::Key key) {
     return key == platform::Key::F2 || key == platform::Key::Delete;
 }
 
-// The calendar.
-
-void ManagerWindow::ReadFirstDayOfWeek() {
-    const auto usual = static_cast<uint32_t>(platform::FirstDayOfWeek());
-    const uint32_t day = app::Settings().FindNumber(app::SettingId::FirstDayOfWeek).value_or(usual);
-    firstDayOfWeek_ = day < MonthGrid::kColumns ? static_cast<int>(day) : 0;
-}
-
-void ManagerWindow::ToggleCalendar() {
-    calendarMode_ = !calendarMode_;
-    Layout();
-    if (calendarMode_) EnterCalendar();
-    RedrawStrip();
-    UpdateTools();
-}
-
-// Opens on the month of the selected day, else on the current one.
-void ManagerWindow::EnterCalendar() {
-    const platform::DateTime now = platform::LocalNow();
-    DayName shown{now.year, now.month, now.day};
-    DayName day;
-    const TreeItem container = folders_.Container(tree_.Selection());
-    const bool isDay = IsDayKind(tree_.Image(container)) && ReadDayName(folders_.FolderName(container), day);
-    if (isDay && day.year > 0 && day.month >= 1 && day.month <= 12) shown = day;
-    ShowMonth(shown.year, shown.month);
-}
-
-void ManagerWindow::ShowMonth(int year, int month) {
-    const platform::WaitCursor wait;
-    month_.SetMonth(year, month, firstDayOfWeek_);
-    month_.Update(folders_.RootPrefix(), ClientWidth(), ClientHeight() - HeaderBar::Height());
-    UpdateTools();
-    Invalidate();
-}
-
-void ManagerWindow::StepMonth(int months) {
-    if (!calendarMode_) return;
-    const int count = month_.Grid().Year() * 12 + month_.Grid().Month() - 1 + months;
-    ShowMonth(count / 12, count % 12 + 1);
-}
-
-void ManagerWindow::ShowCurrentMonth() {
-    const platform::DateTime now = platform::LocalNow();
-    if (calendarMode_) ShowMonth(now.year, now.month);
-}
-
-void ManagerWindow::OnPenUp(platform::Point place) {
-    if (!calendarMode_) return;
-    const int top = HeaderBar::Height();
-    int row = 0;
-    int column = 0;
-    int pressedRow = 0;
-    int pressedColumn = 0;
-    const bool inCell = month_.CellAt({place.x, place.y - top}, row, column) &&
-                        month_.CellAt({pressed_.x, pressed_.y - top}, pressedRow, pressedColumn);
-    if (inCell && row == pressedRow && column == pressedColumn) TapDay(row, column);
-}
-
-bool ManagerWindow::OnKeyDown(platform::Key key) {
-    if (!calendarMode_) return false;
-    const int cells = MonthGrid::kRows * MonthGrid::kColumns;
-    int step = 0;
-    switch (key) {
-        case platform::Key::Left:
-            step = -1;
-            break;
-        case platform::Key::Right:
-            step = 1;
-            break;
-        case platform::Key::Up:
-            step = -MonthGrid::kColumns;
-            break;
-        case platform::Key::Down:
-            step = MonthGrid::kColumns;
-            break;
-        case platform::Key::PageUp:
-            StepMonth(-1);
-            return true;
-        case platform::Key::PageDown:
-            StepMonth(1);
-            return true;
-        case platform::Key::Enter:
-            TapDay(dayCursor_ / MonthGrid::kColumns, dayCursor_ % MonthGrid::kColumns);
-            return true;
-        default:
-            return false;
-    }
-    dayCursor_ = (dayCursor_ + step + cells) % cells;
-    month_.SetCursor(dayCursor_);
-    ShowMonth(month_.Grid().Year(), month_.Grid().Month());
-    return true;
-}
-
 bool ManagerWindow::OnShortcut(wchar_t letter) {
     struct Shortcut {
         wchar_t letter;
@@ -259,17 +168,6 @@ bool ManagerWindow::OnShortcut(wchar_t letter) {
         return true;
     }
     return false;
-}
-
-// A day with reminders opens in the tree, any other begins one; a grey day shows its month.
-void ManagerWindow::TapDay(int row, int column) {
-    const platform::DateTime day = month_.Grid().DateAt(row, column);
-    if (month_.Grid().At(row, column).monthOffset != 0) return ShowMonth(day.year, day.month);
-    const std::wstring name = app::DateFolderName(day);
-    const std::wstring folder = folders_.RootPrefix() + app::kRemindersFolder + L"\\" + name + L"\\";
-    if (!app::HoldsNotes(folder)) return AddReminder(name);
-    ToggleCalendar();
-    ShowStore(folder);
 }
 
 }  // namespace manager

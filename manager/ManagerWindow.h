@@ -83,6 +83,8 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     void ReadFirstDayOfWeek();
     void StepMonth(int months);
     void ShowMonth(int year, int month);
+    void DrawMonth();
+    void MoveCursor(int days);
     void EnterCalendar();
     void TapDay(int row, int column);
     void Layout();
@@ -101,7 +103,7 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     bool calendarMode_ = false;
     platform::Point pressed_;    // where the pen came down
     platform::Point menuPlace_;  // of the menu whose command runs, handheld screen pixels
-    int dayCursor_ = 0;          // calendar cell that the arrow keys move, row-major
+    int cursorDay_ = 1;          // of the shown month: what the keys act on in the calendar
 };
 
 }  // namespace manager

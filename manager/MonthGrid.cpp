@@ -21,6 +21,7 @@ void MonthGrid::Set(int year, int month, int firstDayOfWeek) {
     const int start = (firstDayOfWeek + 1) % kColumns;
     const int offset = (start - weekday - 6) % kColumns;  // keeps the sign: -6 to 0
     first_ = platform::AddSeconds(first, offset * kDaySeconds);
+    leading_ = -offset;
     for (size_t i = 0; i < cells_.size(); ++i) {
         const platform::DateTime date = platform::AddSeconds(first_, static_cast<int64_t>(i) * kDaySeconds);
         cells_[i].day = date.day;

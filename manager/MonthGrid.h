@@ -12,6 +12,7 @@ class MonthGrid {
   public:
     static constexpr int kRows = 6;
     static constexpr int kColumns = 7;
+    static constexpr int kCells = kRows * kColumns;
 
     // A day as the page marks it. Which month a grey day belongs to is told by comparing month numbers
     // alone: in December the January days that follow count as the month before, and the other way round.
@@ -23,11 +24,14 @@ class MonthGrid {
     // `firstDayOfWeek`: 0 = Monday to 6 = Sunday.
     void Set(int year, int month, int firstDayOfWeek);
 
+    // 0 until a month is set.
     int Year() const { return year_; }
     int Month() const { return month_; }
     const Cell& At(int row, int column) const {
         return cells_[static_cast<size_t>(row) * kColumns + static_cast<size_t>(column)];
     }
+    // The cell of a day of the shown month, row-major.
+    int CellOf(int day) const { return leading_ + day - 1; }
     // The day's folder name, "YYYY-MM-DD" with the shown year and the cell's month number.
     std::wstring FolderName(const Cell& cell) const;
     // The real day of a cell in row-major order, whatever its mark says.
@@ -36,8 +40,9 @@ class MonthGrid {
   private:
     int year_ = 0;
     int month_ = 0;
+    int leading_ = 0;  // days of the month before
     platform::DateTime first_;
-    std::array<Cell, static_cast<size_t>(kRows* kColumns)> cells_{};
+    std::array<Cell, kCells> cells_{};
 };
 
 }  // namespace manager

@@ -56,19 +56,26 @@ bool MonthView::ShowsCurrentMonth() const {
     return grid_.Year() == now.year && grid_.Month() == now.month;
 }
 
-bool MonthView::Update(const std::wstring& rootPrefix, int width, int height) {
+void MonthView::ReadMarks(const std::wstring& rootPrefix) {
+    const std::wstring reminders = rootPrefix + app::kRemindersFolder + L"\\";
+    for (int cell = 0; cell < MonthGrid::kCells; ++cell) {
+        const MonthGrid::Cell& day = grid_.At(cell / MonthGrid::kColumns, cell % MonthGrid::kColumns);
+        marked_[static_cast<size_t>(cell)] = app::HoldsNotes(reminders + grid_.FolderName(day));
+    }
+}
+
+bool MonthView::Draw(int width, int height, int cursorDay) {
     if (picture_.Width() != width || picture_.Height() != height)
         picture_ = platform::Image::Make(width, height);
     if (!picture_.IsValid()) return false;
     today_ = platform::LocalNow();
     DrawTitle();
     DrawWeekdays();
-    const std::wstring reminders = rootPrefix + app::kRemindersFolder + L"\\";
     for (int row = 0; row < MonthGrid::kRows; ++row) {
-        for (int column = 0; column < MonthGrid::kColumns; ++column) DrawCell(row, column, reminders);
+        for (int column = 0; column < MonthGrid::kColumns; ++column) DrawCell(row, column);
     }
     DrawLines();
-    if (cursor_ >= 0) DrawCursor();
+    DrawCursor(grid_.CellOf(cursorDay));
     return true;
 }
 
@@ -112,7 +119,7 @@ void MonthView::DrawWeekdays() {
     }
 }
 
-void MonthView::DrawCell(int row, int column, const std::wstring& remindersPrefix) {
+void MonthView::DrawCell(int row, int column) {
     Canvas canvas(picture_);
     const MonthGrid::Cell& cell = grid_.At(row, column);
     const Rect area = CellRect(row, column);
@@ -121,7 +128,7 @@ void MonthView::DrawCell(int row, int column, const std::wstring& remindersPrefi
     if (isShownMonth && ShowsCurrentMonth() && cell.day == today_.day) {
         canvas.Draw(images_, kTodayImage, {area.right - kMarkRight, area.top + 1});
     }
-    if (app::HoldsNotes(remindersPrefix + grid_.FolderName(cell))) {
+    if (marked_[static_cast<size_t>(row * MonthGrid::kColumns + column)]) {
         canvas.Draw(images_, IsPast(cell) ? kPastDayImage : kComingDayImage,
                     {area.right - kMarkRight, area.bottom - kMarkBottom});
     }
@@ -149,14 +156,14 @@ void MonthView::DrawLines() {
     }
 }
 
-void MonthView::DrawCursor() {
+void MonthView::DrawCursor(int cell) {
     Canvas canvas(picture_);
-    const Rect cell = CellRect(cursor_ / MonthGrid::kColumns, cursor_ % MonthGrid::kColumns);
-    const Rect inner = Inflate(cell, -2, -2);
-    canvas.Fill({cell.left + 1, cell.top + 1, cell.right, inner.top + 1}, kDark);
-    canvas.Fill({cell.left + 1, inner.bottom, cell.right, cell.bottom}, kDark);
-    canvas.Fill({cell.left + 1, cell.top + 1, inner.left + 1, cell.bottom}, kDark);
-    canvas.Fill({inner.right, cell.top + 1, cell.right, cell.bottom}, kDark);
+    const Rect area = CellRect(cell / MonthGrid::kColumns, cell % MonthGrid::kColumns);
+    const Rect inner = Inflate(area, -2, -2);
+    canvas.Fill({area.left + 1, area.top + 1, area.right, inner.top + 1}, kDark);
+    canvas.Fill({area.left + 1, inner.bottom, area.right, area.bottom}, kDark);
+    canvas.Fill({area.left + 1, area.top + 1, inner.left + 1, area.bottom}, kDark);
+    canvas.Fill({inner.right, area.top + 1, area.right, area.bottom}, kDark);
 }
 
 }  // namespace manager

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "manager/MonthGrid.h"
@@ -12,15 +13,15 @@ class MonthView {
   public:
     explicit MonthView(const platform::ImageList& images) : images_(images) {}
 
+    // Until SetMonth there is no month to draw.
     void SetMonth(int year, int month, int firstDayOfWeek);
     const MonthGrid& Grid() const { return grid_; }
     bool ShowsCurrentMonth() const;
 
-    // Outlines a cell (row-major) for the arrow keys; -1 for none.
-    void SetCursor(int cell) { cursor_ = cell; }
-
-    // Draws the month anew, looking up each day's folder once. False when memory is short.
-    bool Update(const std::wstring& rootPrefix, int width, int height);
+    // Looks up each day's folder.
+    void ReadMarks(const std::wstring& rootPrefix);
+    // Draws the month anew, with an outline around the day that the keys act on. False when memory is short.
+    bool Draw(int width, int height, int cursorDay);
     const platform::Image& Picture() const { return picture_; }
 
     // The cell at a position of the picture; false outside the cells.
@@ -30,15 +31,15 @@ class MonthView {
     platform::Rect CellRect(int row, int column) const;
     void DrawTitle();
     void DrawWeekdays();
-    void DrawCell(int row, int column, const std::wstring& remindersPrefix);
+    void DrawCell(int row, int column);
     void DrawLines();
-    void DrawCursor();
+    void DrawCursor(int cell);
     bool IsPast(const MonthGrid::Cell& cell) const;
 
     const platform::ImageList& images_;
     MonthGrid grid_;
     int firstDayOfWeek_ = 0;
-    int cursor_ = -1;
+    std::array<bool, MonthGrid::kCells> marked_{};
     int titleHeight_ = 0;
     int gridTop_ = 0;
     platform::DateTime today_;

@@ -46,20 +46,27 @@ TEST(DayNames, TenCharactersWithoutAZeroPart) {
 
 class Calendar : public testing_support::ManagerTest {
   protected:
-    // Taps the middle of a cell of the shown month.
-    void Tap(int row, int column) {
+    // The first pixel of a cell of the shown month.
+    platform::Point CornerOf(int row, int column) {
         const int top = manager::HeaderBar::Height();
         for (int y = top; y < Window().ClientHeight(); ++y) {
-            for (int x = 0; x < Window().ClientWidth(); x += 4) {
+            for (int x = 0; x < Window().ClientWidth(); ++x) {
                 int r = 0;
                 int c = 0;
-                if (!Window().Month().CellAt({x - 8, y - top - 8}, r, c) || r != row || c != column) continue;
-                Desk().PenDown({x, y});
-                Desk().PenUp({x, y});
-                return;
+                if (Window().Month().CellAt({x, y - top}, r, c) && r == row && c == column) return {x, y};
             }
         }
-        FAIL() << "no such cell";
+        ADD_FAILURE() << "no such cell";
+        return {};
+    }
+    void Tap(int row, int column) {
+        const platform::Point corner = CornerOf(row, column);
+        Desk().PenDown({corner.x + 8, corner.y + 8});
+        Desk().PenUp({corner.x + 8, corner.y + 8});
+    }
+    bool IsOutlined(int row, int column) {
+        const platform::Point corner = CornerOf(row, column);
+        return Shown().Row(corner.y + 2)[corner.x + 2] == 0x202020;
     }
     void ThenOpenCalendar() {
         Then([this] { Desk().Command(IDM_CALENDAR); });
@@ -71,6 +78,7 @@ TEST_F(Calendar, StepsThroughTheMonthsAndRemembersTheMode) {
     Then([this] {
         EXPECT_TRUE(Tools().IsPressed(IDM_CALENDAR));
         EXPECT_FALSE(Tools().IsEnabled(IDM_CURRENT_MONTH));
+        EXPECT_TRUE(IsOutlined(1, 1) && !IsOutlined(0, 4)) << "today, not the first";
         EXPECT_FALSE(Tools().IsEnabled(IDM_ADD_NOTE));
         Desk().Command(IDM_PREVIOUS_MONTH);
         Desk().Command(IDM_PREVIOUS_MONTH);
@@ -119,18 +127,59 @@ TEST_F(Calendar, AnEmptyDayBeginsAReminderAndAGreyDayShowsItsMonth) {
     RunManager();
 }
 
+// As the calendar opens, for another month, and not at all for a step within the month.
 TEST_F(Calendar, EachDayIsLookedUpOnce) {
+    device.SetSetting(L"ViewCalMode", 1);
     int lookUps = 0;
-    ThenOpenCalendar();
+    device.files.fault = [&lookUps](platform::host::FileCall call, const std::wstring& path) {
+        const bool isDay = path.find(L"\\Reminders\\") != std::wstring::npos;
+        if (call == platform::host::FileCall::List && isDay) ++lookUps;
+        return platform::FileError::None;
+    };
     Then([this, &lookUps] {
-        device.files.fault = [&lookUps](platform::host::FileCall call, const std::wstring&) {
-            if (call == platform::host::FileCall::List) ++lookUps;
-            return platform::FileError::None;
-        };
-        Desk().Command(IDM_NEXT_MONTH);
         EXPECT_EQ(lookUps, 42);
+        Desk().Command(IDM_NEXT_MONTH);
+        EXPECT_EQ(lookUps, 2 * 42);
+        Desk().Press(platform::Key::Right);
+        EXPECT_EQ(lookUps, 2 * 42);
     });
     RunManager();
+}
+
+// The device's day is the 5th of March 2007, a Monday. Enter begins a reminder on the day that the keys are
+// at.
+TEST_F(Calendar, KeysGoFromDayToDay) {
+    using platform::Key;
+    struct Case {
+        std::vector<Key> keys;
+        const wchar_t* day;
+    };
+    for (const Case& c : {Case{{}, L"Monday, 3/5/2007"}, Case{{Key::Right, Key::Down}, L"Tuesday, 3/13/2007"},
+                          Case{{Key::Up}, L"Monday, 2/26/2007"}, Case{{Key::PageDown}, L"Sunday, 4/1/2007"},
+                          Case{{Key::PageDown, Key::Left}, L"Saturday, 3/31/2007"},
+                          Case{{Key::PageDown, Key::Down, Key::PageUp}, L"Monday, 3/5/2007"}}) {
+        ThenOpenCalendar();
+        Then([this, keys = c.keys] {
+            for (const Key key : keys) Desk().Press(key);
+            Desk().Press(Key::Enter);
+        });
+        Then([this, day = c.day] {
+            EXPECT_EQ(Desk().Top()->Title(), day + std::wstring(L" - Inkwright"));
+            Desk().Command(platform::kIdOk);
+        });
+        ThenOpenCalendar();
+        RunManager();
+    }
+}
+
+TEST_F(Calendar, TheFirstDayOfTheWeekIsOneByte) {
+    for (const auto& [setting, first] : {std::pair{256u, 26}, std::pair{6u, 25}, std::pair{7u, 26}}) {
+        device.SetSetting(L"FirstDayOfWeek", setting);
+        ThenOpenCalendar();
+        Then([this, first = first] { EXPECT_EQ(Window().Month().Grid().At(0, 0).day, first); });
+        ThenOpenCalendar();
+        RunManager();
+    }
 }
 
 TEST_F(Calendar, OpensOnTheMonthOfTheSelectedDay) {
