@@ -60,30 +60,23 @@ constexpr Entry kEntries[] = {
     {kAlarm, IDM_DELETE_ALARM, L"Delete"},
 };
 
-// The storage that holds the store is greyed.
-void AddCopyEntries(const std::wstring& rootPrefix, platform::PopupMenu& menu) {
-    const std::wstring root = app::WithoutTrailingBackslashes(rootPrefix);
-    const std::wstring current = root.substr(0, root.rfind(L'\\'));
-    int command = IDM_COPY_TO;
-    for (const std::wstring& storage : CopyTargets()) {
-        menu.Add(command++, L"Copy To " + storage, !platform::EqualNoCase(storage, current));
-    }
-}
-
 }  // namespace
 
-bool MakeContextMenu(int kind, bool canMoveToFolder, const std::wstring& rootPrefix,
+bool MakeContextMenu(int kind, const std::function<bool(int command)>& isPossible,
                      platform::PopupMenu& menu) {
     const int plain = kind == kOpenFolder ? kFolder : kind == kOpenDay ? kDay : kind;
+    const auto add = [&](int command, const std::wstring& text) {
+        menu.Add(command, text, isPossible(command));
+    };
     for (const Entry& entry : kEntries) {
         if (entry.kind != plain) continue;
-        const bool isUseless = entry.command == IDM_MOVE_TO_FOLDER && !canMoveToFolder;
         if (entry.command == kCopyEntries) {
-            AddCopyEntries(rootPrefix, menu);
+            int command = IDM_COPY_TO;
+            for (const std::wstring& storage : CopyTargets()) add(command++, L"Copy To " + storage);
         } else if (entry.command == 0) {
             menu.AddSeparator();
         } else {
-            menu.Add(entry.command, entry.text, !isUseless);
+            add(entry.command, entry.text);
         }
     }
     return !menu.Items().empty();
@@ -96,6 +89,14 @@ std::vector<std::wstring> CopyTargets() {
     targets.push_back(platform::DocumentsFolder());
     for (const std::wstring& card : cards) targets.push_back(L"\\" + card);
     return targets;
+}
+
+bool IsOtherStorage(const std::wstring& rootPrefix, int index) {
+    const std::vector<std::wstring> targets = CopyTargets();
+    const std::wstring root = app::WithoutTrailingBackslashes(rootPrefix);
+    const std::wstring current = root.substr(0, root.rfind(L'\\'));
+    return index < static_cast<int>(targets.size()) &&
+           !platform::EqualNoCase(targets[static_cast<size_t>(index)], current);
 }
 
 }  // namespace manager

@@ -252,6 +252,7 @@ void FolderTree::RenameNote(TreeItem item, const std::wstring& name) {
 }
 
 void FolderTree::ShowMemoMark(TreeItem item) {
+    if (!IsNoteKind(tree_.Image(item))) return;
     const std::wstring memo = app::MemoPath(rootPrefix_ + RelativePath(item) + app::kNoteExtension);
     tree_.SetOverlay(item, platform::Exists(memo));
 }
@@ -313,15 +314,20 @@ TreeItem FolderTree::ChildFolder(TreeItem parent, const std::wstring& name) cons
     return child;
 }
 
-void FolderTree::SelectPath(const std::wstring& path) {
+// The top item below which a path leads, and the rest of the path from there; "Notes" for one outside the
+// store.
+TreeItem FolderTree::TopOf(const std::wstring& path, std::wstring& rest) const {
     const bool below = platform::EqualNoCase(path.substr(0, rootPrefix_.size()), rootPrefix_);
-    std::wstring rest = below ? path.substr(rootPrefix_.size()) : std::wstring();
-    TreeItem item = notesTop_;
+    rest = below ? path.substr(rootPrefix_.size()) : std::wstring();
     const std::wstring reminders = std::wstring(kRemindersText) + L"\\";
-    if (platform::EqualNoCase(rest.substr(0, reminders.size()), reminders)) {
-        item = remindersTop_;
-        rest.erase(0, reminders.size());
-    }
+    if (!platform::EqualNoCase(rest.substr(0, reminders.size()), reminders)) return notesTop_;
+    rest.erase(0, reminders.size());
+    return remindersTop_;
+}
+
+void FolderTree::SelectPath(const std::wstring& path) {
+    std::wstring rest;
+    TreeItem item = TopOf(path, rest);
     tree_.Select(item);
     for (size_t end = rest.find(L'\\'); end != std::wstring::npos; end = rest.find(L'\\')) {
         const TreeItem child = ChildFolder(item, rest.substr(0, end));
@@ -332,6 +338,28 @@ void FolderTree::SelectPath(const std::wstring& path) {
     }
     tree_.EnsureVisible(tree_.Selection());
     if (!rest.empty() && rest.find(L'\\') == std::wstring::npos) SelectNote(rest);
+}
+
+void FolderTree::ReadAgain(const std::wstring& path) {
+    std::wstring rest;
+    TreeItem item = TopOf(path, rest);
+    for (size_t end = rest.find(L'\\'); end != std::wstring::npos; end = rest.find(L'\\')) {
+        const std::wstring name = rest.substr(0, end);
+        if (ChildFolder(item, name) == 0) SelectAndRead(item);  // it may be new
+        const TreeItem child = ChildFolder(item, name);
+        if (child == 0) break;
+        item = child;
+        rest.erase(0, end + 1);
+    }
+    SelectAndRead(item);
+    if (rest.find(L'\\') == std::wstring::npos) SelectNote(rest);
+}
+
+// Selecting a folder reads it unless it is open or selected already.
+void FolderTree::SelectAndRead(TreeItem item) {
+    const bool isShown = tree_.IsExpanded(item) || Container(tree_.Selection()) == item;
+    tree_.Select(item);
+    if (isShown) Fill(item, L"");
 }
 
 void FolderTree::SelectNote(const std::wstring& fileName) {

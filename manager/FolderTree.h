@@ -47,13 +47,16 @@ class FolderTree {
     // The item itself, or for a note or an alarm what it lies in.
     platform::TreeItem Container(platform::TreeItem item) const;
 
+    // Reads the folder of a note, or the folder `path` (ending in "\"), again and selects what it names;
+    // other branches stay as they are.
+    void ReadAgain(const std::wstring& path);
     // Reads the node's folder again; `noteToSelect` is a file name or empty.
     void Fill(platform::TreeItem node, const std::wstring& noteToSelect);
     void ListAlarms();
     platform::TreeItem InsertFolder(platform::TreeItem parent, int kind, const std::wstring& name);
     void RenameFolder(platform::TreeItem item, const std::wstring& name);
     void RenameNote(platform::TreeItem item, const std::wstring& name);
-    // Marks the note if it has a memo now.
+    // Marks a note if it has a memo now; nothing for any other item.
     void ShowMemoMark(platform::TreeItem item);
     // Shows how many notes the folder or day holds.
     void ShowCount(platform::TreeItem item);
@@ -81,7 +84,9 @@ class FolderTree {
     void ShowPlain(platform::TreeItem item);
     bool IsAncestor(platform::TreeItem above, platform::TreeItem item) const;
     platform::TreeItem ChildFolder(platform::TreeItem parent, const std::wstring& name) const;
+    platform::TreeItem TopOf(const std::wstring& path, std::wstring& rest) const;
     void SelectPath(const std::wstring& path);
+    void SelectAndRead(platform::TreeItem item);
     void SelectNote(const std::wstring& fileName);
 
     platform::TreeView& tree_;

@@ -66,14 +66,13 @@ void ManagerWindow::DrawMonth() {
 }
 
 void ManagerWindow::StepMonth(int months) {
-    if (!calendarMode_) return;
     const int count = month_.Grid().Year() * 12 + month_.Grid().Month() - 1 + months;
     ShowMonth(count / 12, count % 12 + 1);
 }
 
 void ManagerWindow::ShowCurrentMonth() {
     const platform::DateTime now = platform::LocalNow();
-    if (calendarMode_) ShowMonth(now.year, now.month);
+    ShowMonth(now.year, now.month);
 }
 
 void ManagerWindow::OnPenUp(platform::Point place) {
@@ -104,17 +103,11 @@ bool ManagerWindow::OnKeyDown(platform::Key key) {
         case platform::Key::Down:
             MoveCursor(MonthGrid::kColumns);
             return true;
-        case platform::Key::PageUp:
-            StepMonth(-1);
-            return true;
-        case platform::Key::PageDown:
-            StepMonth(1);
-            return true;
         case platform::Key::Enter:
             TapDay(cell / MonthGrid::kColumns, cell % MonthGrid::kColumns);
             return true;
         default:
-            return false;
+            return PressKey(key);
     }
 }
 
@@ -136,7 +129,10 @@ void ManagerWindow::TapDay(int row, int column) {
     cursorDay_ = day.day;
     const std::wstring name = app::DateFolderName(day);
     const std::wstring folder = folders_.RootPrefix() + app::kRemindersFolder + L"\\" + name + L"\\";
-    if (!app::HoldsNotes(folder)) return AddReminder(name);
+    if (!app::HoldsNotes(folder)) {
+        AddReminder(name);
+        return ShowFreeSpace();
+    }
     ToggleCalendar();
     ShowStore(folder);
 }

@@ -16,6 +16,7 @@
 #include "platform/Locale.h"
 #include "platform/MessageBox.h"
 #include "platform/Notifications.h"
+#include "platform/TextEncoding.h"
 #include "res/resource.h"
 #include "search/FindDialog.h"
 
@@ -31,63 +32,25 @@ constexpr int kMenuInset = 20;  // pixels from the screen's bottom right corner
 
 }  // namespace
 
-struct ManagerWindow::Command {
-    int id;
-    void (ManagerWindow::*handle)();
-};
-
-const ManagerWindow::Command ManagerWindow::kCommands[] = {
-    {platform::kIdOk, &ManagerWindow::Close},
-    {IDM_ADD_NOTE, &ManagerWindow::AddNote},
-    {IDM_OPEN, &ManagerWindow::OpenNote},
-    {IDM_DELETE, &ManagerWindow::Delete},
-    {IDM_FIND, &ManagerWindow::Find},
-    {IDM_MANAGER_TOOLS, &ManagerWindow::ShowToolsMenu},
-    {IDM_CALENDAR, &ManagerWindow::ToggleCalendar},
-    {IDM_PREVIOUS_MONTH, &ManagerWindow::ShowPreviousMonth},
-    {IDM_CURRENT_MONTH, &ManagerWindow::ShowCurrentMonth},
-    {IDM_NEXT_MONTH, &ManagerWindow::ShowNextMonth},
-    {IDM_CREATE_FOLDER, &ManagerWindow::CreateNewFolder},
-    {IDM_MOVE_FOLDER, &ManagerWindow::MoveSelectedFolder},
-    {IDM_RENAME, &ManagerWindow::RenameSelected},
-    {IDM_CHANGE_FOLDER, &ManagerWindow::MoveToFolder},
-    {IDM_MOVE_TO_FOLDER, &ManagerWindow::MoveToFolder},
-    {IDM_CHANGE_DATE, &ManagerWindow::MoveToDay},
-    {IDM_MOVE_TO_REMINDERS, &ManagerWindow::MoveToDay},
-    {IDM_TEXT_MEMO, &ManagerWindow::EditTextMemo},
-    {IDM_SET_ALARM, &ManagerWindow::SetAlarm},
-    {IDM_REFRESH_ALARMS, &ManagerWindow::RefreshAlarms},
-    {IDM_DELETE_ALARM, &ManagerWindow::DeleteAlarm},
-    {IDM_OPTIONS, &ManagerWindow::ShowOptions},
-    {IDM_ABOUT, &ManagerWindow::ShowAbout},
-    {IDM_OTHER_FOLDER, &ManagerWindow::ChooseOtherFolder},
-};
-
-void ManagerWindow::OnCommand(int id) {
-    for (const Command& command : kCommands) {
-        if (command.id == id) return (this->*command.handle)();
-    }
-    if (id >= IDM_COPY_TO) return CopySelectedTo(id - IDM_COPY_TO);
-    if (id >= IDM_STORAGE) UseStorage(id - IDM_STORAGE);
-}
-
-void ManagerWindow::OnTreeHold(TreeItem item, platform::Point place) {
-    if (item == 0) return;
-    tree_.Select(item);
-    platform::PopupMenu menu;
-    const bool canMoveToFolder = tree_.FirstChild(folders_.NotesTop()) != 0;
-    if (!MakeContextMenu(tree_.Image(item), canMoveToFolder, folders_.RootPrefix(), menu)) return;
-    menuPlace_ = place;
-    const int command = menu.Choose(*this, place);
-    if (command != 0) PostCommand(command);
-}
-
 // Notes.
 
 void ManagerWindow::Edit(const editor::InkCanvas::Opening& opening) {
     editor::InkCanvas canvas(pen_, opening);
     canvas.RunModal(this);
-    ShowStore(canvas.NotePath());
+    const std::wstring& path = canvas.NotePath();
+    const bool isNew =
+        app::NamesFile(path) && app::IsFile(path) && !platform::EqualNoCase(path, opening.notePath);
+    const bool isGone = app::NamesFile(opening.notePath) && !app::IsFile(opening.notePath);
+    if (canvas.StoreChanged() || isNew || isGone) ReadFolderAgain(path);
+    folders_.ShowMemoMark(tree_.Selection());
+    RedrawStrip();
+    if (calendarMode_) ShowMonth(month_.Grid().Year(), month_.Grid().Month());
+}
+
+// What the editor did to the store shows in the folder of its note; other branches stay as they are.
+void ManagerWindow::ReadFolderAgain(const std::wstring& path) {
+    folders_.ReadAgain(path);
+    CountAgain(folders_.Container(tree_.Selection()));
 }
 
 void ManagerWindow::AddNote() {
@@ -109,6 +72,7 @@ void ManagerWindow::AddReminder(const std::wstring& dayFolderName) {
     opening.titleOverride = WeekdayText(dayFolderName);
     app::EnsureFolders(opening.notePath);
     Edit(opening);
+    platform::DropFolder(app::WithoutTrailingBackslashes(opening.notePath));  // stays unless it is empty
 }
 
 bool ManagerWindow::AskForDay(std::wstring& dayFolderName) {
@@ -119,7 +83,6 @@ bool ManagerWindow::AskForDay(std::wstring& dayFolderName) {
 }
 
 void ManagerWindow::OpenNote() {
-    if (folders_.SelectedNote().empty()) return;
     editor::InkCanvas::Opening opening;
     opening.notePath = folders_.SelectedNotePath();
     Edit(opening);
@@ -128,16 +91,14 @@ void ManagerWindow::OpenNote() {
 void ManagerWindow::EditTextMemo() {
     using options::TextMemoDialog;
     const TreeItem item = tree_.Selection();
-    const std::wstring note = folders_.SelectedNotePath();
-    if (note.empty()) return;
-    TextMemoDialog(TextMemoDialog::Mode::File, app::MemoPath(note)).Edit(*this);
+    const std::wstring memo = app::MemoPath(folders_.SelectedNotePath());
+    TextMemoDialog(TextMemoDialog::Mode::File, memo).Edit(*this);
     folders_.ShowMemoMark(item);
     RedrawStrip();
 }
 
 void ManagerWindow::MoveToFolder() {
     const std::wstring source = folders_.SelectedNotePath();
-    if (source.empty()) return;
     const std::wstring folder = FolderPicker(folders_.RootPrefix(), L"").Pick(*this, menuPlace_);
     if (folder.empty()) return;
     std::wstring destination = folder + app::NameOf(source);
@@ -147,7 +108,7 @@ void ManagerWindow::MoveToFolder() {
 void ManagerWindow::MoveToDay() {
     const std::wstring source = folders_.SelectedNotePath();
     std::wstring day;
-    if (source.empty() || !AskForDay(day)) return;
+    if (!AskForDay(day)) return;
     const std::wstring folder = folders_.RootPrefix() + app::kRemindersFolder + L"\\" + day;
     app::EnsureFolders(folder);
     if (!app::IsFolder(folder)) {
@@ -169,14 +130,17 @@ void ManagerWindow::Delete() {
     if (!IsNoteKind(kind) || !DeleteNote(this, folders_.SelectedNotePath())) return;
     const TreeItem parent = tree_.Parent(item);
     tree_.Remove(item);
-    AfterNoteDeleted(parent);
+    CountAgain(parent);
 }
 
-void ManagerWindow::AfterNoteDeleted(TreeItem parent) {
-    const bool isEmptyDay = IsDayKind(tree_.Image(parent)) && folders_.CountNotes(parent) == 0;
-    if (!isEmptyDay) return folders_.ShowCount(parent);
-    platform::DropFolder(app::WithoutTrailingBackslashes(folders_.FolderPath(parent)));
-    tree_.Remove(parent);
+// Notes of a container came or went. A day goes with its last one; a folder that is plain again is not what
+// is selected any more, since the selection went on to a folder in it.
+void ManagerWindow::CountAgain(TreeItem container) {
+    const int kind = tree_.Image(container);
+    if (kind != kOpenDay && kind != kOpenFolder) return;
+    if (kind == kOpenFolder || folders_.CountNotes(container) > 0) return folders_.ShowCount(container);
+    platform::DropFolder(app::WithoutTrailingBackslashes(folders_.FolderPath(container)));
+    tree_.Remove(container);
 }
 
 void ManagerWindow::DeleteSelectedFolder(TreeItem item) {
@@ -190,10 +154,8 @@ void ManagerWindow::DeleteSelectedFolder(TreeItem item) {
 // Folders.
 
 void ManagerWindow::CreateNewFolder() {
-    const TreeItem selected = tree_.Selection();
-    const TreeItem parent = selected == 0 ? folders_.NotesTop() : folders_.Container(selected);
-    const int kind = tree_.Image(parent);
-    if (kind != kNotesTop && !IsFolderKind(kind)) return;
+    if (tree_.Selection() == 0) tree_.Select(folders_.NotesTop());
+    const TreeItem parent = folders_.Container(tree_.Selection());
     const std::wstring name = CreateFolder(folders_.FolderPath(parent));
     if (name.empty()) return;
     const TreeItem item = folders_.InsertFolder(parent, kFolder, name);
@@ -239,7 +201,6 @@ void ManagerWindow::RenameItem(TreeItem item, const std::wstring& name, int kind
 
 void ManagerWindow::MoveSelectedFolder() {
     const TreeItem item = tree_.Selection();
-    if (!IsFolderKind(tree_.Image(item))) return;
     const std::wstring source = app::WithoutTrailingBackslashes(folders_.FolderPath(item));
     const std::wstring folder = FolderPicker(folders_.RootPrefix(), source).Pick(*this, menuPlace_);
     if (folder.empty()) return;
@@ -250,8 +211,7 @@ void ManagerWindow::MoveSelectedFolder() {
 void ManagerWindow::CopySelectedTo(int index) {
     const std::vector<std::wstring> targets = CopyTargets();
     const TreeItem item = tree_.Selection();
-    const bool isFolder = IsFolderKind(tree_.Image(item)) || IsDayKind(tree_.Image(item));
-    if (index >= static_cast<int>(targets.size()) || !isFolder) return;
+    if (index >= static_cast<int>(targets.size())) return;
     const std::wstring destination = targets[static_cast<size_t>(index)] + L"\\" + app::kProductFolder +
                                      L"\\" + folders_.RelativePath(item);
     CopyResult result = CopyResult::Failed;
@@ -269,7 +229,7 @@ void ManagerWindow::CopySelectedTo(int index) {
 void ManagerWindow::SetAlarm() {
     const std::wstring note = folders_.SelectedNotePath();
     alarms::AlarmTimeDialog dialog(menuPlace_);
-    if (note.empty() || dialog.RunModal(this) != platform::kIdOk) return;
+    if (dialog.RunModal(this) != platform::kIdOk) return;
     if (alarms::SetNoteAlarm(note, dialog.Moment())) {
         platform::ShowMessage(this, L"Alarm is successfully set!",
                               L" " + platform::DateAndTime(dialog.Moment()), MessageButtons::Ok,
@@ -287,14 +247,11 @@ void ManagerWindow::RefreshAlarms() { folders_.ListAlarms(); }
 
 void ManagerWindow::DeleteAlarm() {
     const TreeItem item = tree_.Selection();
-    if (tree_.Image(item) != kAlarm) return;
     platform::ClearNotification(static_cast<platform::NotificationHandle>(tree_.Data(item)));
     tree_.Remove(item);
 }
 
-// What is found is shown in the tree, so there is nothing to find while the calendar hides it.
 void ManagerWindow::Find() {
-    if (calendarMode_) return;
     const auto relativePath = [this](TreeItem item, std::wstring& path) {
         path = folders_.RelativePath(item);
         return !path.empty();

@@ -1,6 +1,5 @@
 #include "manager/ManagerTools.h"
 
-#include "manager/NodeKind.h"
 #include "res/resource.h"
 
 namespace manager {
@@ -22,20 +21,6 @@ const platform::ToolBarLayout& ManagerToolBarLayout() {
                                                  {IDM_FIND, L"Find..."},
                                                  {IDM_MANAGER_TOOLS, L"Tools"}}};
     return layout;
-}
-
-void UpdateToolBar(platform::ToolBar& tools, const ToolSituation& situation) {
-    const int kind = situation.calendarMode ? -1 : situation.kind;
-    const bool isNote = IsNoteKind(kind);
-    const bool isFolder = IsFolderKind(kind) || IsDayKind(kind);
-    tools.SetEnabled(IDM_ADD_NOTE, isNote || isFolder || kind == kRemindersTop);
-    tools.SetEnabled(IDM_OPEN, isNote);
-    tools.SetEnabled(IDM_DELETE, isNote || isFolder || kind == kAlarm);
-    tools.SetPressed(IDM_CALENDAR, situation.calendarMode);
-    tools.SetEnabled(IDM_PREVIOUS_MONTH, situation.calendarMode);
-    tools.SetEnabled(IDM_NEXT_MONTH, situation.calendarMode);
-    tools.SetEnabled(IDM_CURRENT_MONTH, situation.calendarMode && !situation.showsCurrentMonth);
-    tools.SetEnabled(IDM_FIND, !situation.calendarMode);
 }
 
 }  // namespace manager

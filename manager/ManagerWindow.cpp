@@ -101,7 +101,7 @@ void ManagerWindow::SetRootFolder(const std::wstring& path) {
 
 // Reads the store anew and selects `path` in it.
 void ManagerWindow::ShowStore(const std::wstring& path) {
-    header_.Update(folders_.RootPrefix(), ClientWidth());
+    ShowFreeSpace();
     folders_.Rebuild(path);
     RedrawStrip();
     if (calendarMode_) {
@@ -112,6 +112,11 @@ void ManagerWindow::ShowStore(const std::wstring& path) {
         }
     }
     UpdateTools();
+    Invalidate();
+}
+
+void ManagerWindow::ShowFreeSpace() {
+    header_.Update(folders_.RootPrefix(), ClientWidth());
     Invalidate();
 }
 
@@ -127,14 +132,6 @@ void ManagerWindow::RedrawStrip() {
     Invalidate();
 }
 
-void ManagerWindow::UpdateTools() {
-    ToolSituation situation;
-    situation.calendarMode = calendarMode_;
-    situation.showsCurrentMonth = calendarMode_ && month_.ShowsCurrentMonth();
-    situation.kind = folders_.SelectedKind();
-    UpdateToolBar(Tools(), situation);
-}
-
 // The tree's events.
 
 void ManagerWindow::OnTreeSelection(TreeItem old, TreeItem selected) {
@@ -147,27 +144,7 @@ void ManagerWindow::OnTreeSelection(TreeItem old, TreeItem selected) {
 void ManagerWindow::OnTreeItemDeleted(TreeItem, intptr_t data) { folders_.ItemDeleted(data); }
 
 void ManagerWindow::OnTreeActivated(TreeItem item) {
-    if (IsNoteKind(tree_.Image(item))) OpenNote();
-}
-
-bool ManagerWindow::OnTreeKey(platform::Key key) {
-    if (key == platform::Key::F2) RenameSelected();
-    if (key == platform::Key::Delete) Delete();
-    return key == platform::Key::F2 || key == platform::Key::Delete;
-}
-
-bool ManagerWindow::OnShortcut(wchar_t letter) {
-    struct Shortcut {
-        wchar_t letter;
-        int command;
-    };
-    constexpr Shortcut kShortcuts[] = {{L'N', IDM_ADD_NOTE}, {L'W', platform::kIdOk}, {L'F', IDM_FIND}};
-    for (const Shortcut& candidate : kShortcuts) {
-        if (candidate.letter != letter) continue;
-        PostCommand(candidate.command);
-        return true;
-    }
-    return false;
+    if (item == tree_.Selection()) OnCommand(IDM_OPEN);
 }
 
 }  // namespace manager

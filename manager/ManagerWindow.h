@@ -8,6 +8,7 @@
 #include "manager/HeaderBar.h"
 #include "manager/MonthView.h"
 #include "manager/PreviewStrip.h"
+#include "manager/Situation.h"
 #include "platform/Screen.h"
 
 namespace manager {
@@ -25,6 +26,7 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     void OnPenUp(platform::Point place) override;
     bool OnKeyDown(platform::Key key) override;
     bool OnShortcut(wchar_t letter) override;
+    // Does nothing for a command that is not possible now.
     void OnCommand(int id) override;
     void OnTakeOver() override { Close(); }
 
@@ -36,13 +38,18 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     struct Command;
     static const Command kCommands[];
 
+    Situation Now() const;
+    bool IsPossible(int id) const;
+    void Perform(int id);
+    bool PressKey(platform::Key key);
+
     // Tree events
     void OnTreeSelection(platform::TreeItem old, platform::TreeItem selected) override;
     void OnTreeItemDeleted(platform::TreeItem item, intptr_t data) override;
     bool OnTreeEditBegins(platform::TreeItem item, std::wstring& text) override;
     void OnTreeEditEnds(platform::TreeItem item, const std::wstring& text) override;
     void OnTreeActivated(platform::TreeItem item) override;
-    bool OnTreeKey(platform::Key key) override;
+    bool OnTreeKey(platform::Key key) override { return PressKey(key); }
     void OnTreeHold(platform::TreeItem item, platform::Point place) override;
 
     // Commands
@@ -74,12 +81,14 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     void SetRootFolder(const std::wstring& path);
     std::wstring UsableRoot(const std::wstring& path);
     void ShowStore(const std::wstring& path);
+    void ShowFreeSpace();
     void Edit(const editor::InkCanvas::Opening& opening);
+    void ReadFolderAgain(const std::wstring& path);
     void AddReminder(const std::wstring& dayFolderName);
     bool AskForDay(std::wstring& dayFolderName);
     void RenameItem(platform::TreeItem item, const std::wstring& name, int kind);
     void DeleteSelectedFolder(platform::TreeItem item);
-    void AfterNoteDeleted(platform::TreeItem parent);
+    void CountAgain(platform::TreeItem container);
     void ReadFirstDayOfWeek();
     void StepMonth(int months);
     void ShowMonth(int year, int month);

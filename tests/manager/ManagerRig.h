@@ -63,4 +63,23 @@ class ManagerTest : public DeskTest {
     std::vector<std::wstring> menu_;
 };
 
+// A store of the folders Home and Work; in Work a note "a" with its memo.
+class WorkTest : public ManagerTest {
+  protected:
+    WorkTest() {
+        PutNote(L"Work\\a.ikw");
+        device.files.Put(std::wstring(kRoot) + L"Work\\a.txt", "memo");
+        device.files.PutFolder(std::wstring(kRoot) + L"Home");
+    }
+    std::wstring NotePath() { return std::wstring(kRoot) + L"Work\\a.ikw"; }
+    std::wstring LastMessage() { return Desk().messages.empty() ? L"" : Desk().messages.back().text; }
+    void ThenChoose(const Path& path, const std::wstring& entry) {
+        Then([this, path, entry] {
+            ChooseEntry(entry);
+            Tree().Hold(path);
+        });
+    }
+    const Path kNotePathInTree{L"Notes", L"Work  (1 found) ", L"a"};
+};
+
 }  // namespace testing_support

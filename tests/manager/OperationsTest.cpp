@@ -9,27 +9,16 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing_support::kRoot;
 
-class Operations : public testing_support::ManagerTest {
+// The note has an alarm, too.
+class Operations : public testing_support::WorkTest {
   protected:
     Operations() {
-        PutNote(L"Work\\a.ikw");
-        device.files.Put(std::wstring(kRoot) + L"Work\\a.txt", "memo");
-        device.files.PutFolder(std::wstring(kRoot) + L"Home");
         alarms::SetNoteAlarm(std::wstring(kRoot) + L"Work\\a.ikw", {2007, 3, 4, 15, 20, 0, 0, 0});
     }
     std::wstring AlarmArguments() {
         return device.notifications.empty() ? L"" : device.notifications.begin()->second.trigger.arguments;
     }
     std::wstring ArgumentsFor(const std::wstring& below) { return L"\"" + (kRoot + below) + L"\" /alarm"; }
-    std::wstring NotePath() { return std::wstring(kRoot) + L"Work\\a.ikw"; }
-    std::wstring LastMessage() { return Desk().messages.empty() ? L"" : Desk().messages.back().text; }
-    void ThenChoose(const Path& path, const std::wstring& entry) {
-        Then([this, path, entry] {
-            ChooseEntry(entry);
-            Tree().Hold(path);
-        });
-    }
-    const Path kNotePathInTree{L"Notes", L"Work  (1 found) ", L"a"};
 };
 
 TEST_F(Operations, MenusByKindOfNode) {
@@ -225,6 +214,17 @@ TEST_F(Operations, DeletingANoteAsksAndTakesMemoAndAlarmsAlong) {
     EXPECT_THAT(device.notifications, IsEmpty());
 }
 
+TEST_F(Operations, OnlyTheFolderThatIsShownHasACount) {
+    PutNote(L"Work\\Deep\\d.ikw");
+    Desk().answers = {MessageAnswer::Yes};
+    Then([this] {
+        Desk().Command(IDM_DELETE);
+        EXPECT_EQ(Selected(), L"Deep  (1 found) ");
+        EXPECT_THAT(Tree().Texts({L"Notes"}), ElementsAre(L"Home", L"Work"));
+    });
+    RunManager(NotePath());
+}
+
 TEST_F(Operations, TheLastReminderOfADayTakesTheDayAlong) {
     PutNote(L"Reminders\\2007-03-05\\r.ikw");
     Desk().answers = {MessageAnswer::Yes};
@@ -327,70 +327,6 @@ TEST_F(Operations, CopyingStopsWhereItIsToldTo) {
     Desk().answers = {MessageAnswer::Ok};
     EXPECT_EQ(manager::CopyFolderTree(nullptr, L"\\From\\", L"\\To\\"), manager::CopyResult::Cancelled);
     EXPECT_EQ(device.files.Get(L"\\To\\a.ikw") + device.files.Get(L"\\To\\b.ikw"), "newold");
-}
-
-TEST_F(Operations, NotesAreOpenedAndMadeFromTheTree) {
-    Then([this] { Tree().Activate(kNotePathInTree); });
-    Then([this] {
-        EXPECT_EQ(Desk().Top()->Title(), L"a - Inkwright");
-        Desk().Command(platform::kIdOk);
-    });
-    Then([this] {
-        EXPECT_EQ(Selected(), L"a");
-        Desk().Command(IDM_ADD_NOTE);
-    });
-    Then([this] {
-        Desk().Stroke({{30, 100}});
-        Desk().Command(platform::kIdOk);
-    });
-    AcceptName();
-    Then([this] { EXPECT_EQ(Selected(), L"Work 2007-03-05"); });
-    RunManager(NotePath());
-    EXPECT_TRUE(Has(L"Work\\Work 2007-03-05.ikw"));
-}
-
-// March 2007 began on a Thursday: with Friday first its first row begins on the 23rd of February.
-TEST_F(Operations, OptionsHoldInTheCalendarAtOnceAndInTheNextEditor) {
-    Then([this] {
-        Desk().Command(IDM_CALENDAR);
-        ChooseEntry(L"Options...");
-        Desk().Command(IDM_MANAGER_TOOLS);
-        EXPECT_EQ(Window().Month().Grid().At(0, 0).day, 23);
-        Desk().Command(IDM_CALENDAR);
-        Tree().Tap({L"Notes", L"Work"});
-        Desk().Command(IDM_ADD_NOTE);
-    });
-    Then([this] {
-        Desk().Choose(IDC_FIRST_DAY, 4);
-        Desk().Turn(IDC_PEN_SIZE_SPIN, 6);
-        Desk().Command(platform::kIdOk);
-    });
-    Then([this] {
-        const uint32_t paper = Shown().Row(80)[45];
-        Desk().Stroke({{30, 100}, {60, 100}});
-        int inked = 0;
-        for (int y = 80; y < 120; ++y) inked += Shown().Row(y)[45] != paper ? 1 : 0;
-        EXPECT_THAT(inked, testing::AllOf(testing::Ge(6), testing::Le(8))) << "six pixels wide";
-        Desk().Command(platform::kIdOk);
-    });
-    AcceptName();
-    RunManager();
-}
-
-TEST_F(Operations, AnotherStorageBecomesTheRoot) {
-    device.files.PutFolder(L"\\Storage Card");
-    Then([this] {
-        ChooseEntry(L"Storage Card");
-        Desk().Command(IDM_MANAGER_TOOLS);
-        EXPECT_EQ(Window().Folders().RootPrefix(), L"\\Storage Card\\Inkwright\\");
-        EXPECT_TRUE(device.files.Has(L"\\Storage Card\\Inkwright\\Reminders"));
-        Desk().chosenFolder = L"\\Elsewhere\\";
-        ChooseEntry(L"Other Folder...");
-        Desk().Command(IDM_MANAGER_TOOLS);
-        EXPECT_EQ(Window().Folders().RootPrefix(), L"\\Elsewhere\\");
-    });
-    RunManager();
-    EXPECT_EQ(app::Settings::Text(app::SettingId::RootDirPath), L"\\Elsewhere");
 }
 
 }  // namespace
