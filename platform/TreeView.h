@@ -37,6 +37,7 @@ class TreeView {
     class Events {
       public:
         virtual ~Events() = default;
+        // A branch that the user closes gives the selection to its item first, while it is still open.
         virtual void OnTreeSelection(TreeItem /*old*/, TreeItem /*selected*/) {}
         virtual void OnTreeItemDeleted(TreeItem, intptr_t /*data*/) {}
         // The text that in-place editing starts with; false refuses to edit the item.

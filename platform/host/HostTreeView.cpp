@@ -46,6 +46,10 @@ bool TreeView::Impl::Leave(HostTreeNode* branch, HostTreeNode* heir) {
     return isThere;
 }
 
+void TreeView::Impl::CloseBranch(HostTreeNode& node) {
+    if (!IsBelow(selected, &node) || Leave(&node, &node)) node.expanded = false;
+}
+
 // The selection moves off what goes, as in the real control: to the next sibling, the one before or the
 // parent.
 void TreeView::Impl::Drop(HostTreeNode* node) {
@@ -224,11 +228,20 @@ void HostTree::Hold(const std::vector<std::wstring>& path, Point place) {
 
 void HostTree::PressKey(Key key) {
     TreeView::Events& events = *tree_.Handle()->events;
-    if (key != Key::Enter) {
-        events.OnTreeKey(key);
-    } else if (tree_.Selection() != 0) {
-        events.OnTreeActivated(tree_.Selection());
+    const TreeItem selected = tree_.Selection();
+    if (key == Key::Enter) {
+        if (selected != 0) events.OnTreeActivated(selected);
+    } else if (!events.OnTreeKey(key) && key == Key::Left && selected != 0) {
+        if (tree_.IsExpanded(selected)) {
+            tree_.Handle()->CloseBranch(*NodeOf(selected));
+        } else if (tree_.Parent(selected) != 0) {
+            tree_.Select(tree_.Parent(selected));
+        }
     }
+}
+
+void HostTree::CloseBranch(const std::vector<std::wstring>& path) {
+    tree_.Handle()->CloseBranch(*NodeOf(Find(path)));
 }
 
 bool HostTree::IsEditing() const { return tree_.Handle()->editing != nullptr; }

@@ -37,6 +37,7 @@ struct TreeView::Impl {
 
     void Select(HostTreeNode* node);
     bool Leave(HostTreeNode* branch, HostTreeNode* heir);
+    void CloseBranch(HostTreeNode& node);
     void Drop(HostTreeNode* node);
     void DropChildren(HostTreeNode& node);
 };
@@ -57,6 +58,7 @@ class HostTree {
     void Tap(const std::vector<std::wstring>& path);
     void Activate(const std::vector<std::wstring>& path);  // double tap
     void Hold(const std::vector<std::wstring>& path, Point place = {50, 50});
+    void CloseBranch(const std::vector<std::wstring>& path);  // its [-]
     void PressKey(Key key);
     bool IsEditing() const;
     const std::wstring& EditText() const;

@@ -65,6 +65,8 @@ LRESULT TreeView::Impl::Notice(NMHDR& notice) {
                 events->OnTreeSelection(ContractItem(change.itemOld.hItem),
                                         ContractItem(change.itemNew.hItem));
             return 0;
+        case TVN_ITEMEXPANDINGW:
+            return BranchCloses(change) ? FALSE : TRUE;
         case TVN_DELETEITEMW:
             ItemDeleted(change);
             return 0;
@@ -83,6 +85,13 @@ LRESULT TreeView::Impl::Notice(NMHDR& notice) {
         default:
             return 0;
     }
+}
+
+// Some versions of the control move the selection out of a branch that closes without a word. False when the
+// branch is not there any more.
+bool TreeView::Impl::BranchCloses(const NMTREEVIEWW& notice) {
+    const bool closes = (notice.action & TVE_TOGGLE) == TVE_COLLAPSE;
+    return !events || !closes || LeaveBranch(notice.itemNew.hItem, notice.itemNew.hItem);
 }
 
 void TreeView::Impl::ItemDeleted(const NMTREEVIEWW& notice) {

@@ -46,6 +46,7 @@ struct TreeView::Impl {
   private:
     bool BeginEdit(const NMTVDISPINFOW& info);
     void ItemDeleted(const NMTREEVIEWW& notice);
+    bool BranchCloses(const NMTREEVIEWW& notice);
     bool Activate(HTREEITEM item);
     bool KeyDown(WPARAM virtualKey);
     bool Press(POINT place);

@@ -71,6 +71,7 @@ class Driver {
     void DoubleTapTree(platform::TreeView& tree, platform::TreeItem item);
     void HoldTree(platform::TreeView& tree, platform::TreeItem item);
     void RightClickTree(platform::TreeView& tree, platform::TreeItem item);
+    void CloseBranch(platform::TreeView& tree, platform::TreeItem item);  // by its button
     void PressInTree(platform::TreeView& tree, platform::Key key);
     bool IsEditing(const platform::TreeView& tree) const;
     std::wstring EditedText(const platform::TreeView& tree) const;

@@ -31,6 +31,7 @@ void Driver::HoldTree(TreeView& tree, TreeItem item) {
 }
 
 void Driver::RightClickTree(TreeView& tree, TreeItem item) { HoldTree(tree, item); }
+void Driver::CloseBranch(TreeView& tree, TreeItem item) { HostTree(tree).CloseBranch(PathOf(tree, item)); }
 void Driver::PressInTree(TreeView& tree, platform::Key key) { HostTree(tree).PressKey(key); }
 bool Driver::IsEditing(const TreeView& tree) const { return tree.Handle()->editing != nullptr; }
 std::wstring Driver::EditedText(const TreeView& tree) const { return tree.Handle()->editText; }

@@ -30,6 +30,7 @@ class TreeLog : public TreeView::Events {
 
     std::vector<std::string> log;
     bool allowsEditing = true;
+    bool takesKeys = true;
     std::wstring editBegins = L"Plan";
     std::wstring edited;
     Point holdPlace;
@@ -52,7 +53,7 @@ class TreeLog : public TreeView::Events {
     void OnTreeActivated(TreeItem item) override { log.push_back("activate " + Name(item)); }
     bool OnTreeKey(Key key) override {
         log.push_back("key " + std::to_string(static_cast<int>(key)));
-        return true;
+        return takesKeys;
     }
     void OnTreeHold(TreeItem item, Point place) override {
         log.push_back("hold " + Name(item));
@@ -183,6 +184,29 @@ TEST_F(TreeContract, SelectionsAreTold) {
             });
     EXPECT_THAT(events_.log,
                 ElementsAre("select - 2", "select 2 12", "select 12 13", "select 13 2", "select 2 -"));
+}
+
+TEST_F(TreeContract, AClosedBranchGivesTheSelectionToItsItem) {
+    RunTree(
+        [&] {
+            tree_.Select(notes_[1]);
+            events_.afterSelection = [this] {
+                EXPECT_TRUE(tree_.IsExpanded(work_)) << "told before it closes";
+            };
+        },
+        [&] { driver_.CloseBranch(tree_, work_); },
+        [&] {
+            EXPECT_EQ(tree_.Selection(), work_);
+            EXPECT_FALSE(tree_.IsExpanded(work_));
+            EXPECT_THAT(Children(work_), testing::SizeIs(3)) << "they are only out of sight";
+            tree_.Select(notes_[1]);
+            events_.takesKeys = false;
+            tree_.Focus();
+        },
+        [&] { driver_.PressInTree(tree_, Key::Left); }, [&] { driver_.PressInTree(tree_, Key::Left); },
+        [&] { EXPECT_FALSE(tree_.IsExpanded(work_)); });
+    EXPECT_THAT(events_.log,
+                ElementsAre("select - 12", "select 12 1", "select 1 12", "key 0", "select 12 1", "key 0"));
 }
 
 TEST_F(TreeContract, RemovedItemsAreToldAndLeaveAnHeir) {

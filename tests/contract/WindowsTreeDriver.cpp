@@ -54,6 +54,17 @@ void Driver::RightClickTree(TreeView& tree, TreeItem item) {
     SendMouse(PlaceOf(tree, item), MOUSEEVENTF_RIGHTUP);
 }
 
+void Driver::CloseBranch(TreeView& tree, TreeItem item) {
+    TVHITTESTINFO hit{};
+    hit.pt = PlaceOf(tree, item);
+    ScreenToClient(ControlOf(tree), &hit.pt);
+    do {
+        --hit.pt.x;
+        SendMessageW(ControlOf(tree), TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    } while (hit.pt.x > 0 && (hit.flags & TVHT_ONITEMBUTTON) == 0);
+    Click(MiddleOf(ControlOf(tree), {hit.pt.x - 1, hit.pt.y, hit.pt.x - 1, hit.pt.y}));
+}
+
 void Driver::PressInTree(TreeView&, platform::Key key) { SendKey(KeyCode(key)); }
 
 bool Driver::IsEditing(const TreeView& tree) const { return EditOf(tree) != nullptr; }

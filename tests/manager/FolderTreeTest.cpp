@@ -58,6 +58,23 @@ TEST_F(FolderTree, LeavingABranchDropsItAndItsCount) {
     RunManager();
 }
 
+// Nothing is read and nothing opens again.
+TEST_F(FolderTree, AClosedBranchIsSelectedItself) {
+    PutNote(L"Work\\Deep\\n.ikw");
+    PutNote(L"Work\\w.ikw");
+    Then([this] {
+        Tree().CloseBranch({L"Notes", L"Work"});
+        EXPECT_EQ(Selected(), L"Work  (1 found) ");
+        EXPECT_FALSE(Window().Tree().IsExpanded(Window().Tree().Selection()));
+        EXPECT_EQ(Window().Folders().SelectedNote(), L"");
+        EXPECT_FALSE(Tools().IsEnabled(IDM_OPEN));
+        Tree().CloseBranch({L"Notes"});
+        EXPECT_EQ(Selected(), L"Notes");
+        EXPECT_THAT(Tree().Texts({L"Notes"}), ElementsAre(L"Work"));
+    });
+    RunManager(std::wstring(kRoot) + L"Work\\Deep\\n.ikw");
+}
+
 TEST_F(FolderTree, DaysAreShownByTheirLongDatesAndEmptyOnesVanish) {
     PutNote(L"Reminders\\2007-03-08\\b.ikw");
     PutNote(L"Reminders\\2007-03-05\\a.ikw");
