@@ -10,7 +10,7 @@ namespace platform {
 
 class Window;
 
-// A menu built item by item and shown once.
+// A menu built item by item and shown once. Texts are shown as they are; there are no access keys.
 class PopupMenu {
   public:
     void Add(int command, const std::wstring& text, bool enabled = true);

@@ -10,15 +10,23 @@ namespace {
 
 windows::OwnedMenu MenuOf(const PopupMenu& source);
 
+// The system takes a single "&" for the mark of an access key.
+std::wstring Shown(const std::wstring& text) {
+    std::wstring shown;
+    for (const wchar_t unit : text) shown.append(unit == L'&' ? 2 : 1, unit);
+    return shown;
+}
+
 bool Append(HMENU menu, const PopupMenu::Item& item) {
+    const std::wstring text = Shown(item.text);
     if (!item.submenu) {
         const UINT state = item.enabled ? MF_ENABLED : MF_GRAYED;
         const UINT flags = item.command == 0 ? MF_SEPARATOR : MF_STRING | state;
-        return AppendMenuW(menu, flags, static_cast<UINT_PTR>(item.command), item.text.c_str());
+        return AppendMenuW(menu, flags, static_cast<UINT_PTR>(item.command), text.c_str());
     }
     windows::OwnedMenu submenu = MenuOf(*item.submenu);
     const auto handle = reinterpret_cast<UINT_PTR>(submenu.get());
-    if (!submenu || !AppendMenuW(menu, MF_POPUP | MF_STRING, handle, item.text.c_str())) return false;
+    if (!submenu || !AppendMenuW(menu, MF_POPUP | MF_STRING, handle, text.c_str())) return false;
     static_cast<void>(submenu.release());  // goes with the menu it is part of
     return true;
 }

@@ -362,7 +362,7 @@ TEST_F(WindowContract, Menus) {
             menu.Add(32911, L"Edit Text Memo");
             menu.Add(32908, L"Set Alarm and Exit", false);
             menu.AddSeparator();
-            menu.Add(32913, L"Send");
+            menu.Add(32913, L"Pens & Paper");
             driver_.ChooseFromMenu(command);
             const platform::ScreenSize handheld = platform::HandheldScreen();
             chosen = menu.Choose(screen, {handheld.width - 20, handheld.height - 20});
@@ -378,6 +378,7 @@ TEST_F(WindowContract, Menus) {
     const auto& items = driver_.MenuItems();
     ASSERT_GE(items.size(), 4u);
     EXPECT_EQ(items[1].text, L"Set Alarm and Exit");
+    EXPECT_EQ(items[3].text, L"Pens & Paper");
     EXPECT_TRUE(items[0].enabled && !items[1].enabled && items[3].enabled);
     EXPECT_EQ(items[2].command, 0);
 }
@@ -395,7 +396,7 @@ TEST_F(WindowContract, MenusWithinMenus) {
         screen.command = [&](int) {
             platform::PopupMenu menu;
             menu.Add(37000, L"Outer");
-            menu.AddSubmenu(L"Folders", middle);
+            menu.AddSubmenu(L"R&D && more", middle);
             driver_.ChooseFromMenu(command);
             chosen = menu.Choose(screen, {60, 60});
             screen.EndModal(1);
@@ -406,7 +407,7 @@ TEST_F(WindowContract, MenusWithinMenus) {
     }
     const auto& items = driver_.MenuItems();
     ASSERT_GE(items.size(), 2u);
-    EXPECT_EQ(items[1].text, L"Folders");
+    EXPECT_EQ(items[1].text, L"R&D && more");
     ASSERT_TRUE(items[1].submenu != nullptr);
     ASSERT_EQ(items[1].submenu->Items().size(), 2u);
     EXPECT_EQ(items[1].submenu->Items()[0].text, L"Middle");

@@ -62,6 +62,16 @@ std::vector<HMENU> ShownMenus() {
     return menus;
 }
 
+// What a person sees of a menu text: "&" marks an access key, "&&" stands for the sign.
+std::wstring Seen(const std::wstring& text) {
+    std::wstring seen;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == L'&') ++i;
+        if (i < text.size()) seen += text[i];
+    }
+    return seen;
+}
+
 PopupMenu MenuOf(HMENU menu) {
     PopupMenu result;
     for (int i = 0; i < GetMenuItemCount(menu); ++i) {
@@ -69,10 +79,10 @@ PopupMenu MenuOf(HMENU menu) {
         const auto at = static_cast<UINT>(i);
         GetMenuStringW(menu, at, text, static_cast<int>(std::size(text)), MF_BYPOSITION);
         if (const HMENU submenu = GetSubMenu(menu, i)) {
-            result.AddSubmenu(text, MenuOf(submenu));
+            result.AddSubmenu(Seen(text), MenuOf(submenu));
         } else {
             const UINT state = GetMenuState(menu, at, MF_BYPOSITION);
-            result.Add(static_cast<int>(GetMenuItemID(menu, i)), text, (state & MF_GRAYED) == 0);
+            result.Add(static_cast<int>(GetMenuItemID(menu, i)), Seen(text), (state & MF_GRAYED) == 0);
         }
     }
     return result;
