@@ -1,6 +1,8 @@
 #include "manager/FolderPicker.h"
 
 #include <algorithm>
+#include <deque>
+#include <utility>
 
 #include "app/StorePaths.h"
 #include "platform/FileSystem.h"
@@ -14,19 +16,9 @@ namespace {
 constexpr int kFirstCommand = 1000;
 constexpr int kCancelCommand = 1;
 constexpr int kBackCommand = 2;
-constexpr int kDeepest = 6;  // submenus beyond would leave the screen: "Back" ends them
-
-std::vector<std::wstring> SubFolders(const std::wstring& folder, bool isRoot) {
-    std::vector<platform::FolderEntry> entries;
-    platform::ListFolder(app::WithoutTrailingBackslashes(folder), L"*.*", entries);
-    std::vector<std::wstring> names;
-    for (const platform::FolderEntry& entry : entries) {
-        if (entry.isFolder && !(isRoot && app::IsReservedName(entry.name))) names.push_back(entry.name);
-    }
-    std::sort(names.begin(), names.end(),
-              [](const std::wstring& a, const std::wstring& b) { return platform::CompareNames(a, b) < 0; });
-    return names;
-}
+constexpr int kNoCommand = 3;
+constexpr int kDeepest = 6;        // levels of one menu; more would leave the screen
+constexpr int kMostFolders = 300;  // read for one menu: no wait, and an end where links lead in a circle
 
 }  // namespace
 
@@ -34,50 +26,90 @@ FolderPicker::FolderPicker(const std::wstring& rootPrefix, const std::wstring& m
     : rootPrefix_(rootPrefix), moved_(moved) {}
 
 std::wstring FolderPicker::Pick(platform::Window& owner, ink::Point place) {
-    folders_.clear();
-    platform::PopupMenu menu;
-    // A folder may also become a folder of the root; notes lie in folders only.
-    if (!moved_.empty()) {
-        menu.Add(kFirstCommand, L"Notes");
-        folders_.push_back(rootPrefix_);
-        menu.AddSeparator();
-    }
-    AddFolders(menu, rootPrefix_, true, 1);
-    menu.AddSeparator();
-    menu.Add(kCancelCommand, L"Cancel");
-    const int command = menu.Choose(owner, place) - kFirstCommand;
-    const bool isPicked = command >= 0 && command < static_cast<int>(folders_.size());
-    return isPicked ? folders_[static_cast<size_t>(command)] : std::wstring();
-}
-
-void FolderPicker::AddFolders(platform::PopupMenu& menu, const std::wstring& folder, bool isRoot, int depth) {
-    bool isEmpty = true;
-    for (const std::wstring& name : SubFolders(folder, isRoot)) {
-        const std::wstring path = folder + name;
-        if (!moved_.empty() && platform::EqualNoCase(path, moved_)) continue;
-        isEmpty = false;
-        if (depth < kDeepest && !SubFolders(path + L"\\", false).empty()) {
-            menu.AddSubmenu(name, MenuOf(path + L"\\", false, depth + 1));
+    std::vector<std::wstring> way{rootPrefix_};
+    for (;;) {
+        const int command = Show(way.back(), owner, place);
+        if (command == kBackCommand) {
+            way.pop_back();
             continue;
         }
-        menu.Add(kFirstCommand + static_cast<int>(folders_.size()), name);
-        folders_.push_back(path + L"\\");
+        const int index = command - kFirstCommand;
+        if (index < 0 || index >= static_cast<int>(choices_.size())) return {};
+        const Choice& choice = choices_[static_cast<size_t>(index)];
+        if (!choice.opensMenu) return choice.folder;
+        way.push_back(choice.folder);
     }
-    if (isEmpty && isRoot) menu.Add(kBackCommand, L"No Folders Exist!", false);
 }
 
-platform::PopupMenu FolderPicker::MenuOf(const std::wstring& folder, bool isRoot, int depth) {
+// The menu that begins at a folder. Gives its command.
+int FolderPicker::Show(const std::wstring& folder, platform::Window& owner, ink::Point place) {
+    choices_.clear();
+    Branch top;
+    top.path = folder;
+    Read(top);
     platform::PopupMenu menu;
-    menu.Add(kFirstCommand + static_cast<int>(folders_.size()),
-             app::NameOf(app::WithoutTrailingBackslashes(folder)));
-    folders_.push_back(folder);
-    menu.AddSeparator();
-    AddFolders(menu, folder, isRoot, depth);
-    if (depth == kDeepest) {
+    const bool isRoot = folder == rootPrefix_;
+    // A folder may also become a folder of the root; notes lie in folders only.
+    if (!isRoot || !moved_.empty()) {
+        const std::wstring name = app::NameOf(app::WithoutTrailingBackslashes(folder));
+        AddChoice(menu, isRoot ? L"Notes" : name, {folder});
         menu.AddSeparator();
-        menu.Add(kBackCommand, L"Back");
     }
-    return menu;
+    AddFolders(menu, top, 1);
+    if (isRoot && top.folders.empty()) menu.Add(kNoCommand, L"No Folders Exist!", false);
+    menu.AddSeparator();
+    if (!isRoot) menu.Add(kBackCommand, L"Back");
+    menu.Add(kCancelCommand, L"Cancel");
+    return menu.Choose(owner, place);
+}
+
+// Level by level, so that what is left out is what lies deepest.
+void FolderPicker::Read(Branch& top) const {
+    std::deque<std::pair<Branch*, int>> waiting{{&top, 0}};
+    for (int count = 0; !waiting.empty() && count < kMostFolders; ++count) {
+        const auto [branch, level] = waiting.front();
+        waiting.pop_front();
+        branch->folders = FoldersIn(branch->path);
+        branch->isRead = true;
+        if (level == kDeepest) continue;
+        for (Branch& folder : branch->folders) waiting.emplace_back(&folder, level + 1);
+    }
+}
+
+std::vector<FolderPicker::Branch> FolderPicker::FoldersIn(const std::wstring& folder) const {
+    std::vector<platform::FolderEntry> entries;
+    platform::ListFolder(app::WithoutTrailingBackslashes(folder), L"*.*", entries);
+    std::vector<Branch> folders;
+    for (const platform::FolderEntry& entry : entries) {
+        const bool isReserved = folder == rootPrefix_ && app::IsReservedName(entry.name);
+        const bool isMoved = platform::EqualNoCase(folder + entry.name, moved_);
+        if (entry.isFolder && !isReserved && !isMoved)
+            folders.push_back({entry.name, folder + entry.name + L"\\", false, {}});
+    }
+    std::sort(folders.begin(), folders.end(),
+              [](const Branch& a, const Branch& b) { return platform::CompareNames(a.name, b.name) < 0; });
+    return folders;
+}
+
+void FolderPicker::AddFolders(platform::PopupMenu& menu, const Branch& branch, int level) {
+    for (const Branch& folder : branch.folders) {
+        if (folder.isRead && folder.folders.empty()) {
+            AddChoice(menu, folder.name, {folder.path});
+        } else if (!folder.isRead || level == kDeepest) {
+            AddChoice(menu, folder.name + L"...", {folder.path, true});
+        } else {
+            platform::PopupMenu submenu;
+            AddChoice(submenu, folder.name, {folder.path});
+            submenu.AddSeparator();
+            AddFolders(submenu, folder, level + 1);
+            menu.AddSubmenu(folder.name, submenu);
+        }
+    }
+}
+
+void FolderPicker::AddChoice(platform::PopupMenu& menu, const std::wstring& text, const Choice& choice) {
+    menu.Add(kFirstCommand + static_cast<int>(choices_.size()), text);
+    choices_.push_back(choice);
 }
 
 }  // namespace manager

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/PopupMenu.h"
 
@@ -10,7 +11,9 @@ class Window;
 
 namespace manager {
 
-// A cascading menu of the store's folders. Each submenu begins with the folder it belongs to.
+// A cascading menu of the store's folders. Each submenu begins with the folder it belongs to. What lies
+// deeper than a screen has room for, or would take long to read, is reached by an entry that opens a further
+// menu.
 class FolderPicker {
   public:
     // `moved` is a folder that is itself to be moved (whole path, without trailing "\"): it and what is
@@ -22,12 +25,26 @@ class FolderPicker {
     std::wstring Pick(platform::Window& owner, ink::Point place);
 
   private:
-    platform::PopupMenu MenuOf(const std::wstring& folder, bool isRoot, int depth);
-    void AddFolders(platform::PopupMenu& menu, const std::wstring& folder, bool isRoot, int depth);
+    struct Branch {
+        std::wstring name;
+        std::wstring path;  // ends in "\"
+        bool isRead = false;
+        std::vector<Branch> folders;
+    };
+    struct Choice {
+        std::wstring folder;
+        bool opensMenu = false;
+    };
+
+    int Show(const std::wstring& folder, platform::Window& owner, ink::Point place);
+    void Read(Branch& top) const;
+    std::vector<Branch> FoldersIn(const std::wstring& folder) const;
+    void AddFolders(platform::PopupMenu& menu, const Branch& branch, int level);
+    void AddChoice(platform::PopupMenu& menu, const std::wstring& text, const Choice& choice);
 
     std::wstring rootPrefix_;
     std::wstring moved_;
-    std::vector<std::wstring> folders_;  // by command, from kFirstCommand on
+    std::vector<Choice> choices_;  // of the menu that is shown, by command
 };
 
 }  // namespace manager

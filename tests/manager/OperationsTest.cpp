@@ -297,6 +297,37 @@ TEST_F(Operations, AReservedNameStaysDeeperDown) {
     EXPECT_TRUE(Has(L"Work\\Temp\\d.ikw") && !Has(L"Temp"));
 }
 
+TEST_F(Operations, FoldersOfAnyDepthCanBePicked) {
+    std::wstring deep = L"L1";
+    for (int level = 2; level <= 14; ++level) deep += L"\\L" + std::to_wstring(level);
+    device.files.PutFolder(kRoot + deep);
+    Then([this] {
+        ChooseEntries(
+            {L"Change Folder...", L"L6...", L"L12...", L"Back", L"Back", L"L6...", L"L12...", L"L14"});
+        Tree().Hold(kNotePathInTree);
+    });
+    RunManager(NotePath());
+    EXPECT_TRUE(Has(deep + L"\\a.ikw"));
+}
+
+TEST_F(Operations, ManyFoldersAreReadInParts) {
+    for (int i = 100; i < 1000; ++i) {
+        device.files.PutFolder(kRoot + (L"F" + std::to_wstring(i)) + L"\\In " + std::to_wstring(i));
+    }
+    int lists = 0;
+    Then([this, &lists] {
+        ChooseEntries({L"Change Folder...", L"F999...", L"In 999"});
+        device.files.fault = [&lists](platform::host::FileCall call, const std::wstring&) {
+            lists += call == platform::host::FileCall::List ? 1 : 0;
+            return platform::FileError::None;
+        };
+        Tree().Hold(kNotePathInTree);
+    });
+    Then([&lists] { EXPECT_LE(lists, 320); });
+    RunManager(NotePath());
+    EXPECT_TRUE(Has(L"F999\\In 999\\a.ikw"));
+}
+
 TEST_F(Operations, CopyingToACard) {
     device.files.PutFolder(L"\\Storage Card");
     device.files.Put(L"\\Storage Card\\Inkwright\\Work\\a.ikw", "older");
