@@ -9,8 +9,8 @@ using platform::Key;
 
 // The one rule of each command holds for the tool bar, the menus, the keys and whatever else may post it.
 struct ManagerWindow::Command {
-    int id;
-    void (ManagerWindow::*handle)();
+    int id = 0;
+    void (ManagerWindow::*handle)() = nullptr;
     bool (*isPossible)(const Situation&) = nullptr;  // null: always
     wchar_t letter = 0;                              // with Ctrl
     Key key = Key::Other;

@@ -173,7 +173,7 @@ TEST_F(Calendar, KeysGoFromDayToDay) {
 }
 
 TEST_F(Calendar, TheFirstDayOfTheWeekIsOneByte) {
-    for (const auto& [setting, first] : {std::pair{256u, 26}, std::pair{6u, 25}, std::pair{7u, 26}}) {
+    for (const auto& [setting, first] : {std::pair{256u, 26}, std::pair{262u, 25}, std::pair{7u, 26}}) {
         device.SetSetting(L"FirstDayOfWeek", setting);
         ThenOpenCalendar();
         Then([this, first = first] { EXPECT_EQ(Window().Month().Grid().At(0, 0).day, first); });
