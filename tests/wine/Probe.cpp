@@ -150,9 +150,11 @@ std::string Pixel(Arguments& arguments) {
     return std::to_string(GetPixel(screen.Get(), place.x, place.y));
 }
 
-// A number that stands for everything a window's client area shows.
+// A number that stands for everything a window's client area shows, from its row `top` on when one is given.
 std::string Picture(Arguments& arguments) {
     const HWND window = WindowFrom(arguments);
+    LONG top = 0;
+    arguments >> top;
     RECT client{};
     GetClientRect(window, &client);
     BITMAPINFO info{};
@@ -170,7 +172,7 @@ std::string Picture(Arguments& arguments) {
     GdiFlush();
     uint64_t sum = 14695981039346656037u;
     const auto* pixels = static_cast<const uint32_t*>(bits);
-    for (LONG i = 0; i < client.right * client.bottom; ++i)
+    for (LONG i = top * client.right; i < client.right * client.bottom; ++i)
         sum = (sum ^ (pixels[i] & 0xFFFFFF)) * 1099511628211u;
     return std::to_string(sum);
 }
