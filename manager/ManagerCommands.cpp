@@ -18,6 +18,7 @@
 #include "platform/Notifications.h"
 #include "platform/TextEncoding.h"
 #include "res/resource.h"
+#include "res/version.h"
 #include "search/FindDialog.h"
 
 namespace manager {
@@ -286,7 +287,8 @@ void ManagerWindow::ShowOptions() {
 }
 
 void ManagerWindow::ShowAbout() {
-    platform::ShowMessage(this, L"Inkwright 1.0\nA notebook for handwriting.\n\nLarkspur Works",
+    platform::ShowMessage(this,
+                          L"Inkwright " INKWRIGHT_VERSION L"\nA notebook for handwriting.\n\nLarkspur Works",
                           L" About Inkwright", MessageButtons::Ok, MessageIcon::Information);
 }
 
