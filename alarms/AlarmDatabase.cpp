@@ -4,6 +4,7 @@
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 #include "platform/Shell.h"
+#include "platform/StoragePaths.h"
 #include "platform/TextEncoding.h"
 
 namespace alarms {
@@ -30,12 +31,13 @@ void Rewrite(const NoteAlarm& alarm, const std::wstring& arguments) {
     platform::SetNotification(alarm.handle, trigger, {});
 }
 
-// The note's path without its root backslash, which names the same file; empty when the arguments are not
-// of this form.
-std::wstring PathWithoutRoot(const std::wstring& arguments) {
+// The note's path; empty when the arguments are not of this form. The first character is its root backslash,
+// which may be left away, but for the path of a share.
+std::wstring PathIn(const std::wstring& arguments) {
     const size_t quotes = arguments.find_first_not_of(L'"');
     if (quotes == std::wstring::npos) return {};
-    const std::wstring rest = arguments.substr(quotes + 1);
+    const bool isShare = platform::IsSharePath(arguments.substr(quotes));
+    const std::wstring rest = arguments.substr(isShare ? quotes : quotes + 1);
     const size_t end = rest.find(L'"');
     if (end == std::wstring::npos || end == 0 || rest.substr(end) != kSwitchSuffix) return {};
     return rest.substr(0, end);
@@ -92,8 +94,8 @@ void MoveAlarms(const std::vector<std::wstring>& oldArguments,
 
 void RemoveOrphanAlarms() {
     for (const NoteAlarm& alarm : ScanAlarms()) {
-        const std::wstring path = PathWithoutRoot(alarm.arguments);
-        if (!path.empty() && !platform::Exists(path)) platform::ClearNotification(alarm.handle);
+        const std::wstring path = PathIn(alarm.arguments);
+        if (!path.empty() && platform::IsGone(path)) platform::ClearNotification(alarm.handle);
     }
 }
 

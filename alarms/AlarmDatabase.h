@@ -31,7 +31,8 @@ void ClearNoteAlarms(const std::wstring& notePath);
 // Alarms with these arguments (lower case) get those at the same place of `newArguments`.
 void MoveAlarms(const std::vector<std::wstring>& oldArguments, const std::vector<std::wstring>& newArguments);
 
-// Clears the alarms whose notes no longer exist.
+// Clears the alarms whose notes certainly no longer exist: not those of a card that is out or a share that is
+// away.
 void RemoveOrphanAlarms();
 
 }  // namespace alarms

@@ -6,6 +6,7 @@
 
 #include "app/Settings.h"
 #include "platform/FileSystem.h"
+#include "platform/StoragePaths.h"
 #include "platform/TextEncoding.h"
 
 namespace app {
@@ -56,10 +57,12 @@ bool NamesFile(const std::wstring& notePath) { return !notePath.empty() && !Ends
 void EnsureFolders(const std::wstring& path) {
     const std::wstring whole = WithoutTrailingBackslashes(path);
     if (whole.empty() || platform::FindEntry(whole) != platform::EntryKind::Missing) return;
-    const std::wstring levels = whole.substr(whole.find_first_not_of(L'\\'));
-    for (size_t end = levels.find(L'\\');; end = levels.find(L'\\', end + 1)) {
-        platform::MakeFolder(L"\\" + levels.substr(0, end));
-        if (end == std::wstring::npos) return;
+    const std::wstring rooted =
+        platform::IsSharePath(whole) ? whole : L"\\" + whole.substr(whole.find_first_not_of(L'\\'));
+    size_t end = platform::StorageOf(rooted).size();
+    while (end < rooted.size()) {
+        end = std::min(rooted.find(L'\\', end + 1), rooted.size());
+        platform::MakeFolder(rooted.substr(0, end));
     }
 }
 

@@ -32,7 +32,7 @@ std::wstring FreeNotePath(const std::wstring& notePath);
 // True for a path that names a note file, as opposed to nothing or the folder of a new note.
 bool NamesFile(const std::wstring& notePath);
 
-// Makes every missing folder of the path; failures show when the folder is used.
+// Makes every missing folder of the path, but no storage; failures show when the folder is used.
 void EnsureFolders(const std::wstring& path);
 bool IsFile(const std::wstring& path);
 bool IsFolder(const std::wstring& path);

@@ -7,7 +7,8 @@
 #include "platform/DateTime.h"
 
 // Files and folders by handheld path: rooted with "\", no drive letter, no current directory; a path
-// without its leading "\" names the same entry. Matching is case-insensitive, as on the handheld.
+// without its leading "\" names the same entry. Matching is case-insensitive, as on the handheld. On a
+// storage that is not there (StoragePaths.h), or that can't be reached, everything fails.
 namespace platform {
 
 class Window;
@@ -36,7 +37,11 @@ bool Exists(const std::wstring& path);
 // Whether an existing file can be opened for writing now, and how many bytes it holds. It stays as it is.
 bool CanWriteTo(const std::wstring& path, uint64_t& bytes);
 
-bool MakeFolder(const std::wstring& path);  // one level
+// True when there is certainly no such entry. A missing card, or a share that can't be reached, leaves that
+// open.
+bool IsGone(const std::wstring& path);
+
+bool MakeFolder(const std::wstring& path);  // one level; never a storage
 bool DropFolder(const std::wstring& path);  // must be empty
 bool EraseFile(const std::wstring& path);
 bool MoveEntry(const std::wstring& from, const std::wstring& to);   // file or folder; never overwrites
@@ -45,7 +50,7 @@ bool CopyFileTo(const std::wstring& from, const std::wstring& to);  // overwrite
 // Bytes that the caller may still use on the storage that holds `folder`.
 bool FreeBytes(const std::wstring& folder, uint64_t& bytes);
 
-// The user's personal documents folder, made when missing; no trailing "\".
+// The user's personal documents folder, made when missing and possible; no trailing "\".
 std::wstring DocumentsFolder();
 
 // Folders in the root that are storage cards, such as "Storage Card", in order.

@@ -1,5 +1,7 @@
 #include "platform/host/HostFileStore.h"
 
+#include "platform/StoragePaths.h"
+
 namespace platform::host {
 
 wchar_t UpperCase(wchar_t unit) {
@@ -51,7 +53,7 @@ std::vector<std::wstring> HostFileStore::NamesIn(const std::wstring& folder) con
 }
 
 std::wstring HostFileStore::KeyOf(const std::wstring& path) {
-    std::wstring key;
+    std::wstring key(IsSharePath(path) ? 1 : 0, L'\\');
     for (size_t begin = 0; begin < path.size();) {
         const size_t end = std::min(path.find(L'\\', begin), path.size());
         if (end > begin) key += L'\\' + path.substr(begin, end - begin);
@@ -66,14 +68,22 @@ bool HostFileStore::IsValidName(const std::wstring& path) {
 }
 
 HostFileStore::NodePointer HostFileStore::Find(const std::wstring& path) const {
-    const auto found = nodes_.find(KeyOf(path));
-    return found == nodes_.end() ? nullptr : found->second;
+    const std::wstring key = KeyOf(path);
+    const auto found = nodes_.find(key);
+    return found == nodes_.end() || !Answers(key) ? nullptr : found->second;
 }
 
 bool HostFileStore::ParentExists(const std::wstring& path) const {
     const std::wstring key = KeyOf(path);
     const auto parent = nodes_.find(key.substr(0, key.rfind(L'\\')));
-    return !key.empty() && parent != nodes_.end() && parent->second->isFolder;
+    return !key.empty() && Answers(key) && parent != nodes_.end() && parent->second->isFolder;
+}
+
+bool HostFileStore::IsStorage(const std::wstring& key) { return !key.empty() && StorageOf(key) == key; }
+
+bool HostFileStore::Answers(const std::wstring& key) const {
+    const std::wstring gone = KeyOf(unreachable);
+    return gone.empty() || (key + L"\\").compare(0, gone.size() + 1, gone + L"\\") != 0;
 }
 
 uint64_t HostFileStore::UsedBytes() const {

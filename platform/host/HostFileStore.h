@@ -36,6 +36,7 @@ class HostFileStore {
     // Called before every operation; anything but None makes it fail so.
     std::function<FileError(FileCall, const std::wstring& path)> fault;
     uint64_t capacity = UINT64_MAX;  // bytes of all files together
+    std::wstring unreachable;        // a storage, or the documents folder, that does not answer now
 
     // For tests: whole files by path; folders above are made.
     void Put(const std::wstring& path, const std::string& bytes);
@@ -51,13 +52,18 @@ class HostFileStore {
     static bool IsValidName(const std::wstring& path);
     NodePointer Find(const std::wstring& path) const;
     bool ParentExists(const std::wstring& path) const;
+    // The entry of this key names a whole storage: nobody makes it.
+    static bool IsStorage(const std::wstring& key);
     uint64_t UsedBytes() const;
     FileError Fault(FileCall call, const std::wstring& path) const;
     std::map<std::wstring, NodePointer>& Nodes() { return nodes_; }
     const std::map<std::wstring, NodePointer>& Nodes() const { return nodes_; }
 
   private:
-    std::map<std::wstring, NodePointer> nodes_;  // by KeyOf: "\A\B" in capitals; the root is ""
+    bool Answers(const std::wstring& key) const;
+
+    // By KeyOf: "\A\B" in capitals, "\\SERVER\SHARE\A" on a share; the root is "".
+    std::map<std::wstring, NodePointer> nodes_;
 };
 
 }  // namespace platform::host

@@ -4,6 +4,7 @@
 
 #include "platform/File.h"
 #include "platform/FileSystem.h"
+#include "platform/StoragePaths.h"
 #include "platform/host/HostDevice.h"
 
 namespace platform {
@@ -13,6 +14,8 @@ using host::HostDevice;
 using host::HostFileStore;
 
 namespace {
+
+constexpr wchar_t kDocuments[] = L"\\My Documents";
 
 HostFileStore& Store() { return HostDevice::Current().files; }
 
@@ -81,6 +84,7 @@ File File::Create(const std::wstring& path) {
     HostFileStore::NodePointer node = store.Find(path);
     file.openError_ = store.ParentExists(path) ? FileError::Other : FileError::NotFound;
     if (!HostFileStore::IsValidName(path) || path.back() == L'\\' || !store.ParentExists(path)) return file;
+    if (HostFileStore::IsStorage(HostFileStore::KeyOf(path))) return file;
     if (node != nullptr && (node->isFolder || IsOpenSomewhere(node))) return file;
     if (node == nullptr) {
         store.Put(path, "");
@@ -172,11 +176,21 @@ bool CanWriteTo(const std::wstring& path, uint64_t& bytes) {
     return true;
 }
 
+bool IsGone(const std::wstring& path) {
+    if (!HostFileStore::IsValidName(path)) return true;
+    const std::wstring key = HostFileStore::KeyOf(path);
+    const std::wstring storage = StorageOf(key);
+    const bool isDocument = IsBelow(key, HostFileStore::KeyOf(kDocuments));
+    return Store().Find(storage.empty() && isDocument ? kDocuments : storage) != nullptr && !Exists(path);
+}
+
 bool MakeFolder(const std::wstring& path) {
     if (FaultAt(FileCall::MakeFolder, path) != FileError::None) return false;
     HostFileStore& store = Store();
-    if (!HostFileStore::IsValidName(path) || store.Find(path) != nullptr || !store.ParentExists(path))
+    if (!HostFileStore::IsValidName(path) || store.Find(path) != nullptr || !store.ParentExists(path) ||
+        HostFileStore::IsStorage(HostFileStore::KeyOf(path))) {
         return false;
+    }
     store.PutFolder(path.front() == L'\\' ? path : L"\\" + path);
     return true;
 }
@@ -204,6 +218,7 @@ bool MoveEntry(const std::wstring& from, const std::wstring& to) {
     const std::wstring toKey = HostFileStore::KeyOf(to);
     if (FaultAt(FileCall::Move, from) != FileError::None || store.Find(from) == nullptr) return false;
     if (!HostFileStore::IsValidName(to) || !store.ParentExists(to) || IsBelow(toKey, fromKey)) return false;
+    if (HostFileStore::IsStorage(toKey)) return false;
     if (fromKey != toKey && store.Find(to) != nullptr) return false;
     std::map<std::wstring, HostFileStore::NodePointer> moved;
     for (const auto& [key, node] : store.Nodes()) {
@@ -235,15 +250,15 @@ bool FreeBytes(const std::wstring& folder, uint64_t& bytes) {
 }
 
 std::wstring DocumentsFolder() {
-    Store().PutFolder(L"\\My Documents");
-    return L"\\My Documents";
+    MakeFolder(kDocuments);  // fails when it is there already
+    return kDocuments;
 }
 
 std::vector<std::wstring> StorageCards() {
     std::vector<std::wstring> cards;
     for (const std::wstring& name : Store().NamesIn(L"")) {
-        const bool isNamedSo = HostFileStore::KeyOf(name).compare(0, 13, L"\\STORAGE CARD") == 0;
-        if (isNamedSo && Store().Find(name)->isFolder) cards.push_back(name);
+        const HostFileStore::NodePointer card = IsStorageCardName(name) ? Store().Find(name) : nullptr;
+        if (card != nullptr && card->isFolder) cards.push_back(name);
     }
     return cards;
 }

@@ -1,30 +1,36 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
-// Handheld paths (see platform/FileSystem.h) to and from paths that Windows takes.
+// Handheld paths (see platform/FileSystem.h) to and from paths that Windows takes, with the folders and
+// drives of this machine. PathTranslation.h has the rules.
 namespace platform::windows {
 
-// The place of a handheld path, absolute and with the prefix that lifts the length limit and switches off
-// device names. Empty parts, "." and ".." are dropped, so nothing leads out of the handheld's file system.
-// Empty when a part holds a character that no file name may hold.
+// The place of a handheld path. Empty when it has none, with the system's last error telling why: a name that
+// no file may have, or a storage that is not there.
 std::wstring ToHostPath(const std::wstring& handheldPath);
 
-// The same place without that prefix, for the parts of the system that know no such paths.
+// The same place without the prefix for long paths, for the parts of the system that know no such paths.
 std::wstring ToShellPath(const std::wstring& handheldPath);
 
-// True for the root of a drive, which searches do not find.
-bool IsDriveRoot(const std::wstring& hostPath);
+// True for the root of a drive or a share, which searches do not find.
+bool IsStorageRoot(const std::wstring& hostPath);
 
 // The inverse for a path that comes from outside.
 std::wstring ToHandheldPath(const std::wstring& hostPath);
 
-// Names in the handheld's root that are no entries of the folder behind it.
-std::wstring StorageCardName(int index);  // "Storage Card", "Storage Card2", ...
-int StorageCardCount();
-constexpr wchar_t kDocumentsName[] = L"My Documents";
+// Storage cards that can be read now, in order: names in the handheld's root that are no entries of the
+// folder behind it. Not for a device folder, where they are.
+std::vector<std::wstring> ReadableCards();
 
-// True when a folder stands for the whole handheld (INKWRIGHT_DEVICE).
-bool HasDeviceFolder();
+// An absolute path without "\" at its end; empty on failure.
+std::wstring FullPath(const std::wstring& path);
+
+// A variable of the environment, of any length; empty when there is none.
+std::wstring EnvironmentText(const wchar_t* name);
+
+// The folder that stands for the whole handheld (INKWRIGHT_DEVICE), as a full path; empty when none does.
+std::wstring DeviceFolder();
 
 }  // namespace platform::windows

@@ -35,7 +35,7 @@ OpenResult Open(const std::wstring& path, DWORD access, DWORD share, DWORD dispo
     const std::wstring host = windows::ToHostPath(path);
     // A name with the mark of a folder at its end is no file's.
     if (host.empty() || path.empty() || path.back() == L'\\') {
-        result.error = FileError::Other;
+        result.error = host.empty() ? ErrorOf(GetLastError()) : FileError::Other;
         return result;
     }
     result.handle = windows::OwnFile(

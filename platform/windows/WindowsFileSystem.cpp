@@ -2,9 +2,11 @@
 #include <cwchar>
 
 #include "platform/FileSystem.h"
+#include "platform/StoragePaths.h"
 #include "platform/TextEncoding.h"
 #include "platform/windows/Guards.h"
 #include "platform/windows/HandheldPath.h"
+#include "platform/windows/PathTranslation.h"
 #include "platform/windows/SystemTimes.h"
 
 namespace platform {
@@ -49,10 +51,20 @@ bool ListHostFolder(const std::wstring& hostFolder, const std::wstring& pattern,
     return GetLastError() == ERROR_NO_MORE_FILES;
 }
 
+// The place that must answer before an entry of it can be missing for certain.
+std::wstring MemoryOf(const std::wstring& path) {
+    const std::wstring rooted = path.empty() || path[0] != L'\\' ? L"\\" + path : path;
+    const std::wstring storage = StorageOf(rooted);
+    if (!storage.empty()) return storage;
+    const std::wstring documents = L"\\" + std::wstring(windows::kDocumentsName);
+    return EqualNoCase(rooted.substr(0, documents.size() + 1), documents + L"\\") ? documents : L"\\";
+}
+
 // What lies in the handheld's root without lying in the folder behind it.
 void AddRootNames(const std::wstring& pattern, std::vector<FolderEntry>& entries) {
     std::vector<std::wstring> names{windows::kDocumentsName};
-    for (int i = 0; i < windows::StorageCardCount(); ++i) names.push_back(windows::StorageCardName(i));
+    const std::vector<std::wstring> cards = windows::ReadableCards();
+    names.insert(names.end(), cards.begin(), cards.end());
     for (const std::wstring& name : names) {
         if (MatchesPattern(name, pattern)) entries.push_back({name, true, {}});
     }
@@ -63,7 +75,7 @@ void AddRootNames(const std::wstring& pattern, std::vector<FolderEntry>& entries
 EntryKind FindEntry(const std::wstring& path) {
     const std::wstring host = ToHostPath(path);
     if (host.empty() || path.empty() || path.back() == L'\\') return EntryKind::Missing;
-    if (windows::IsDriveRoot(host)) {
+    if (windows::IsStorageRoot(host)) {
         return GetFileAttributesW(host.c_str()) == INVALID_FILE_ATTRIBUTES ? EntryKind::Missing
                                                                            : EntryKind::Folder;
     }
@@ -78,7 +90,7 @@ bool ListFolder(const std::wstring& folder, const std::wstring& pattern, std::ve
     const std::wstring host = ToHostPath(folder);
     if (host.empty() || !ListHostFolder(host, pattern, entries)) return false;
     const bool isRoot = folder.find_first_not_of(L'\\') == std::wstring::npos;
-    if (isRoot && !windows::HasDeviceFolder()) AddRootNames(pattern, entries);
+    if (isRoot && windows::DeviceFolder().empty()) AddRootNames(pattern, entries);
     return true;
 }
 
@@ -104,6 +116,15 @@ bool CanWriteTo(const std::wstring& path, uint64_t& bytes) {
     if (!file || !GetFileSizeEx(file.get(), &size)) return false;
     bytes = static_cast<uint64_t>(size.QuadPart);
     return true;
+}
+
+bool IsGone(const std::wstring& path) {
+    const std::wstring host = ToHostPath(path);
+    if (host.empty()) return GetLastError() == ERROR_INVALID_NAME;
+    if (GetFileAttributesW(host.c_str()) != INVALID_FILE_ATTRIBUTES) return false;
+    const DWORD error = GetLastError();
+    if (error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND) return false;
+    return Exists(MemoryOf(path));
 }
 
 bool MakeFolder(const std::wstring& path) {
@@ -172,17 +193,12 @@ std::wstring DocumentsFolder() {
 }
 
 std::vector<std::wstring> StorageCards() {
+    if (windows::DeviceFolder().empty()) return windows::ReadableCards();
     std::vector<std::wstring> cards;
-    if (!windows::HasDeviceFolder()) {
-        for (int i = 0; i < windows::StorageCardCount(); ++i) cards.push_back(windows::StorageCardName(i));
-        return cards;
-    }
     std::vector<FolderEntry> entries;
     ListFolder(L"\\", L"*.*", entries);
-    const std::wstring beginning = windows::StorageCardName(0);
     for (const FolderEntry& entry : entries) {
-        const bool isCard = EqualNoCase(entry.name.substr(0, beginning.size()), beginning);
-        if (entry.isFolder && isCard) cards.push_back(entry.name);
+        if (entry.isFolder && IsStorageCardName(entry.name)) cards.push_back(entry.name);
     }
     std::sort(cards.begin(), cards.end(), [](const std::wstring& a, const std::wstring& b) {
         return CompareStringOrdinal(a.c_str(), -1, b.c_str(), -1, TRUE) == CSTR_LESS_THAN;

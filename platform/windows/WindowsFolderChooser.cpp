@@ -29,7 +29,7 @@ bool ChooseFolder(Window* owner, const std::wstring& title, const std::wstring& 
     const windows::SystemObjects objects;
     const std::wstring startPath = windows::ToShellPath(start);
     // A folder that stands for the whole device bounds the choice: outside it there is nothing to name.
-    const OwnedItemIds root = windows::HasDeviceFolder() ? ItemIdsOf(windows::ToShellPath(L"\\")) : nullptr;
+    const OwnedItemIds root = windows::DeviceFolder().empty() ? nullptr : ItemIdsOf(windows::ToShellPath(L"\\"));
     wchar_t name[MAX_PATH] = L"";
     BROWSEINFOW request{};
     request.hwndOwner = windows::FrameOf(owner);

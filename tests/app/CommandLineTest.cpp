@@ -50,6 +50,7 @@ const Case kCases[] = {
 
 TEST_F(CommandLine, EverySwitchAndItsArguments) {
     device.SetSetting(L"RootDirPath", L"\\Card\\Ink\\\\\\");
+    device.files.PutFolder(L"\\Storage Card");
     for (const Case& c : kCases) {
         SCOPED_TRACE(testing::Message() << std::string(c.line, c.line + std::wcslen(c.line)));
         const StartRequest request = ParseCommandLine(c.line);

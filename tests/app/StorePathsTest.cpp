@@ -25,6 +25,23 @@ TEST_F(StorePaths, EnsureFoldersMakesEveryLevel) {
     EXPECT_FALSE(app::IsFolder(L"\\F\\G"));
 }
 
+TEST_F(StorePaths, EnsureFoldersMakesNoStorage) {
+    const size_t before = device.files.Nodes().size();
+    for (const wchar_t* path :
+         {L"\\Storage Card\\Ink\\", L"\\\\server\\share\\Ink\\", L"\\\\server\\", L"\\X:\\Ink"})
+        app::EnsureFolders(path);
+    EXPECT_EQ(device.files.Nodes().size(), before);
+    device.files.PutFolder(L"\\\\server\\share");
+    device.files.PutFolder(L"\\server\\share");
+    for (const wchar_t* path :
+         {L"\\\\server\\share\\Ink\\Reminders\\2007-03-05\\", L"\\Storage Cards\\Ink"}) {
+        app::EnsureFolders(path);
+        EXPECT_TRUE(app::IsFolder(app::WithoutTrailingBackslashes(path)));
+    }
+    EXPECT_TRUE(app::IsFolder(L"\\\\SERVER\\share"));
+    EXPECT_FALSE(app::IsFolder(L"\\server\\share\\Ink")) << "a share is no folder of the root";
+}
+
 TEST_F(StorePaths, PathForms) {
     EXPECT_EQ(app::WithBackslash(L""), L"");
     EXPECT_EQ(app::WithBackslash(L"a"), L"a");

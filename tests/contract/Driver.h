@@ -90,6 +90,9 @@ class Driver {
     // The next folder chooser gives this folder, or is cancelled when it is empty.
     void ChooseFolder(const std::wstring& folder);
 
+    // A storage card with this name.
+    void InsertCard(const std::wstring& name);
+
     // A value below the machine's part of the registry.
     void SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value);
 

@@ -248,10 +248,45 @@ TEST_F(FileContract, WhatHasAttributesExists) {
 
 TEST_F(FileContract, StorageCardsAreFoldersOfTheRoot) {
     EXPECT_THAT(StorageCards(), IsEmpty());
-    ASSERT_TRUE(MakeFolder(L"\\Storage Card2") && MakeFolder(L"\\storage card"));
-    ASSERT_TRUE(MakeFolder(L"\\Storage") && MakeFolder(L"\\My Documents\\Storage Card3"));
+    driver_.InsertCard(L"Storage Card2");
+    driver_.InsertCard(L"storage card");
+    ASSERT_TRUE(MakeFolder(L"\\Storage Cards") && MakeFolder(L"\\Storage Card box")) << "ordinary names";
+    ASSERT_TRUE(MakeFolder(L"\\My Documents\\Storage Card3")) << "not in the root";
     ASSERT_TRUE(WriteWhole(L"\\Storage Card.txt", ""));
     EXPECT_THAT(StorageCards(), ElementsAre(L"storage card", L"Storage Card2"));
+    ASSERT_TRUE(WriteWhole(L"\\STORAGE CARD\\note.ikw", "ink"));
+    EXPECT_TRUE(IsGone(L"\\Storage Card\\other.ikw"));
+    EXPECT_FALSE(IsGone(L"\\Storage Card\\note.ikw"));
+}
+
+// Nothing else may stand in for a storage that is away: what is written there would be lost to its owner.
+TEST_F(FileContract, WhereNoStorageIsEverythingFails) {
+    ASSERT_TRUE(WriteWhole(L"\\note.ikw", "ink"));
+    ASSERT_TRUE(MakeFolder(L"\\Folder"));
+    std::vector<FolderEntry> entries;
+    uint64_t bytes = 0;
+    for (const std::wstring storage :
+         {L"\\Storage Card", L"storage card", L"\\Storage Card7", L"\\\\no server\\share", L"\\X:"}) {
+        SCOPED_TRACE(testing::Message() << storage);
+        for (const std::wstring& path : {storage, storage + L"\\Inkwright"}) {
+            EXPECT_FALSE(MakeFolder(path));
+            EXPECT_EQ(FindEntry(path), EntryKind::Missing);
+            EXPECT_FALSE(Exists(path));
+            EXPECT_FALSE(FreeBytes(path, bytes));
+            EXPECT_FALSE(ListFolder(path, L"*.*", entries));
+            EXPECT_FALSE(File::Create(path).IsOpen());
+            EXPECT_FALSE(File::OpenForReading(path).IsOpen());
+            EXPECT_FALSE(CopyFileTo(L"\\note.ikw", path));
+            EXPECT_FALSE(MoveEntry(L"\\Folder", path));
+        }
+        EXPECT_EQ(IsGone(storage + L"\\note.ikw"), storage.back() == L':') << "nobody knows of a storage";
+    }
+    EXPECT_EQ(File::OpenForReading(L"\\Storage Card\\note.ikw").Error(), FileError::NotFound);
+    EXPECT_THAT(Names(L"\\", L"*.*"), UnorderedElementsAre(L"My Documents", L"note.ikw", L"Folder"));
+    EXPECT_FALSE(IsGone(L"\\note.ikw"));
+    EXPECT_TRUE(IsGone(L"\\other.ikw") && IsGone(L"\\none\\other.ikw") && IsGone(L"\\a?b.ikw"));
+    ASSERT_TRUE(DropFolder(L"\\My Documents"));
+    EXPECT_FALSE(IsGone(L"\\My Documents\\note.ikw"));
 }
 
 TEST_F(FileContract, DocumentsFolderIsMade) {

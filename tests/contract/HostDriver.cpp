@@ -92,6 +92,8 @@ const std::vector<platform::PopupMenu::Item>& Driver::MenuItems() const { return
 
 void Driver::ChooseFolder(const std::wstring& folder) { impl_->device.desk.chosenFolder = folder; }
 
+void Driver::InsertCard(const std::wstring& name) { impl_->device.files.PutFolder(L"\\" + name); }
+
 void Driver::SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value) {
     const std::string data(reinterpret_cast<const char*>(&value), sizeof value);
     impl_->device.registry[L"HKLM\\" + path][name] = {platform::RegistryType::Number, data};

@@ -206,6 +206,10 @@ void Driver::ChooseFolder(const std::wstring& folder) {
     impl_->questions.folders.push_back(folder.empty() ? folder : impl_->deviceFolder + folder);
 }
 
+void Driver::InsertCard(const std::wstring& name) {
+    CreateDirectoryW((impl_->deviceFolder + L"\\" + name).c_str(), nullptr);
+}
+
 void Driver::SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value) {
     RegSetKeyValueW(HKEY_LOCAL_MACHINE, path.c_str(), name.c_str(), REG_DWORD, &value, sizeof value);
 }

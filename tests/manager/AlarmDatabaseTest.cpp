@@ -68,6 +68,24 @@ TEST_F(AlarmDatabase, OrphansAreRemovedOnlyInTheExactForm) {
                                          L"\"\"\"", L"\"\\gone.ikw\" /alarm"));
 }
 
+TEST_F(AlarmDatabase, OrphansOfAStorageThatIsAwayAreKept) {
+    const std::wstring share = L"\\\\server\\share";
+    device.files.Put(share + L"\\here.ikw", "x");
+    for (const wchar_t* path : {L"\\\\server\\share\\here.ikw", L"\\\\server\\share\\gone.ikw",
+                                L"\\Storage Card\\gone.ikw", L"\\My Documents\\gone.ikw"}) {
+        Put(alarms::AlarmArguments(path));
+    }
+    device.files.unreachable = share;
+    device.files.Nodes().erase(L"\\MY DOCUMENTS");
+    alarms::RemoveOrphanAlarms();
+    EXPECT_EQ(device.notifications.size(), 4u);
+    device.files.unreachable.clear();
+    device.files.PutFolder(L"\\Storage Card");
+    device.files.PutFolder(L"\\My Documents");
+    alarms::RemoveOrphanAlarms();
+    EXPECT_THAT(Arguments(), ElementsAre(L"\"\\\\server\\share\\here.ikw\" /alarm"));
+}
+
 TEST_F(AlarmDatabase, TheAlarmsBranchListsTitlesByTime) {
     Put(L"\"\\Ink\\Call Ann.IKW\" /Alarm", 45);
     Put(L"\"\\Ink\\Bake.ikw\" /alarm", 5);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+// Which handheld paths name a storage: a share of the network, a storage card, a drive. A storage is there or
+// it is not; no program makes one, and nothing else may take the name of one that is missing.
+namespace platform {
+
+// "\\server\share..."
+bool IsSharePath(const std::wstring& path);
+
+// "Storage Card", "Storage Card2", ... : the names of index 0, 1, ...
+std::wstring StorageCardName(int index);
+// True for a name of that form, in whatever letter case; a name that only begins so is an ordinary one.
+bool IsStorageCardName(const std::wstring& name);
+
+// The leading part of a rooted path that names its storage ("\\server\share", "\Storage Card2", "\X:"), no
+// trailing "\". Empty for everything that lies in the handheld's own memory.
+std::wstring StorageOf(const std::wstring& path);
+
+}  // namespace platform

@@ -1,0 +1,96 @@
+#include <gmock/gmock.h>
+
+#include "platform/windows/PathTranslation.h"
+
+namespace platform::windows {
+
+namespace {
+
+using testing::ElementsAre;
+
+// A machine with one card drive, or a folder that stands for a device with one card.
+HostPlaces Machine(bool isDevice) {
+    HostPlaces places;
+    places.isDevice = isDevice;
+    places.root = isDevice ? L"D:\\Dev" : L"C:\\Data\\Device";
+    places.documents = isDevice ? L"" : L"\\\\home\\me";
+    places.card = [isDevice](const std::wstring& name) -> std::wstring {
+        if (name != L"Storage Card2") return {};
+        return isDevice ? L"D:\\Dev\\Storage Card2" : L"E:";
+    };
+    return places;
+}
+
+TEST(PathTranslation, EachNameHasItsPlaceOrNone) {
+    struct Case {
+        const wchar_t* handheld;
+        const wchar_t* machine;
+        const wchar_t* device;
+    };
+    const wchar_t* const none = L"no storage";
+    const wchar_t* const bad = L"bad name";
+    const Case kCases[] = {
+        {L"\\", L"\\\\?\\C:\\Data\\Device", L"\\\\?\\D:\\Dev"},
+        {L"Notes\\.\\..\\a.", L"\\\\?\\C:\\Data\\Device\\Notes\\a", L"\\\\?\\D:\\Dev\\Notes\\a"},
+        {L"\\my documents\\a", L"\\\\?\\UNC\\home\\me\\a", L"\\\\?\\D:\\Dev\\my documents\\a"},
+        {L"\\Storage Card2", L"\\\\?\\E:\\", L"\\\\?\\D:\\Dev\\Storage Card2"},
+        {L"Storage Card2\\Ink", L"\\\\?\\E:\\Ink", L"\\\\?\\D:\\Dev\\Storage Card2\\Ink"},
+        {L"\\Storage Card\\Ink", none, none},
+        {L"\\STORAGE CARD12", none, none},
+        {L"\\Storage Cards\\a", L"\\\\?\\C:\\Data\\Device\\Storage Cards\\a",
+         L"\\\\?\\D:\\Dev\\Storage Cards\\a"},
+        {L"\\Storage Card box", L"\\\\?\\C:\\Data\\Device\\Storage Card box",
+         L"\\\\?\\D:\\Dev\\Storage Card box"},
+        {L"\\X:", L"\\\\?\\X:\\", bad},
+        {L"\\x:\\a\\", L"\\\\?\\x:\\a", bad},
+        {L"\\\\server\\share", L"\\\\?\\UNC\\server\\share\\", none},
+        {L"\\\\server\\share\\a\\b", L"\\\\?\\UNC\\server\\share\\a\\b", none},
+        {L"\\\\server", none, none},
+        {L"\\\\?\\C:\\a", bad, none},
+        {L"\\a?b", bad, bad},
+        {L"\\a\\b:c", bad, bad},
+    };
+    for (const Case& c : kCases) {
+        for (const bool isDevice : {false, true}) {
+            PathFault fault = PathFault::None;
+            std::wstring host = TranslateToHost(c.handheld, Machine(isDevice), fault);
+            EXPECT_EQ(host.empty(), fault != PathFault::None);
+            if (fault == PathFault::NoStorage) host = none;
+            if (fault == PathFault::BadName) host = bad;
+            const std::wstring expected = isDevice ? c.device : c.machine;
+            EXPECT_EQ(host, expected) << testing::PrintToString(std::wstring(c.handheld));
+        }
+    }
+}
+
+TEST(PathTranslation, FoldersThatCannotBeReachedHaveNoStandIn) {
+    HostPlaces places = Machine(false);
+    places.documents = L"";
+    PathFault fault = PathFault::None;
+    EXPECT_EQ(TranslateToHost(L"\\My Documents\\a", places, fault), L"");
+    EXPECT_EQ(fault, PathFault::NoStorage);
+    places.root = L"";
+    EXPECT_EQ(TranslateToHost(L"\\a", places, fault), L"");
+    EXPECT_EQ(fault, PathFault::NoStorage);
+    EXPECT_EQ(TranslateToHandheld(L"C:\\a", places), L"\\C:\\a");
+}
+
+TEST(PathTranslation, HostPathsComeBackUnderTheirNames) {
+    const HostPlaces machine = Machine(false);
+    EXPECT_EQ(TranslateToHandheld(L"\\\\HOME\\me\\Ink\\a.ikw", machine), L"\\My Documents\\Ink\\a.ikw");
+    EXPECT_EQ(TranslateToHandheld(L"\\\\home\\meadow\\a.ikw", machine), L"\\\\home\\meadow\\a.ikw");
+    EXPECT_EQ(TranslateToHandheld(L"c:\\data\\device", machine), L"\\");
+    EXPECT_EQ(TranslateToHandheld(L"E:", machine), L"\\E:");
+    EXPECT_EQ(TranslateToHandheld(L"D:\\Dev\\Ink", Machine(true)), L"\\Ink");
+    EXPECT_EQ(WithoutLongPrefix(L"\\\\?\\UNC\\server\\share\\a"), L"\\\\server\\share\\a");
+    EXPECT_EQ(WithoutLongPrefix(L"\\\\?\\X:\\a"), L"X:\\a");
+}
+
+TEST(PathTranslation, NothingIsSearchedInTheCurrentFolder) {
+    EXPECT_THAT(AbsoluteFolders(L";.;bin;\\bin;C:bin;C:\\bin\\;\"D:\\My Tools\";\\\\server\\tools;"),
+                ElementsAre(L"C:\\bin", L"D:\\My Tools", L"\\\\server\\tools"));
+}
+
+}  // namespace
+
+}  // namespace platform::windows
