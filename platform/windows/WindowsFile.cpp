@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "platform/File.h"
+#include "platform/windows/FileHolds.h"
 #include "platform/windows/Guards.h"
 #include "platform/windows/HandheldPath.h"
 
@@ -38,9 +39,12 @@ OpenResult Open(const std::wstring& path, DWORD access, DWORD share, DWORD dispo
         result.error = host.empty() ? ErrorOf(GetLastError()) : FileError::Other;
         return result;
     }
-    result.handle = windows::OwnFile(
-        CreateFileW(host.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!result.handle) result.error = ErrorOf(GetLastError());
+    const bool isOpen = windows::TryThroughHolds(host, [&] {
+        result.handle = windows::OwnFile(
+            CreateFileW(host.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+        return result.handle != nullptr;
+    });
+    if (!isOpen) result.error = ErrorOf(GetLastError());
     return result;
 }
 

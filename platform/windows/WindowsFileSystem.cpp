@@ -4,6 +4,7 @@
 #include "platform/FileSystem.h"
 #include "platform/StoragePaths.h"
 #include "platform/TextEncoding.h"
+#include "platform/windows/FileHolds.h"
 #include "platform/windows/Guards.h"
 #include "platform/windows/HandheldPath.h"
 #include "platform/windows/PathTranslation.h"
@@ -134,21 +135,35 @@ bool MakeFolder(const std::wstring& path) {
 
 bool DropFolder(const std::wstring& path) {
     const std::wstring host = ToHostPath(path);
-    return !host.empty() && RemoveDirectoryW(host.c_str());
+    return !host.empty() &&
+           windows::TryThroughHolds(host, [&] { return RemoveDirectoryW(host.c_str()) != FALSE; });
 }
 
 bool EraseFile(const std::wstring& path) {
     const std::wstring host = ToHostPath(path);
-    return !host.empty() && DeleteFileW(host.c_str());
+    return !host.empty() &&
+           windows::TryThroughHolds(host, [&] { return DeleteFileW(host.c_str()) != FALSE; });
 }
 
 namespace {
 
 std::wstring NameOf(const std::wstring& path) { return path.substr(path.rfind(L'\\') + 1); }
 
+bool IsHostFolder(const std::wstring& host) {
+    const DWORD attributes = GetFileAttributesW(host.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && IsFolder(attributes);
+}
+
 bool Move(const std::wstring& hostFrom, const std::wstring& hostTo) {
-    // From one drive to another a file is copied and erased; folders stay where they are.
-    return MoveFileExW(hostFrom.c_str(), hostTo.c_str(), MOVEFILE_COPY_ALLOWED) != FALSE;
+    return windows::TryThroughHolds(hostTo, [&] {
+        // From one drive to another a file is copied and erased; folders stay where they are.
+        if (MoveFileExW(hostFrom.c_str(), hostTo.c_str(), MOVEFILE_COPY_ALLOWED)) return true;
+        // What the system says of a folder in which a file is held.
+        const DWORD error = GetLastError();
+        const bool isHold = error == ERROR_ACCESS_DENIED && IsHostFolder(hostFrom);
+        SetLastError(isHold ? ERROR_SHARING_VIOLATION : error);
+        return false;
+    });
 }
 
 // A file system that keeps letter case, below a system that ignores it, takes the new name for the old one.
@@ -173,7 +188,9 @@ bool MoveEntry(const std::wstring& from, const std::wstring& to) {
 bool CopyFileTo(const std::wstring& from, const std::wstring& to) {
     const std::wstring hostFrom = ToHostPath(from);
     const std::wstring hostTo = ToHostPath(to);
-    return !hostFrom.empty() && !hostTo.empty() && CopyFileW(hostFrom.c_str(), hostTo.c_str(), FALSE);
+    if (hostFrom.empty() || hostTo.empty()) return false;
+    return windows::TryThroughHolds(
+        hostTo, [&] { return CopyFileW(hostFrom.c_str(), hostTo.c_str(), FALSE) != FALSE; });
 }
 
 bool FreeBytes(const std::wstring& folder, uint64_t& bytes) {

@@ -92,6 +92,9 @@ class Driver {
 
     // A storage card with this name.
     void InsertCard(const std::wstring& name);
+    // Another program has the file for itself, and lets go of it a tenth of a second later. Nothing where no
+    // other program is.
+    void HoldForAMoment(const std::wstring& path);
 
     // A value below the machine's part of the registry.
     void SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value);

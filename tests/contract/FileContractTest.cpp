@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -287,6 +288,25 @@ TEST_F(FileContract, WhereNoStorageIsEverythingFails) {
     EXPECT_TRUE(IsGone(L"\\other.ikw") && IsGone(L"\\none\\other.ikw") && IsGone(L"\\a?b.ikw"));
     ASSERT_TRUE(DropFolder(L"\\My Documents"));
     EXPECT_FALSE(IsGone(L"\\My Documents\\note.ikw"));
+}
+
+TEST_F(FileContract, AFileHeldForAMomentIsWaitedFor) {
+    const struct {
+        const char* what;
+        std::function<bool()> work;
+    } kCases[] = {
+        {"reading", [] { return File::OpenForReading(L"\\F\\a.ikw").IsOpen(); }},
+        {"saving", [] { return File::Create(L"\\F\\a.ikw").IsOpen(); }},
+        {"copying", [] { return CopyFileTo(L"\\F\\a.ikw", L"\\F\\b.ikw"); }},
+        {"moving the folder", [] { return MoveEntry(L"\\F", L"\\G") && MoveEntry(L"\\G", L"\\F"); }},
+        {"moving", [] { return MoveEntry(L"\\F\\a.ikw", L"\\a.ikw"); }},
+        {"deleting", [] { return EraseFile(L"\\F\\a.ikw"); }}};
+    ASSERT_TRUE(MakeFolder(L"\\F"));
+    for (const auto& each : kCases) {
+        ASSERT_TRUE(WriteWhole(L"\\F\\a.ikw", "ink"));
+        driver_.HoldForAMoment(L"\\F\\a.ikw");
+        EXPECT_TRUE(each.work()) << each.what;
+    }
 }
 
 TEST_F(FileContract, DocumentsFolderIsMade) {

@@ -93,6 +93,7 @@ const std::vector<platform::PopupMenu::Item>& Driver::MenuItems() const { return
 void Driver::ChooseFolder(const std::wstring& folder) { impl_->device.desk.chosenFolder = folder; }
 
 void Driver::InsertCard(const std::wstring& name) { impl_->device.files.PutFolder(L"\\" + name); }
+void Driver::HoldForAMoment(const std::wstring&) {}
 
 void Driver::SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value) {
     const std::string data(reinterpret_cast<const char*>(&value), sizeof value);

@@ -15,6 +15,7 @@ namespace {
 
 constexpr wchar_t kDriverClass[] = L"ContractDriver";
 constexpr UINT kTickMilliseconds = 10;
+constexpr DWORD kHoldFileMilliseconds = 100;
 
 void SendPen(const Window& window, Point place, DWORD flags) {
     POINT desktop{place.x, place.y};
@@ -92,6 +93,7 @@ Driver::Driver() : impl_(std::make_unique<Impl>()) {
 }
 
 Driver::~Driver() {
+    if (impl_->holder.joinable()) impl_->holder.join();
     DestroyWindow(impl_->ticker);
     EraseTree(impl_->deviceFolder);
     DeleteKeys();
@@ -208,6 +210,16 @@ void Driver::ChooseFolder(const std::wstring& folder) {
 
 void Driver::InsertCard(const std::wstring& name) {
     CreateDirectoryW((impl_->deviceFolder + L"\\" + name).c_str(), nullptr);
+}
+
+void Driver::HoldForAMoment(const std::wstring& path) {
+    if (impl_->holder.joinable()) impl_->holder.join();
+    const HANDLE file = CreateFileW((impl_->deviceFolder + path).c_str(), GENERIC_READ, 0, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    impl_->holder = std::thread([file] {
+        Sleep(kHoldFileMilliseconds);
+        CloseHandle(file);
+    });
 }
 
 void Driver::SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <thread>
 
 #include "tests/contract/WindowsQuestions.h"
 
@@ -13,6 +14,7 @@ struct Driver::Impl {
     std::deque<std::function<void()>> steps;
     WindowsQuestions questions;
     std::wstring deviceFolder;
+    std::thread holder;  // of a file, for a moment
     // The pen that is held still: when and where it is lifted.
     ULONGLONG heldUntil = 0;
     POINT heldPlace{};
