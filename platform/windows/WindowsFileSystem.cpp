@@ -24,11 +24,13 @@ bool MatchesPattern(const std::wstring& name, const std::wstring& pattern) {
     return name.size() >= length && EqualNoCase(name.substr(name.size() - length), pattern.substr(1));
 }
 
+// With the daylight saving of that day, not of today.
 DateTime LocalTime(const FILETIME& written) {
-    FILETIME local{};
-    SYSTEMTIME moment{};
-    if (!FileTimeToLocalFileTime(&written, &local) || !FileTimeToSystemTime(&local, &moment)) return {};
-    return windows::DateTimeOf(moment);
+    SYSTEMTIME universal{};
+    SYSTEMTIME local{};
+    if (!FileTimeToSystemTime(&written, &universal)) return {};
+    if (!SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local)) return {};
+    return windows::DateTimeOf(local);
 }
 
 bool IsFolder(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/DateTime.h"
 #include "platform/Dialog.h"
 #include "platform/MessageBox.h"
 #include "platform/PopupMenu.h"
@@ -95,6 +96,10 @@ class Driver {
     // Another program has the file for itself, and lets go of it a tenth of a second later. Nothing where no
     // other program is.
     void HoldForAMoment(const std::wstring& path);
+    // When the file was last written, in universal time.
+    void SetLastWrite(const std::wstring& path, const platform::DateTime& universal);
+    // How many hours later the clock of this place shows in summer than in winter.
+    int SummerHours() const;
 
     // A value below the machine's part of the registry.
     void SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value);

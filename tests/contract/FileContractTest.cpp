@@ -237,6 +237,17 @@ TEST_F(FileContract, TimesOfLastWriting) {
     EXPECT_EQ(written.year, before.year) << "a failure leaves it alone";
 }
 
+TEST_F(FileContract, TimesHaveTheDaylightSavingOfTheirDay) {
+    DateTime winter{2007, 1, 0, 15, 12, 0, 0, 0};
+    DateTime summer{2007, 7, 0, 15, 12, 0, 0, 0};
+    for (DateTime* moment : {&winter, &summer}) {
+        ASSERT_TRUE(WriteWhole(L"\\note.ikw", "ink"));
+        driver_.SetLastWrite(L"\\note.ikw", *moment);
+        ASSERT_TRUE(LastWriteTime(L"\\note.ikw", *moment));
+    }
+    EXPECT_EQ(summer.hour - winter.hour, driver_.SummerHours());
+}
+
 TEST_F(FileContract, WhatHasAttributesExists) {
     ASSERT_TRUE(WriteWhole(L"\\note.ikw", ""));
     for (const wchar_t* path : {L"\\note.ikw", L"NOTE.ikw", L"\\My Documents", L"\\My Documents\\"}) {

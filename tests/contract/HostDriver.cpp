@@ -95,6 +95,12 @@ void Driver::ChooseFolder(const std::wstring& folder) { impl_->device.desk.chose
 void Driver::InsertCard(const std::wstring& name) { impl_->device.files.PutFolder(L"\\" + name); }
 void Driver::HoldForAMoment(const std::wstring&) {}
 
+void Driver::SetLastWrite(const std::wstring& path, const platform::DateTime& universal) {
+    impl_->device.files.Find(path)->lastWrite = universal;
+}
+
+int Driver::SummerHours() const { return 0; }
+
 void Driver::SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value) {
     const std::string data(reinterpret_cast<const char*>(&value), sizeof value);
     impl_->device.registry[L"HKLM\\" + path][name] = {platform::RegistryType::Number, data};

@@ -1,6 +1,7 @@
 // Drives the windows with real input. Steps run in the program's own thread, from a timer: the system reports
 // a timer only when nothing else waits, so a step comes when what went before it has been handled, in
 // whatever loop the program is waiting: its own, a message box's or a menu's.
+#include "platform/windows/SystemTimes.h"
 #include "platform/windows/WindowImpl.h"
 #include "tests/contract/WindowsDriverImpl.h"
 #include "tests/contract/WindowsInput.h"
@@ -220,6 +221,22 @@ void Driver::HoldForAMoment(const std::wstring& path) {
         Sleep(kHoldFileMilliseconds);
         CloseHandle(file);
     });
+}
+
+void Driver::SetLastWrite(const std::wstring& path, const platform::DateTime& universal) {
+    const SYSTEMTIME moment = platform::windows::SystemTimeOf(universal);
+    FILETIME written{};
+    SystemTimeToFileTime(&moment, &written);
+    const HANDLE file = CreateFileW((impl_->deviceFolder + path).c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    SetFileTime(file, nullptr, nullptr, &written);
+    CloseHandle(file);
+}
+
+int Driver::SummerHours() const {
+    TIME_ZONE_INFORMATION zone{};
+    GetTimeZoneInformation(&zone);
+    return zone.DaylightDate.wMonth == 0 ? 0 : (zone.StandardBias - zone.DaylightBias) / 60;
 }
 
 void Driver::SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value) {
