@@ -297,18 +297,26 @@ void ManagerWindow::UseStorage(int index) {
     if (index > static_cast<int>(cards.size())) return;
     const std::wstring storage =
         index == 0 ? platform::DocumentsFolder() : L"\\" + cards[static_cast<size_t>(index - 1)];
-    const std::wstring root = storage + L"\\" + app::kProductFolder;
-    app::Settings().Write(app::SettingId::RootDirPath, root);
-    SetRootFolder(root);
+    UseRoot(storage + L"\\" + app::kProductFolder);
 }
 
 void ManagerWindow::ChooseOtherFolder() {
     std::wstring folder;
     const std::wstring start = app::WithoutTrailingBackslashes(folders_.RootPrefix());
     if (!platform::ChooseFolder(this, L"Choose the folder that holds your notes.", start, folder)) return;
-    folder = app::WithoutTrailingBackslashes(folder);
-    app::Settings().Write(app::SettingId::RootDirPath, folder);
-    SetRootFolder(folder);
+    const std::wstring root = app::WithoutTrailingBackslashes(folder);
+    // The setting has no room for longer ones, and the handheld's root stands for the default.
+    if (!root.empty() && root.size() < app::InfoOf(app::SettingId::RootDirPath).capacity)
+        return UseRoot(root);
+    platform::ShowMessage(this, L"'" + folder + L"' cannot hold your notes. Please choose another folder.",
+                          L" Error", MessageButtons::Ok, MessageIcon::Error);
+}
+
+// A place that can't be read leaves the store and the setting as they are.
+void ManagerWindow::UseRoot(const std::wstring& root) {
+    if (!IsReadable(root)) return;
+    app::Settings().Write(app::SettingId::RootDirPath, root);
+    SetRootFolder(root);
 }
 
 }  // namespace manager

@@ -77,16 +77,24 @@ void ManagerWindow::OnPaint() {
 
 // The root folder.
 
-// The path that can serve as the root: made when missing, the default one when it can't be read.
+// Makes the folder when it is missing; tells the user when it can't be read then.
+bool ManagerWindow::IsReadable(const std::wstring& root) {
+    app::EnsureFolders(root);
+    uint64_t bytes = 0;
+    if (platform::FreeBytes(root, bytes)) return true;
+    platform::ShowMessage(this, L"Reading '" + root + L"' failed!", L" Error", platform::MessageButtons::Ok,
+                          platform::MessageIcon::Error);
+    return false;
+}
+
+// The path that can serve as the root, the default one when it can't. When nor can that, no other place is
+// taken: what is done with notes then fails by itself.
 std::wstring ManagerWindow::UsableRoot(const std::wstring& path) {
     std::wstring usual = platform::DocumentsFolder() + L"\\" + app::kProductFolder;
     std::wstring root = app::WithoutTrailingBackslashes(path);
-    if (root.empty()) return usual;
-    app::EnsureFolders(root);
-    uint64_t bytes = 0;
-    if (platform::FreeBytes(root, bytes)) return root;
-    platform::ShowMessage(this, L"Reading '" + root + L"' failed!", L" Error", platform::MessageButtons::Ok,
-                          platform::MessageIcon::Error);
+    if (root.empty()) root = usual;
+    if (IsReadable(root) || platform::EqualNoCase(root, usual)) return root;
+    IsReadable(usual);
     return usual;
 }
 

@@ -79,7 +79,9 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     void CopySelectedTo(int index);
 
     void SetRootFolder(const std::wstring& path);
+    bool IsReadable(const std::wstring& root);
     std::wstring UsableRoot(const std::wstring& path);
+    void UseRoot(const std::wstring& root);
     void ShowStore(const std::wstring& path);
     void ShowFreeSpace();
     void Edit(const editor::InkCanvas::Opening& opening);

@@ -216,4 +216,46 @@ TEST_F(Commands, AnotherStorageBecomesTheRoot) {
     EXPECT_EQ(app::Settings::Text(app::SettingId::RootDirPath), L"\\Elsewhere");
 }
 
+TEST_F(Commands, APlaceThatCannotHoldTheStoreLeavesItWhereItIs) {
+    device.files.PutFolder(L"\\Storage Card");
+    device.files.unreachable = L"\\Storage Card";
+    const std::wstring tooLong = L"\\" + std::wstring(259, L'a');
+    Then([this, tooLong] {
+        const std::wstring before = Window().Folders().RootPrefix();
+        ChooseEntry(L"Other Folder...");
+        for (const std::wstring& folder :
+             {std::wstring(L"\\"), tooLong, std::wstring(L"\\Storage Card\\Ink")}) {
+            Desk().chosenFolder = folder;
+            Desk().Command(IDM_MANAGER_TOOLS);
+            EXPECT_EQ(Window().Folders().RootPrefix(), before);
+        }
+    });
+    RunManager();
+    EXPECT_EQ(app::Settings::Text(app::SettingId::RootDirPath), L"");
+    ASSERT_EQ(Desk().messages.size(), 3u);
+    EXPECT_EQ(Desk().messages[0].text, L"'\\' cannot hold your notes. Please choose another folder.");
+    EXPECT_EQ(Desk().messages[2].text, L"Reading '\\Storage Card\\Ink' failed!");
+}
+
+// A missing card, or a documents folder out of reach, gets no stand-in on some other storage.
+TEST_F(Commands, AStoreThatCannotBeReadIsReportedAtTheStart) {
+    const std::wstring usual = L"\\My Documents\\Inkwright";
+    device.SetSetting(L"RootDirPath", L"\\Storage Card\\Ink");
+    for (const bool isDocumentsAway : {false, true}) {
+        Desk().messages.clear();
+        device.files.Nodes().erase(L"\\MY DOCUMENTS\\INKWRIGHT");
+        if (isDocumentsAway) device.files.unreachable = L"\\My Documents";
+        Then([this, usual] { EXPECT_EQ(Window().Folders().RootPrefix(), usual + L"\\"); });
+        RunManager();
+        ASSERT_EQ(Desk().messages.size(), isDocumentsAway ? 2u : 1u);
+        EXPECT_EQ(Desk().messages[0].text, L"Reading '\\Storage Card\\Ink' failed!");
+        EXPECT_EQ(Desk().messages[0].caption, L" Error");
+        EXPECT_EQ(Desk().messages.back().text,
+                  L"Reading '" + (isDocumentsAway ? usual : L"\\Storage Card\\Ink") + L"' failed!");
+        EXPECT_EQ(device.files.Has(usual), !isDocumentsAway);
+        EXPECT_FALSE(device.files.Has(L"\\Storage Card"));
+    }
+    EXPECT_EQ(app::Settings::Text(app::SettingId::RootDirPath), L"\\Storage Card\\Ink") << "it may come back";
+}
+
 }  // namespace
