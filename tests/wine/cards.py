@@ -60,7 +60,9 @@ class Cards(case.Case):
             self.desk.key(key)
         chooser = desk.wait_for("the folder chooser", lambda: next(
             (w for w in self.desk.windows() if w["class"] == "#32770"), None))
-        self.desk.key("Escape")
+        tree = self.desk.child(chooser, **{"class": "SysTreeView32"})
+        desk.wait_for("the present store", lambda: self.desk.ask(f"selected {tree['handle']}") == "Inkwright")
+        self.desk.key("Return")
         self.desk.wait_until_gone(chooser)
         self.assertEqual(self.root_setting(), "\\My Documents\\Inkwright")
         self.close(program, frame)
