@@ -13,7 +13,7 @@ namespace {
 
 platform::DateTime InitialMoment(const std::wstring& stamp) {
     platform::DateTime moment;
-    if (ReadAlarmStamp(stamp, moment)) return moment;
+    if (ReadAlarmStamp(stamp, moment) && platform::IsValidMoment(moment)) return moment;
     const uint32_t offsetMinutes = app::Settings::Number(app::SettingId::AlarmTimeOffset);
     moment = platform::AddSeconds(platform::LocalNow(), int64_t{static_cast<int32_t>(offsetMinutes)} * 60);
     moment.second = 0;

@@ -36,6 +36,12 @@ bool IsValidDate(int year, int month, int day) {
     return day >= 1 && day <= DaysInMonth(year, month);
 }
 
+bool IsValidMoment(const DateTime& moment) {
+    const bool isTime = moment.hour >= 0 && moment.hour < 24 && moment.minute >= 0 && moment.minute < 60 &&
+                        moment.second >= 0 && moment.second < 60;
+    return isTime && IsValidDate(moment.year, moment.month, moment.day);
+}
+
 int DayOfWeek(int year, int month, int day) {
     constexpr int kWednesday = 3;  // 1 March of year 0
     return static_cast<int>((DayNumber(year, month, day) + kWednesday) % 7);

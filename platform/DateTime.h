@@ -19,6 +19,10 @@ struct DateTime {
 // True for a day of the calendar; years 1601 to 9999.
 bool IsValidDate(int year, int month, int day);
 
+// True for a day of the calendar and a time of the day; the day of week and the milliseconds are not looked
+// at.
+bool IsValidMoment(const DateTime& moment);
+
 // 0 = Sunday to 6 = Saturday.
 int DayOfWeek(int year, int month, int day);
 

@@ -25,11 +25,13 @@ struct UserNotification {
     std::wstring dialogText;
 };
 
-// Adds a notification, or replaces `existing` in place when it is not 0. 0 when it could not be set.
+// Adds a notification, or replaces `existing` in place when it is not 0. 0 when nothing will fire it: its
+// moment is impossible, the one to be replaced is there no longer, it can't be kept, or what fires
+// notifications can't be started (a replacement is kept even so).
 NotificationHandle SetNotification(NotificationHandle existing, const NotificationTrigger& trigger,
                                    const UserNotification& notification);
 
-// Handles of all notifications of all programs. False when the database can't be read.
+// Handles of all notifications of all programs on this device. False when the database can't be read.
 bool ListNotifications(std::vector<NotificationHandle>& handles);
 
 // One entry. False when it is gone or can't be read.

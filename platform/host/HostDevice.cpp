@@ -64,19 +64,23 @@ void Pause(uint32_t milliseconds) { HostDevice::Current().ticks += milliseconds;
 NotificationHandle SetNotification(NotificationHandle existing, const NotificationTrigger& trigger,
                                    const UserNotification& notification) {
     HostDevice& device = HostDevice::Current();
-    const bool isDay = IsValidDate(trigger.start.year, trigger.start.month, trigger.start.day);
-    if (device.notificationsFail || !isDay) return 0;
+    const bool isLost = existing != 0 && device.notifications.count(existing) == 0;
+    if (device.notificationsFail || isLost || !IsValidMoment(trigger.start)) return 0;
+    if (device.keeperCantStart && existing == 0) return 0;
     const NotificationHandle next =
         device.notifications.empty() ? 1 : device.notifications.rbegin()->first + 1;
     const NotificationHandle handle = existing != 0 ? existing : next;
-    device.notifications[handle] = {trigger, notification};
-    return handle;
+    device.notifications[handle] = {trigger, notification, device.folder};
+    return device.keeperCantStart ? 0 : handle;
 }
 
 bool ListNotifications(std::vector<NotificationHandle>& handles) {
+    const HostDevice& device = HostDevice::Current();
     handles.clear();
-    for (const auto& entry : HostDevice::Current().notifications) handles.push_back(entry.first);
-    return !HostDevice::Current().notificationsFail;
+    for (const auto& [handle, entry] : device.notifications) {
+        if (entry.device == device.folder) handles.push_back(handle);
+    }
+    return !device.notificationsFail;
 }
 
 bool ReadNotification(NotificationHandle handle, NotificationTrigger& trigger,

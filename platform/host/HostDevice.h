@@ -22,6 +22,7 @@ struct RegistryValue {
 struct StoredNotification {
     NotificationTrigger trigger;
     UserNotification notification;
+    std::wstring device;
 };
 
 // A window of another running copy, as a test wants it seen; what is posted to it is counted.
@@ -60,6 +61,8 @@ class HostDevice {
 
     std::map<NotificationHandle, StoredNotification> notifications;
     bool notificationsFail = false;
+    bool keeperCantStart = false;  // what fires notifications
+    std::wstring folder;           // tells devices that share one database apart
     std::set<NotificationHandle> unreadableNotifications;
 
     std::vector<std::wstring> mailed;  // attachments handed to the mail program

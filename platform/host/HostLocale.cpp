@@ -64,7 +64,7 @@ std::wstring ShortDate(const DateTime& date) { return DatePicture(date, L"M/d/yy
 std::wstring LongDate(const DateTime& date) { return DatePicture(date, L"dddd, MMMM d, yyyy"); }
 
 std::wstring DateAndTime(const DateTime& moment) {
-    std::wstring date = ShortDate(moment);
+    std::wstring date = IsValidMoment(moment) ? ShortDate(moment) : std::wstring();
     if (date.empty() || (moment.hour == 0 && moment.minute == 0 && moment.second == 0)) return date;
     const int hour = moment.hour % 12 == 0 ? 12 : moment.hour % 12;
     return date +

@@ -1,16 +1,19 @@
 // inkalarms.exe: the small resident program that fires the notification database's entries. It sleeps until
 // the next entry is due or the database or the clock changes.
 //
-// A due entry is fired by a second run of this program ("/fire HANDLE"), which takes the entry out of the
-// database before it acts. So whoever ends the resident program at any moment makes nothing fire twice and
-// nothing get lost.
+// A due entry is fired by a second run of this program ("/fire HANDLE"), which claims it while it acts and
+// takes it out of the database afterwards. So whoever ends either at any moment makes nothing get lost.
+// "/stop" ends the resident program.
 #include <cwchar>
 #include <iterator>
+#include <memory>
 #include <string>
 
 #include "platform/Clock.h"
 #include "platform/Shell.h"
-#include "platform/windows/NoticeWindow.h"
+#include "platform/windows/AlarmFiring.h"
+#include "platform/windows/AlarmSchedule.h"
+#include "platform/windows/KeeperControl.h"
 #include "platform/windows/NotificationStore.h"
 #include "platform/windows/Processes.h"
 #include "platform/windows/SystemTimes.h"
@@ -19,24 +22,20 @@ namespace {
 
 using platform::DateTime;
 using platform::NotificationHandle;
+using platform::windows::AlarmSchedule;
+using platform::windows::LocalTicks;
 using platform::windows::NotificationEntry;
 using platform::windows::NotificationStore;
 using platform::windows::OwnedHandle;
+using platform::windows::ScheduledEntry;
 
-constexpr wchar_t kFireSwitch[] = L"/fire ";
+constexpr wchar_t kFireSwitch[] = L"/fire";
+constexpr wchar_t kStopSwitch[] = L"/stop";
 constexpr LONGLONG kAskAgainTicks = 10000000;  // a second, in units of 100 ns
 
-// Local time as one number that grows with it.
-int64_t LocalTicks(const DateTime& moment) {
-    SYSTEMTIME system = platform::windows::SystemTimeOf(moment);
-    FILETIME file{};
-    if (!SystemTimeToFileTime(&system, &file)) return 0;
-    return static_cast<int64_t>(static_cast<uint64_t>(file.dwHighDateTime) << 32 | file.dwLowDateTime);
-}
-
-// The same moment for a timer that follows the system's clock; from now on at the earliest. Where the rules
-// of the time zone make a local time fall twice or not at all, the moment may have passed already while the
-// entry is not due yet: the timer then asks again a little later.
+// The moment for a timer that follows the system's clock; from now on at the earliest. Where the rules of the
+// time zone make a local time fall twice or not at all, the moment may have passed already while the entry is
+// not due yet: the timer then asks again a little later.
 bool TimerTicks(const DateTime& moment, LARGE_INTEGER& ticks) {
     SYSTEMTIME local = platform::windows::SystemTimeOf(moment);
     SYSTEMTIME universal{};
@@ -54,80 +53,70 @@ bool TimerTicks(const DateTime& moment, LARGE_INTEGER& ticks) {
     return true;
 }
 
-void Start(const std::wstring& program, const std::wstring& arguments) {
-    platform::windows::StartProcess(program, L"\"" + program + L"\" " + arguments);
-}
-
 void StartFiring(NotificationHandle handle) {
-    Start(platform::ProgramPath(), kFireSwitch + std::to_wstring(handle));
+    const std::wstring program = platform::ProgramPath();
+    const std::wstring command = L"\"" + program + L"\" " + kFireSwitch + L" " + std::to_wstring(handle);
+    platform::windows::StartProcess({program, command, {}, 0});
 }
 
-// Takes the entry out of the database; false when another run has it already.
-bool Claim(NotificationHandle handle, NotificationEntry& entry) {
-    NotificationStore store;
-    if (!store.IsOpen() || !store.Read(handle, entry)) return false;
-    if (LocalTicks(entry.trigger.start) > LocalTicks(platform::LocalNow())) return false;
-    return store.Erase(handle);
-}
-
-int Fire(NotificationHandle handle) {
-    NotificationEntry entry;
-    if (!Claim(handle, entry)) return 0;
-    SetEnvironmentVariableW(L"INKWRIGHT_DEVICE", entry.device.empty() ? nullptr : entry.device.c_str());
-    if (!entry.trigger.application.empty()) Start(entry.trigger.application, entry.trigger.arguments);
-    if (entry.notification.showDialog) {
-        platform::windows::ShowNotice(entry.notification.dialogTitle, entry.notification.dialogText);
+// All entries that can be understood, and their moments. False when the database can't be read now.
+bool ReadEntries(std::vector<ScheduledEntry>& entries, std::vector<DateTime>& moments) {
+    const NotificationStore store;
+    if (!store.IsOpen()) return false;
+    for (const NotificationHandle handle : store.Handles()) {
+        ScheduledEntry scheduled;
+        NotificationEntry entry;
+        scheduled.handle = handle;
+        scheduled.bytes = store.Bytes(handle);
+        if (!platform::windows::DecodeEntry(scheduled.bytes, entry)) continue;
+        scheduled.start = LocalTicks(entry.trigger.start);
+        if (scheduled.start == 0) continue;
+        entries.push_back(std::move(scheduled));
+        moments.push_back(entry.trigger.start);
     }
-    return 0;
+    return true;
 }
 
-// Fires what is due and sets the timer for what comes next.
-void LookAtDatabase(HANDLE timer) {
-    const int64_t now = LocalTicks(platform::LocalNow());
-    DateTime next;
-    int64_t nextTicks = 0;
-    {
-        const NotificationStore store;
-        if (!store.IsOpen()) return;
-        for (const NotificationHandle handle : store.Handles()) {
-            NotificationEntry entry;
-            if (!store.Read(handle, entry)) continue;
-            const int64_t start = LocalTicks(entry.trigger.start);
-            if (start == 0) continue;
-            if (start <= now) {
-                StartFiring(handle);
-            } else if (nextTicks == 0 || start < nextTicks) {
-                next = entry.trigger.start;
-                nextTicks = start;
-            }
-        }
-    }
+// Fires what is due and sets the timer for what comes next. Returns how long to sleep at most.
+DWORD LookAtDatabase(AlarmSchedule& schedule, HANDLE timer) {
+    std::vector<ScheduledEntry> entries;
+    std::vector<DateTime> moments;
+    if (!ReadEntries(entries, moments)) return AlarmSchedule::kRetryMilliseconds;
+    for (ScheduledEntry& entry : entries) entry.isBeingFired = platform::windows::IsBeingFired(entry.handle);
+    const AlarmSchedule::Plan plan =
+        schedule.Make(entries, LocalTicks(platform::LocalNow()), GetTickCount64());
+    for (const NotificationHandle handle : plan.fire) StartFiring(handle);
     LARGE_INTEGER due{};
-    if (nextTicks != 0 && TimerTicks(next, due)) {
+    if (plan.next && TimerTicks(moments[*plan.next], due)) {
         SetWaitableTimer(timer, &due, 0, nullptr, nullptr, FALSE);
     } else {
         CancelWaitableTimer(timer);
     }
+    return plan.lookAgain ? AlarmSchedule::kRetryMilliseconds : INFINITE;
 }
 
-// A hidden top-level window hears of changes to the clock, which broadcasts reach only so.
-LRESULT CALLBACK ClockProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+// A hidden top-level window hears of changes to the clock, which broadcasts reach only so, and is asked to
+// close by whoever ends this program.
+LRESULT CALLBACK KeeperProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_TIMECHANGE) platform::windows::AnnounceDatabaseChange();
-    if (message == WM_ENDSESSION && wParam) PostQuitMessage(0);
+    if (message == WM_CLOSE || (message == WM_ENDSESSION && wParam)) {
+        PostQuitMessage(0);
+        return 0;
+    }
     return DefWindowProcW(handle, message, wParam, lParam);
 }
 
-HWND ListenToClock() {
+HWND MakeWindow() {
     WNDCLASSW windowClass{};
-    windowClass.lpfnWndProc = ClockProcedure;
+    windowClass.lpfnWndProc = KeeperProcedure;
     windowClass.hInstance = GetModuleHandleW(nullptr);
-    windowClass.lpszClassName = L"InkwrightAlarmKeeper";
+    windowClass.lpszClassName = platform::windows::kKeeperWindowClass;
     RegisterClassW(&windowClass);
     return CreateWindowExW(0, windowClass.lpszClassName, L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
                            windowClass.hInstance, nullptr);
 }
 
-// False when the session ends.
+// False when this program is to end.
 bool HandleMessages() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
@@ -138,25 +127,43 @@ bool HandleMessages() {
 }
 
 int Keep() {
-    const OwnedHandle only(CreateMutexW(nullptr, FALSE, platform::windows::kKeeperMutex));
-    if (!only || GetLastError() == ERROR_ALREADY_EXISTS) return 0;
+    const platform::windows::KeeperRole role;
+    if (!role.IsHeld()) return 0;
     const OwnedHandle changed(CreateEventW(nullptr, FALSE, FALSE, platform::windows::kDatabaseChangedEvent));
     const OwnedHandle timer(CreateWaitableTimerW(nullptr, FALSE, nullptr));
-    if (!changed || !timer) return 1;
-    ListenToClock();
+    if (!changed || !timer || !MakeWindow()) return 1;
     const HANDLE events[] = {changed.get(), timer.get()};
+    AlarmSchedule schedule;
     do {
-        LookAtDatabase(timer.get());
-        MsgWaitForMultipleObjects(static_cast<DWORD>(std::size(events)), events, FALSE, INFINITE,
+        const DWORD patience = LookAtDatabase(schedule, timer.get());
+        MsgWaitForMultipleObjects(static_cast<DWORD>(std::size(events)), events, FALSE, patience,
                                   QS_ALLINPUT);
     } while (HandleMessages());
     return 0;
 }
 
+// Nothing of what this program was started with is handed on, and no folder is kept busy.
+void LeaveSurroundings() {
+    SetEnvironmentVariableW(L"INKWRIGHT_DEVICE", nullptr);
+    SetEnvironmentVariableW(L"INKWRIGHT_SCREEN", nullptr);
+    SetCurrentDirectoryW(platform::windows::SystemFolder().c_str());
+}
+
+struct FreeLocal {
+    void operator()(void* memory) const { LocalFree(memory); }
+};
+
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
-    const wchar_t* found = std::wcsstr(GetCommandLineW(), kFireSwitch);
-    if (!found) return Keep();
-    return Fire(static_cast<NotificationHandle>(std::wcstoul(found + std::wcslen(kFireSwitch), nullptr, 10)));
+    platform::windows::PrepareProcess();
+    LeaveSurroundings();
+    int count = 0;
+    const std::unique_ptr<LPWSTR, FreeLocal> arguments(CommandLineToArgvW(GetCommandLineW(), &count));
+    const std::wstring what = arguments && count > 1 ? arguments.get()[1] : L"";
+    if (what == kStopSwitch) return platform::windows::StopKeeper() ? 0 : 1;
+    if (what != kFireSwitch) return Keep();
+    const wchar_t* handle = count > 2 ? arguments.get()[2] : L"";
+    platform::windows::FireEntry(static_cast<NotificationHandle>(std::wcstoul(handle, nullptr, 10)));
+    return 0;
 }

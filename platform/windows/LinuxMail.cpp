@@ -53,7 +53,8 @@ std::wstring LinuxArgument(GetUnixName unixName, const std::wstring& hostPath) {
 }
 
 bool StartShell(const std::wstring& picture, const std::wstring& status) {
-    return StartProcess(kShell, std::wstring(L"sh -c \"") + kScript + L"\" sh " + picture + L" " + status);
+    const std::wstring command = std::wstring(L"sh -c \"") + kScript + L"\" sh " + picture + L" " + status;
+    return StartProcess({kShell, command, {}, 0});
 }
 
 // A file in the temporary folder that goes away with its owner.

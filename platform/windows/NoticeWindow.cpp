@@ -1,59 +1,53 @@
 #include "platform/windows/NoticeWindow.h"
 
+#include <algorithm>
+
 #include "platform/windows/Guards.h"
+#include "platform/windows/NoticePlace.h"
 
 namespace platform::windows {
 
 namespace {
 
 constexpr wchar_t kClass[] = L"InkwrightNotice";
+constexpr wchar_t kPlacingName[] = L"Local\\InkwrightNoticePlacing";
+constexpr DWORD kPlacingMilliseconds = 2000;
 constexpr int kWidth = 300;        // of the client area, pixels
 constexpr int kProgramIcon = 128;  // the id every program here gives its own icon
 constexpr int kMargin = 14;
 constexpr int kButtonWidth = 76;
 constexpr int kButtonHeight = 24;
+constexpr int kTextId = 100;
+constexpr int kTextSlack = 4;  // an edit hides a last line that does not fit
+constexpr int kDismissed = 1;
+constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
+constexpr DWORD kExStyle = WS_EX_TOPMOST | WS_EX_APPWINDOW;
+// Above and below the text.
+constexpr int kAroundText = 3 * kMargin + kButtonHeight;
 
 LRESULT CALLBACK NoticeProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_COMMAND) DestroyWindow(handle);
-    if (message == WM_MOUSEACTIVATE) return MA_NOACTIVATE;
-    if (message == WM_DESTROY) PostQuitMessage(0);
-    return DefWindowProcW(handle, message, wParam, lParam);
+    switch (message) {
+        case WM_COMMAND:
+            if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) SendMessageW(handle, WM_CLOSE, 0, 0);
+            return 0;
+        case WM_CLOSE:
+            PostQuitMessage(kDismissed);
+            return 0;
+        case WM_ENDSESSION:
+            if (wParam) PostQuitMessage(0);
+            return 0;
+        case WM_SETFOCUS:
+            SetFocus(GetDlgItem(handle, IDOK));
+            return 0;
+        case WM_CTLCOLORSTATIC:
+            SetBkColor(reinterpret_cast<HDC>(wParam), GetSysColor(COLOR_BTNFACE));
+            return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+        default:
+            return DefWindowProcW(handle, message, wParam, lParam);
+    }
 }
 
-int TextHeight(HDC dc, const std::wstring& text) {
-    RECT area{0, 0, kWidth - 2 * kMargin, 0};
-    DrawTextW(dc, text.c_str(), -1, &area, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
-    return area.bottom;
-}
-
-HWND AddControl(HWND parent, const wchar_t* kind, const std::wstring& text, DWORD style, const RECT& place,
-                int id, HFONT font) {
-    const HWND control = CreateWindowExW(0, kind, text.c_str(), WS_CHILD | WS_VISIBLE | style, place.left,
-                                         place.top, place.right - place.left, place.bottom - place.top,
-                                         parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                                         GetModuleHandleW(nullptr), nullptr);
-    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-    return control;
-}
-
-// At the lower right of the work area, where it covers least.
-HWND CreateNotice(const std::wstring& title, int clientHeight) {
-    constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
-    constexpr DWORD kExStyle = WS_EX_TOPMOST | WS_EX_NOACTIVATE;
-    RECT frame{0, 0, kWidth, clientHeight};
-    AdjustWindowRectEx(&frame, kStyle, FALSE, kExStyle);
-    RECT work{};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
-    const LONG width = frame.right - frame.left;
-    const LONG height = frame.bottom - frame.top;
-    return CreateWindowExW(kExStyle, kClass, title.c_str(), kStyle, work.right - width - kMargin,
-                           work.bottom - height - kMargin, width, height, nullptr, nullptr,
-                           GetModuleHandleW(nullptr), nullptr);
-}
-
-}  // namespace
-
-void ShowNotice(const std::wstring& title, const std::wstring& text) {
+void RegisterNotice() {
     WNDCLASSW windowClass{};
     windowClass.lpfnWndProc = NoticeProcedure;
     windowClass.hInstance = GetModuleHandleW(nullptr);
@@ -62,30 +56,137 @@ void ShowNotice(const std::wstring& title, const std::wstring& text) {
     windowClass.hIcon = LoadIconW(windowClass.hInstance, MAKEINTRESOURCEW(kProgramIcon));
     windowClass.lpszClassName = kClass;
     RegisterClassW(&windowClass);
+}
 
+HWND AddControl(HWND parent, const wchar_t* kind, const std::wstring& text, DWORD style, const Rect& place,
+                int id, HFONT font) {
+    const HWND control = CreateWindowExW(0, kind, text.c_str(), WS_CHILD | WS_VISIBLE | style, place.left,
+                                         place.top, place.Width(), place.Height(), parent,
+                                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                                         GetModuleHandleW(nullptr), nullptr);
+    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    return control;
+}
+
+// An edit breaks names that are longer than a line, too.
+HWND AddText(HWND notice, const std::wstring& text, DWORD style, int height, HFONT font) {
+    return AddControl(notice, L"EDIT", text, ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | style,
+                      {kMargin, kMargin, kWidth - kMargin, kMargin + height}, kTextId, font);
+}
+
+std::wstring WithReturns(const std::wstring& text) {
+    std::wstring lines;
+    for (const wchar_t unit : text) lines += unit == L'\n' ? L"\r\n" : std::wstring(1, unit);
+    return lines;
+}
+
+int LineHeight(HFONT font) {
+    const ClientDc screen(nullptr);
+    const Selection selected(screen.Get(), font);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(screen.Get(), &metrics);
+    return metrics.tmHeight;
+}
+
+Rect WorkArea() {
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    return {work.left, work.top, work.right, work.bottom};
+}
+
+// Adds the text, scrolled when it is higher than `limit`, and returns the height it takes.
+int FillText(HWND notice, const std::wstring& text, int limit, HFONT font) {
+    const int lineHeight = LineHeight(font);
+    const HWND whole = AddText(notice, text, 0, lineHeight, font);
+    const int height = static_cast<int>(SendMessageW(whole, EM_GETLINECOUNT, 0, 0)) * lineHeight + kTextSlack;
+    if (height <= limit) {
+        SetWindowPos(whole, nullptr, 0, 0, kWidth - 2 * kMargin, height, SWP_NOMOVE | SWP_NOZORDER);
+        return height;
+    }
+    DestroyWindow(whole);
+    AddText(notice, text, WS_VSCROLL, limit, font);
+    return limit;
+}
+
+HWND MakeNotice(const std::wstring& title, const std::wstring& text, HFONT font) {
+    const HWND notice = CreateWindowExW(kExStyle, kClass, title.c_str(), kStyle, 0, 0, kWidth, kAroundText,
+                                        nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    if (!notice) return nullptr;
+    RECT frame{0, 0, kWidth, kAroundText};
+    AdjustWindowRectEx(&frame, kStyle, FALSE, kExStyle);
+    const int limit =
+        std::max<int>(kButtonHeight, WorkArea().Height() - 2 * kMargin - (frame.bottom - frame.top));
+    const int height = FillText(notice, WithReturns(text), limit, font);
+    const int left = (kWidth - kButtonWidth) / 2;
+    const int top = 2 * kMargin + height;
+    AddControl(notice, L"BUTTON", L"OK", BS_DEFPUSHBUTTON | WS_TABSTOP,
+               {left, top, left + kButtonWidth, top + kButtonHeight}, IDOK, font);
+    SetWindowPos(notice, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top + height,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    return notice;
+}
+
+std::vector<Rect> OtherNotices() {
+    std::vector<Rect> places;
+    for (HWND other = nullptr; (other = FindWindowExW(nullptr, other, kClass, nullptr)) != nullptr;) {
+        RECT place{};
+        if (IsWindowVisible(other) && GetWindowRect(other, &place))
+            places.push_back({place.left, place.top, place.right, place.bottom});
+    }
+    return places;
+}
+
+// One notice at a time looks for its place: each is a process of its own.
+void ShowInPlace(HWND notice) {
+    const OwnedHandle placing(CreateMutexW(nullptr, FALSE, kPlacingName));
+    if (placing) WaitForSingleObject(placing.get(), kPlacingMilliseconds);
+    RECT frame{};
+    GetWindowRect(notice, &frame);
+    const Point place =
+        PlaceNotice(WorkArea(), frame.right - frame.left, frame.bottom - frame.top, OtherNotices());
+    SetWindowPos(notice, HWND_TOPMOST, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    if (placing) ReleaseMutex(placing.get());
+}
+
+// Keys that mean the same wherever in the notice they are pressed.
+bool TakeKey(HWND notice, const MSG& message) {
+    struct {
+        WPARAM key;
+        UINT message;
+        HWND target;
+        WPARAM wParam;
+    } const kKeys[] = {{VK_ESCAPE, WM_CLOSE, notice, 0},
+                       {VK_RETURN, WM_CLOSE, notice, 0},
+                       {VK_UP, EM_SCROLL, GetDlgItem(notice, kTextId), SB_LINEUP},
+                       {VK_DOWN, EM_SCROLL, GetDlgItem(notice, kTextId), SB_LINEDOWN},
+                       {VK_PRIOR, EM_SCROLL, GetDlgItem(notice, kTextId), SB_PAGEUP},
+                       {VK_NEXT, EM_SCROLL, GetDlgItem(notice, kTextId), SB_PAGEDOWN}};
+    if (message.message != WM_KEYDOWN) return false;
+    for (const auto& each : kKeys) {
+        if (each.key != message.wParam) continue;
+        SendMessageW(each.target, each.message, each.wParam, 0);
+        return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+bool ShowNotice(const std::wstring& title, const std::wstring& text) {
+    RegisterNotice();
     const OwnedFont font(
         CreateFontW(-13, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"Tahoma"));
-    int textHeight = 0;
-    {
-        const ClientDc screen(nullptr);
-        const Selection selected(screen.Get(), font.get());
-        textHeight = TextHeight(screen.Get(), text);
-    }
-    const int buttonTop = 2 * kMargin + textHeight;
-    const HWND notice = CreateNotice(title, buttonTop + kButtonHeight + kMargin);
-    if (!notice) return;
-    AddControl(notice, L"STATIC", text, SS_NOPREFIX,
-               {kMargin, kMargin, kWidth - kMargin, kMargin + textHeight}, -1, font.get());
-    const int buttonLeft = (kWidth - kButtonWidth) / 2;
-    AddControl(notice, L"BUTTON", L"OK", BS_DEFPUSHBUTTON,
-               {buttonLeft, buttonTop, buttonLeft + kButtonWidth, buttonTop + kButtonHeight}, IDOK,
-               font.get());
-    ShowWindow(notice, SW_SHOWNOACTIVATE);
-    MSG message;
+    const HWND notice = MakeNotice(title, text, font.get());
+    if (!notice) return false;
+    ShowInPlace(notice);
+    MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (TakeKey(notice, message) || IsDialogMessageW(notice, &message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
+    DestroyWindow(notice);
+    return message.message == WM_QUIT && message.wParam == kDismissed;
 }
 
 }  // namespace platform::windows

@@ -6,7 +6,8 @@ namespace platform::windows {
 
 namespace {
 
-constexpr uint32_t kVersion = 1;
+constexpr uint32_t kVersion = 2;
+constexpr uint32_t kVersionWithoutScreen = 1;
 constexpr uint32_t kFlashLed = 1;
 constexpr uint32_t kShowDialog = 2;
 constexpr uint32_t kLongestText = 32767;  // characters
@@ -87,7 +88,7 @@ std::vector<uint8_t> EncodeEntry(const NotificationEntry& entry) {
     writer.Moment(entry.trigger.end);
     for (const std::wstring* text :
          {&entry.trigger.application, &entry.trigger.arguments, &entry.notification.dialogTitle,
-          &entry.notification.dialogText, &entry.device}) {
+          &entry.notification.dialogText, &entry.device, &entry.screen}) {
         writer.Text(*text);
     }
     return writer.Take();
@@ -95,7 +96,8 @@ std::vector<uint8_t> EncodeEntry(const NotificationEntry& entry) {
 
 bool DecodeEntry(const std::vector<uint8_t>& bytes, NotificationEntry& entry) {
     Reader reader(bytes);
-    if (reader.Number() != kVersion) return false;
+    const uint32_t version = reader.Number();
+    if (version != kVersion && version != kVersionWithoutScreen) return false;
     const uint32_t flags = reader.Number();
     entry.notification.flashLed = (flags & kFlashLed) != 0;
     entry.notification.showDialog = (flags & kShowDialog) != 0;
@@ -106,6 +108,7 @@ bool DecodeEntry(const std::vector<uint8_t>& bytes, NotificationEntry& entry) {
           &entry.notification.dialogText, &entry.device}) {
         *text = reader.Text();
     }
+    entry.screen = version == kVersion ? reader.Text() : std::wstring();
     return reader.IsWhole();
 }
 

@@ -12,8 +12,10 @@ namespace platform::windows {
 struct NotificationEntry {
     NotificationTrigger trigger;
     UserNotification notification;
-    // The device folder of the program that set it (INKWRIGHT_DEVICE), for the program that is started.
+    // The device folder and the screen of the program that set it (INKWRIGHT_DEVICE, INKWRIGHT_SCREEN): the
+    // entry is that device's alone, and the program that is started gets both.
     std::wstring device;
+    std::wstring screen;
 };
 
 std::vector<uint8_t> EncodeEntry(const NotificationEntry& entry);

@@ -7,8 +7,6 @@
 namespace platform::windows {
 
 const wchar_t* const kDatabaseChangedEvent = L"Local\\InkwrightNotificationsChanged";
-const wchar_t* const kKeeperMutex = L"Local\\InkwrightAlarmKeeper";
-const wchar_t* const kKeeperProgram = L"inkalarms.exe";
 
 namespace {
 
@@ -67,20 +65,23 @@ std::vector<NotificationHandle> NotificationStore::Handles() const {
 }
 
 bool NotificationStore::Read(NotificationHandle handle, NotificationEntry& entry) const {
+    return DecodeEntry(Bytes(handle), entry);
+}
+
+std::vector<uint8_t> NotificationStore::Bytes(NotificationHandle handle) const {
     const EntryName name = NameOf(handle);
     DWORD size = 0;
-    if (RegQueryValueExW(key_.get(), name.text, nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS)
-        return false;
+    if (RegQueryValueExW(key_.get(), name.text, nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS) return {};
     std::vector<uint8_t> bytes(size);
     if (RegQueryValueExW(key_.get(), name.text, nullptr, nullptr, bytes.data(), &size) != ERROR_SUCCESS)
-        return false;
+        return {};
     bytes.resize(size);
-    return DecodeEntry(bytes, entry);
+    return bytes;
 }
 
 NotificationHandle NotificationStore::Write(NotificationHandle existing, const NotificationEntry& entry) {
     const NotificationHandle handle = existing != 0 ? existing : NextHandle();
-    if (handle == 0) return 0;
+    if (handle == 0 || (existing != 0 && Bytes(existing).empty())) return 0;
     const EntryName name = NameOf(handle);
     const std::vector<uint8_t> bytes = EncodeEntry(entry);
     const LSTATUS status =

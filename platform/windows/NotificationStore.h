@@ -7,10 +7,8 @@
 
 namespace platform::windows {
 
-// Names that the program and the alarm keeper share.
+// The event that tells the alarm keeper of a change.
 extern const wchar_t* const kDatabaseChangedEvent;
-extern const wchar_t* const kKeeperMutex;
-extern const wchar_t* const kKeeperProgram;  // file name beside the program
 
 // The notification database of the current user: one registry value for each entry, so that an entry is
 // there whole or not at all. An open store holds the database's lock: keep it open for moments only.
@@ -27,7 +25,10 @@ class NotificationStore {
     std::vector<NotificationHandle> Handles() const;
     // False when there is no such entry, or it is damaged (it is then left alone).
     bool Read(NotificationHandle handle, NotificationEntry& entry) const;
-    // 0 when it could not be written.
+    // An entry as it lies there, damaged or not; empty when there is none.
+    std::vector<uint8_t> Bytes(NotificationHandle handle) const;
+    // Adds an entry, or replaces `existing` when that is not 0. Returns 0 when it could not be written, or
+    // when the one to be replaced is no longer there.
     NotificationHandle Write(NotificationHandle existing, const NotificationEntry& entry);
     bool Erase(NotificationHandle handle);
 

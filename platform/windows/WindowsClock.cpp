@@ -23,6 +23,13 @@ DateTime DateTimeOf(const SYSTEMTIME& moment) {
             moment.wHour, moment.wMinute, moment.wSecond,    moment.wMilliseconds};
 }
 
+int64_t LocalTicks(const DateTime& moment) {
+    const SYSTEMTIME system = SystemTimeOf(moment);
+    FILETIME file{};
+    if (!SystemTimeToFileTime(&system, &file)) return 0;
+    return static_cast<int64_t>(static_cast<uint64_t>(file.dwHighDateTime) << 32 | file.dwLowDateTime);
+}
+
 }  // namespace windows
 
 DateTime LocalNow() {

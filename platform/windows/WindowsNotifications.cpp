@@ -1,10 +1,9 @@
 // The handheld's notification database, kept in the registry; the alarm keeper beside the program fires it.
-#include <cwchar>
-
 #include "platform/Notifications.h"
-#include "platform/Shell.h"
+#include "platform/TextEncoding.h"
+#include "platform/windows/HandheldPath.h"
+#include "platform/windows/KeeperControl.h"
 #include "platform/windows/NotificationStore.h"
-#include "platform/windows/Processes.h"
 
 namespace platform {
 
@@ -13,51 +12,42 @@ using windows::NotificationStore;
 
 namespace {
 
-constexpr wchar_t kRunKey[] = L"Software\\Microsoft\\Windows\\CurrentVersion\\Run";
-constexpr wchar_t kRunValue[] = L"InkwrightAlarms";
-
-bool KeeperRuns() {
-    const windows::OwnedHandle mutex(OpenMutexW(SYNCHRONIZE, FALSE, windows::kKeeperMutex));
-    return mutex != nullptr;
-}
-
-// From now on it starts with the user's session as well.
-void StartKeeper() {
-    const std::wstring keeper = windows::PathBesideProgram(windows::kKeeperProgram);
-    const std::wstring command = L"\"" + keeper + L"\"";
-    RegSetKeyValueW(HKEY_CURRENT_USER, kRunKey, kRunValue, REG_SZ, command.c_str(),
-                    static_cast<DWORD>((command.size() + 1) * sizeof(wchar_t)));
-    windows::StartProcess(keeper, command, DETACHED_PROCESS);
-}
-
-std::wstring DeviceFolder() {
-    wchar_t folder[MAX_PATH] = L"";
-    const DWORD length = GetEnvironmentVariableW(L"INKWRIGHT_DEVICE", folder, MAX_PATH);
-    return length < MAX_PATH ? std::wstring(folder, length) : std::wstring();
+// Each device has a database of its own; so has the machine itself.
+bool IsOfDevice(const NotificationEntry& entry, const std::wstring& device) {
+    if (entry.device.empty() || device.empty()) return entry.device.empty() && device.empty();
+    return EqualNoCase(windows::FullPath(entry.device), device);
 }
 
 }  // namespace
 
 NotificationHandle SetNotification(NotificationHandle existing, const NotificationTrigger& trigger,
                                    const UserNotification& notification) {
+    if (!IsValidMoment(trigger.start)) return 0;
     NotificationHandle handle = 0;
-    if (!IsValidDate(trigger.start.year, trigger.start.month, trigger.start.day)) return 0;
     {
         NotificationStore store;
         if (!store.IsOpen()) return 0;
-        handle = store.Write(existing, {trigger, notification, DeviceFolder()});
+        const NotificationEntry entry{trigger, notification, windows::DeviceFolder(),
+                                      windows::EnvironmentText(L"INKWRIGHT_SCREEN")};
+        handle = store.Write(existing, entry);
     }
     if (handle == 0) return 0;
     windows::AnnounceDatabaseChange();
-    if (!KeeperRuns()) StartKeeper();
-    return handle;
+    if (windows::EnsureKeeper()) return handle;
+    // Nobody would fire it.
+    if (existing == 0) ClearNotification(handle);
+    return 0;
 }
 
 bool ListNotifications(std::vector<NotificationHandle>& handles) {
     handles.clear();
     const NotificationStore store;
     if (!store.IsOpen()) return false;
-    handles = store.Handles();
+    const std::wstring device = windows::DeviceFolder();
+    for (const NotificationHandle handle : store.Handles()) {
+        NotificationEntry entry;
+        if (store.Read(handle, entry) && IsOfDevice(entry, device)) handles.push_back(handle);
+    }
     return true;
 }
 

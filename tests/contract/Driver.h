@@ -93,6 +93,9 @@ class Driver {
 
     // A storage card with this name.
     void InsertCard(const std::wstring& name);
+    // From now on the program belongs to the device whose folder is named so behind its name: another one, or
+    // with "\" the same in another spelling.
+    void UseDevice(const std::wstring& ending);
     // Another program has the file for itself, and lets go of it a tenth of a second later. Nothing where no
     // other program is.
     void HoldForAMoment(const std::wstring& path);

@@ -93,6 +93,7 @@ const std::vector<platform::PopupMenu::Item>& Driver::MenuItems() const { return
 void Driver::ChooseFolder(const std::wstring& folder) { impl_->device.desk.chosenFolder = folder; }
 
 void Driver::InsertCard(const std::wstring& name) { impl_->device.files.PutFolder(L"\\" + name); }
+void Driver::UseDevice(const std::wstring& ending) { impl_->device.folder = ending == L"\\" ? L"" : ending; }
 void Driver::HoldForAMoment(const std::wstring&) {}
 
 void Driver::SetLastWrite(const std::wstring& path, const platform::DateTime& universal) {

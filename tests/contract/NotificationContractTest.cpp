@@ -68,11 +68,43 @@ TEST_F(NotificationContract, EntriesAreKeptReplacedAndCleared) {
     EXPECT_TRUE(ClearNotification(other));
 }
 
-TEST_F(NotificationContract, NoDayOfTheCalendarNoEntry) {
-    EXPECT_EQ(SetNotification(0, InTheYear(0, L""), {}), 0u);
+TEST_F(NotificationContract, NoMomentOfTheCalendarNoEntry) {
+    const DateTime good = InTheYear(2099, L"").start;
+    int DateTime::*const parts[] = {&DateTime::year, &DateTime::month,  &DateTime::day,
+                                    &DateTime::hour, &DateTime::minute, &DateTime::second};
+    for (int DateTime::*const part : parts) {
+        for (const int value : {-1, 61, 70000}) {
+            NotificationTrigger trigger = InTheYear(2099, L"");
+            trigger.start.*part = value;
+            EXPECT_EQ(SetNotification(0, trigger, {}), 0u) << value;
+        }
+    }
     NotificationTrigger trigger = InTheYear(2099, L"");
-    trigger.start.day = 32;
+    trigger.start.month = 2;
+    trigger.start.day = 30;
     EXPECT_EQ(SetNotification(0, trigger, {}), 0u);
+    trigger.start = good;
+    trigger.start.hour = 24;
+    EXPECT_EQ(SetNotification(0, trigger, {}), 0u);
+}
+
+TEST_F(NotificationContract, WhatIsGoneIsNotReplaced) {
+    const NotificationHandle handle = SetNotification(0, InTheYear(2099, L"old"), {});
+    ASSERT_TRUE(ClearNotification(handle));
+    EXPECT_EQ(SetNotification(handle, InTheYear(2099, L"new"), {}), 0u);
+    EXPECT_FALSE(IsListed(handle));
+}
+
+TEST_F(NotificationContract, EachDeviceHasItsOwn) {
+    const NotificationHandle handle = SetNotification(0, InTheYear(2099, L""), {});
+    EXPECT_TRUE(IsListed(handle));
+    driver_.UseDevice(L"\\");
+    EXPECT_TRUE(IsListed(handle));
+    driver_.UseDevice(L"2");
+    EXPECT_FALSE(IsListed(handle));
+    const NotificationHandle other = SetNotification(0, InTheYear(2099, L""), {});
+    EXPECT_TRUE(IsListed(other));
+    EXPECT_TRUE(ClearNotification(handle) && ClearNotification(other));
 }
 
 }  // namespace

@@ -213,6 +213,12 @@ void Driver::InsertCard(const std::wstring& name) {
     CreateDirectoryW((impl_->deviceFolder + L"\\" + name).c_str(), nullptr);
 }
 
+void Driver::UseDevice(const std::wstring& ending) {
+    std::wstring folder = impl_->deviceFolder + ending;
+    CharUpperBuffW(folder.data(), static_cast<DWORD>(folder.size()));
+    SetEnvironmentVariableW(L"INKWRIGHT_DEVICE", folder.c_str());
+}
+
 void Driver::HoldForAMoment(const std::wstring& path) {
     if (impl_->holder.joinable()) impl_->holder.join();
     const HANDLE file = CreateFileW((impl_->deviceFolder + path).c_str(), GENERIC_READ, 0, nullptr,

@@ -61,19 +61,33 @@ TEST_F(Alarm, SetAlarmAndExitNamesTheNoteClosesAndSchedules) {
     EXPECT_EQ(Desk().messages[0].icon, platform::MessageIcon::Information);
 }
 
-TEST_F(Alarm, AFailingDatabaseIsReported) {
+TEST_F(Alarm, AnAlarmThatNothingWillFireIsReported) {
+    struct Case {
+        bool databaseFails, keeperCantStart;
+        const wchar_t* stamp;
+        const wchar_t* caption;
+    };
     device.SetSetting(L"RootDirPath", L"\\Ink");
-    device.notificationsFail = true;
-    Then([this] {
-        Desk().Stroke({{30, 100}});
-        Desk().Command(platform::kIdOk);
-    });
-    AcceptName();
-    Run(L"/newalarm 200703515203000");
-    ASSERT_THAT(Desk().messages, SizeIs(1));
-    EXPECT_EQ(Desk().messages[0].text, L"Setting alarm failed!");
-    EXPECT_EQ(Desk().messages[0].caption, L" 3/15/2007 8:30:00 PM");
-    EXPECT_EQ(Desk().messages[0].icon, platform::MessageIcon::Error);
+    for (const Case& c :
+         {Case{true, false, L"200703515203000", L" 3/15/2007 8:30:00 PM"},
+          Case{false, true, L"200703515203000", L" 3/15/2007 8:30:00 PM"},
+          Case{false, false, L"200703515253000", L" "}, Case{false, false, L"200702530203000", L" "},
+          Case{false, false, L"2007035152030x0", L" "}}) {
+        device.notificationsFail = c.databaseFails;
+        device.keeperCantStart = c.keeperCantStart;
+        Desk().messages.clear();
+        Then([this] {
+            Desk().Stroke({{30, 100}});
+            Desk().Command(platform::kIdOk);
+        });
+        AcceptName();
+        Run(L"/newalarm " + std::wstring(c.stamp));
+        ASSERT_THAT(Desk().messages, SizeIs(1));
+        EXPECT_EQ(Desk().messages[0].text, L"Setting alarm failed!");
+        EXPECT_EQ(Desk().messages[0].caption, c.caption);
+        EXPECT_EQ(Desk().messages[0].icon, platform::MessageIcon::Error);
+        EXPECT_THAT(device.notifications, IsEmpty());
+    }
 }
 
 TEST_F(Alarm, NoAlarmWithoutANoteOrAfterDiscarding) {

@@ -36,6 +36,7 @@ def wait_for(what, condition):
 
 class Desk:
     def __init__(self):
+        self.programs = PROGRAMS
         self.device = pathlib.Path(tempfile.mkdtemp(prefix="inkwright-device-"))
         self.root = self.device / "My Documents" / "Inkwright"
         self.environment = dict(os.environ, WINEDEBUG="-all", WINEDLLOVERRIDES="mscoree=;mshtml=", LC_ALL="C.UTF-8",
@@ -133,7 +134,7 @@ class Desk:
 
     def start(self, arguments="", **environment):
         """Starts the program; `arguments` reach it exactly as they are written."""
-        program = subprocess.Popen(["wine", str(PROGRAMS / "inkwright.exe"), *arguments.split()],
+        program = subprocess.Popen(["wine", str(self.programs / "inkwright.exe"), *arguments.split()],
                                    env={**self.environment, **environment}, stdout=subprocess.DEVNULL,
                                    stderr=subprocess.DEVNULL)
         self.running.append(program)

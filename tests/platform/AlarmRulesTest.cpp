@@ -1,0 +1,105 @@
+#include <gmock/gmock.h>
+
+#include "platform/windows/AlarmSchedule.h"
+#include "platform/windows/NoticePlace.h"
+#include "platform/windows/NotificationEntry.h"
+
+namespace platform::windows {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(AlarmSchedule, WhatIsDueIsFiredOnceAndTriedAgainInMinutes) {
+    constexpr uint64_t kRetry = AlarmSchedule::kRetryMilliseconds;
+    AlarmSchedule schedule;
+    std::vector<ScheduledEntry> entries{{1, 90, {1}, false},
+                                        {2, 100, {2}, false},
+                                        {3, 130, {3}, false},
+                                        {4, 120, {4}, false},
+                                        {5, 80, {5}, true}};
+    const AlarmSchedule::Plan plan = schedule.Make(entries, 100, 1000);
+    EXPECT_THAT(plan.fire, ElementsAre(1, 2)) << "another process is at the last one";
+    EXPECT_EQ(plan.next, 3u);
+    EXPECT_TRUE(plan.lookAgain);
+    entries[1].isBeingFired = true;
+    EXPECT_THAT(schedule.Make(entries, 100, 1001).fire, IsEmpty());
+    entries[1].isBeingFired = false;
+    EXPECT_THAT(schedule.Make(entries, 100, 1000 + kRetry - 1).fire, IsEmpty());
+    entries[0].bytes = {9};
+    EXPECT_THAT(schedule.Make(entries, 100, 1000 + kRetry - 1).fire, ElementsAre(1)) << "it was rewritten";
+    EXPECT_THAT(schedule.Make(entries, 100, 1000 + kRetry).fire, ElementsAre(2));
+    entries[4].isBeingFired = false;
+    EXPECT_THAT(schedule.Make(entries, 100, 1000 + kRetry).fire, ElementsAre(5)) << "that process is gone";
+    const AlarmSchedule::Plan idle = schedule.Make({entries[2]}, 100, 1000);
+    EXPECT_FALSE(idle.lookAgain);
+    EXPECT_EQ(idle.next, 0u);
+    EXPECT_FALSE(schedule.Make({}, 100, 1000).next);
+}
+
+NotificationEntry Sample() {
+    NotificationEntry entry;
+    entry.trigger = {L"C:\\p.exe", L"\"\\a.ikw\" /alarm", {2099, 3, 4, 15, 20, 30, 5, 0}, {}};
+    entry.notification = {true, false, L"title", L"text \u20AC"};
+    entry.device = L"D:\\Device";
+    entry.screen = L"240x320";
+    return entry;
+}
+
+TEST(NotificationEntry, KeepsWhatItWasSetUnder) {
+    NotificationEntry read;
+    std::vector<uint8_t> bytes = EncodeEntry(Sample());
+    ASSERT_TRUE(DecodeEntry(bytes, read));
+    EXPECT_EQ(read.device, L"D:\\Device");
+    EXPECT_EQ(read.screen, L"240x320");
+    EXPECT_EQ(read.notification.dialogText, L"text \u20AC");
+    EXPECT_EQ(read.trigger.start.second, 5);
+    // What earlier releases wrote ends before the screen.
+    bytes.resize(bytes.size() - 4 - 2 * read.screen.size());
+    EXPECT_FALSE(DecodeEntry(bytes, read));
+    bytes[0] = 1;
+    ASSERT_TRUE(DecodeEntry(bytes, read));
+    EXPECT_EQ(read.device, L"D:\\Device");
+    EXPECT_EQ(read.screen, L"");
+}
+
+TEST(NotificationEntry, DamagedBytesAreNone) {
+    const std::vector<uint8_t> whole = EncodeEntry(Sample());
+    NotificationEntry read;
+    for (size_t length = 0; length < whole.size(); ++length) {
+        EXPECT_FALSE(DecodeEntry({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length)}, read));
+    }
+    for (size_t at = 0; at < whole.size(); ++at) {
+        for (const int value : {0x00, 0x7F, 0xFF}) {
+            std::vector<uint8_t> damaged = whole;
+            damaged[at] = static_cast<uint8_t>(value);
+            DecodeEntry(damaged, read);  // whatever it says: no crash, no endless text
+        }
+    }
+    std::vector<uint8_t> longer = whole;
+    longer.push_back(0);
+    EXPECT_FALSE(DecodeEntry(longer, read));
+}
+
+TEST(NoticePlace, NoticesStackAndThenStandBeside) {
+    const Rect work{0, 0, 700, 500};
+    std::vector<Rect> shown;
+    const auto put = [&](int height) {
+        const Point place = PlaceNotice(work, 300, height, shown);
+        shown.push_back({place.x, place.y, place.x + 300, place.y + height});
+        return place;
+    };
+    EXPECT_EQ(put(200), (Point{386, 286}));
+    EXPECT_EQ(put(200), (Point{386, 72}));
+    EXPECT_EQ(put(400), (Point{72, 86}));
+    EXPECT_EQ(put(40), (Point{386, 18}));
+    EXPECT_EQ(put(40), (Point{72, 32})) << "the highest free place of the next column";
+    const Point full = put(400);
+    EXPECT_NE(full, put(400)) << "one never hides another whole";
+    EXPECT_GE(PlaceNotice(work, 300, 900, {}).y, 0);
+}
+
+}  // namespace
+
+}  // namespace platform::windows
