@@ -12,6 +12,7 @@
 #include "platform/windows/LinuxMail.h"
 #include "platform/windows/MailFiles.h"
 #include "platform/windows/MailMessage.h"
+#include "platform/windows/PathTranslation.h"
 #include "platform/windows/Processes.h"
 #include "platform/windows/SystemTimes.h"
 
@@ -41,10 +42,8 @@ std::wstring AttachArgument() {
 
 // The file's place on this system, absolute; a path that begins with a drive is the host's own.
 std::wstring HostPathOf(const std::wstring& path) {
-    if (path.size() < 2 || path[1] != L':') return platform::windows::ToShellPath(path);
-    wchar_t full[MAX_PATH] = L"";
-    const DWORD length = GetFullPathNameW(path.c_str(), MAX_PATH, full, nullptr);
-    return length > 0 && length < MAX_PATH ? std::wstring(full, length) : path;
+    if (!platform::windows::BeginsWithDrive(path)) return platform::windows::ToShellPath(path);
+    return platform::windows::FullPath(path);
 }
 
 // Writes the message beside the picture, or where nobody minds when that place takes no file. Returns its
@@ -93,13 +92,14 @@ int Attach(const std::wstring& argument) {
     const wchar_t* trouble =
         message.empty() ? L"The message cannot be written." : L"No mail program was found.";
     Say(trouble + (L"\n\nThe picture of your note is:\n" + picture), MessageIcon::Information);
-    OpenWithSystem(L"explorer.exe", L"/select,\"" + picture + L"\"");
+    OpenWithSystem(platform::windows::WindowsFolder() + L"\\explorer.exe", L"/select,\"" + picture + L"\"");
     return kFailed;
 }
 
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    platform::windows::PrepareProcess();
     const std::wstring argument = AttachArgument();
     if (argument.empty()) {
         Say(L"This program opens a new e-mail message with a file in it. It is started with:\n\n-attach "

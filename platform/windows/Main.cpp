@@ -1,7 +1,7 @@
 #include <string>
 
 #include "app/Program.h"
-#include "platform/windows/SystemHeaders.h"
+#include "platform/windows/Processes.h"
 
 namespace {
 
@@ -27,6 +27,7 @@ void LoadControls() {
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    platform::windows::PrepareProcess();
     LoadControls();
     return app::RunProgram(ArgumentText());
 }

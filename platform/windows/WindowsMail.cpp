@@ -1,5 +1,7 @@
 #include "platform/Shell.h"
 #include "platform/TextEncoding.h"
+#include "platform/windows/HandheldPath.h"
+#include "platform/windows/PathTranslation.h"
 #include "platform/windows/Processes.h"
 #include "platform/windows/WindowImpl.h"
 
@@ -15,37 +17,50 @@ bool IsPocketPc() {
     return SystemParametersInfoW(kGetPlatformType, sizeof name, name, 0) && EqualNoCase(name, L"PocketPC");
 }
 
-bool IsRegistered(const std::wstring& program) {
+bool IsFile(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+// Where the program is registered to lie; empty when it is not.
+std::wstring RegisteredPath(const std::wstring& program) {
+    const std::wstring key = kAppPaths + program;
     for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
-        DWORD size = 0;
-        const std::wstring key = kAppPaths + program;
-        if (RegGetValueW(root, key.c_str(), nullptr, RRF_RT_ANY, nullptr, nullptr, &size) == ERROR_SUCCESS)
-            return true;
+        wchar_t path[MAX_PATH] = L"";
+        DWORD size = sizeof path;
+        const LSTATUS got = RegGetValueW(root, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, path, &size);
+        const std::wstring unquoted = got == ERROR_SUCCESS ? windows::Unquoted(path) : std::wstring();
+        if (windows::IsAbsolute(unquoted) && IsFile(unquoted)) return unquoted;
     }
-    return false;
+    return {};
 }
 
-bool IsInSearchPath(const std::wstring& program) {
-    const DWORD length = GetEnvironmentVariableW(L"PATH", nullptr, 0);
-    std::wstring folders(length, L'\0');
-    if (length == 0 || GetEnvironmentVariableW(L"PATH", folders.data(), length) == 0) return false;
-    return SearchPathW(folders.c_str(), program.c_str(), nullptr, 0, nullptr, nullptr) != 0;
+std::wstring PathInSearchFolders(const std::wstring& program) {
+    for (const std::wstring& folder : windows::AbsoluteFolders(windows::EnvironmentText(L"PATH"))) {
+        std::wstring path = folder + L"\\" + program;
+        if (IsFile(path)) return path;
+    }
+    return {};
 }
 
-// The system's own program of this name where it knows one, else the one that lies beside this program.
+// The system's own program of this name where it knows one, else the one that lies beside this program: by
+// its full path, or the current directory would be looked through.
 std::wstring MailProgram() {
     const std::wstring program = IsPocketPc() ? L"tmail.exe" : L"pmail.exe";
-    if (IsRegistered(program) || IsInSearchPath(program)) return program;
-    return windows::PathBesideProgram(program);
+    std::wstring path = RegisteredPath(program);
+    if (path.empty()) path = PathInSearchFolders(program);
+    return path.empty() ? windows::PathBesideProgram(program) : path;
 }
 
 }  // namespace
 
 void StartMailProgram(Window& owner, const std::wstring& attachment) {
+    const windows::SystemObjects objects;
     const std::wstring program = MailProgram();
     const std::wstring parameters = L"-attach \"" + attachment + L"\"";
     SHELLEXECUTEINFOW launch{};
     launch.cbSize = sizeof launch;
+    launch.fMask = SEE_MASK_NOASYNC;  // done before the objects go
     launch.hwnd = windows::FrameOf(&owner);
     launch.lpVerb = L"open";
     launch.lpFile = program.c_str();
