@@ -25,6 +25,13 @@ void HandleMessages(Window& window, KeyNavigation keys) {
     }
 }
 
+// Where the system keeps a window from coming to the front, its task bar button flashes until it does.
+void BringToFront(HWND frame) {
+    if (SetForegroundWindow(frame)) return;
+    FLASHWINFO flash{sizeof flash, frame, FLASHW_ALL | FLASHW_TIMERNOFG, 0, 0};
+    FlashWindowEx(&flash);
+}
+
 }  // namespace
 
 DisabledOwner::DisabledOwner(HWND owner) : owner_(owner && IsWindowEnabled(owner) ? owner : nullptr) {
@@ -41,7 +48,7 @@ int RunToEnd(Window& window, HWND owner, KeyNavigation keys) {
         const DisabledOwner disabled(owner);
         if (!state.ended) {
             ShowWindow(state.frame, SW_SHOW);
-            SetForegroundWindow(state.frame);
+            BringToFront(state.frame);
             UpdateWindow(state.page);
         }
         state.running = true;
