@@ -23,9 +23,13 @@ std::wstring StorageCardName(int index) {
     return index == 0 ? kCardName : kCardName + std::to_wstring(index + 1);
 }
 
+bool BeginsAsStorageCard(const std::wstring& name) {
+    return EqualNoCase(name.substr(0, kCardNameLength), kCardName);
+}
+
 bool IsStorageCardName(const std::wstring& name) {
-    if (!EqualNoCase(name.substr(0, kCardNameLength), kCardName)) return false;
-    return name.find_first_not_of(L"0123456789", kCardNameLength) == std::wstring::npos;
+    return BeginsAsStorageCard(name) &&
+           name.find_first_not_of(L"0123456789", kCardNameLength) == std::wstring::npos;
 }
 
 std::wstring StorageOf(const std::wstring& path) {

@@ -11,8 +11,11 @@ bool IsSharePath(const std::wstring& path);
 
 // "Storage Card", "Storage Card2", ... : the names of index 0, 1, ...
 std::wstring StorageCardName(int index);
-// True for a name of that form, in whatever letter case; a name that only begins so is an ordinary one.
+// True for a name of that form, in whatever letter case: nothing but a card lies there.
 bool IsStorageCardName(const std::wstring& name);
+// True for a name that begins so: where one folder is the whole device, its folders of such names are the
+// cards.
+bool BeginsAsStorageCard(const std::wstring& name);
 
 // The leading part of a rooted path that names its storage ("\\server\share", "\Storage Card2", "\X:"), no
 // trailing "\". Empty for everything that lies in the handheld's own memory.

@@ -257,7 +257,7 @@ std::wstring DocumentsFolder() {
 std::vector<std::wstring> StorageCards() {
     std::vector<std::wstring> cards;
     for (const std::wstring& name : Store().NamesIn(L"")) {
-        const HostFileStore::NodePointer card = IsStorageCardName(name) ? Store().Find(name) : nullptr;
+        const HostFileStore::NodePointer card = BeginsAsStorageCard(name) ? Store().Find(name) : nullptr;
         if (card != nullptr && card->isFolder) cards.push_back(name);
     }
     return cards;

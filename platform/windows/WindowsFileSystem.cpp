@@ -217,7 +217,7 @@ std::vector<std::wstring> StorageCards() {
     std::vector<FolderEntry> entries;
     ListFolder(L"\\", L"*.*", entries);
     for (const FolderEntry& entry : entries) {
-        if (entry.isFolder && IsStorageCardName(entry.name)) cards.push_back(entry.name);
+        if (entry.isFolder && BeginsAsStorageCard(entry.name)) cards.push_back(entry.name);
     }
     std::sort(cards.begin(), cards.end(), [](const std::wstring& a, const std::wstring& b) {
         return CompareStringOrdinal(a.c_str(), -1, b.c_str(), -1, TRUE) == CSTR_LESS_THAN;

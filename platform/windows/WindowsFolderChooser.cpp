@@ -2,6 +2,7 @@
 #include "platform/windows/Guards.h"
 #include "platform/windows/HandheldPath.h"
 #include "platform/windows/Processes.h"
+#include "platform/windows/SystemDialog.h"
 #include "platform/windows/WindowImpl.h"
 
 namespace platform {
@@ -78,6 +79,7 @@ bool ChooseFolder(Window* owner, const std::wstring& title, const std::wstring& 
     request.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE;
     request.lpfn = OpenAtStart;
     request.lParam = reinterpret_cast<LPARAM>(startIds.get());
+    const windows::SystemDialog running(owner, IDCANCEL);
     const OwnedItemIds picked(SHBrowseForFolderW(&request));
     if (!picked) return false;
     std::wstring path(kLongestPath, L'\0');
