@@ -112,11 +112,14 @@ bool Exists(const std::wstring& path) {
 
 bool CanWriteTo(const std::wstring& path, uint64_t& bytes) {
     const std::wstring host = ToHostPath(path);
-    if (host.empty()) return false;
-    const windows::OwnedHandle file = windows::OwnFile(
-        CreateFileW(host.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    windows::OwnedHandle file;
+    const bool isOpen = !host.empty() && windows::TryThroughHolds(host, [&] {
+        file = windows::OwnFile(CreateFileW(host.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                                            FILE_ATTRIBUTE_NORMAL, nullptr));
+        return file != nullptr;
+    });
     LARGE_INTEGER size{};
-    if (!file || !GetFileSizeEx(file.get(), &size)) return false;
+    if (!isOpen || !GetFileSizeEx(file.get(), &size)) return false;
     bytes = static_cast<uint64_t>(size.QuadPart);
     return true;
 }
