@@ -18,7 +18,6 @@ constexpr int kMargin = 14;
 constexpr int kButtonWidth = 76;
 constexpr int kButtonHeight = 24;
 constexpr int kTextId = 100;
-constexpr int kTextSlack = 4;  // an edit hides a last line that does not fit
 constexpr int kDismissed = 1;
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
 constexpr DWORD kExStyle = WS_EX_TOPMOST | WS_EX_APPWINDOW;
@@ -68,24 +67,20 @@ HWND AddControl(HWND parent, const wchar_t* kind, const std::wstring& text, DWOR
     return control;
 }
 
-// An edit breaks names that are longer than a line, too.
-HWND AddText(HWND notice, const std::wstring& text, DWORD style, int height, HFONT font) {
-    return AddControl(notice, L"EDIT", text, ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | style,
-                      {kMargin, kMargin, kWidth - kMargin, kMargin + height}, kTextId, font);
-}
-
 std::wstring WithReturns(const std::wstring& text) {
     std::wstring lines;
     for (const wchar_t unit : text) lines += unit == L'\n' ? L"\r\n" : std::wstring(1, unit);
     return lines;
 }
 
-int LineHeight(HFONT font) {
+// Names that are longer than a line are broken, too, as in an edit.
+int TextHeight(const std::wstring& text, HFONT font) {
     const ClientDc screen(nullptr);
     const Selection selected(screen.Get(), font);
-    TEXTMETRICW metrics{};
-    GetTextMetricsW(screen.Get(), &metrics);
-    return metrics.tmHeight;
+    RECT area{0, 0, kWidth - 2 * kMargin, 0};
+    DrawTextW(screen.Get(), text.c_str(), -1, &area,
+              DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX);
+    return area.bottom;
 }
 
 Rect WorkArea() {
@@ -94,18 +89,17 @@ Rect WorkArea() {
     return {work.left, work.top, work.right, work.bottom};
 }
 
-// Adds the text, scrolled when it is higher than `limit`, and returns the height it takes.
-int FillText(HWND notice, const std::wstring& text, int limit, HFONT font) {
-    const int lineHeight = LineHeight(font);
-    const HWND whole = AddText(notice, text, 0, lineHeight, font);
-    const int height = static_cast<int>(SendMessageW(whole, EM_GETLINECOUNT, 0, 0)) * lineHeight + kTextSlack;
+// Adds the text, in an edit that scrolls when it is higher than `limit`, and returns the height it takes.
+int AddText(HWND notice, const std::wstring& text, int limit, HFONT font) {
+    const int height = TextHeight(text, font);
+    const Rect place{kMargin, kMargin, kWidth - kMargin, kMargin + std::min(height, limit)};
     if (height <= limit) {
-        SetWindowPos(whole, nullptr, 0, 0, kWidth - 2 * kMargin, height, SWP_NOMOVE | SWP_NOZORDER);
-        return height;
+        AddControl(notice, L"STATIC", text, SS_NOPREFIX | SS_EDITCONTROL, place, kTextId, font);
+    } else {
+        constexpr DWORD kScrolling = ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_VSCROLL;
+        AddControl(notice, L"EDIT", WithReturns(text), kScrolling, place, kTextId, font);
     }
-    DestroyWindow(whole);
-    AddText(notice, text, WS_VSCROLL, limit, font);
-    return limit;
+    return place.Height();
 }
 
 HWND MakeNotice(const std::wstring& title, const std::wstring& text, HFONT font) {
@@ -116,7 +110,7 @@ HWND MakeNotice(const std::wstring& title, const std::wstring& text, HFONT font)
     AdjustWindowRectEx(&frame, kStyle, FALSE, kExStyle);
     const int limit =
         std::max<int>(kButtonHeight, WorkArea().Height() - 2 * kMargin - (frame.bottom - frame.top));
-    const int height = FillText(notice, WithReturns(text), limit, font);
+    const int height = AddText(notice, text, limit, font);
     const int left = (kWidth - kButtonWidth) / 2;
     const int top = 2 * kMargin + height;
     AddControl(notice, L"BUTTON", L"OK", BS_DEFPUSHBUTTON | WS_TABSTOP,

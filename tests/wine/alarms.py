@@ -40,7 +40,7 @@ class Alarms(case.Case):
         return [w for w in self.desk.ask("windows") if w["text"] == "Inkwright \u00bb Alarm" and w["visible"]]
 
     def text_of(self, notice):
-        return self.desk.child(notice, **{"class": "Edit"})["text"].replace("\r", "")
+        return self.desk.child(notice, **{"class": "Static"})["text"]
 
     def keepers(self):
         return [w for w in self.desk.ask("windows") if w["class"] == "InkwrightAlarmKeeper"]
@@ -83,7 +83,7 @@ class Alarms(case.Case):
 
         kept = self.text_of(first)
         self.desk.ask(f"post {first['handle']} {desk.WM_ENDSESSION} 1 0")
-        self.desk.click(self.desk.child(second, **{"class": "Edit"})["place"])
+        self.desk.click(self.desk.child(second, **{"class": "Static"})["place"])
         self.desk.key("Escape")
         desk.wait_for("both to go", lambda: not self.notices())
         for expected in ([kept], []):
