@@ -11,6 +11,7 @@
 #include "manager/ManagerWindow.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
+#include "platform/TextEncoding.h"
 
 namespace app {
 
@@ -22,6 +23,20 @@ void DropMissingTarget(StartRequest& request) {
     platform::ShowMessage(nullptr, request.target + L"\n\nFile Not Found!",
                           request.alarmMode ? L" Alarm Error :: Inkwright" : L" Error :: Inkwright",
                           platform::MessageButtons::Ok, platform::MessageIcon::Error);
+    request.target.clear();
+}
+
+// What is written for a folder whose storage is away could not be saved. The manager tells of the store's
+// own.
+void DropTargetOutOfReach(StartRequest& request) {
+    if (request.manageMode || !EndsInBackslash(request.target)) return;
+    const std::wstring folder = WithoutTrailingBackslashes(request.target);
+    if (platform::FindEntry(folder) != platform::EntryKind::Missing || platform::IsGone(folder)) return;
+    const std::wstring root = RootPrefix();
+    if (!platform::EqualNoCase(request.target.substr(0, root.size()), root)) {
+        platform::ShowMessage(nullptr, L"Reading '" + folder + L"' failed!", L" Error",
+                              platform::MessageButtons::Ok, platform::MessageIcon::Error);
+    }
     request.target.clear();
 }
 
@@ -57,6 +72,7 @@ int RunProgram(const std::wstring& commandLine) {
     MakeRoom(request);
     PenSettings pen = LoadPenSettings();
     DropMissingTarget(request);
+    DropTargetOutOfReach(request);
     RemoveStalePictures();
     const bool showsManager = request.manageMode || request.target.empty();
     const int result = showsManager ? ShowManager(pen, request) : ShowEditor(pen, request);

@@ -94,6 +94,28 @@ TEST_F(Program, WithoutATargetTheCopyInFrontIsToldOnce) {
     EXPECT_THAT(device.otherCopies[1].commands, IsEmpty());
 }
 
+TEST_F(Program, NothingIsWrittenForAStorageThatIsAway) {
+    device.SetSetting(L"RootDirPath", L"\\Storage Card\\Ink");
+    const std::wstring root = L"Reading '\\Storage Card\\Ink' failed!";
+    const std::pair<const wchar_t*, std::vector<std::wstring>> kCases[] = {
+        {L"/newnotes", {root}},
+        {L"/newreminder 2007-03-08", {root}},
+        {L"/newnotes \\Storage Card2\\Work", {L"Reading '\\Storage Card2\\Work' failed!", root}}};
+    for (const auto& [commandLine, told] : kCases) {
+        Desk().messages.clear();
+        Then([this] { EXPECT_EQ(Desk().Top()->Title(), L"Inkwright") << "the manager"; });
+        Close();
+        Run(commandLine);
+        std::vector<std::wstring> texts;
+        for (const auto& message : Desk().messages) texts.push_back(message.text);
+        EXPECT_EQ(texts, told);
+    }
+    // A folder that is only not there yet is made when it is needed.
+    Then([this] { EXPECT_EQ(Desk().Top()->Title(), L"[new] - Inkwright"); });
+    Close();
+    Run(L"\\Elsewhere\\");
+}
+
 TEST_F(Program, AWindowThatCannotBeMadeEndsTheRunWithAMessage) {
     for (const wchar_t* commandLine : {L"", testing_support::kNewNotes}) {
         device.picturesLeft = 0;
