@@ -24,7 +24,7 @@ PenSettings LoadPenSettings() {
 void LoadPen(PenSettings& pen) {
     const uint32_t penInfo = Settings::Number(SettingId::PenInfo);
     pen.penSize = static_cast<uint8_t>(penInfo & 0xFF);
-    pen.penStyle = static_cast<uint8_t>(penInfo >> 16 & 0xFF);
+    pen.penStyle = ink::PenStyleOf(penInfo >> 16 & 0xFF);
 }
 
 void SaveColors(const PenSettings& pen) {

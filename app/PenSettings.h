@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "ink/Color.h"
+#include "ink/PenStyle.h"
 
 namespace app {
 
@@ -12,8 +13,8 @@ struct PenSettings {
     // Most recent first; the first is the current pen colour (`LastPenColor`, `PenColor_1` to `PenColor_4`).
     std::array<ink::ColorRef, 5> recentColors{};
     ink::ColorRef backgroundColor = 0;
-    uint8_t penSize = 0;   // pen width in tenths of a pixel
-    uint8_t penStyle = 0;  // 2 = smooth, 1 = classic, 0 = simple
+    uint8_t penSize = 0;  // pen width in tenths of a pixel
+    ink::PenStyle penStyle = ink::PenStyle::Simple;
 };
 
 PenSettings LoadPenSettings();

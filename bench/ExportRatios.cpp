@@ -25,7 +25,7 @@ void FillWrittenPage(ink::InkPage& page, size_t strokes) {
     bench::FillPage(page, bench::MakeStrokes(strokes));
     page.canvasWidth = bench::kViewWidth;
     page.canvasHeight = bench::kViewHeight;
-    page.penStyle = 2;
+    page.penStyle = ink::PenStyle::Smooth;
     page.penSize = 20;
 }
 

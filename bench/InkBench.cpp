@@ -15,7 +15,8 @@ void Repaint(benchmark::State& state) {
     bench::Picture picture;
     ink::PixelSurface surface = picture.Surface();
     ink::InkPainter painter;
-    painter.SetPen(static_cast<uint8_t>(state.range(0)), static_cast<double>(state.range(1)));
+    painter.SetPen(ink::PenStyleOf(static_cast<uint32_t>(state.range(0))),
+                   static_cast<double>(state.range(1)));
     for (auto _ : state) painter.Repaint(surface, page, 0, surface.Bounds());
 }
 BENCHMARK(Repaint)->ArgsProduct({{0, 1, 2}, {1, 3, 10}})->ArgNames({"style", "width"});
@@ -25,7 +26,8 @@ void LiveSegment(benchmark::State& state) {
     bench::Picture picture;
     ink::PixelSurface surface = picture.Surface();
     ink::InkPainter painter;
-    painter.SetPen(static_cast<uint8_t>(state.range(0)), static_cast<double>(state.range(1)));
+    painter.SetPen(ink::PenStyleOf(static_cast<uint32_t>(state.range(0))),
+                   static_cast<double>(state.range(1)));
     painter.BeginStroke(surface, stroke.color);
     size_t i = 0;
     for (auto _ : state) {

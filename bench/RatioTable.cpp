@@ -62,7 +62,10 @@ Times CompareFresh(const std::function<void()>& ours, const std::function<void()
     return best;
 }
 
-const char* StyleName(int style) { return style == 0 ? "simple" : style == 1 ? "classic" : "smooth"; }
+const char* StyleName(ink::PenStyle style) {
+    if (style == ink::PenStyle::Simple) return "simple";
+    return style == ink::PenStyle::Classic ? "classic" : "smooth";
+}
 
 // Mean difference per channel over the pixels that either picture inked.
 double Difference(const Picture& a, const Picture& b) {
@@ -87,16 +90,17 @@ void RepaintRatios(RatioLines& table, const std::vector<Stroke>& strokes) {
     ink::PixelSurface surface = picture.Surface();
     for (const int width : {1, 3}) {
         double smooth = 0;
-        for (const int style : {2, 1, 0}) {
+        for (const ink::PenStyle style :
+             {ink::PenStyle::Smooth, ink::PenStyle::Classic, ink::PenStyle::Simple}) {
             ink::InkPainter painter;
-            painter.SetPen(static_cast<uint8_t>(style), width);
+            painter.SetPen(style, width);
             Picture other;
             bench::CairoCanvas cairo(other, width, CAIRO_ANTIALIAS_DEFAULT);
             const Times times = Compare([&] { painter.Repaint(surface, page, 0, surface.Bounds()); }, 10,
                                         [&] { cairo.DrawAll(strokes); }, 1);
             const std::string label =
                 std::string(StyleName(style)) + " repaint, width " + std::to_string(width);
-            if (style == 2) {
+            if (style == ink::PenStyle::Smooth) {
                 smooth = times.ours;
                 table.Line(label + ": times faster than cairo", times.theirs / times.ours, true, 40,
                            Against(times.ours, times.theirs));
@@ -113,7 +117,7 @@ void PictureRatios(RatioLines& table, const std::vector<Stroke>& strokes) {
         Picture ours;
         ink::PixelSurface surface = ours.Surface();
         ink::InkPainter painter;
-        painter.SetPen(2, width);
+        painter.SetPen(ink::PenStyle::Smooth, width);
         // Stroke by stroke in the order cairo gets them, without the page's head.
         for (const Stroke& stroke : strokes) {
             painter.BeginStroke(surface, stroke.color);
@@ -133,7 +137,7 @@ void LiveRatios(RatioLines& table, const std::vector<Stroke>& strokes) {
         Picture picture;
         ink::PixelSurface surface = picture.Surface();
         ink::InkPainter painter;
-        painter.SetPen(2, width);
+        painter.SetPen(ink::PenStyle::Smooth, width);
         Picture other;
         bench::CairoCanvas cairo(other, width, CAIRO_ANTIALIAS_DEFAULT);
         painter.BeginStroke(surface, 0x808080);

@@ -12,7 +12,6 @@ namespace {
 constexpr int32_t kBottomZone = 20;           // rows above the view's bottom edge
 constexpr uint32_t kTimerPeriod = 270;        // milliseconds
 constexpr uint32_t kPauseBeforeScroll = 530;  // milliseconds
-constexpr uint8_t kClassicPen = 1;
 
 }  // namespace
 
@@ -199,7 +198,7 @@ void PenInput::EndStroke(ink::Point place) {
     } else if (trace_.Count() == 1) {
         view_.PaintSegment(&place, 1);
     }
-    if (page_.penStyle == kClassicPen && trace_.Count() >= 2) view_.PaintSegment(&place, 1);
+    if (page_.penStyle == ink::PenStyle::Classic && trace_.Count() >= 2) view_.PaintSegment(&place, 1);
     CutStroke();
     lastPenTime_ = platform::TickMilliseconds();
     const bool nearBottom = lowestRow_ - page_.scroll > page_.canvasHeight - kBottomZone;

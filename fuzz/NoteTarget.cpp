@@ -24,14 +24,16 @@ void Require(bool kept, const char* promise) {
 }
 
 // Made once: preparing a pen takes longer than reading a small note.
-ink::InkPainter MakePainter(uint8_t style) {
+ink::InkPainter MakePainter(ink::PenStyle style) {
     ink::InkPainter painter;
     Require(painter.SetPen(style, 3.0), "a pen");
     return painter;
 }
 
 void PaintViews(const ink::InkPage& page) {
-    static ink::InkPainter painters[] = {MakePainter(0), MakePainter(1), MakePainter(2)};
+    static ink::InkPainter painters[] = {MakePainter(ink::PenStyle::Simple),
+                                         MakePainter(ink::PenStyle::Classic),
+                                         MakePainter(ink::PenStyle::Smooth)};
     std::vector<uint32_t> pixels(kSide * kSide);
     ink::PixelSurface surface{pixels.data(), kSide, kSide, kSide};
     for (ink::InkPainter& painter : painters) {
@@ -110,7 +112,7 @@ void Scan(const uint8_t* data, size_t size) {
     ink::StrokeRecord* record = nullptr;
     std::vector<uint32_t> pixels(kSide * kSide);
     ink::PixelSurface surface{pixels.data(), kSide, kSide, kSide};
-    static ink::InkPainter painter = MakePainter(2);
+    static ink::InkPainter painter = MakePainter(ink::PenStyle::Smooth);
     while (scanner.Next(record) == ink::ScanResult::Record) {
         painter.PaintStroke(surface, *record, 0, surface.Bounds());
     }

@@ -8,7 +8,7 @@ namespace ink {
 namespace {
 
 Bytes16 FourTimes(uint32_t pixel) {
-    const Quads4 pixels = {pixel, pixel, pixel, pixel};
+    const Longs4 pixels = {pixel, pixel, pixel, pixel};
     return reinterpret_cast<Bytes16>(pixels);
 }
 
@@ -58,70 +58,70 @@ template <typename Mixer>
 class Composer {
   public:
     Composer(const ComposeJob& job, StrokeMask& mask, const Mixer& mixer)
-        : rows_(job.rows), take_(job.take), mask_(mask), bytes_(mask.Bytes()), mixer_(mixer) {
+        : area_(job.area), clearsMask_(job.clearMask), mask_(mask), bytes_(mask.Bytes()), mixer_(mixer) {
         const Rect& area = mask.Area();
         const int64_t corner = static_cast<int64_t>(area.top) * job.to.stride + area.left;
         to_ = job.to.pixels + corner;
-        from_ = job.from + corner;
+        below_ = job.below + corner;
     }
 
     void Run() const {
         if (mask_.IsAllNoted()) {
             PaintRows();
         } else {
-            PaintSpots();
+            PaintQuads();
         }
     }
 
   private:
-    // Spots that lie over each other do no harm: from a copy they are painted alike, and of a mask that is
-    // taken nothing is left the second time.
-    void PaintSpots() const {
+    // Quads that lie over each other do no harm: over a copy of what is below they are painted alike, and of
+    // a mask that is cleared nothing is left the second time.
+    void PaintQuads() const {
         // A copy that nobody else knows of stays in registers while pixels are stored.
         const Composer local(*this);
         const uint32_t* places = mask_.Noted();
         const size_t count = mask_.NotedCount();
-        for (size_t start = 0; start < kSpotsApart; ++start) {
-            for (size_t i = start; i < count; i += kSpotsApart) local.PaintSpot(places[i]);
+        for (size_t start = 0; start < kInterleave; ++start) {
+            for (size_t i = start; i < count; i += kInterleave) local.PaintQuad(places[i]);
         }
     }
 
     void PaintRows() const {
         const Composer local(*this);
-        const size_t width = static_cast<size_t>(rows_.Width());
-        for (int32_t y = rows_.top; y < rows_.bottom; ++y) {
-            const size_t place = mask_.PlaceOf(rows_.left, y);
+        const size_t width = static_cast<size_t>(area_.Width());
+        for (int32_t y = area_.top; y < area_.bottom; ++y) {
+            const size_t place = mask_.PlaceOf(area_.left, y);
             size_t x = 0;
-            for (; x + kSpot <= width; x += kSpot) local.PaintSpot(place + x);
+            for (; x + kQuadPixels <= width; x += kQuadPixels) local.PaintQuad(place + x);
             if (x < width) PaintPart(place + x, width - x);
         }
     }
 
-    void PaintSpot(size_t place) const {
+    void PaintQuad(size_t place) const {
         const Bytes16 shares = LoadFour(bytes_ + place);
-        StoreBytes(to_ + place, mixer_.Mix(LoadBytes(from_ + place), shares));
-        if (take_) StoreFour(bytes_ + place, Bytes16{});
+        StoreBytes(to_ + place, mixer_.Mix(LoadBytes(below_ + place), shares));
+        if (clearsMask_) StoreFour(bytes_ + place, Bytes16{});
     }
 
-    // Less than a spot, at the end of a row.
+    // Less than a quad, at the end of a row.
     void PaintPart(size_t place, size_t count) const {
-        uint8_t shares[kSpot] = {};
-        uint32_t pixels[kSpot] = {};
+        uint8_t shares[kQuadPixels] = {};
+        uint32_t pixels[kQuadPixels] = {};
         std::copy_n(bytes_ + place, count, shares);
-        std::copy_n(from_ + place, count, pixels);
+        std::copy_n(below_ + place, count, pixels);
         StoreBytes(pixels, mixer_.Mix(LoadBytes(pixels), LoadFour(shares)));
         std::copy_n(pixels, count, to_ + place);
-        if (take_) std::fill_n(bytes_ + place, count, uint8_t{0});
+        if (clearsMask_) std::fill_n(bytes_ + place, count, uint8_t{0});
     }
 
-    const Rect rows_;
-    const bool take_;
+    const Rect area_;
+    const bool clearsMask_;
     const StrokeMask& mask_;
     uint8_t* const bytes_;
     const Mixer mixer_;
     // The pixels at the mask's place 0.
     uint32_t* to_;
-    const uint32_t* from_;
+    const uint32_t* below_;
 };
 
 }  // namespace

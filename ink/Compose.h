@@ -11,9 +11,9 @@ namespace ink {
 // What lies below the ink: the surface itself, or a copy of its pixels with the same stride.
 struct ComposeJob {
     PixelSurface to;
-    const uint32_t* from = nullptr;
-    Rect rows;          // where there may be ink to lay over; inside the mask's area
-    bool take = false;  // leave the mask cleared where it was laid over the picture
+    const uint32_t* below = nullptr;
+    Rect area;               // where there may be ink to lay over; inside the mask's area
+    bool clearMask = false;  // where it was laid over the picture
 };
 
 // Pixels become what is below mixed with `pixel` by the mask's shares: 0 keeps it, 255 replaces it.

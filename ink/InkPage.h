@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "ink/Color.h"
+#include "ink/PenStyle.h"
 #include "ink/StrokeBand.h"
 #include "ink/StrokePool.h"
 #include "ink/StrokeRecord.h"
@@ -50,7 +51,7 @@ class InkPage {
     int32_t bandHeight = 1;  // rows per band: the canvas height when the editor was created
     int32_t canvasWidth = 0;
     int32_t canvasHeight = 0;
-    uint8_t penStyle = 0;
+    PenStyle penStyle = PenStyle::Simple;
     uint8_t penSize = 10;  // tenths of a pixel
     // Most recent first: [0] is the colour given to new strokes.
     std::array<ColorRef, 5> penColors{0x808080, 0x4040FF, 0x40FF40, 0xFF4040, 0xFF40FF};

@@ -19,13 +19,6 @@ constexpr uint8_t kRim = 1;
 constexpr uint8_t kCore = 2;
 constexpr float kRimShade = 0.39f;
 
-constexpr double kWidest = 25.5;
-
-PenStyle StyleOf(uint8_t style) {
-    if (style == 0) return PenStyle::Simple;
-    return style == 1 ? PenStyle::Classic : PenStyle::Smooth;
-}
-
 std::unique_ptr<Nib> MakeNib(PenStyle style, double width) {
     switch (style) {
         case PenStyle::Simple:
@@ -46,7 +39,7 @@ struct InkBox {
     int64_t right;
     int64_t bottom;
 
-    Rect Inside(const Rect& clip) const {
+    Rect ClippedTo(const Rect& clip) const {
         const int64_t l = std::max<int64_t>(left, clip.left);
         const int64_t t = std::max<int64_t>(top, clip.top);
         const int64_t r = std::min<int64_t>(right + 1, clip.right);
@@ -114,8 +107,8 @@ bool InkPainter::Impl::PaintRecord(PixelSurface& surface, const StrokeRecord& re
     if (count == 0) return true;
     const TraceShift shift{static_cast<int64_t>(record.yOffset), scroll};
     InkBox ink = BoxOf(record.Points(), count, shift, tracer->Reach());
-    ink.right += kOverhang;
-    const Rect area = ink.Inside(clip);
+    ink.right += kQuadOverhang;
+    const Rect area = ink.ClippedTo(clip);
     if (area.IsEmpty()) return true;
     if (!tracer->Begin(area, surface.stride)) return false;
 
@@ -125,17 +118,16 @@ bool InkPainter::Impl::PaintRecord(PixelSurface& surface, const StrokeRecord& re
     return true;
 }
 
-InkPainter::InkPainter() : impl_(std::make_unique<Impl>()) { SetPen(2, 1.0); }
+InkPainter::InkPainter() : impl_(std::make_unique<Impl>()) { SetPen(PenStyle::Smooth, 1.0); }
 InkPainter::~InkPainter() = default;
 InkPainter::InkPainter(InkPainter&&) noexcept = default;
 InkPainter& InkPainter::operator=(InkPainter&&) noexcept = default;
 
-bool InkPainter::SetPen(uint8_t style, double width) {
+bool InkPainter::SetPen(PenStyle style, double width) {
     EndStroke();
     try {
-        const PenStyle wanted = StyleOf(style);
-        impl_->tracer = std::make_unique<StrokeTracer>(MakeNib(wanted, std::clamp(width, 0.0, kWidest)));
-        impl_->style = wanted;
+        impl_->tracer = std::make_unique<StrokeTracer>(MakeNib(style, std::clamp(width, 0.0, kWidestPen)));
+        impl_->style = style;
     } catch (const std::exception&) {
         return false;
     }
@@ -207,8 +199,8 @@ Rect InkPainter::PaintSegment(PixelSurface& surface, const Point* points, size_t
     if (!impl_->live || count == 0) return Rect{};
     StrokeTracer& tracer = *impl_->tracer;
     InkBox ink = BoxOf(points, count, {}, tracer.Reach());
-    const Rect dirty = ink.Inside(surface.Bounds());
-    ink.right += kOverhang;
+    const Rect dirty = ink.ClippedTo(surface.Bounds());
+    ink.right += kQuadOverhang;
     tracer.Trace(points, count, {}, ink.LiesIn(surface.Bounds()));
     if (dirty.IsEmpty()) return dirty;
     impl_->Compose({surface, impl_->below.data(), dirty, false});

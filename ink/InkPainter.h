@@ -6,18 +6,13 @@
 #include <memory>
 
 #include "ink/InkPage.h"
+#include "ink/PenStyle.h"
 #include "ink/PixelSurface.h"
 
 namespace ink {
 
 // How many rows at the top of the page carry the head decoration.
 constexpr int32_t kHeadRows = 45;
-
-enum class PenStyle : uint8_t {
-    Simple = 0,   // solid line of the truncated width
-    Classic = 1,  // one-pixel core over a two-pixel lighter line; has no width
-    Smooth = 2,   // anti-aliased, any width
-};
 
 // Surface row 0 shows page row `scroll`; surface column x is page column x. Every call paints exactly inside
 // its clip (surface coordinates) and inside the surface; the same ink always gives the same pixels, whether
@@ -30,9 +25,9 @@ class InkPainter {
     InkPainter(InkPainter&&) noexcept;
     InkPainter& operator=(InkPainter&&) noexcept;
 
-    // `style` is the page's penStyle (any value but 0 and 1 is Smooth), `width` in pixels (0 to 25.5).
-    // Ends a stroke in progress. False when memory is short; the pen is then what it was.
-    bool SetPen(uint8_t style, double width);
+    // `width` in pixels (0 to kWidestPen). Ends a stroke in progress. False when memory is short; the pen is
+    // then what it was.
+    bool SetPen(PenStyle style, double width);
 
     // Background, head decoration and strokes. False when memory was short: the strokes are then missing.
     bool Repaint(PixelSurface& surface, const InkPage& page, int32_t scroll, const Rect& clip);

@@ -8,7 +8,7 @@
 namespace ink {
 
 typedef uint8_t Bytes16 __attribute__((vector_size(16)));
-typedef uint32_t Quads4 __attribute__((vector_size(16)));
+typedef uint32_t Longs4 __attribute__((vector_size(16)));
 typedef uint16_t Words8 __attribute__((vector_size(16)));
 
 inline Bytes16 LoadBytes(const void* from) {
@@ -19,24 +19,24 @@ inline Bytes16 LoadBytes(const void* from) {
 
 inline void StoreBytes(void* to, Bytes16 bytes) { std::memcpy(to, &bytes, sizeof bytes); }
 
-inline Quads4 LoadQuads(const uint32_t* from) {
-    Quads4 quads;
+inline Longs4 LoadLongs(const uint32_t* from) {
+    Longs4 quads;
     std::memcpy(&quads, from, sizeof quads);
     return quads;
 }
 
-inline void StoreQuads(uint32_t* to, Quads4 quads) { std::memcpy(to, &quads, sizeof quads); }
+inline void StoreLongs(uint32_t* to, Longs4 quads) { std::memcpy(to, &quads, sizeof quads); }
 
 // The first four bytes, with zeros behind them.
 inline Bytes16 LoadFour(const void* from) {
     uint32_t four;
     std::memcpy(&four, from, sizeof four);
-    const Quads4 quads = {four, 0, 0, 0};
+    const Longs4 quads = {four, 0, 0, 0};
     return reinterpret_cast<Bytes16>(quads);
 }
 
 inline void StoreFour(void* to, Bytes16 bytes) {
-    const uint32_t four = reinterpret_cast<Quads4>(bytes)[0];
+    const uint32_t four = reinterpret_cast<Longs4>(bytes)[0];
     std::memcpy(to, &four, sizeof four);
 }
 

@@ -5,6 +5,13 @@
 
 namespace ink {
 
+// Settings hold a pen's width as a byte of tenths of a pixel.
+constexpr int32_t kWidestPenTenths = 255;
+constexpr double kWidestPen = kWidestPenTenths / 10.0;
+// How far the widest pen's ink reaches beyond its points: no nib's Reach is larger. What is made of fixed
+// size for the pictures of segments is made for it.
+constexpr int32_t kWidestReach = (kWidestPenTenths + 9) / 20;
+
 // A segment from the centre of pixel (0, 0) to the centre of pixel (dx, dy), always drawn downwards
 // (dy > 0, or dy = 0 and dx >= 0): a line has the same pixels from either end.
 struct Sweep {
@@ -12,10 +19,12 @@ struct Sweep {
     int64_t dy = 0;
 };
 
-// Columns first..end-1 of a row buffer; nothing when end <= first.
+// Columns first..end-1 of a row buffer.
 struct CoverSpan {
     int32_t first = 0;
     int32_t end = 0;
+
+    bool IsEmpty() const { return end <= first; }
 };
 
 // A row's result depends on segment and row alone, not on which part of it is asked for: pictures painted
@@ -24,7 +33,7 @@ class Nib {
   public:
     virtual ~Nib() = default;
 
-    // Whole pixels by which ink reaches beyond the points of a segment, on every side.
+    // Whole pixels by which ink reaches beyond the points of a segment, on every side; kWidestReach at most.
     virtual int32_t Reach() const = 0;
 
     // Whether neighbouring segments must be joined by area (see StrokeTracer).

@@ -64,7 +64,8 @@ SmoothNib::SmoothNib(double width)
     for (int64_t i = 0; i < lines; ++i) {
         const double y = LineY(i - static_cast<int64_t>(reach_) * kLines);
         const double square = radius_ * radius_ - y * y;
-        chords_.push_back(square > 0.0 ? static_cast<int32_t>(std::lround(std::sqrt(square) * kUnits)) : -1);
+        halfWidths_.push_back(square > 0.0 ? static_cast<int32_t>(std::lround(std::sqrt(square) * kUnits))
+                                           : -1);
     }
 }
 
@@ -81,9 +82,9 @@ bool SmoothNib::Prepare(int32_t width) {
 
 void SmoothNib::AddDisc(int64_t line, int64_t centerX, Extent& extent) const {
     const int64_t index = line + static_cast<int64_t>(reach_) * kLines;
-    if (index < 0 || index >= static_cast<int64_t>(chords_.size())) return;
-    const int32_t chord = chords_[static_cast<size_t>(index)];
-    if (chord >= 0) extent.Include(centerX * kUnits - chord, centerX * kUnits + chord);
+    if (index < 0 || index >= static_cast<int64_t>(halfWidths_.size())) return;
+    const int32_t halfWidth = halfWidths_[static_cast<size_t>(index)];
+    if (halfWidth >= 0) extent.Include(centerX * kUnits - halfWidth, centerX * kUnits + halfWidth);
 }
 
 CoverSpan SmoothNib::CoverRow(const Sweep& sweep, int64_t row, int64_t column, int32_t width, uint8_t* out) {

@@ -27,8 +27,8 @@ class SmoothNib : public Nib {
 
     double radius_;
     int32_t reach_;
-    std::vector<int32_t> chords_;  // half the disc's width on each scan line, 1/256 pixel; -1 outside
-    std::vector<int32_t> sums_;    // change of coverage from column to column; zero between calls
+    std::vector<int32_t> halfWidths_;  // half the disc's width on each scan line, 1/256 pixel; -1 outside
+    std::vector<int32_t> sums_;        // change of coverage from column to column; zero between calls
 };
 
 }  // namespace ink

@@ -78,7 +78,7 @@ CoverSpan SolidNib::CoverRow(const Sweep& sweep, int64_t row, int64_t column, in
         if (end <= first) continue;
         std::memset(out + first, brush.level, static_cast<size_t>(end - first));
         // The first brush is the widest: the others lie inside its span.
-        if (whole.end <= whole.first) whole = {first, end};
+        if (whole.IsEmpty()) whole = {first, end};
         whole = {std::min(whole.first, first), std::max(whole.end, end)};
     }
     return whole;

@@ -8,12 +8,13 @@
 namespace ink {
 namespace {
 
-// Room for so many stamps with so many steps in their bodies: all segments that are common at a hand's pace.
+// Room for so many stamps with so many batches in their bodies: all segments that are common at a hand's
+// pace.
 constexpr size_t kUsualStamps = 320;
-constexpr size_t kUsualBody = 24;
+constexpr size_t kUsualBodyBatches = 24;
+static_assert(kUsualStamps * kUsualBodyBatches >= 2 * BatchesFor(StampCache::kMostQuads),
+              "any two stamps find room, also those of pens without a rim");
 
-size_t RoundUp(size_t value, size_t step) { return (value + step - 1) / step * step; }
-size_t Steps(size_t spots) { return (spots + kSpotStep - 1) / kSpotStep; }
 size_t Side(int32_t reach) { return 2 * static_cast<size_t>(reach) + 1; }
 
 }  // namespace
@@ -32,54 +33,55 @@ StampCache::StampCache(Nib& nib)
 // The rim comes first, so that it is a list of its own.
 void StampCache::MakeTip() {
     const int32_t side = 2 * reach_ + 1;
-    std::vector<SpotPlace> rim;
-    std::vector<SpotPlace> inner;
+    std::vector<QuadPlace> rim;
+    std::vector<QuadPlace> inner;
     for (int32_t y = 0; y < side; ++y) {
         const uint8_t* row = &picture_[static_cast<size_t>(y) * kPitch];
         std::copy_n(row, side, tip_.data() + y * side);
-        for (int32_t x = 0; x < side; x += kSpot) {
+        for (int32_t x = 0; x < side; x += kQuadPixels) {
             const bool whole =
-                std::all_of(row + x, row + x + kSpot, [](uint8_t share) { return share == 255; });
+                std::all_of(row + x, row + x + kQuadPixels, [](uint8_t share) { return share == 255; });
             const bool joins = nib_.HasSoftEdges() && !whole;
             (joins ? rim : inner)
                 .push_back({static_cast<int16_t>(x - reach_), static_cast<int16_t>(y - reach_)});
         }
     }
     rimCount_ = rim.size();
-    rimSteps_ = Steps(rimCount_);
+    rimBatches_ = BatchesFor(rimCount_);
     rim.insert(rim.end(), inner.begin(), inner.end());
     tipCount_ = rim.size();
-    steps_.resize(Steps(tipCount_) + kUsualStamps * (2 * rimSteps_ + kUsualBody));
-    places_.resize(steps_.size() * kSpotStep);
+    batches_.resize(BatchesFor(tipCount_) + kUsualStamps * (2 * rimBatches_ + kUsualBodyBatches));
+    places_.resize(batches_.size() * kQuadsPerBatch);
     for (size_t i = 0; i < tipCount_; ++i) {
-        const SpotPlace& place = rim[i];
-        AddSpot(i, place.x, place.y, PictureAt(place.x + reach_, place.y + reach_));
+        const QuadPlace& place = rim[i];
+        AddQuad(i, place.x, place.y, PictureAt(place.x + reach_, place.y + reach_));
     }
-    used_ = Steps(tipCount_);
+    used_ = BatchesFor(tipCount_);
 }
 
 void StampCache::SetStride(int32_t stride) {
     if (stride_ == static_cast<uint32_t>(stride)) return;
     stride_ = static_cast<uint32_t>(stride);
-    for (size_t i = 0; i < used_ * kSpotStep; ++i) Place(i);
+    for (size_t i = 0; i < used_ * kQuadsPerBatch; ++i) SetOffset(i);
 }
 
 Stamp StampCache::Get(int64_t dx, int64_t dy) {
     Stamp& stamp = stamps_[Index(dx, dy)];
-    if (stamp.first != 0) return stamp;
+    if (stamp.isMade) return stamp;
 
     const int32_t x = static_cast<int32_t>(dx);
     const int32_t y = static_cast<int32_t>(dy);
     Draw(x, y);
     // The tip may part a row in two.
-    const size_t rowSpots = RoundUp(static_cast<size_t>(columns_), kSpot) / kSpot + 1;
-    const size_t most = 2 * rimSteps_ + Steps(static_cast<size_t>(rows_) * rowSpots);
-    if (most > steps_.size() - used_) {
+    const size_t rowQuads = QuadsAcross(columns_) + 1;
+    const size_t most = 2 * rimBatches_ + BatchesFor(static_cast<size_t>(rows_) * rowQuads);
+    if (most > batches_.size() - used_) {
         std::fill(stamps_.begin(), stamps_.end(), Stamp{});
-        used_ = Steps(tipCount_);
+        used_ = BatchesFor(tipCount_);
     }
     const int32_t startX = std::max(-x, 0) + reach_;
     const int32_t startY = std::max(-y, 0) + reach_;
+    stamp.isMade = true;
     stamp.first = static_cast<uint32_t>(used_);
     AddRim(startX, startY);
     AddRim(startX + x, startY + y);
@@ -100,20 +102,20 @@ void StampCache::Draw(int32_t dx, int32_t dy) {
     }
 }
 
-// What the picture shows in the rim's spots around a pixel. The square ends where the tip does.
+// What the picture shows in the rim's quads around a pixel. The square ends where the tip does.
 void StampCache::AddRim(int32_t centerX, int32_t centerY) {
     for (size_t i = 0; i < rimCount_; ++i) {
-        const SpotPlace place = places_[i];
-        uint8_t bytes[kSpot] = {};
-        std::copy_n(PictureAt(centerX + place.x, centerY + place.y), std::min(reach_ + 1 - place.x, kSpot),
-                    bytes);
-        AddSpot(used_ * kSpotStep + i, place.x, place.y, bytes);
+        const QuadPlace place = places_[i];
+        uint8_t bytes[kQuadPixels] = {};
+        std::copy_n(PictureAt(centerX + place.x, centerY + place.y),
+                    std::min(reach_ + 1 - place.x, kQuadPixels), bytes);
+        AddQuad(used_ * kQuadsPerBatch + i, place.x, place.y, bytes);
     }
-    used_ += rimSteps_;
+    used_ += rimBatches_;
 }
 
-// All else of the picture, for a segment that starts at this pixel. Returns how many spots.
-uint32_t StampCache::AddBody(int32_t centerX, int32_t centerY) {
+// All else of the picture, for a segment that starts at this pixel. Returns how many quads.
+uint16_t StampCache::AddBody(int32_t centerX, int32_t centerY) {
     size_t count = 0;
     for (int32_t y = 0; y < rows_; ++y) {
         const uint8_t* row = &picture_[static_cast<size_t>(y) * kPitch];
@@ -124,23 +126,23 @@ uint32_t StampCache::AddBody(int32_t centerX, int32_t centerY) {
                 ++x;
                 continue;
             }
-            AddSpot(used_ * kSpotStep + count++, right, down, row + x);
-            x += kSpot;
+            AddQuad(used_ * kQuadsPerBatch + count++, right, down, row + x);
+            x += kQuadPixels;
         }
     }
-    used_ += Steps(count);
-    return static_cast<uint32_t>(count);
+    used_ += BatchesFor(count);
+    return static_cast<uint16_t>(count);
 }
 
-void StampCache::AddSpot(size_t index, int32_t x, int32_t y, const uint8_t* bytes) {
-    std::memcpy(&steps_[index / kSpotStep].shares[index % kSpotStep], bytes, kSpot);
+void StampCache::AddQuad(size_t index, int32_t x, int32_t y, const uint8_t* bytes) {
+    std::memcpy(&batches_[index / kQuadsPerBatch].shares[index % kQuadsPerBatch], bytes, kQuadPixels);
     places_[index] = {static_cast<int16_t>(x), static_cast<int16_t>(y)};
-    Place(index);
+    SetOffset(index);
 }
 
-void StampCache::Place(size_t index) {
-    const SpotPlace& place = places_[index];
-    steps_[index / kSpotStep].offsets[index % kSpotStep] =
+void StampCache::SetOffset(size_t index) {
+    const QuadPlace& place = places_[index];
+    batches_[index / kQuadsPerBatch].offsets[index % kQuadsPerBatch] =
         static_cast<uint32_t>(place.y) * stride_ + static_cast<uint32_t>(place.x);
 }
 

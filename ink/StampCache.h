@@ -3,17 +3,19 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 #include "ink/Nib.h"
-#include "ink/Spot.h"
+#include "ink/PixelQuad.h"
 
 namespace ink {
 
 // The coverage of one segment, as seen from the point it starts at.
 struct Stamp {
-    uint32_t first = 0;  // of its steps in the cache; 0 while it is not made
-    uint32_t count = 0;  // spots of its body
+    uint32_t first = 0;  // of its batches in the cache
+    uint16_t count = 0;  // quads of its body
+    bool isMade = false;
 };
 
 // A pen's samples lie a few pixels apart, so the same short segments come again and again. Their stamps are
@@ -21,13 +23,16 @@ struct Stamp {
 //
 // A stamp comes in three parts: what it covers around its start, the same around its end, and its body. The
 // body is all beyond the tip at the start, the tip at the end included. Around the ends it is seen in the
-// spots of the tip's rim, which is all of the tip's square but the spots that the tip covers wholly: in those
+// quads of the tip's rim, which is all of the tip's square but the quads that the tip covers wholly: in those
 // there is nothing to join. Nibs without soft edges have no rim.
 class StampCache {
   public:
     static constexpr int32_t kMaxDelta = 24;  // longest dx or dy kept
-    // No stamp's tip and body have more spots together.
-    static constexpr size_t kMostSpots = 1024;
+    // No stamp's tip and body have more quads together. The tip may part each row of the body in two.
+    static constexpr int32_t kWidestTip = 2 * kWidestReach + 1;
+    static constexpr int32_t kWidestStamp = kMaxDelta + kWidestTip;
+    static constexpr size_t kMostQuads =
+        kWidestTip * QuadsAcross(kWidestTip) + kWidestStamp * (QuadsAcross(kWidestStamp) + 1);
 
     // Throws bad_alloc. The nib must outlive the cache.
     explicit StampCache(Nib& nib);
@@ -40,26 +45,29 @@ class StampCache {
     // Offsets are for pictures of this many pixels from row to row.
     void SetStride(int32_t stride);
 
-    // The stamp of a segment that fits and is not a point, one with `first` 0 while it is not made.
+    // The stamp of a segment that fits and is not a point, which may not be made yet.
     Stamp Find(int64_t dx, int64_t dy) const { return stamps_[Index(dx, dy)]; }
     // The same, made if need be. Making one may end all others; the two made last are always there.
     Stamp Get(int64_t dx, int64_t dy);
 
     // The tip's own coverage around a point: what a segment without length covers.
-    SpotList Tip() const { return List(0, tipCount_); }
-    // The same in the rim's spots.
-    SpotList Rim() const { return List(0, rimCount_); }
-    size_t RimSteps() const { return rimSteps_; }
+    QuadList Tip() const { return List(0, tipCount_); }
+    // The same in the rim's quads.
+    QuadList Rim() const { return List(0, rimCount_); }
+    size_t RimBatches() const { return rimBatches_; }
 
-    const SpotStep* StartRim(const Stamp& stamp) const { return &steps_[stamp.first]; }
-    const SpotStep* EndRim(const Stamp& stamp) const { return &steps_[stamp.first + rimSteps_]; }
-    SpotList Body(const Stamp& stamp) const { return List(stamp.first + 2 * rimSteps_, stamp.count); }
+    const QuadBatch* StartRim(const Stamp& stamp) const { return &batches_[stamp.first]; }
+    const QuadBatch* EndRim(const Stamp& stamp) const { return &batches_[stamp.first + rimBatches_]; }
+    QuadList Body(const Stamp& stamp) const { return List(stamp.first + 2 * rimBatches_, stamp.count); }
 
   private:
-    static constexpr size_t kPitch = 64;  // of picture_: the widest stamp, and a spot behind its end
+    // From row to row of picture_.
+    static constexpr size_t kPitch = 64;
+    static_assert(kPitch >= kWidestStamp + kQuadPixels, "a quad may end behind the widest stamp");
+    static_assert(kMostQuads <= std::numeric_limits<uint16_t>::max(), "a stamp's count is that small");
 
-    SpotList List(size_t first, size_t count) const {
-        return {&steps_[first], &places_[first * kSpotStep], count};
+    QuadList List(size_t first, size_t count) const {
+        return {&batches_[first], &places_[first * kQuadsPerBatch], count};
     }
     static size_t Index(int64_t dx, int64_t dy) {
         return static_cast<size_t>((dy + kMaxDelta) * (2 * kMaxDelta + 1) + dx + kMaxDelta);
@@ -71,21 +79,21 @@ class StampCache {
     void Draw(int32_t dx, int32_t dy);
     void MakeTip();
     void AddRim(int32_t centerX, int32_t centerY);
-    uint32_t AddBody(int32_t centerX, int32_t centerY);
-    void AddSpot(size_t index, int32_t x, int32_t y, const uint8_t* bytes);
-    void Place(size_t index);
+    uint16_t AddBody(int32_t centerX, int32_t centerY);
+    void AddQuad(size_t index, int32_t x, int32_t y, const uint8_t* bytes);
+    void SetOffset(size_t index);
     bool IsBody(int32_t x, int32_t y, uint8_t share) const;
 
     Nib& nib_;
     const int32_t reach_;
     size_t tipCount_ = 0;
     size_t rimCount_ = 0;
-    size_t rimSteps_ = 0;
+    size_t rimBatches_ = 0;
     uint32_t stride_ = 0;
     std::vector<Stamp> stamps_;
-    // The spots of all stamps, the tip first, and their places; `used_` steps.
-    std::vector<SpotStep> steps_;
-    std::vector<SpotPlace> places_;
+    // The quads of all stamps, the tip first, and their places; `used_` batches.
+    std::vector<QuadBatch> batches_;
+    std::vector<QuadPlace> places_;
     size_t used_ = 0;
     std::vector<uint8_t> tip_;  // the coverage in its square, row by row
     // The segment that a stamp is being made of.

@@ -23,9 +23,9 @@ StrokeTracer::StrokeTracer(std::unique_ptr<Nib> nib)
       reach_(nib_->Reach()),
       softEdges_(nib_->HasSoftEdges()),
       stamps_(*nib_),
-      joint_(stamps_.RimSteps()),
-      endRoom_(stamps_.RimSteps()),
-      startRoom_(stamps_.RimSteps()),
+      joint_(stamps_.RimBatches()),
+      endRoom_(stamps_.RimBatches()),
+      startRoom_(stamps_.RimBatches()),
       square_(static_cast<size_t>((2 * reach_ + 1) * (2 * reach_ + 1))) {}
 
 bool StrokeTracer::Begin(const Rect& area, int32_t stride) {
@@ -41,7 +41,7 @@ bool StrokeTracer::Begin(const Rect& area, int32_t stride) {
 
 void StrokeTracer::Trace(const Point* points, size_t count, const TraceShift& shift, bool inside) {
     const TracePoint first = shift(points[0]);
-    if (!hasPoint_ || !(walk_.last == first)) walk_ = {first, {}, stamps_.Rim().steps};
+    if (!hasPoint_ || !(walk_.last == first)) walk_ = {first, {}, stamps_.Rim().batches};
     hasPoint_ = true;
     // Where a line goes on its tip is there already, but joining changes what has to be painted around it.
     AddTip(first);
@@ -53,8 +53,8 @@ void StrokeTracer::Trace(const Point* points, size_t count, const TraceShift& sh
 
 // Nearly all of the work: segments whose stamps are made and lie inside. Returns how many points that were.
 size_t StrokeTracer::TraceStamps(const Point* points, size_t count, const TraceShift& shift, bool inside) {
-    const SpotList rim = stamps_.Rim();
-    SpotFeed feed(mask_);
+    const QuadList rim = stamps_.Rim();
+    QuadFeed feed(mask_);
     Walk walk = walk_;
     size_t done = 0;
     for (; done < count; ++done) {
@@ -62,7 +62,7 @@ size_t StrokeTracer::TraceStamps(const Point* points, size_t count, const TraceS
         const TracePoint direction = point - walk.last;
         if (!StampCache::Fits(direction.x, direction.y)) break;
         const Stamp stamp = stamps_.Find(direction.x, direction.y);
-        if (stamp.first == 0 || !(inside || LiesInside(walk.last, direction))) break;
+        if (!stamp.isMade || !(inside || LiesInside(walk.last, direction))) break;
         const uint32_t place = mask_.PlaceOf(walk.last.x, walk.last.y);
         if (softEdges_) feed.Joint(place, rim, Before(walk, direction), stamps_.StartRim(stamp));
         feed.Body(place, stamps_.Body(stamp));
@@ -94,7 +94,7 @@ void StrokeTracer::ShortStep(const TracePoint& point, const TracePoint& directio
     }
     if (Touches(walk_.last, direction)) {
         if (softEdges_) AddJoint(direction, stamps_.StartRim(stamp));
-        mask_.RaiseCut(walk_.last.x, walk_.last.y, stamps_.Body(stamp));
+        mask_.RaiseClipped(walk_.last.x, walk_.last.y, stamps_.Body(stamp));
     }
     walk_ = {point, direction, stamps_.EndRim(stamp)};
 }
@@ -112,7 +112,7 @@ bool StrokeTracer::LiesInside(const TracePoint& from, const TracePoint& directio
     const Rect& area = mask_.Area();
     const TracePoint to{from.x + direction.x, from.y + direction.y};
     return std::min(from.x, to.x) - reach_ >= area.left &&
-           std::max(from.x, to.x) + reach_ + kOverhang < area.right &&
+           std::max(from.x, to.x) + reach_ + kQuadOverhang < area.right &&
            std::min(from.y, to.y) - reach_ >= area.top && std::max(from.y, to.y) + reach_ < area.bottom;
 }
 
@@ -125,11 +125,11 @@ bool StrokeTracer::Touches(const TracePoint& from, const TracePoint& direction) 
 
 void StrokeTracer::AddTip(const TracePoint& at) {
     if (LiesInside(at, {})) {
-        SpotFeed feed(mask_);
+        QuadFeed feed(mask_);
         feed.Body(mask_.PlaceOf(at.x, at.y), stamps_.Tip());
         feed.End();
     } else if (Touches(at, {})) {
-        mask_.RaiseCut(at.x, at.y, stamps_.Tip());
+        mask_.RaiseClipped(at.x, at.y, stamps_.Tip());
     }
 }
 
@@ -146,13 +146,14 @@ void StrokeTracer::AddLong(const TracePoint& from, const TracePoint& direction) 
     for (int64_t y = top; y < bottom; ++y) {
         const CoverSpan span = nib_->CoverRow(sweep, y - start.y, left - start.x,
                                               static_cast<int32_t>(right - left), row_.data());
-        if (span.end <= span.first) continue;
+        if (span.IsEmpty()) continue;
         mask_.RaiseRow(static_cast<int32_t>(left) + span.first, static_cast<int32_t>(y),
                        row_.data() + span.first, span.end - span.first);
     }
 }
 
-const SpotStep* StrokeTracer::LongRim(const TracePoint& direction, bool atEnd, std::vector<SpotStep>& room) {
+const QuadBatch* StrokeTracer::LongRim(const TracePoint& direction, bool atEnd,
+                                       std::vector<QuadBatch>& room) {
     bool turned = false;
     const Sweep sweep = Downwards(direction, turned);
     const bool atSweepEnd = atEnd != turned;
@@ -164,15 +165,15 @@ const SpotStep* StrokeTracer::LongRim(const TracePoint& direction, bool atEnd, s
         nib_->CoverRow(sweep, top + static_cast<int64_t>(y), left, static_cast<int32_t>(side),
                        &square_[y * side]);
     }
-    const SpotList rim = stamps_.Rim();
+    const QuadList rim = stamps_.Rim();
     for (size_t i = 0; i < rim.count; ++i) {
         const int32_t right = rim.places[i].x + reach_;
         const int32_t down = rim.places[i].y + reach_;
         const size_t x = static_cast<size_t>(right);
         const size_t y = static_cast<size_t>(down);
-        uint8_t bytes[kSpot] = {};
-        std::copy_n(&square_[y * side + x], std::min<size_t>(side - x, kSpot), bytes);
-        std::memcpy(&room[i / kSpotStep].shares[i % kSpotStep], bytes, kSpot);
+        uint8_t bytes[kQuadPixels] = {};
+        std::copy_n(&square_[y * side + x], std::min<size_t>(side - x, kQuadPixels), bytes);
+        std::memcpy(&room[i / kQuadsPerBatch].shares[i % kQuadsPerBatch], bytes, kQuadPixels);
     }
     return room.data();
 }
@@ -181,18 +182,18 @@ const SpotStep* StrokeTracer::LongRim(const TracePoint& direction, bool atEnd, s
 // area they cover together is the sum less the tip. The larger of the two alone would leave a thin line
 // paler at every joint. On sharp turns the segments overlap more, and the larger is right: the one before is
 // raised already, so the tip stands for it in the sum.
-inline const SpotStep* StrokeTracer::Before(const Walk& walk, const TracePoint& direction) const {
-    return GoesOn(walk.direction, direction) ? walk.before : stamps_.Rim().steps;
+inline const QuadBatch* StrokeTracer::Before(const Walk& walk, const TracePoint& direction) const {
+    return GoesOn(walk.direction, direction) ? walk.before : stamps_.Rim().batches;
 }
 
-void StrokeTracer::AddJoint(const TracePoint& direction, const SpotStep* after) {
-    SpotList joint = stamps_.Rim();
-    const SpotStep* before = Before(walk_, direction);
+void StrokeTracer::AddJoint(const TracePoint& direction, const QuadBatch* after) {
+    QuadList joint = stamps_.Rim();
+    const QuadBatch* before = Before(walk_, direction);
     for (size_t i = 0; i < joint_.size(); ++i) {
-        StoreBytes(joint_[i].shares, JoinShares(before[i], after[i], joint.steps[i]));
+        StoreBytes(joint_[i].shares, JoinShares(before[i], after[i], joint.batches[i]));
     }
-    joint.steps = joint_.data();
-    mask_.RaiseCut(walk_.last.x, walk_.last.y, joint);
+    joint.batches = joint_.data();
+    mask_.RaiseClipped(walk_.last.x, walk_.last.y, joint);
 }
 
 }  // namespace ink

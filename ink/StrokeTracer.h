@@ -51,7 +51,7 @@ class StrokeTracer {
 
     // Goes through at least one point: on from where the tracer stands, if the first one is there, or else as
     // a new line. One point is a dot, which changes nothing on a line that has it as an end. `inside`
-    // promises that all of the ink lies in the area, with kOverhang columns to spare on its right.
+    // promises that all of the ink lies in the area, with kQuadOverhang columns to spare on its right.
     void Trace(const Point* points, size_t count, const TraceShift& shift, bool inside);
 
     int32_t Reach() const { return reach_; }
@@ -61,8 +61,8 @@ class StrokeTracer {
     // Where the pen is; a value of its own, so that it stays in registers from point to point.
     struct Walk {
         TracePoint last;
-        TracePoint direction;              // of the last segment; zero when there is none
-        const SpotStep* before = nullptr;  // what the last segment covers around its end
+        TracePoint direction;               // of the last segment; zero when there is none
+        const QuadBatch* before = nullptr;  // what the last segment covers around its end
     };
 
     size_t TraceStamps(const Point* points, size_t count, const TraceShift& shift, bool inside);
@@ -73,9 +73,9 @@ class StrokeTracer {
     bool Touches(const TracePoint& from, const TracePoint& direction) const;
     void AddTip(const TracePoint& at);
     void AddLong(const TracePoint& from, const TracePoint& direction);
-    const SpotStep* LongRim(const TracePoint& direction, bool atEnd, std::vector<SpotStep>& room);
-    const SpotStep* Before(const Walk& walk, const TracePoint& direction) const;
-    void AddJoint(const TracePoint& direction, const SpotStep* after);
+    const QuadBatch* LongRim(const TracePoint& direction, bool atEnd, std::vector<QuadBatch>& room);
+    const QuadBatch* Before(const Walk& walk, const TracePoint& direction) const;
+    void AddJoint(const TracePoint& direction, const QuadBatch* after);
 
     std::unique_ptr<Nib> nib_;
     const int32_t reach_;
@@ -88,9 +88,9 @@ class StrokeTracer {
 
     std::vector<uint8_t> row_;
     // The rim around a joint and around the ends of long segments, and what those cover row by row.
-    std::vector<SpotStep> joint_;
-    std::vector<SpotStep> endRoom_;
-    std::vector<SpotStep> startRoom_;
+    std::vector<QuadBatch> joint_;
+    std::vector<QuadBatch> endRoom_;
+    std::vector<QuadBatch> startRoom_;
     std::vector<uint8_t> square_;
 };
 

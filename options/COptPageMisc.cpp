@@ -9,6 +9,7 @@ namespace options {
 namespace {
 
 using app::SettingId;
+using ink::PenStyle;
 
 constexpr int kDays = 7;
 constexpr int16_t kLongestOffset = 32767;  // minutes
@@ -18,17 +19,23 @@ constexpr int kSmooth = 0;
 constexpr int kClassic = 1;
 constexpr int kSimple = 2;
 
-int ListedStyle(uint8_t style) { return style == 1 ? kClassic : style == 0 ? kSimple : kSmooth; }
+int ListedStyle(PenStyle style) {
+    if (style == PenStyle::Simple) return kSimple;
+    return style == PenStyle::Classic ? kClassic : kSmooth;
+}
 
-uint8_t StyleOf(int listed) { return listed == kClassic ? 1 : listed == kSimple ? 0 : 2; }
+PenStyle StyleOf(int listed) {
+    if (listed == kSimple) return PenStyle::Simple;
+    return listed == kClassic ? PenStyle::Classic : PenStyle::Smooth;
+}
 
 }  // namespace
 
 PenChoice DecodePenInfo(uint32_t penInfo) {
-    return {static_cast<int>(penInfo & 0xFF) / 10, static_cast<uint8_t>(penInfo >> 16)};
+    return {static_cast<int>(penInfo & 0xFF) / 10, ink::PenStyleOf(penInfo >> 16 & 0xFF)};
 }
 
-uint32_t EncodePenInfo(uint32_t size, uint8_t style) {
+uint32_t EncodePenInfo(uint32_t size, PenStyle style) {
     return (size * 10 & 0xFFFF) | static_cast<uint32_t>(style) << 16;
 }
 

@@ -15,13 +15,13 @@ TEST_F(Settings, AnEmptyKeyGivesTheFirstNotesColours) {
                 testing::ElementsAre(0x808080u, 0x4040FFu, 0x40FF40u, 0xFF4040u, 0xFF40FFu));
     EXPECT_EQ(pen.backgroundColor, 0xFFFFFFu);
     EXPECT_EQ(pen.penSize, 10);
-    EXPECT_EQ(pen.penStyle, 2);
+    EXPECT_EQ(pen.penStyle, ink::PenStyle::Smooth);
 }
 
 TEST_F(Settings, PenInfoHoldsSizeAndStyle) {
-    device.SetSetting(L"PenInfo", 0x7F020064);
+    device.SetSetting(L"PenInfo", 0x7F010064);
     EXPECT_EQ(app::LoadPenSettings().penSize, 100);
-    EXPECT_EQ(app::LoadPenSettings().penStyle, 2);
+    EXPECT_EQ(app::LoadPenSettings().penStyle, ink::PenStyle::Classic);
 }
 
 TEST_F(Settings, NamePatternsAreTextUnderTheNumberType) {

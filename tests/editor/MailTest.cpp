@@ -70,7 +70,7 @@ class Mail : public testing_support::DeskTest {
         pixels.resize(static_cast<size_t>(width) * static_cast<size_t>(height));
         ink::PixelSurface surface{pixels.data(), width, height, width};
         ink::InkPainter painter;
-        painter.SetPen(2, 2.0);
+        painter.SetPen(ink::PenStyle::Smooth, 2.0);
         painter.Repaint(surface, *page, 0, surface.Bounds());
     }
 };

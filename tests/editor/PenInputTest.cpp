@@ -22,7 +22,7 @@ class PenInput : public testing_support::DeskTest {
         return ReadBack(kNote);
     }
     // What a repaint of the whole view would show.
-    std::vector<uint32_t> Repainted(const ink::InkPage& page, uint8_t style, double width) {
+    std::vector<uint32_t> Repainted(const ink::InkPage& page, ink::PenStyle style, double width) {
         std::vector<uint32_t> pixels(224 * 268);
         ink::PixelSurface surface{pixels.data(), 224, 268, 224};
         ink::InkPainter painter;
@@ -121,8 +121,7 @@ TEST_F(PenInput, LiveInkIsTheInkOfARepaint) {
                 Desk().Stroke({{0, 0}, {223, 267}, {5, 200}, {-4, 100}, {230, 30}});
                 live = ShownPixels();
             });
-            EXPECT_TRUE(live == Repainted(*page, static_cast<uint8_t>(style), size * 0.1))
-                << style << " " << size;
+            EXPECT_TRUE(live == Repainted(*page, ink::PenStyleOf(style), size * 0.1)) << style << " " << size;
         }
     }
 }

@@ -15,6 +15,7 @@
 
 namespace {
 
+using ink::PenStyle;
 using sketch::Points;
 
 constexpr int32_t kWidth = 96;
@@ -46,7 +47,7 @@ std::string Ppm(const sketch::Picture& picture) {
 
 struct Scene {
     const char* name;
-    uint8_t style;
+    PenStyle style;
     double width;
     ink::ColorRef background;
     ink::ColorRef ink;
@@ -78,12 +79,12 @@ TEST_P(Golden, LooksAsBefore) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Pens, Golden,
-                         testing::Values(Scene{"smooth-1-white", 2, 1.0, 0xFFFFFF, 0x602000},
-                                         Scene{"smooth-3-black", 2, 3.0, 0x000000, 0x40FF40},
-                                         Scene{"smooth-10-blue", 2, 10.0, 0x803010, 0xE0FFFF},
-                                         Scene{"classic-yellow", 1, 1.0, 0xC0FFFF, 0xFF4040},
-                                         Scene{"simple-1-white", 0, 1.0, 0xFFFFFF, 0x000000},
-                                         Scene{"simple-4-grey", 0, 4.0, 0x808080, 0x4040FF}),
+                         testing::Values(Scene{"smooth-1-white", PenStyle::Smooth, 1.0, 0xFFFFFF, 0x602000},
+                                         Scene{"smooth-3-black", PenStyle::Smooth, 3.0, 0x000000, 0x40FF40},
+                                         Scene{"smooth-10-blue", PenStyle::Smooth, 10.0, 0x803010, 0xE0FFFF},
+                                         Scene{"classic-yellow", PenStyle::Classic, 1.0, 0xC0FFFF, 0xFF4040},
+                                         Scene{"simple-1-white", PenStyle::Simple, 1.0, 0xFFFFFF, 0x000000},
+                                         Scene{"simple-4-grey", PenStyle::Simple, 4.0, 0x808080, 0x4040FF}),
                          [](const auto& scene) {
                              std::string name = scene.param.name;
                              for (char& c : name) c = c == '-' ? '_' : c;

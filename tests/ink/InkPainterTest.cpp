@@ -64,7 +64,7 @@ TEST(InkPainter, StripsAndTilesFitTogether) {
         ink::InkPage page;
         Fill(page, SomeStrokes(random));
         InkPainter painter;
-        ASSERT_TRUE(painter.SetPen(pen.style, pen.width));
+        ASSERT_TRUE(painter.SetPen(ink::PenStyleOf(pen.style), pen.width));
         for (const int32_t scroll : {0, 37, kHeight}) {
             Picture whole(kWidth, kHeight, kMark);
             painter.Repaint(whole.surface, page, scroll, whole.surface.Bounds());
@@ -85,7 +85,7 @@ TEST(InkPainter, NothingOutsideTheClipIsTouched) {
     Fill(page, SomeStrokes(random));
     for (const Pen& pen : AllPens()) {
         InkPainter painter;
-        painter.SetPen(pen.style, pen.width);
+        painter.SetPen(ink::PenStyleOf(pen.style), pen.width);
         const Rect clip{33, 21, 90, 77};
         Picture picture(kWidth, kHeight, kMark);
         painter.Repaint(picture.surface, page, 0, clip);
@@ -123,7 +123,7 @@ TEST(InkPainter, LiveInkIsTheRepaintedInk) {
     for (const Pen& pen : AllPens()) {
         SCOPED_TRACE(Name(pen));
         InkPainter painter;
-        painter.SetPen(pen.style, pen.width);
+        painter.SetPen(ink::PenStyleOf(pen.style), pen.width);
         for (const Points& points : SomeStrokes(random)) {
             ink::InkPage page;
             page.bandHeight = kHeight;
@@ -143,7 +143,7 @@ TEST(InkPainter, AnEndDotChangesNothing) {
     std::mt19937 random(4);
     for (const Pen& pen : AllPens()) {
         InkPainter painter;
-        painter.SetPen(pen.style, pen.width);
+        painter.SetPen(ink::PenStyleOf(pen.style), pen.width);
         const Points points = sketch::Wander(random, 40, 8, {0, 0, kWidth, kHeight});
         Picture picture(kWidth, kHeight);
         painter.BeginStroke(picture.surface, 0x2040C0);
@@ -158,7 +158,7 @@ TEST(InkPainter, AnEndDotChangesNothing) {
 Picture Draw(const Pen& pen, const Points& points) {
     Picture picture(kWidth, kHeight);
     InkPainter painter;
-    painter.SetPen(pen.style, pen.width);
+    painter.SetPen(ink::PenStyleOf(pen.style), pen.width);
     painter.BeginStroke(picture.surface, 0);
     painter.PaintSegment(picture.surface, points.data(), points.size());
     return picture;
@@ -182,7 +182,7 @@ TEST(InkPainter, NarrowSurfacesAndLongRowsShowTheSameInk) {
         ink::InkPage page;
         Fill(page, SomeStrokes(random));
         InkPainter painter;
-        painter.SetPen(pen.style, pen.width);
+        painter.SetPen(ink::PenStyleOf(pen.style), pen.width);
         Picture whole(kWidth, kHeight);
         painter.Repaint(whole.surface, page, ink::kHeadRows, whole.surface.Bounds());
         for (const int32_t width : {1, 2, 3, 4, 5, 40}) {
@@ -208,7 +208,7 @@ TEST(InkPainter, ScribblesAreTheSameLiveAndRepainted) {
     for (const Pen& pen : AllPens()) {
         const Points points = sketch::Wander(random, 900, 6, {60, 50, 90, 70});
         InkPainter painter;
-        painter.SetPen(pen.style, pen.width);
+        painter.SetPen(ink::PenStyleOf(pen.style), pen.width);
         Picture live(kWidth, kHeight);
         painter.BeginStroke(live.surface, 0x2040C0);
         for (size_t i = 0; i + 1 < points.size(); ++i) painter.PaintSegment(live.surface, &points[i], 2);
@@ -301,7 +301,7 @@ TEST(InkPainter, WildCoordinatesCostNoMoreThanThePicture) {
     page.AddStroke(wild.data(), 3000, 0, 129, 0x40FF);
     for (const Pen& pen : AllPens()) {
         InkPainter painter;
-        painter.SetPen(pen.style, pen.width);
+        painter.SetPen(ink::PenStyleOf(pen.style), pen.width);
         const auto start = std::chrono::steady_clock::now();
         Picture picture(kWidth, kHeight);
         for (const int32_t scroll : {0, 60, kLow, kHigh}) {

@@ -48,6 +48,7 @@ void operator delete[](void* place, size_t) noexcept { Release(place); }
 namespace {
 
 using ink::InkPage;
+using ink::PenStyle;
 
 TEST(MemoryShortage, AddingLeavesThePageAsItWas) {
     const ink::Point points[] = {{1, 500}, {2, 510}};
@@ -172,7 +173,7 @@ TEST(MemoryShortage, SavingNeedsNone) {
 
 TEST(MemoryShortage, MovingThePenAllocatesNothing) {
     std::mt19937 random(9);
-    for (const uint8_t style : {uint8_t{0}, uint8_t{1}, uint8_t{2}}) {
+    for (const PenStyle style : {PenStyle::Simple, PenStyle::Classic, PenStyle::Smooth}) {
         sketch::Picture picture(200, 200);
         ink::InkPainter painter;
         ASSERT_TRUE(painter.SetPen(style, 3));
@@ -197,8 +198,8 @@ TEST(MemoryShortage, PainterReportsItAndGoesOnLater) {
         sketch::Picture picture(100, 100);
         {
             const Shortage shortage(count);
-            done =
-                painter.SetPen(2, 1.0) && painter.Repaint(picture.surface, page, 0, picture.surface.Bounds());
+            done = painter.SetPen(PenStyle::Smooth, 1.0) &&
+                   painter.Repaint(picture.surface, page, 0, picture.surface.Bounds());
         }
         ASSERT_LT(count, 40u);
         ASSERT_TRUE(painter.Repaint(picture.surface, page, 0, picture.surface.Bounds()));
