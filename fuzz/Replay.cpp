@@ -1,12 +1,11 @@
 // Runs the fuzz target on every file of the folders named on the command line.
-#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <vector>
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
+#include "fuzz/NoteTarget.h"
 
 int main(int argc, char** argv) {
     size_t count = 0;
@@ -17,7 +16,7 @@ int main(int argc, char** argv) {
                                           std::istreambuf_iterator<char>()};
             std::printf("%s\n", entry.path().filename().c_str());
             std::fflush(stdout);
-            LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
+            TryNote(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size(), Care::Thorough);
             ++count;
         }
     }
