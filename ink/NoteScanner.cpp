@@ -54,7 +54,6 @@ ScanResult NoteScanner::Next(StrokeRecord*& record) {
 }
 
 ScanResult NoteScanner::Need(uint64_t size) {
-    if (Left() >= size) return ScanResult::Record;
     while (Left() < size) {
         if (atEnd_) return ScanResult::Damaged;
         if (end_ == capacity_ || size > capacity_ - cursor_) {

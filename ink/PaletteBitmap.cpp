@@ -80,8 +80,9 @@ uint8_t PaletteBitmap::PaletteIndex(ColorRef color) {
 // block instructions, gives the first of the nearest.
 uint8_t PaletteBitmap::Nearest(ColorRef color) const {
     uint32_t best = std::numeric_limits<uint32_t>::max();
-    for (uint32_t i = 0; i < palette_.size(); ++i) {
-        best = std::min(best, static_cast<uint32_t>(Distance(palette_[i], color)) << 8 | i);
+    uint32_t index = 0;
+    for (const ColorRef entry : palette_) {
+        best = std::min(best, static_cast<uint32_t>(Distance(entry, color)) << 8 | index++);
     }
     return static_cast<uint8_t>(best);
 }

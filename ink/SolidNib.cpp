@@ -12,7 +12,8 @@ struct Columns {
     int64_t right;
 };
 
-int64_t CeilDivide(int64_t a, int64_t b) { return a >= 0 ? (a + b - 1) / b : -(-a / b); }
+// Rounds up, and what is negative to anything not above zero.
+int64_t CeilDivide(int64_t a, int64_t b) { return (a + b - 1) / b; }
 
 // The pixels of the line in row y (0..dy), for dx >= 0: along the longer side one pixel per step, rounded
 // to the nearest in the other direction.

@@ -106,6 +106,7 @@ TEST(InkPage, ClearDropsInkAndMemoButNotTheSettings) {
     page.scroll = 70;
     sketch::Add(page, {{0, 0}});
     sketch::Add(page, {{0, 950}});
+    ASSERT_TRUE(page.CutRecords(0, {{{0, 0}}, {}}));
     page.Clear();
     EXPECT_EQ(page.SlotCount(), 0u);
     EXPECT_FALSE(page.HasInk());
@@ -114,7 +115,10 @@ TEST(InkPage, ClearDropsInkAndMemoButNotTheSettings) {
     EXPECT_TRUE(page.memo.empty());
     EXPECT_EQ(page.background, 0x123456u);
     EXPECT_EQ(page.notePath, L"\\My Documents\\");
+    // Nor does anything come back out of memory that is gone.
+    EXPECT_EQ(page.Pool().Capacity(), 0u);
     EXPECT_EQ(sketch::Add(page, {{0, 0}}), AddResult::Added);
+    EXPECT_EQ(page.Pool().Capacity(), ink::StrokePool::kFirstChunk);
 }
 
 TEST(InkPage, TrimsEmptyAndMissingBandsFromTheEnd) {
@@ -139,6 +143,7 @@ TEST(InkPage, CuttingKeepsPlaceOffsetAndColour) {
     page.bandHeight = 268;
     ASSERT_TRUE(sketch::Load(sketch::ReadFixture("offset"), page).Ok());
     sketch::Add(page, {{7, 7}}, 9);
+    page.modified = false;
     ASSERT_TRUE(page.CutRecords(0, {{{0, 2}}, {{0, 1}, {2, 1}}}));
     EXPECT_TRUE(page.modified);
     Lines lines = sketch::Describe(page);

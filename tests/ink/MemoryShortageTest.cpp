@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <cstring>
+#include <functional>
 #include <limits>
 #include <new>
 
@@ -50,106 +52,78 @@ namespace {
 using ink::InkPage;
 using ink::PenStyle;
 
-TEST(MemoryShortage, AddingLeavesThePageAsItWas) {
-    const ink::Point points[] = {{1, 500}, {2, 510}};
-    bool added = false;
-    for (size_t count = 0; !added; ++count) {
-        InkPage page;
-        page.bandHeight = 100;
-        sketch::Add(page, {{0, 10}});
-        const auto before = sketch::Describe(page);
-        const size_t slots = page.SlotCount();
-        ink::AddResult result = ink::AddResult::Added;
-        {
-            const Shortage shortage(count);
-            result = page.AddStroke(points, 2, 500, 510, 0);
-        }
-        added = result == ink::AddResult::Added;
-        ASSERT_LT(count, 20u);
-        if (added) continue;
-        EXPECT_EQ(result, ink::AddResult::OutOfMemory);
-        EXPECT_EQ(sketch::Describe(page), before) << count;
-        EXPECT_EQ(page.SlotCount(), slots) << count;
-        EXPECT_EQ(page.AddStroke(points, 2, 500, 510, 0), ink::AddResult::Added);
-    }
+template <typename Action>
+auto Within(size_t allocations, Action&& action) {
+    const Shortage shortage(allocations);
+    return action();
 }
 
-TEST(MemoryShortage, CuttingAndShiftingAreAllOrNothing) {
+// Makes the attempt with ever more allocations that succeed, until it says that it did.
+template <typename Attempt>
+void UntilItSucceeds(Attempt&& attempt) {
+    for (size_t count = 0; !attempt(count); ++count) ASSERT_LT(count, 40u);
+}
+
+TEST(MemoryShortage, APageIsChangedWholeOrNotAtAll) {
+    const ink::Point points[] = {{1, 500}, {2, 510}};
     const ink::BandCuts cuts{{{0, 3}}, {{0, 1}, {2, 20000}, {20003, 1}}};
-    for (const bool shift : {false, true}) {
-        bool done = false;
-        for (size_t count = 0; !done; ++count) {
+    ink::SweptRegion region;
+    ASSERT_TRUE(region.AddSquare(60, 105));
+    using Edit = std::function<bool(InkPage&)>;
+    const Edit edits[] = {
+        [&](InkPage& page) { return page.AddStroke(points, 2, 500, 510, 0) == ink::AddResult::Added; },
+        [&](InkPage& page) { return page.CutRecords(0, cuts); },
+        [](InkPage& page) { return page.ShiftStrokes(200, 300); },
+        [&](InkPage& page) { return ink::EraseStrokes(page, region) == ink::EditResult::Changed; }};
+    const auto fill = [](InkPage& page) {
+        page.bandHeight = 100;
+        sketch::Add(page, sketch::Points(20010, {3, 4}));
+        sketch::Add(page, {{60, 90}, {60, 100}, {60, 110}, {60, 120}});
+        sketch::Add(page, {{5, 250}});
+    };
+    for (const Edit& edit : edits) {
+        InkPage edited;
+        fill(edited);
+        ASSERT_TRUE(edit(edited));
+        UntilItSucceeds([&](size_t count) {
             InkPage page;
-            page.bandHeight = 100;
-            sketch::Add(page, sketch::Points(20010, {3, 4}));
-            sketch::Add(page, {{5, 250}});
+            fill(page);
             const auto before = sketch::Describe(page);
-            {
-                const Shortage shortage(count);
-                done = shift ? page.ShiftStrokes(200, 300) : page.CutRecords(0, cuts);
-            }
-            ASSERT_LT(count, 20u);
+            const size_t slots = page.SlotCount();
+            const bool done = Within(count, [&] { return edit(page); });
             if (!done) {
                 EXPECT_EQ(sketch::Describe(page), before) << count;
+                EXPECT_EQ(page.SlotCount(), slots) << count;
+                EXPECT_TRUE(edit(page)) << count;
             }
-        }
+            EXPECT_EQ(sketch::Describe(page), sketch::Describe(edited)) << count;
+            return done;
+        });
     }
 }
 
 TEST(MemoryShortage, ASquareIsSweptWholeOrNotAtAll) {
-    bool swept = false;
-    for (size_t count = 0; !swept; ++count) {
+    UntilItSucceeds([](size_t count) {
         ink::SweptRegion region;
-        {
-            const Shortage shortage(count);
-            swept = region.AddSquare(64, 16);
-        }
-        ASSERT_LT(count, 20u);
+        const bool swept = Within(count, [&] { return region.AddSquare(64, 16); });
         EXPECT_EQ(region.IsEmpty(), !swept) << count;
         for (const int32_t x : {57, 70}) EXPECT_EQ(region.Contains(x, 9), swept) << count;
-    }
-}
-
-TEST(MemoryShortage, ErasingLeavesEachStrokeErasedOrWhole) {
-    ink::SweptRegion region;
-    ASSERT_TRUE(region.AddSquare(60, 105));
-    bool done = false;
-    for (size_t count = 0; !done; ++count) {
-        InkPage page;
-        page.bandHeight = 100;
-        sketch::Add(page, sketch::Points(5000, {3, 4}));
-        sketch::Add(page, {{60, 90}, {60, 100}, {60, 110}, {60, 120}});
-        const auto whole = sketch::Describe(page);
-        {
-            const Shortage shortage(count);
-            done = ink::EraseStrokes(page, region) == ink::EditResult::Changed;
-        }
-        ASSERT_LT(count, 20u);
-        EXPECT_EQ(sketch::Describe(page).size(), done ? 3u : 2u) << count;
-        if (!done) {
-            EXPECT_EQ(sketch::Describe(page), whole) << count;
-        }
-    }
+        return swept;
+    });
 }
 
 TEST(MemoryShortage, LoadingSaysSoAndKeepsNothing) {
     const sketch::Bytes bytes = sketch::ReadFixture("version-5");
     for (const int32_t height : {268, 240}) {
-        bool loaded = false;
-        for (size_t count = 0; !loaded; ++count) {
+        UntilItSucceeds([&](size_t count) {
             InkPage page;
             page.bandHeight = height;
-            sketch::Loaded result;
-            {
-                const Shortage shortage(count);
-                result = sketch::Load(bytes, page);
-            }
-            loaded = result.Ok();
-            ASSERT_LT(count, 40u);
-            if (loaded) continue;
-            EXPECT_EQ(result.result, ink::LoadResult::OutOfMemory) << count;
+            const sketch::Loaded loaded = Within(count, [&] { return sketch::Load(bytes, page); });
+            if (loaded.Ok()) return true;
+            EXPECT_EQ(loaded.result, ink::LoadResult::OutOfMemory) << count;
             EXPECT_EQ(page.SlotCount(), 0u) << count;
-        }
+            return false;
+        });
     }
 }
 
@@ -158,17 +132,19 @@ TEST(MemoryShortage, SavingNeedsNone) {
     page.bandHeight = 100;
     sketch::Add(page, {{1, 2}, {3, 4}});
     const sketch::Bytes wanted = sketch::Save(page);
-    class CountingSink : public ink::ByteSink {
+    class FixedSink : public ink::ByteSink {
       public:
-        bool Write(const void*, size_t size) override {
-            total += size;
+        bool Write(const void* data, size_t size) override {
+            std::memcpy(bytes + used, data, size);
+            used += size;
             return true;
         }
-        size_t total = 0;
+        uint8_t bytes[200] = {};
+        size_t used = 0;
     } sink;
-    const Shortage shortage(0);
-    EXPECT_TRUE(ink::WriteNote(sink, page));
-    EXPECT_EQ(sink.total, wanted.size());
+    ASSERT_LE(wanted.size(), sizeof sink.bytes);
+    EXPECT_TRUE(Within(0, [&] { return ink::WriteNote(sink, page); }));
+    EXPECT_EQ(sketch::Bytes(sink.bytes, sink.bytes + sink.used), wanted);
 }
 
 TEST(MemoryShortage, MovingThePenAllocatesNothing) {
@@ -188,23 +164,29 @@ TEST(MemoryShortage, MovingThePenAllocatesNothing) {
 TEST(MemoryShortage, PainterReportsItAndGoesOnLater) {
     InkPage page;
     page.bandHeight = 200;
-    sketch::Add(page, {{10, 60}, {90, 90}}, 0xFF);
+    const sketch::Points line{{10, 60}, {90, 90}};
+    sketch::Add(page, line, 0xFF);
+    const auto paint = [&](ink::InkPainter& painter, sketch::Picture& picture) {
+        const ink::Rect all = picture.surface.Bounds();
+        if (!painter.Repaint(picture.surface, page, 0, all)) return false;
+        if (!painter.BeginStroke(picture.surface, 0)) return false;
+        painter.PaintSegment(picture.surface, line.data(), 1);
+        painter.EndStroke();
+        return true;
+    };
     sketch::Picture wanted(100, 100);
     ink::InkPainter reference;
-    reference.Repaint(wanted.surface, page, 0, wanted.surface.Bounds());
-    bool done = false;
-    for (size_t count = 0; !done; ++count) {
+    ASSERT_TRUE(reference.SetPen(PenStyle::Smooth, 1.0));
+    ASSERT_TRUE(paint(reference, wanted));
+    UntilItSucceeds([&](size_t count) {
         ink::InkPainter painter;
         sketch::Picture picture(100, 100);
-        {
-            const Shortage shortage(count);
-            done = painter.SetPen(PenStyle::Smooth, 1.0) &&
-                   painter.Repaint(picture.surface, page, 0, picture.surface.Bounds());
-        }
-        ASSERT_LT(count, 40u);
-        ASSERT_TRUE(painter.Repaint(picture.surface, page, 0, picture.surface.Bounds()));
+        const bool done =
+            Within(count, [&] { return painter.SetPen(PenStyle::Smooth, 1.0) && paint(painter, picture); });
+        EXPECT_TRUE(paint(painter, picture));
         EXPECT_TRUE(picture == wanted) << count;
-    }
+        return done;
+    });
 }
 
 }  // namespace

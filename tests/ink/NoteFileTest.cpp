@@ -145,6 +145,17 @@ TEST(NoteFile, LargeNotesSurviveTheRoundTrip) {
     EXPECT_EQ(sketch::Describe(same), sketch::Describe(page));
 }
 
+// Notes how much it is asked for.
+class AskedSource : public ink::MemorySource {
+  public:
+    explicit AskedSource(const Bytes& bytes) : MemorySource(bytes.data(), bytes.size()) {}
+    bool Read(void* buffer, size_t size, size_t& got) override {
+        asked.push_back(size);
+        return MemorySource::Read(buffer, size, got);
+    }
+    std::vector<size_t> asked;
+};
+
 TEST(NoteScanner, VisitsTheRecordsInFileOrderWithoutKeepingThem) {
     std::mt19937 random(6);
     InkPage page;
@@ -156,7 +167,7 @@ TEST(NoteScanner, VisitsTheRecordsInFileOrderWithoutKeepingThem) {
         sketch::Add(page, sketch::Wander(random, count, 9, {0, i, 240, i + 200}), static_cast<uint32_t>(i));
     }
     const Bytes bytes = sketch::Save(page);
-    ink::MemorySource source(bytes.data(), bytes.size());
+    AskedSource source(bytes);
     ink::NoteFileHeader header;
     ASSERT_TRUE(ink::ReadNoteHeader(source, header));
     ink::StrokePool pool;
@@ -174,6 +185,10 @@ TEST(NoteScanner, VisitsTheRecordsInFileOrderWithoutKeepingThem) {
         mostMemory = std::max(mostMemory, pool.Capacity());
     }
     EXPECT_EQ(count, 3000u);
+    // Few bytes first, since most heads lie near the start of a short note; then many at once.
+    ASSERT_GT(source.asked.size(), 2u);
+    EXPECT_EQ(source.asked[1], ink::StrokePool::kFirstChunk);
+    EXPECT_LE(source.asked.size(), 4 + bytes.size() / (ink::StrokePool::kLargeChunk / 2));
     EXPECT_LE(mostMemory, longest * 8 * 3 + ink::StrokePool::kLargeChunk);
 }
 
