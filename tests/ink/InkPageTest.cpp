@@ -153,6 +153,14 @@ TEST(InkPage, CuttingKeepsPlaceOffsetAndColour) {
     EXPECT_FALSE(page.CutRecords(99, {}));
 }
 
+TEST(StrokePool, ChunksDoubleUpToTheLargest) {
+    ink::StrokePool pool;
+    for (const size_t size : {16u, 32u, 64u, 128u, 256u, 256u}) {
+        EXPECT_EQ(pool.NextChunkSize(), size * 1024);
+        ASSERT_NE(pool.AddChunk(1), nullptr);
+    }
+}
+
 TEST(InkPage, ErasedMemoryServesLaterStrokes) {
     InkPage page;
     page.bandHeight = 268;
