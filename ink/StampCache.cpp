@@ -67,7 +67,7 @@ void StampCache::SetStride(int32_t stride) {
 
 Stamp StampCache::Get(int64_t dx, int64_t dy) {
     Stamp& stamp = stamps_[Index(dx, dy)];
-    if (stamp.isMade) return stamp;
+    if (stamp.IsMade()) return stamp;
 
     const int32_t x = static_cast<int32_t>(dx);
     const int32_t y = static_cast<int32_t>(dy);
@@ -81,7 +81,6 @@ Stamp StampCache::Get(int64_t dx, int64_t dy) {
     }
     const int32_t startX = std::max(-x, 0) + reach_;
     const int32_t startY = std::max(-y, 0) + reach_;
-    stamp.isMade = true;
     stamp.first = static_cast<uint32_t>(used_);
     AddRim(startX, startY);
     AddRim(startX + x, startY + y);
@@ -115,7 +114,7 @@ void StampCache::AddRim(int32_t centerX, int32_t centerY) {
 }
 
 // All else of the picture, for a segment that starts at this pixel. Returns how many quads.
-uint16_t StampCache::AddBody(int32_t centerX, int32_t centerY) {
+uint32_t StampCache::AddBody(int32_t centerX, int32_t centerY) {
     size_t count = 0;
     for (int32_t y = 0; y < rows_; ++y) {
         const uint8_t* row = &picture_[static_cast<size_t>(y) * kPitch];
@@ -131,7 +130,7 @@ uint16_t StampCache::AddBody(int32_t centerX, int32_t centerY) {
         }
     }
     used_ += BatchesFor(count);
-    return static_cast<uint16_t>(count);
+    return static_cast<uint32_t>(count);
 }
 
 void StampCache::AddQuad(size_t index, int32_t x, int32_t y, const uint8_t* bytes) {

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <vector>
 
 #include "ink/Nib.h"
@@ -14,8 +13,10 @@ namespace ink {
 // The coverage of one segment, as seen from the point it starts at.
 struct Stamp {
     uint32_t first = 0;  // of its batches in the cache
-    uint16_t count = 0;  // quads of its body
-    bool isMade = false;
+    uint32_t count = 0;  // quads of its body
+
+    // The first batches are the tip's.
+    bool IsMade() const { return first != 0; }
 };
 
 // A pen's samples lie a few pixels apart, so the same short segments come again and again. Their stamps are
@@ -64,7 +65,6 @@ class StampCache {
     // From row to row of picture_.
     static constexpr size_t kPitch = 64;
     static_assert(kPitch >= kWidestStamp + kQuadPixels, "a quad may end behind the widest stamp");
-    static_assert(kMostQuads <= std::numeric_limits<uint16_t>::max(), "a stamp's count is that small");
 
     QuadList List(size_t first, size_t count) const {
         return {&batches_[first], &places_[first * kQuadsPerBatch], count};
@@ -79,7 +79,7 @@ class StampCache {
     void Draw(int32_t dx, int32_t dy);
     void MakeTip();
     void AddRim(int32_t centerX, int32_t centerY);
-    uint16_t AddBody(int32_t centerX, int32_t centerY);
+    uint32_t AddBody(int32_t centerX, int32_t centerY);
     void AddQuad(size_t index, int32_t x, int32_t y, const uint8_t* bytes);
     void SetOffset(size_t index);
     bool IsBody(int32_t x, int32_t y, uint8_t share) const;

@@ -62,7 +62,7 @@ size_t StrokeTracer::TraceStamps(const Point* points, size_t count, const TraceS
         const TracePoint direction = point - walk.last;
         if (!StampCache::Fits(direction.x, direction.y)) break;
         const Stamp stamp = stamps_.Find(direction.x, direction.y);
-        if (!stamp.isMade || !(inside || LiesInside(walk.last, direction))) break;
+        if (!stamp.IsMade() || !(inside || LiesInside(walk.last, direction))) break;
         const uint32_t place = mask_.PlaceOf(walk.last.x, walk.last.y);
         if (softEdges_) feed.Joint(place, rim, Before(walk, direction), stamps_.StartRim(stamp));
         feed.Body(place, stamps_.Body(stamp));

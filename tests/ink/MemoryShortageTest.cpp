@@ -135,16 +135,22 @@ TEST(MemoryShortage, SavingNeedsNone) {
     class FixedSink : public ink::ByteSink {
       public:
         bool Write(const void* data, size_t size) override {
+            if (used + size > room) return false;
             std::memcpy(bytes + used, data, size);
             used += size;
             return true;
         }
         uint8_t bytes[200] = {};
         size_t used = 0;
-    } sink;
-    ASSERT_LE(wanted.size(), sizeof sink.bytes);
-    EXPECT_TRUE(Within(0, [&] { return ink::WriteNote(sink, page); }));
-    EXPECT_EQ(sketch::Bytes(sink.bytes, sink.bytes + sink.used), wanted);
+        size_t room = 0;
+    };
+    ASSERT_LE(wanted.size(), sizeof FixedSink::bytes);
+    for (size_t room = 0; room <= wanted.size(); ++room) {
+        FixedSink sink;
+        sink.room = room;
+        EXPECT_EQ(Within(0, [&] { return ink::WriteNote(sink, page); }), room == wanted.size()) << room;
+        EXPECT_TRUE(std::equal(sink.bytes, sink.bytes + sink.used, wanted.begin())) << room;
+    }
 }
 
 TEST(MemoryShortage, MovingThePenAllocatesNothing) {
