@@ -53,42 +53,30 @@ struct Scene {
     ink::ColorRef ink;
 };
 
-class Golden : public testing::TestWithParam<Scene> {};
+TEST(Golden, EveryPenLooksAsBefore) {
+    for (const Scene& scene : {Scene{"smooth-1-white", PenStyle::Smooth, 1.0, 0xFFFFFF, 0x602000},
+                               {"smooth-3-black", PenStyle::Smooth, 3.0, 0x000000, 0x40FF40},
+                               {"smooth-10-blue", PenStyle::Smooth, 10.0, 0x803010, 0xE0FFFF},
+                               {"classic-yellow", PenStyle::Classic, 1.0, 0xC0FFFF, 0xFF4040},
+                               {"simple-1-white", PenStyle::Simple, 1.0, 0xFFFFFF, 0x000000},
+                               {"simple-4-grey", PenStyle::Simple, 4.0, 0x808080, 0x4040FF}}) {
+        ink::InkPage page;
+        page.bandHeight = kHeight;
+        page.background = scene.background;
+        for (const Points& points : Script()) sketch::Add(page, points, scene.ink);
+        ink::InkPainter painter;
+        painter.SetPen(scene.style, scene.width);
+        sketch::Picture picture(kWidth, kHeight);
+        painter.Repaint(picture.surface, page, 0, picture.surface.Bounds());
 
-TEST_P(Golden, LooksAsBefore) {
-    const Scene& scene = GetParam();
-    ink::InkPage page;
-    page.bandHeight = kHeight;
-    page.background = scene.background;
-    for (const Points& points : Script()) sketch::Add(page, points, scene.ink);
-    ink::InkPainter painter;
-    painter.SetPen(scene.style, scene.width);
-    sketch::Picture picture(kWidth, kHeight);
-    painter.Repaint(picture.surface, page, 0, picture.surface.Bounds());
-
-    const std::string path = std::string(GOLDENS) + "/" + scene.name + ".ppm";
-    const std::string now = Ppm(picture);
-    if (std::getenv("INKWRIGHT_NEW_GOLDENS") != nullptr) {
-        std::ofstream(path, std::ios::binary) << now;
-        return;
+        const std::string path = std::string(GOLDENS) + "/" + scene.name + ".ppm";
+        const std::string now = Ppm(picture);
+        if (std::getenv("INKWRIGHT_NEW_GOLDENS") != nullptr) std::ofstream(path, std::ios::binary) << now;
+        std::ifstream file(path, std::ios::binary);
+        ASSERT_TRUE(file) << path;
+        const std::string before{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+        EXPECT_TRUE(now == before) << path;
     }
-    std::ifstream file(path, std::ios::binary);
-    ASSERT_TRUE(file) << path;
-    const std::string before{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    EXPECT_TRUE(now == before) << path;
 }
-
-INSTANTIATE_TEST_SUITE_P(Pens, Golden,
-                         testing::Values(Scene{"smooth-1-white", PenStyle::Smooth, 1.0, 0xFFFFFF, 0x602000},
-                                         Scene{"smooth-3-black", PenStyle::Smooth, 3.0, 0x000000, 0x40FF40},
-                                         Scene{"smooth-10-blue", PenStyle::Smooth, 10.0, 0x803010, 0xE0FFFF},
-                                         Scene{"classic-yellow", PenStyle::Classic, 1.0, 0xC0FFFF, 0xFF4040},
-                                         Scene{"simple-1-white", PenStyle::Simple, 1.0, 0xFFFFFF, 0x000000},
-                                         Scene{"simple-4-grey", PenStyle::Simple, 4.0, 0x808080, 0x4040FF}),
-                         [](const auto& scene) {
-                             std::string name = scene.param.name;
-                             for (char& c : name) c = c == '-' ? '_' : c;
-                             return name;
-                         });
 
 }  // namespace
