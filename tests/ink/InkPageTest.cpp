@@ -127,7 +127,7 @@ TEST(InkPage, CuttingKeepsPlaceOffsetAndColour) {
     lines.resize(4);
     EXPECT_EQ(lines, (Lines{"0: 7 123456 10..10 (10,10)", "0: 7 123456 30..30 (20,30)",
                             "0: 7 ffffff 60..60 (5,60)", "0: 0 9 7..7 (7,7)"}));
-    EXPECT_FALSE(page.CutRecords(99, {}));
+    EXPECT_FALSE(page.CutRecords(page.SlotCount(), {}));
 }
 
 TEST(StrokePool, ChunksDoubleUpToTheLargest) {
