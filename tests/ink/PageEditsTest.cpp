@@ -142,8 +142,8 @@ TEST(PageEdits, ASquareReachesExactlySevenPixels) {
         int64_t x;
         int64_t y;
     };
-    const int64_t far = int64_t{1} << 31;
-    for (const Place c : {Place{0, 0}, {63, 15}, {64, 16}, {-64, -16}, {-1, -17}, {-32768, far + 32767}}) {
+    const int64_t below = int64_t{1} << 31;
+    for (const Place c : {Place{0, 0}, {63, 15}, {64, 16}, {-64, -16}, {-1, -17}, {-32768, below + 32767}}) {
         ink::SweptRegion region;
         ASSERT_TRUE(region.AddSquare(c.x, c.y));
         int covered = 0;
@@ -152,6 +152,12 @@ TEST(PageEdits, ASquareReachesExactlySevenPixels) {
         }
         EXPECT_EQ(covered, 14 * 14);
         EXPECT_TRUE(region.Contains(c.x - 7, c.y - 7) && region.Contains(c.x + 6, c.y + 6)) << c.x;
+        // Another square far up and left leaves this one where it is.
+        ASSERT_TRUE(region.AddSquare(c.x - 3000, c.y - 3000));
+        for (const int64_t far : {0, 3000}) {
+            EXPECT_TRUE(region.Contains(c.x - far - 7, c.y - far - 7)) << c.x;
+            EXPECT_FALSE(region.Contains(c.x - far + 7, c.y - far)) << c.x;
+        }
     }
 }
 
