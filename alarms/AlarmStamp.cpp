@@ -22,7 +22,6 @@ std::wstring MakeAlarmStamp(const platform::DateTime& moment) {
 bool ReadAlarmStamp(const std::wstring& stamp, platform::DateTime& moment) {
     if (stamp.size() != kAlarmStampLength) return false;
     moment = {};
-    if (stamp.find_first_not_of(L"0123456789") != std::wstring::npos) return true;
     moment.year = NumberAt(stamp, 0, 4);
     moment.month = NumberAt(stamp, 4, 2);
     moment.dayOfWeek = NumberAt(stamp, 6, 1);

@@ -13,7 +13,7 @@ constexpr size_t kAlarmStampLength = 15;
 std::wstring MakeAlarmStamp(const platform::DateTime& moment);
 
 // The moment of a stamp of the right length; its dayOfWeek is the stamp's digit as it stands (1 = Sunday).
-// A stamp that is not all digits gives no moment of the calendar.
+// Parts that are no digits read as 0, so the moment may be none of the calendar.
 bool ReadAlarmStamp(const std::wstring& stamp, platform::DateTime& moment);
 
 }  // namespace alarms

@@ -72,7 +72,7 @@ TEST_F(Alarm, AnAlarmThatNothingWillFireIsReported) {
          {Case{true, false, L"200703515203000", L" 3/15/2007 8:30:00 PM"},
           Case{false, true, L"200703515203000", L" 3/15/2007 8:30:00 PM"},
           Case{false, false, L"200703515253000", L" "}, Case{false, false, L"200702530203000", L" "},
-          Case{false, false, L"2007035152030x0", L" "}}) {
+          Case{false, false, L"2007xx515203000", L" "}}) {
         device.notificationsFail = c.databaseFails;
         device.keeperCantStart = c.keeperCantStart;
         Desk().messages.clear();
