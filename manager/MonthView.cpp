@@ -128,7 +128,7 @@ void MonthView::DrawCell(int row, int column) {
     if (isShownMonth && ShowsCurrentMonth() && cell.day == today_.day) {
         canvas.Draw(images_, kTodayImage, {area.right - kMarkRight, area.top + 1});
     }
-    if (marked_[static_cast<size_t>(row * MonthGrid::kColumns + column)]) {
+    if (marked_[static_cast<size_t>(row) * MonthGrid::kColumns + static_cast<size_t>(column)]) {
         canvas.Draw(images_, IsPast(cell) ? kPastDayImage : kComingDayImage,
                     {area.right - kMarkRight, area.bottom - kMarkBottom});
     }
