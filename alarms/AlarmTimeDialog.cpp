@@ -1,7 +1,7 @@
 #include "alarms/AlarmTimeDialog.h"
 
 #include "alarms/AlarmStamp.h"
-#include "app/Settings.h"
+#include "app/store/Settings.h"
 #include "platform/Clock.h"
 #include "platform/Screen.h"
 #include "platform/Shell.h"
@@ -14,7 +14,7 @@ namespace {
 platform::DateTime InitialMoment(const std::wstring& stamp) {
     platform::DateTime moment;
     if (ReadAlarmStamp(stamp, moment) && platform::IsValidMoment(moment)) return moment;
-    const uint32_t offsetMinutes = app::Settings::Number(app::SettingId::AlarmTimeOffset);
+    const uint32_t offsetMinutes = store::Settings::Number(store::SettingId::AlarmTimeOffset);
     moment = platform::AddSeconds(platform::LocalNow(), int64_t{static_cast<int32_t>(offsetMinutes)} * 60);
     moment.second = 0;
     return moment;

@@ -6,10 +6,6 @@
 
 namespace alarms {
 
-// The arguments with which the system starts the program for a note's alarm: the note's full path in
-// quotation marks, a blank and "/alarm".
-std::wstring AlarmArguments(const std::wstring& notePath);
-
 // Enters an alarm for the note into the notification database; false when it could not be set.
 bool SetNoteAlarm(const std::wstring& notePath, const platform::DateTime& moment);
 

@@ -2,17 +2,16 @@
 
 #include <cwctype>
 
-#include "app/StorePaths.h"
+#include "alarms/AlarmStamp.h"
+#include "app/store/DayFolder.h"
+#include "app/store/NoteAlarms.h"
+#include "app/store/StorePaths.h"
 #include "platform/FileSystem.h"
-#include "platform/Locale.h"
 #include "platform/TextEncoding.h"
 
 namespace app {
 
 namespace {
-
-constexpr wchar_t kAlarmSuffix[] = L".ikw\" /alarm";
-constexpr size_t kAlarmCodeLength = 15;
 
 std::wstring TrimmedAndUnquoted(const std::wstring& text) {
     size_t begin = 0;
@@ -40,38 +39,37 @@ std::wstring ArgumentOf(const std::wstring& switchText) {
 
 // `folder` ("New Notes" when empty) below the root unless it is a path of its own; made when missing.
 std::wstring FolderTarget(const std::wstring& root, const std::wstring& folder) {
-    std::wstring path = platform::FromHostPath(folder.empty() ? kNewNotesFolder : folder);
+    std::wstring path = platform::FromHostPath(folder.empty() ? store::kNewNotesFolder : folder);
     if (path.front() != L'\\') path = root + L"\\" + path;
-    path = WithBackslash(path);
-    EnsureFolders(path);
+    path = store::WithBackslash(path);
+    store::EnsureFolders(path);
     return path;
 }
 
 void ReadAlarm(const std::wstring& line, size_t slash, StartRequest& request) {
     request.target = PathArgument(line.substr(0, slash));
-    const size_t dot = line.rfind(L'.');
-    request.alarmMode = dot != std::wstring::npos && platform::EqualNoCase(line.substr(dot), kAlarmSuffix);
+    request.alarmMode = store::EndAsAlarmArguments(line);
 }
 
 void ReadManage(const std::wstring& argument, StartRequest& request) {
     request.manageMode = true;
-    const std::wstring root = ConfiguredRoot();
+    const std::wstring root = store::ConfiguredRoot();
     if (!root.empty() || argument.empty()) {
-        request.target = FolderTarget(root.empty() ? StoreRoot() : root, argument);
+        request.target = FolderTarget(root.empty() ? store::StoreRoot() : root, argument);
     }
 }
 
 void ReadNewNotes(const std::wstring& argument, StartRequest& request) {
-    const std::wstring root = ConfiguredRoot();
+    const std::wstring root = store::ConfiguredRoot();
     if (!root.empty()) request.target = FolderTarget(root, argument);
 }
 
 void ReadNewReminder(const std::wstring& argument, StartRequest& request) {
-    const std::wstring root = ConfiguredRoot();
-    platform::DateTime day;
-    if (root.empty() || !ParseDateFolderName(argument, day)) return;
-    request.target = FolderTarget(root, std::wstring(kRemindersFolder) + L"\\" + argument);
-    request.caption = platform::DatePicture(day, L"dddd',' ") + platform::ShortDate(day);
+    const std::wstring root = store::ConfiguredRoot();
+    const std::optional<store::DayFolder> day = store::DayFolder::Named(argument);
+    if (root.empty() || !day || !day->IsOfCalendar()) return;
+    request.target = FolderTarget(root, std::wstring(store::kRemindersFolder) + L"\\" + day->Name());
+    request.caption = day->TitleText();
 }
 
 void ReadNewAlarm(const std::wstring& argument, StartRequest& request) {
@@ -79,8 +77,9 @@ void ReadNewAlarm(const std::wstring& argument, StartRequest& request) {
     const std::wstring code = argument.substr(0, blank);
     const std::wstring folder =
         blank == std::wstring::npos ? L"" : TrimmedAndUnquoted(argument.substr(blank));
-    const std::wstring root = ConfiguredRoot();
-    if (root.empty() || code.size() != kAlarmCodeLength || code.find(L'.') != std::wstring::npos) return;
+    const std::wstring root = store::ConfiguredRoot();
+    if (root.empty() || code.size() != alarms::kAlarmStampLength || code.find(L'.') != std::wstring::npos)
+        return;
     request.alarmTimeCode = code;
     request.target = FolderTarget(root, folder);
 }

@@ -1,16 +1,15 @@
-#include "app/Program.h"
-
 #include <vector>
 
 #include "app/CommandLine.h"
 #include "app/OtherCopies.h"
-#include "app/PenSettings.h"
-#include "app/StorePaths.h"
 #include "app/TodayScreen.h"
+#include "app/store/PenSettings.h"
+#include "app/store/StorePaths.h"
 #include "editor/InkCanvas.h"
 #include "manager/ManagerWindow.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
+#include "platform/ProgramEntry.h"
 #include "platform/TextEncoding.h"
 
 namespace app {
@@ -18,7 +17,7 @@ namespace app {
 namespace {
 
 void DropMissingTarget(StartRequest& request) {
-    if (request.manageMode || !NamesFile(request.target)) return;
+    if (request.manageMode || !store::NamesFile(request.target)) return;
     if (platform::FindEntry(request.target) != platform::EntryKind::Missing) return;
     platform::ShowMessage(nullptr, request.target + L"\n\nFile Not Found!",
                           request.alarmMode ? L" Alarm Error :: Inkwright" : L" Error :: Inkwright",
@@ -29,10 +28,10 @@ void DropMissingTarget(StartRequest& request) {
 // What is written for a folder whose storage is away could not be saved. The manager tells of the store's
 // own.
 void DropTargetOutOfReach(StartRequest& request) {
-    if (request.manageMode || !EndsInBackslash(request.target)) return;
-    const std::wstring folder = WithoutTrailingBackslashes(request.target);
+    if (request.manageMode || !store::EndsInBackslash(request.target)) return;
+    const std::wstring folder = store::WithoutTrailingBackslashes(request.target);
     if (platform::FindEntry(folder) != platform::EntryKind::Missing || platform::IsGone(folder)) return;
-    const std::wstring root = RootPrefix();
+    const std::wstring root = store::RootPrefix();
     if (!platform::EqualNoCase(request.target.substr(0, root.size()), root)) {
         platform::ShowMessage(nullptr, L"Reading '" + folder + L"' failed!", L" Error",
                               platform::MessageButtons::Ok, platform::MessageIcon::Error);
@@ -42,20 +41,20 @@ void DropTargetOutOfReach(StartRequest& request) {
 
 // Pictures made for e-mail stay until the next start: the mail program may still be reading them.
 void RemoveStalePictures() {
-    const std::wstring folder = TemporaryFolder();
+    const std::wstring folder = store::TemporaryFolder();
     std::vector<platform::FolderEntry> pictures;
-    platform::ListFolder(WithoutTrailingBackslashes(folder), L"*.bmp", pictures);
+    platform::ListFolder(store::WithoutTrailingBackslashes(folder), L"*.bmp", pictures);
     for (const platform::FolderEntry& picture : pictures) {
         if (!picture.isFolder) platform::EraseFile(folder + picture.name);
     }
 }
 
-int ShowManager(PenSettings& pen, const StartRequest& request) {
+int ShowManager(store::PenSettings& pen, const StartRequest& request) {
     manager::ManagerWindow window(pen, request.target);
     return window.RunModal(nullptr);
 }
 
-int ShowEditor(PenSettings& pen, const StartRequest& request) {
+int ShowEditor(store::PenSettings& pen, const StartRequest& request) {
     editor::InkCanvas::Opening opening;
     opening.notePath = request.target;
     opening.titleOverride = request.caption;
@@ -67,18 +66,18 @@ int ShowEditor(PenSettings& pen, const StartRequest& request) {
 
 }  // namespace
 
-int RunProgram(const std::wstring& commandLine) {
-    StartRequest request = ParseCommandLine(commandLine);
-    MakeRoom(request);
-    PenSettings pen = LoadPenSettings();
-    DropMissingTarget(request);
-    DropTargetOutOfReach(request);
-    RemoveStalePictures();
+}  // namespace app
+
+int platform::RunProgram(const std::wstring& commandLine) {
+    app::StartRequest request = app::ParseCommandLine(commandLine);
+    app::MakeRoom(request);
+    store::PenSettings pen = store::LoadPenSettings();
+    app::DropMissingTarget(request);
+    app::DropTargetOutOfReach(request);
+    app::RemoveStalePictures();
     const bool showsManager = request.manageMode || request.target.empty();
-    const int result = showsManager ? ShowManager(pen, request) : ShowEditor(pen, request);
-    SaveColors(pen);
-    RefreshTodayScreen();
+    const int result = showsManager ? app::ShowManager(pen, request) : app::ShowEditor(pen, request);
+    store::SaveColors(pen);
+    app::RefreshTodayScreen();
     return result == -1 ? 1 : 0;  // the user was told why there is no window
 }
-
-}  // namespace app

@@ -6,8 +6,8 @@
 #include <functional>
 #include <string>
 
-#include "app/FileStreams.h"
-#include "app/PenSettings.h"
+#include "app/store/FileStreams.h"
+#include "app/store/PenSettings.h"
 #include "bench/Scene.h"
 #include "ink/InkPainter.h"
 #include "ink/NoteFile.h"
@@ -36,7 +36,7 @@ double BestMilliseconds(const std::function<void()>& work, int rounds = kRounds)
 
 void PutNote(const std::wstring& path, const ink::InkPage& page) {
     platform::File file = platform::File::Create(path);
-    app::FileSink sink(file);
+    store::FileSink sink(file);
     ink::WriteNote(sink, page);
 }
 
@@ -55,7 +55,7 @@ void MakeStore() {
     }
 }
 
-void PaintHead(ink::ByteSource& source, const platform::Image& raster, const app::PenSettings& pen) {
+void PaintHead(ink::ByteSource& source, const platform::Image& raster, const store::PenSettings& pen) {
     manager::NoteHead head(source);
     if (head.ReadHeader()) head.Paint(raster.Surface(), pen);
 }
@@ -121,7 +121,7 @@ class BenchScreen : public platform::Screen, private platform::TreeView::Events 
         bench::FillPage(page, bench::MakeStrokes(20000));
         const std::wstring path = std::wstring(kRoot) + L"Large.ikw";
         PutNote(path, page);
-        const app::PenSettings pen = app::LoadPenSettings();
+        const store::PenSettings pen = store::LoadPenSettings();
         const platform::ImageList images =
             platform::ImageList::FromResource(163, 16, ink::MakeColor(0, 255, 0));
         manager::PreviewStrip strip(pen, images);
@@ -130,7 +130,7 @@ class BenchScreen : public platform::Screen, private platform::TreeView::Events 
         const double read = BestMilliseconds(
             [&] {
                 platform::File file = platform::File::OpenForReading(path);
-                app::FileSource source(file);
+                store::FileSource source(file);
                 PaintHead(source, raster, pen);
             },
             kShortRounds);

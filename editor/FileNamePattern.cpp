@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cwchar>
 
-#include "app/StorePaths.h"
+#include "app/store/StorePaths.h"
 #include "platform/TextEncoding.h"
 
 namespace editor {
@@ -28,11 +28,11 @@ std::wstring TrimBlanks(const std::wstring& text) {
 }
 
 std::wstring FolderName(const NameContext& name) {
-    return TrimBlanks(app::NameOf(app::WithoutTrailingBackslashes(name.folder)));
+    return TrimBlanks(store::NameOf(store::WithoutTrailingBackslashes(name.folder)));
 }
 
 std::wstring FolderPathNames(const NameContext& name) {
-    const std::wstring root = app::ConfiguredRoot();
+    const std::wstring root = store::ConfiguredRoot();
     const std::wstring prefix = root + L"\\";
     if (name.kind == NoteKind::Reminder || root.empty()) return FolderName(name);
     if (!platform::EqualNoCase(name.folder.substr(0, prefix.size()), prefix)) return FolderName(name);

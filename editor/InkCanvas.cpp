@@ -3,7 +3,8 @@
 #include "alarms/AlarmStamp.h"
 #include "alarms/AlarmTimeDialog.h"
 #include "alarms/NoteAlarm.h"
-#include "app/StorePaths.h"
+#include "app/store/NoteFiles.h"
+#include "app/store/StorePaths.h"
 #include "editor/NoteMail.h"
 #include "editor/NoteStorage.h"
 #include "editor/PageScroll.h"
@@ -52,7 +53,7 @@ const InkCanvas::Command InkCanvas::kCommands[] = {
     {IDM_SEND_EMAIL, &InkCanvas::SendAsEmail},
 };
 
-InkCanvas::InkCanvas(app::PenSettings& pen, const Opening& opening)
+InkCanvas::InkCanvas(store::PenSettings& pen, const Opening& opening)
     : Screen(ScrollBar::Vertical),
       pen_(pen),
       titleOverride_(opening.titleOverride),
@@ -73,7 +74,7 @@ bool InkCanvas::OnCreate() {
     page_.bandHeight = page_.canvasHeight;
     MakeMenuBar();
     if (!view_.Create() || !view_.UpdatePen()) return OutOfMemory();
-    if (app::NamesFile(page_.notePath)) LoadNote(this, page_);
+    if (store::NamesFile(page_.notePath)) LoadNote(this, page_);
     view_.Redraw();
     UpdateScrollRange();
     ShowTitle();
@@ -100,7 +101,7 @@ void InkCanvas::OnDestroy() {
     input_.StopTimer();
     pen_.recentColors = page_.penColors;
     pen_.backgroundColor = page_.background;
-    app::SaveColors(pen_);
+    store::SaveColors(pen_);
 }
 
 void InkCanvas::OnPaint() {
@@ -175,8 +176,7 @@ void InkCanvas::FullErase() {
                               MessageButtons::YesNo, MessageIcon::Question);
     if (answer != MessageAnswer::Yes) return;
     if (HasFile(page_)) {
-        platform::EraseFile(page_.notePath);
-        platform::EraseFile(app::MemoPath(page_.notePath));
+        store::DeleteNoteFiles(page_.notePath);
         storeChanged_ = true;
     }
     StartAnew();
@@ -192,10 +192,10 @@ void InkCanvas::EditTextMemo() {
         page_.modified = true;
         return;
     }
-    const std::wstring path = app::MemoPath(page_.notePath);
-    const bool existed = app::IsFile(path);
+    const std::wstring path = store::MemoPath(page_.notePath);
+    const bool existed = store::IsFile(path);
     TextMemoDialog(TextMemoDialog::Mode::File, path).Edit(*this);
-    if (app::IsFile(path) != existed) storeChanged_ = true;
+    if (store::IsFile(path) != existed) storeChanged_ = true;
 }
 
 void InkCanvas::SetAlarmAndExit() {
@@ -239,7 +239,7 @@ bool InkCanvas::SaveOrDiscard(bool& discarded) {
 void InkCanvas::ScheduleAlarm() {
     platform::DateTime moment;
     const std::wstring& path = page_.notePath;
-    if (!app::EndsWithNoCase(path, app::kNoteExtension) || !alarms::ReadAlarmStamp(alarmStamp_, moment))
+    if (!store::EndsWithNoCase(path, store::kNoteExtension) || !alarms::ReadAlarmStamp(alarmStamp_, moment))
         return;
     const bool isSet = alarms::SetNoteAlarm(path, moment);
     platform::ShowMessage(this, isSet ? L"Alarm is successfully set!" : L"Setting alarm failed!",
@@ -258,7 +258,7 @@ void InkCanvas::StartAnew() {
 }
 
 void InkCanvas::ShowTitle() {
-    const std::wstring title = titleOverride_.empty() ? app::NoteName(page_.notePath) : titleOverride_;
+    const std::wstring title = titleOverride_.empty() ? store::NoteName(page_.notePath) : titleOverride_;
     SetTitle((title.empty() ? L"[new]" : title) + L" - Inkwright");
 }
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/PenSettings.h"
+#include "app/store/PenSettings.h"
 #include "editor/EditorTools.h"
 #include "editor/FileNamePattern.h"
 #include "editor/PageView.h"
@@ -24,7 +24,7 @@ class InkCanvas : public platform::Screen {
     };
 
     // `pen` gives the colours and the pen, and takes the colours back when the window closes.
-    InkCanvas(app::PenSettings& pen, const Opening& opening);
+    InkCanvas(store::PenSettings& pen, const Opening& opening);
 
     // After the run: the note the editor held last, and whether the opener's lists of notes are out of date.
     const std::wstring& NotePath() const { return page_.notePath; }
@@ -81,7 +81,7 @@ class InkCanvas : public platform::Screen {
     void MoveView(int32_t position);
     void AdvancePage();
 
-    app::PenSettings& pen_;
+    store::PenSettings& pen_;
     std::wstring titleOverride_;
     std::wstring alarmStamp_;
     bool openedByAlarm_;

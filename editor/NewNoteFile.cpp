@@ -1,7 +1,7 @@
 #include "editor/NewNoteFile.h"
 
-#include "app/Settings.h"
-#include "app/StorePaths.h"
+#include "app/store/Settings.h"
+#include "app/store/StorePaths.h"
 #include "editor/SaveAsDialog.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
@@ -16,13 +16,13 @@ constexpr wchar_t kCreateFailed[] =
     L"does not contain any of the following characters:\n\\ / : * ? \" < > |";
 
 std::wstring ProposedName(NoteKind kind, const std::wstring& folder) {
-    const app::SettingId setting =
-        kind == NoteKind::Reminder ? app::SettingId::SaveAs_ReminderFN : app::SettingId::SaveAs_NoteFN;
-    return ExpandFileNamePattern(app::Settings::Text(setting), kind, folder, platform::LocalNow());
+    const store::SettingId setting =
+        kind == NoteKind::Reminder ? store::SettingId::SaveAs_ReminderFN : store::SettingId::SaveAs_NoteFN;
+    return ExpandFileNamePattern(store::Settings::Text(setting), kind, folder, platform::LocalNow());
 }
 
 std::wstring FreePath(const std::wstring& folder, const std::wstring& name) {
-    return app::FreeNotePath(folder + name + app::kNoteExtension);
+    return store::FreeNotePath(folder + name + store::kNoteExtension);
 }
 
 // A name with a separator would put the note somewhere else than the user sees.
@@ -37,13 +37,12 @@ platform::File CreateNamed(const std::wstring& folder, const std::wstring& name,
 platform::File CreateNewNoteFile(platform::Window* owner, NoteKind kind, std::wstring& notePath) {
     std::wstring folder = notePath;
     if (folder.empty()) {
-        folder =
-            platform::DocumentsFolder() + L"\\" + app::kProductFolder + L"\\" + app::kNewNotesFolder + L"\\";
+        folder = store::DefaultRoot() + L"\\" + store::kNewNotesFolder + L"\\";
     }
-    app::EnsureFolders(folder);
+    store::EnsureFolders(folder);
     const std::wstring proposed = FreePath(folder, ProposedName(kind, folder));
     for (;;) {
-        SaveAsDialog dialog(app::NoteName(proposed));
+        SaveAsDialog dialog(store::NoteName(proposed));
         if (dialog.RunModal(owner) != platform::kIdOk) {
             notePath = proposed;
             return {};

@@ -4,8 +4,8 @@
 #include <iterator>
 #include <string>
 
-#include "app/FileStreams.h"
-#include "app/StorePaths.h"
+#include "app/store/FileStreams.h"
+#include "app/store/StorePaths.h"
 #include "editor/NotePicture.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
@@ -25,7 +25,7 @@ std::wstring PicturePath() {
     wchar_t name[64];
     std::swprintf(name, std::size(name), L"memo_%04d-%02d-%02d(%02d%02d%02d).bmp", now.year, now.month,
                   now.day, now.hour, now.minute, now.second);
-    return app::TemporaryFolder() + name;
+    return store::TemporaryFolder() + name;
 }
 
 bool WritePicture(const ink::InkPage& page, const std::wstring& path) {
@@ -34,7 +34,7 @@ bool WritePicture(const ink::InkPage& page, const std::wstring& path) {
     bool isWritten = false;
     {
         platform::File file = platform::File::Create(path);
-        app::FileSink sink(file);
+        store::FileSink sink(file);
         isWritten = file.IsOpen() && picture.WriteBmp(sink);
     }
     if (!isWritten) platform::EraseFile(path);
@@ -53,7 +53,7 @@ void SendNote(platform::Window& owner, const ink::InkPage& page) {
     bool isWritten = false;
     {
         const platform::WaitCursor wait;
-        app::EnsureFolders(app::TemporaryFolder());
+        store::EnsureFolders(store::TemporaryFolder());
         isWritten = WritePicture(page, path);
     }
     if (!isWritten) {

@@ -1,10 +1,10 @@
 #include "editor/NoteStorage.h"
 
-#include "app/FileStreams.h"
-#include "app/StorePaths.h"
+#include "app/store/FileStreams.h"
+#include "app/store/MemoFile.h"
+#include "app/store/StorePaths.h"
 #include "editor/NewNoteFile.h"
 #include "ink/NoteFile.h"
-#include "options/MemoFile.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
@@ -28,7 +28,7 @@ bool ReadHeaderPatiently(platform::File& file, ink::ByteSource& source, ink::Not
 bool ReadNote(platform::Window* owner, ink::InkPage& page) {
     platform::File file = platform::File::OpenForReading(page.notePath);
     if (!file.IsOpen()) return false;
-    app::FileSource source(file);
+    store::FileSource source(file);
     ink::NoteFileHeader header;
     if (!ReadHeaderPatiently(file, source, header)) return false;
     const ink::LoadResult result = ink::ReadNoteBody(source, header, page);
@@ -37,16 +37,16 @@ bool ReadNote(platform::Window* owner, ink::InkPage& page) {
 }
 
 platform::File CreateNoteFile(platform::Window* owner, NoteKind kind, ink::InkPage& page) {
-    if (!app::NamesFile(page.notePath)) {
+    if (!store::NamesFile(page.notePath)) {
         page.isProposal = true;
         return CreateNewNoteFile(owner, kind, page.notePath);
     }
-    if (page.isProposal) page.notePath = app::FreeNotePath(page.notePath);
+    if (page.isProposal) page.notePath = store::FreeNotePath(page.notePath);
     return platform::File::Create(page.notePath);
 }
 
 bool WriteAndClose(platform::File file, const ink::InkPage& page) {
-    app::FileSink sink(file);
+    store::FileSink sink(file);
     return ink::WriteNote(sink, page);
 }
 
@@ -61,11 +61,11 @@ bool LoadNote(platform::Window* owner, ink::InkPage& page) {
     return false;
 }
 
-bool HasFile(const ink::InkPage& page) { return app::NamesFile(page.notePath) && !page.isProposal; }
+bool HasFile(const ink::InkPage& page) { return store::NamesFile(page.notePath) && !page.isProposal; }
 
 bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page) {
     const platform::WaitCursor wait;
-    if (!app::NamesFile(page.notePath)) {
+    if (!store::NamesFile(page.notePath)) {
         page.TrimTrailingBands();
         const bool hasMemoFolder = !page.notePath.empty() && !page.memo.empty();
         if (!page.HasInk() && !hasMemoFolder) return true;
@@ -80,12 +80,12 @@ bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page) {
     page.isProposal = false;
     // The user is told of a failure; the ink is safe all the same, and the memo goes on waiting.
     const bool hasMemo = !page.memo.empty();
-    if (hasMemo && options::MemoFile(app::MemoPath(page.notePath)).Write(owner, page.memo)) page.memo.clear();
+    if (hasMemo && store::MemoFile(store::MemoPath(page.notePath)).Write(owner, page.memo)) page.memo.clear();
     return true;
 }
 
 void ForgetFile(ink::InkPage& page) {
-    page.notePath = app::FolderOf(page.notePath);
+    page.notePath = store::FolderOf(page.notePath);
     page.isProposal = false;
 }
 

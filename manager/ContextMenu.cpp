@@ -1,7 +1,7 @@
 #include "manager/ContextMenu.h"
 
-#include "app/StorePaths.h"
-#include "manager/NodeKind.h"
+#include "app/store/NodeKind.h"
+#include "app/store/StorePaths.h"
 #include "platform/FileSystem.h"
 #include "platform/TextEncoding.h"
 #include "res/resource.h"
@@ -10,8 +10,10 @@ namespace manager {
 
 namespace {
 
+using store::NodeKind;
+
 struct Entry {
-    int kind;
+    NodeKind kind;
     int command;  // 0 = separator
     const wchar_t* text;
 };
@@ -19,52 +21,54 @@ struct Entry {
 constexpr int kCopyEntries = -1;  // stands for the "Copy To" entries
 
 constexpr Entry kEntries[] = {
-    {kNotesTop, IDM_CREATE_FOLDER, L"Create Folder"},
-    {kFolder, IDM_ADD_NOTE, L"New"},
-    {kFolder, 0, nullptr},
-    {kFolder, IDM_RENAME, L"Rename"},
-    {kFolder, IDM_DELETE, L"Delete"},
-    {kFolder, 0, nullptr},
-    {kFolder, IDM_CREATE_FOLDER, L"Create Folder"},
-    {kFolder, IDM_MOVE_FOLDER, L"Move Folder"},
-    {kFolder, 0, nullptr},
-    {kFolder, kCopyEntries, nullptr},
-    {kNote, IDM_OPEN, L"Open"},
-    {kNote, 0, nullptr},
-    {kNote, IDM_RENAME, L"Rename"},
-    {kNote, IDM_DELETE, L"Delete"},
-    {kNote, 0, nullptr},
-    {kNote, IDM_TEXT_MEMO, L"Text Memo..."},
-    {kNote, IDM_SET_ALARM, L"Set Alarm..."},
-    {kNote, 0, nullptr},
-    {kNote, IDM_CHANGE_FOLDER, L"Change Folder..."},
-    {kNote, IDM_MOVE_TO_REMINDERS, L"Move To Reminders..."},
-    {kRemindersTop, IDM_CALENDAR, L"Add"},
-    {kDay, IDM_ADD_NOTE, L"Add"},
-    {kDay, IDM_CALENDAR, L"Show Calendar"},
-    {kDay, 0, nullptr},
-    {kDay, IDM_DELETE, L"Delete"},
-    {kDay, 0, nullptr},
-    {kDay, kCopyEntries, nullptr},
-    {kReminder, IDM_OPEN, L"Open"},
-    {kReminder, 0, nullptr},
-    {kReminder, IDM_RENAME, L"Rename"},
-    {kReminder, IDM_DELETE, L"Delete"},
-    {kReminder, 0, nullptr},
-    {kReminder, IDM_TEXT_MEMO, L"Text Memo..."},
-    {kReminder, IDM_SET_ALARM, L"Set Alarm..."},
-    {kReminder, 0, nullptr},
-    {kReminder, IDM_CHANGE_DATE, L"Change Date..."},
-    {kReminder, IDM_MOVE_TO_FOLDER, L"Move To Folder..."},
-    {kAlarmsTop, IDM_REFRESH_ALARMS, L"Refresh"},
-    {kAlarm, IDM_DELETE_ALARM, L"Delete"},
+    {NodeKind::NotesTop, IDM_CREATE_FOLDER, L"Create Folder"},
+    {NodeKind::Folder, IDM_ADD_NOTE, L"New"},
+    {NodeKind::Folder, 0, nullptr},
+    {NodeKind::Folder, IDM_RENAME, L"Rename"},
+    {NodeKind::Folder, IDM_DELETE, L"Delete"},
+    {NodeKind::Folder, 0, nullptr},
+    {NodeKind::Folder, IDM_CREATE_FOLDER, L"Create Folder"},
+    {NodeKind::Folder, IDM_MOVE_FOLDER, L"Move Folder"},
+    {NodeKind::Folder, 0, nullptr},
+    {NodeKind::Folder, kCopyEntries, nullptr},
+    {NodeKind::Note, IDM_OPEN, L"Open"},
+    {NodeKind::Note, 0, nullptr},
+    {NodeKind::Note, IDM_RENAME, L"Rename"},
+    {NodeKind::Note, IDM_DELETE, L"Delete"},
+    {NodeKind::Note, 0, nullptr},
+    {NodeKind::Note, IDM_TEXT_MEMO, L"Text Memo..."},
+    {NodeKind::Note, IDM_SET_ALARM, L"Set Alarm..."},
+    {NodeKind::Note, 0, nullptr},
+    {NodeKind::Note, IDM_CHANGE_FOLDER, L"Change Folder..."},
+    {NodeKind::Note, IDM_MOVE_TO_REMINDERS, L"Move To Reminders..."},
+    {NodeKind::RemindersTop, IDM_CALENDAR, L"Add"},
+    {NodeKind::Day, IDM_ADD_NOTE, L"Add"},
+    {NodeKind::Day, IDM_CALENDAR, L"Show Calendar"},
+    {NodeKind::Day, 0, nullptr},
+    {NodeKind::Day, IDM_DELETE, L"Delete"},
+    {NodeKind::Day, 0, nullptr},
+    {NodeKind::Day, kCopyEntries, nullptr},
+    {NodeKind::Reminder, IDM_OPEN, L"Open"},
+    {NodeKind::Reminder, 0, nullptr},
+    {NodeKind::Reminder, IDM_RENAME, L"Rename"},
+    {NodeKind::Reminder, IDM_DELETE, L"Delete"},
+    {NodeKind::Reminder, 0, nullptr},
+    {NodeKind::Reminder, IDM_TEXT_MEMO, L"Text Memo..."},
+    {NodeKind::Reminder, IDM_SET_ALARM, L"Set Alarm..."},
+    {NodeKind::Reminder, 0, nullptr},
+    {NodeKind::Reminder, IDM_CHANGE_DATE, L"Change Date..."},
+    {NodeKind::Reminder, IDM_MOVE_TO_FOLDER, L"Move To Folder..."},
+    {NodeKind::AlarmsTop, IDM_REFRESH_ALARMS, L"Refresh"},
+    {NodeKind::Alarm, IDM_DELETE_ALARM, L"Delete"},
 };
 
 }  // namespace
 
-bool MakeContextMenu(int kind, const std::function<bool(int command)>& isPossible,
+bool MakeContextMenu(NodeKind kind, const std::function<bool(int command)>& isPossible,
                      platform::PopupMenu& menu) {
-    const int plain = kind == kOpenFolder ? kFolder : kind == kOpenDay ? kDay : kind;
+    const NodeKind plain = kind == NodeKind::OpenFolder ? NodeKind::Folder
+                           : kind == NodeKind::OpenDay  ? NodeKind::Day
+                                                        : kind;
     const auto add = [&](int command, const std::wstring& text) {
         menu.Add(command, text, isPossible(command));
     };
@@ -93,7 +97,7 @@ std::vector<std::wstring> CopyTargets() {
 
 bool IsOtherStorage(const std::wstring& rootPrefix, int index) {
     const std::vector<std::wstring> targets = CopyTargets();
-    const std::wstring root = app::WithoutTrailingBackslashes(rootPrefix);
+    const std::wstring root = store::WithoutTrailingBackslashes(rootPrefix);
     const std::wstring current = root.substr(0, root.rfind(L'\\'));
     return index < static_cast<int>(targets.size()) &&
            !platform::EqualNoCase(targets[static_cast<size_t>(index)], current);

@@ -4,12 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "app/store/NodeKind.h"
 #include "platform/PopupMenu.h"
 
 namespace manager {
 
 // The menu that belongs to a node of this kind; false when it has none. What `isPossible` denies is greyed.
-bool MakeContextMenu(int kind, const std::function<bool(int command)>& isPossible, platform::PopupMenu& menu);
+bool MakeContextMenu(store::NodeKind kind, const std::function<bool(int command)>& isPossible,
+                     platform::PopupMenu& menu);
 
 // The storages that a folder can be copied to: the documents folder, then each card. Empty without cards.
 std::vector<std::wstring> CopyTargets();

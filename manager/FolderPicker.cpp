@@ -1,11 +1,10 @@
 #include "manager/FolderPicker.h"
 
-#include <algorithm>
 #include <deque>
 #include <utility>
 
-#include "app/StorePaths.h"
-#include "platform/FileSystem.h"
+#include "app/store/StoreListing.h"
+#include "app/store/StorePaths.h"
 #include "platform/TextEncoding.h"
 #include "platform/Window.h"
 
@@ -51,7 +50,7 @@ int FolderPicker::Show(const std::wstring& folder, platform::Window& owner, ink:
     const bool isRoot = folder == rootPrefix_;
     // A folder may also become a folder of the root; notes lie in folders only.
     if (!isRoot || !moved_.empty()) {
-        const std::wstring name = app::NameOf(app::WithoutTrailingBackslashes(folder));
+        const std::wstring name = store::NameOf(store::WithoutTrailingBackslashes(folder));
         AddChoice(menu, isRoot ? L"Notes" : name, {folder});
         menu.AddSeparator();
     }
@@ -77,17 +76,13 @@ void FolderPicker::Read(Branch& top) const {
 }
 
 std::vector<FolderPicker::Branch> FolderPicker::FoldersIn(const std::wstring& folder) const {
-    std::vector<platform::FolderEntry> entries;
-    platform::ListFolder(app::WithoutTrailingBackslashes(folder), L"*.*", entries);
     std::vector<Branch> folders;
-    for (const platform::FolderEntry& entry : entries) {
-        const bool isReserved = folder == rootPrefix_ && app::IsReservedName(entry.name);
-        const bool isMoved = platform::EqualNoCase(folder + entry.name, moved_);
-        if (entry.isFolder && !isReserved && !isMoved)
-            folders.push_back({entry.name, folder + entry.name + L"\\", false, {}});
+    const bool isRoot = folder == rootPrefix_;
+    for (const std::wstring& name :
+         isRoot ? store::ListUserFolders(folder) : store::ListStoreFolder(folder).folders) {
+        const bool isMoved = platform::EqualNoCase(folder + name, moved_);
+        if (!isMoved) folders.push_back({name, folder + name + L"\\", false, {}});
     }
-    std::sort(folders.begin(), folders.end(),
-              [](const Branch& a, const Branch& b) { return platform::CompareNames(a.name, b.name) < 0; });
     return folders;
 }
 

@@ -1,12 +1,12 @@
 #include "manager/FolderTree.h"
 
 #include <algorithm>
-#include <unordered_set>
 
-#include "alarms/AlarmDatabase.h"
-#include "app/StorePaths.h"
-#include "manager/DayNames.h"
-#include "manager/NodeKind.h"
+#include "app/store/NoteAlarms.h"
+#include "app/store/NoteFiles.h"
+#include "app/store/StoreListing.h"
+#include "app/store/StorePaths.h"
+#include "platform/FileSystem.h"
 #include "platform/Locale.h"
 #include "platform/TextEncoding.h"
 
@@ -15,6 +15,7 @@ namespace manager {
 namespace {
 
 using platform::TreeItem;
+using store::NodeKind;
 
 constexpr wchar_t kNotesText[] = L"Notes";
 constexpr wchar_t kRemindersText[] = L"Reminders";
@@ -24,7 +25,6 @@ constexpr wchar_t kAlarmsText[] = L"Alarms";
 
 // What a tree item of a folder or a note carries as its data; freed with the item.
 struct FolderTree::NodeRecord {
-    TreeItem item = 0;
     bool isFolder = false;
     std::wstring name;  // of a folder in the store, or of a note without its extension
 };
@@ -35,26 +35,16 @@ std::wstring WithCount(const std::wstring& text, int count) {
     return text + L"  (" + std::to_wstring(count) + L" found) ";
 }
 
-std::wstring WithoutExtension(const std::wstring& fileName) {
-    return fileName.substr(0, fileName.size() - std::wstring(app::kNoteExtension).size());
-}
-
-int ChildKind(int kind) {
-    switch (kind) {
-        case kNotesTop:
-            return kFolder;
-        case kRemindersTop:
-            return kDay;
-        case kDay:
-        case kOpenDay:
-            return kReminder;
-        default:
-            return kNote;
-    }
+std::wstring ShownName(NodeKind kind, const std::wstring& name) {
+    const std::optional<store::DayFolder> day =
+        IsDayKind(kind) ? store::DayFolder::Named(name) : std::nullopt;
+    return day ? day->LongText() : name;
 }
 
 // The form in which open folders are shown.
-int OpenKind(int kind) { return kind == kFolder ? kOpenFolder : kind == kDay ? kOpenDay : kind; }
+NodeKind OpenKind(NodeKind kind) {
+    return kind == NodeKind::Folder ? NodeKind::OpenFolder : kind == NodeKind::Day ? NodeKind::OpenDay : kind;
+}
 
 }  // namespace
 
@@ -65,14 +55,15 @@ void FolderTree::Rebuild(const std::wstring& path) {
     rebuilding_ = true;
     tree_.RemoveAll();
     selectedNote_.clear();
-    const auto insertTop = [this](const wchar_t* text, int kind) {
-        const TreeItem item = tree_.Insert(0, platform::TreeView::Where::Last, text, kind, 0);
+    const auto insertTop = [this](const wchar_t* text, NodeKind kind) {
+        const TreeItem item =
+            tree_.Insert(0, platform::TreeView::Where::Last, text, static_cast<int>(kind), 0);
         tree_.SetBold(item);
         return item;
     };
-    notesTop_ = insertTop(kNotesText, kNotesTop);
-    remindersTop_ = insertTop(kRemindersText, kRemindersTop);
-    alarmsTop_ = insertTop(kAlarmsText, kAlarmsTop);
+    notesTop_ = insertTop(kNotesText, NodeKind::NotesTop);
+    remindersTop_ = insertTop(kRemindersText, NodeKind::RemindersTop);
+    alarmsTop_ = insertTop(kAlarmsText, NodeKind::AlarmsTop);
     rebuilding_ = false;
     SelectPath(path);
 }
@@ -95,9 +86,9 @@ void FolderTree::SelectionChanged(TreeItem old, TreeItem selected) {
     selectedNote_.clear();
     const TreeItem oldContainer = Container(old);
     const TreeItem container = Container(selected);
-    const int kind = tree_.Image(selected);
+    const NodeKind kind = KindOf(selected);
     if (container != oldContainer) {
-        if (!(oldContainer == alarmsTop_ && kind == kAlarm)) ShowPlain(oldContainer);
+        if (!(oldContainer == alarmsTop_ && kind == NodeKind::Alarm)) ShowPlain(oldContainer);
         if (!IsAncestor(oldContainer, container)) tree_.CollapseAndDrop(oldContainer);
         if (tree_.IsExpanded(container)) {
             ShowCount(container);
@@ -105,13 +96,26 @@ void FolderTree::SelectionChanged(TreeItem old, TreeItem selected) {
             Fill(container, L"");
         }
     }
-    if (IsNoteKind(kind)) selectedNote_ = RelativePath(selected) + app::kNoteExtension;
+    if (IsNoteKind(kind)) selectedNote_ = RelativePath(selected) + store::kNoteExtension;
     if (selected == alarmsTop_ && tree_.FirstChild(selected) == 0) ListAlarms();
 }
 
 TreeItem FolderTree::Container(TreeItem item) const {
-    const int kind = tree_.Image(item);
-    return IsNoteKind(kind) || kind == kAlarm ? tree_.Parent(item) : item;
+    const NodeKind kind = KindOf(item);
+    return IsNoteKind(kind) || kind == NodeKind::Alarm ? tree_.Parent(item) : item;
+}
+
+std::wstring FolderTree::ShownName(TreeItem item) const {
+    return manager::ShownName(KindOf(item), FolderName(item));
+}
+
+std::optional<store::DayFolder> FolderTree::DayOf(TreeItem item) const {
+    if (!IsDayKind(KindOf(item))) return std::nullopt;
+    return store::DayFolder::Named(FolderName(item));
+}
+
+std::wstring FolderTree::PathOf(const store::DayFolder& day) const {
+    return rootPrefix_ + store::kRemindersFolder + L"\\" + day.Name() + L"\\";
 }
 
 std::wstring FolderTree::FolderName(TreeItem item) const {
@@ -122,7 +126,7 @@ std::wstring FolderTree::FolderName(TreeItem item) const {
 std::wstring FolderTree::RelativePath(TreeItem item) const {
     if (item == remindersTop_) return std::wstring(kRemindersText) + L"\\";
     if (item == notesTop_ || item == 0) return {};
-    std::wstring path = IsNoteKind(tree_.Image(item)) ? tree_.Text(item) : FolderName(item) + L"\\";
+    std::wstring path = IsNoteKind(KindOf(item)) ? tree_.Text(item) : FolderName(item) + L"\\";
     for (TreeItem above = tree_.Parent(item); above != notesTop_; above = tree_.Parent(above)) {
         if (above == remindersTop_) return std::wstring(kRemindersText) + L"\\" + path;
         if (above == 0 || above == alarmsTop_) return {};
@@ -134,102 +138,60 @@ std::wstring FolderTree::RelativePath(TreeItem item) const {
 // Children are put in order before they are inserted: the control would ask for two texts at every
 // comparison.
 void FolderTree::Fill(TreeItem node, const std::wstring& noteToSelect) {
-    const int kind = tree_.Image(node);
-    std::vector<Child> children = ReadChildren(kind, FolderPath(node));
-    std::sort(children.begin(), children.end(), [](const Child& a, const Child& b) {
-        return Compare({0, a.isFolder, a.name}, {0, b.isFolder, b.name}) < 0;
-    });
     tree_.Freeze(true);
     tree_.CollapseAndDrop(node);
     selectedNote_.clear();
-    int notes = 0;
-    for (const Child& child : children) {
-        const int childKind = child.isFolder && kind != kRemindersTop ? kFolder : ChildKind(kind);
-        const TreeItem item = Insert(node, childKind, child.isFolder, child.name);
-        if (child.hasMemo) tree_.SetOverlay(item, true);
-        if (!child.isFolder) ++notes;
-    }
-    ShowCount(node, notes);
+    InsertChildren(node);
+    ShowCount(node);
     tree_.Expand(node);
     tree_.EnsureVisible(node);
     tree_.Freeze(false);
     if (!noteToSelect.empty()) SelectNote(noteToSelect);
 }
 
-std::vector<FolderTree::Child> FolderTree::ReadChildren(int kind, const std::wstring& folder) const {
-    std::vector<platform::FolderEntry> entries;
-    platform::ListFolder(app::WithoutTrailingBackslashes(folder), L"*.*", entries);
-    if (kind == kRemindersTop) return DaysOf(entries, folder);
-    if (kind == kNotesTop) return TopFoldersOf(entries);
-    return NotesAndFoldersOf(entries, ChildKind(kind) == kNote);
-}
-
-// Days without a note are removed from the store on the way.
-std::vector<FolderTree::Child> FolderTree::DaysOf(const std::vector<platform::FolderEntry>& entries,
-                                                  const std::wstring& folder) {
-    std::vector<Child> days;
-    for (const platform::FolderEntry& entry : entries) {
-        DayName day;
-        if (!entry.isFolder || !ReadDayName(entry.name, day)) continue;
-        if (app::HoldsNotes(folder + entry.name)) {
-            days.push_back({entry.name, true, false});
-        } else {
-            platform::DropFolder(folder + entry.name);
+void FolderTree::InsertChildren(TreeItem node) {
+    const std::wstring folder = FolderPath(node);
+    const NodeKind kind = KindOf(node);
+    if (kind == NodeKind::NotesTop) {
+        for (const std::wstring& name : store::ListUserFolders(folder))
+            InsertFolder(node, NodeKind::Folder, name);
+    } else if (kind == NodeKind::RemindersTop) {
+        const store::ListedDays days = store::ListDays(folder);
+        for (const store::DayFolder& day : days.holding) InsertFolder(node, NodeKind::Day, day.Name());
+        store::DropEmptyDays(folder, days.empty);
+    } else {
+        const store::StoreListing listing = store::ListStoreFolder(folder);
+        const NodeKind noteKind = IsDayKind(kind) ? NodeKind::Reminder : NodeKind::Note;
+        if (noteKind == NodeKind::Note) {
+            for (const std::wstring& name : listing.folders) InsertFolder(node, NodeKind::Folder, name);
+        }
+        for (const store::ListedNote& note : listing.notes) {
+            const TreeItem item = Insert(node, noteKind, false, note.name);
+            if (note.hasMemo) tree_.SetOverlay(item, true);
         }
     }
-    return days;
 }
 
-std::vector<FolderTree::Child> FolderTree::TopFoldersOf(const std::vector<platform::FolderEntry>& entries) {
-    std::vector<Child> folders;
-    for (const platform::FolderEntry& entry : entries) {
-        if (entry.isFolder && !app::IsReservedName(entry.name)) folders.push_back({entry.name, true, false});
-    }
-    return folders;
-}
-
-// Memos are found in the same listing: asking the disk once more for every note would cost more than all
-// else.
-std::vector<FolderTree::Child> FolderTree::NotesAndFoldersOf(
-    const std::vector<platform::FolderEntry>& entries, bool withFolders) {
-    std::unordered_set<std::wstring> texts;
-    for (const platform::FolderEntry& entry : entries) {
-        if (app::EndsWithNoCase(entry.name, L".txt"))
-            texts.insert(platform::LowerCase(WithoutExtension(entry.name)));
-    }
-    std::vector<Child> children;
-    for (const platform::FolderEntry& entry : entries) {
-        if (entry.isFolder && withFolders) children.push_back({entry.name, true, false});
-        if (entry.isFolder || !app::EndsWithNoCase(entry.name, app::kNoteExtension)) continue;
-        const std::wstring name = WithoutExtension(entry.name);
-        const bool hasMemo = !texts.empty() && texts.count(platform::LowerCase(name)) != 0;
-        children.push_back({name, false, hasMemo});
-    }
-    return children;
-}
-
-TreeItem FolderTree::InsertFolder(TreeItem parent, int kind, const std::wstring& name) {
+TreeItem FolderTree::InsertFolder(TreeItem parent, NodeKind kind, const std::wstring& name) {
     return Insert(parent, kind, true, name);
 }
 
-TreeItem FolderTree::Insert(TreeItem parent, int kind, bool isFolder, const std::wstring& name) {
-    auto record = std::make_unique<NodeRecord>(NodeRecord{0, isFolder, name});
+TreeItem FolderTree::Insert(TreeItem parent, NodeKind kind, bool isFolder, const std::wstring& name) {
+    auto record = std::make_unique<NodeRecord>(NodeRecord{isFolder, name});
     const auto data = reinterpret_cast<intptr_t>(record.get());
-    record->item = tree_.Insert(parent, platform::TreeView::Where::Last,
-                                kind == kDay ? LongDayText(name) : name, kind, data);
-    const TreeItem item = record->item;
     records_[data] = std::move(record);
-    return item;
+    return tree_.Insert(parent, platform::TreeView::Where::Last, manager::ShownName(kind, name),
+                        static_cast<int>(kind), data);
 }
 
 void FolderTree::ListAlarms() {
     tree_.CollapseAndDrop(alarmsTop_);
     int count = 0;
-    for (const alarms::NoteAlarm& alarm : alarms::ScanAlarms()) {
+    for (const store::NoteAlarm& alarm : store::ScanAlarms()) {
         std::wstring title;
-        if (!alarms::AlarmTitle(alarm.arguments, title)) continue;
+        if (!store::AlarmTitle(alarm.arguments, title)) continue;
         tree_.Insert(alarmsTop_, platform::TreeView::Where::Sorted,
-                     platform::DateAndTime(alarm.start) + L", " + title, kAlarm,
+                     platform::DateAndTime(alarm.start) + L", " + title, static_cast<int>(NodeKind::Alarm),
                      static_cast<intptr_t>(alarm.handle));
         ++count;
     }
@@ -247,20 +209,20 @@ void FolderTree::RenameFolder(TreeItem item, const std::wstring& name) {
 void FolderTree::RenameNote(TreeItem item, const std::wstring& name) {
     tree_.SetText(item, name);
     records_[tree_.Data(item)]->name = name;
-    selectedNote_ = RelativePath(item) + app::kNoteExtension;
+    selectedNote_ = RelativePath(item) + store::kNoteExtension;
     Sort(tree_.Parent(item));
 }
 
 void FolderTree::ShowMemoMark(TreeItem item) {
-    if (!IsNoteKind(tree_.Image(item))) return;
-    const std::wstring memo = app::MemoPath(rootPrefix_ + RelativePath(item) + app::kNoteExtension);
+    if (!IsNoteKind(KindOf(item))) return;
+    const std::wstring memo = store::MemoPath(rootPrefix_ + RelativePath(item) + store::kNoteExtension);
     tree_.SetOverlay(item, platform::Exists(memo));
 }
 
 int FolderTree::CountNotes(TreeItem item) const {
     int count = 0;
     for (TreeItem child = tree_.FirstChild(item); child != 0; child = tree_.NextSibling(child)) {
-        if (IsNoteKind(tree_.Image(child))) ++count;
+        if (IsNoteKind(KindOf(child))) ++count;
     }
     return count;
 }
@@ -268,26 +230,25 @@ int FolderTree::CountNotes(TreeItem item) const {
 void FolderTree::ShowCount(TreeItem item) { ShowCount(item, CountNotes(item)); }
 
 void FolderTree::ShowCount(TreeItem item, int count) {
-    const int kind = tree_.Image(item);
+    const NodeKind kind = KindOf(item);
     if (!IsFolderKind(kind) && !IsDayKind(kind)) return;
-    const std::wstring name = FolderName(item);
-    tree_.SetText(item, WithCount(IsDayKind(kind) ? LongDayText(name) : name, count));
-    tree_.SetImage(item, OpenKind(kind));
+    tree_.SetText(item, WithCount(ShownName(item), count));
+    SetKind(item, OpenKind(kind));
 }
 
 void FolderTree::ShowPlain(TreeItem item) {
-    switch (tree_.Image(item)) {
-        case kFolder:
-        case kOpenFolder:
-            tree_.SetText(item, FolderName(item));
-            tree_.SetImage(item, kFolder);
+    switch (KindOf(item)) {
+        case NodeKind::Folder:
+        case NodeKind::OpenFolder:
+            tree_.SetText(item, ShownName(item));
+            SetKind(item, NodeKind::Folder);
             break;
-        case kDay:
-        case kOpenDay:
-            tree_.SetText(item, LongDayText(FolderName(item)));
-            tree_.SetImage(item, kDay);
+        case NodeKind::Day:
+        case NodeKind::OpenDay:
+            tree_.SetText(item, ShownName(item));
+            SetKind(item, NodeKind::Day);
             break;
-        case kAlarmsTop:
+        case NodeKind::AlarmsTop:
             tree_.SetText(item, kAlarmsText);
             break;
         default:
@@ -363,11 +324,11 @@ void FolderTree::SelectAndRead(TreeItem item) {
 }
 
 void FolderTree::SelectNote(const std::wstring& fileName) {
-    if (!app::EndsWithNoCase(fileName, app::kNoteExtension)) return;
+    if (!store::EndsWithNoCase(fileName, store::kNoteExtension)) return;
     TreeItem child = tree_.FirstChild(Container(tree_.Selection()));
     for (; child != 0; child = tree_.NextSibling(child)) {
-        const bool isWanted = IsNoteKind(tree_.Image(child)) &&
-                              platform::EqualNoCase(tree_.Text(child), WithoutExtension(fileName));
+        const bool isWanted =
+            IsNoteKind(KindOf(child)) && platform::EqualNoCase(tree_.Text(child), store::NoteName(fileName));
         if (!isWanted) continue;
         tree_.Select(child);
         tree_.EnsureVisible(child);

@@ -1,11 +1,12 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
-#include <vector>
 
-#include "platform/FileSystem.h"
+#include "app/store/DayFolder.h"
+#include "app/store/NodeKind.h"
 #include "platform/TreeView.h"
 
 namespace manager {
@@ -31,7 +32,10 @@ class FolderTree {
     void ItemDeleted(intptr_t data);
 
     platform::TreeItem NotesTop() const { return notesTop_; }
-    int SelectedKind() const { return tree_.Image(tree_.Selection()); }
+    store::NodeKind KindOf(platform::TreeItem item) const {
+        return static_cast<store::NodeKind>(tree_.Image(item));
+    }
+    store::NodeKind SelectedKind() const { return KindOf(tree_.Selection()); }
     // Path of the selected note relative to the root, with extension; empty when no note is selected.
     const std::wstring& SelectedNote() const { return selectedNote_; }
     std::wstring SelectedNotePath() const {
@@ -44,6 +48,11 @@ class FolderTree {
     std::wstring FolderPath(platform::TreeItem item) const { return rootPrefix_ + RelativePath(item); }
     // The folder's name in the store; empty for anything else.
     std::wstring FolderName(platform::TreeItem item) const;
+    // The same as it is shown, without its count: a day's long date.
+    std::wstring ShownName(platform::TreeItem item) const;
+    // Which day the item is the folder of, if any.
+    std::optional<store::DayFolder> DayOf(platform::TreeItem item) const;
+    std::wstring PathOf(const store::DayFolder& day) const;
     // The item itself, or for a note or an alarm what it lies in.
     platform::TreeItem Container(platform::TreeItem item) const;
 
@@ -53,7 +62,8 @@ class FolderTree {
     // Reads the node's folder again; `noteToSelect` is a file name or empty.
     void Fill(platform::TreeItem node, const std::wstring& noteToSelect);
     void ListAlarms();
-    platform::TreeItem InsertFolder(platform::TreeItem parent, int kind, const std::wstring& name);
+    platform::TreeItem InsertFolder(platform::TreeItem parent, store::NodeKind kind,
+                                    const std::wstring& name);
     void RenameFolder(platform::TreeItem item, const std::wstring& name);
     void RenameNote(platform::TreeItem item, const std::wstring& name);
     // Marks a note if it has a memo now; nothing for any other item.
@@ -65,22 +75,15 @@ class FolderTree {
 
   private:
     struct NodeRecord;
-    struct Child {
-        std::wstring name;  // a note's without extension
-        bool isFolder = false;
-        bool hasMemo = false;
-    };
-
     static int Compare(const NodeRecord& a, const NodeRecord& b);
     const NodeRecord* RecordOf(intptr_t data) const;
-    std::vector<Child> ReadChildren(int kind, const std::wstring& folder) const;
-    static std::vector<Child> DaysOf(const std::vector<platform::FolderEntry>& entries,
-                                     const std::wstring& folder);
-    static std::vector<Child> TopFoldersOf(const std::vector<platform::FolderEntry>& entries);
-    static std::vector<Child> NotesAndFoldersOf(const std::vector<platform::FolderEntry>& entries,
-                                                bool withFolders);
-    platform::TreeItem Insert(platform::TreeItem parent, int kind, bool isFolder, const std::wstring& name);
+    void InsertChildren(platform::TreeItem node);
+    platform::TreeItem Insert(platform::TreeItem parent, store::NodeKind kind, bool isFolder,
+                              const std::wstring& name);
     void ShowCount(platform::TreeItem item, int count);
+    void SetKind(platform::TreeItem item, store::NodeKind kind) {
+        tree_.SetImage(item, static_cast<int>(kind));
+    }
     void ShowPlain(platform::TreeItem item);
     bool IsAncestor(platform::TreeItem above, platform::TreeItem item) const;
     platform::TreeItem ChildFolder(platform::TreeItem parent, const std::wstring& name) const;

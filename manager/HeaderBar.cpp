@@ -1,10 +1,12 @@
 #include "manager/HeaderBar.h"
 
+#include <algorithm>
 #include <cwchar>
 #include <iterator>
 
-#include "app/StorePaths.h"
+#include "app/store/StorePaths.h"
 #include "platform/FileSystem.h"
+#include "platform/Product.h"
 #include "platform/TextEncoding.h"
 
 namespace manager {
@@ -14,20 +16,20 @@ namespace {
 constexpr platform::Font kFont{85, true};
 constexpr double kHeightFactor = 1.5;
 constexpr int kRightMargin = 5;
-constexpr size_t kProductTail = 11;  // "\Inkwright\"
 
 int TextHeight() { return platform::Canvas::TextSize(L"Aqua", kFont).bottom; }
 
 std::wstring StorageName(const std::wstring& rootPrefix) {
-    const size_t kept = rootPrefix.size() < kProductTail ? 0 : rootPrefix.size() - kProductTail;
-    const std::wstring storage = rootPrefix.substr(0, kept);
+    const size_t productTail = std::wstring(platform::kProductName).size() + 2;  // between backslashes
+    const std::wstring storage =
+        rootPrefix.substr(0, rootPrefix.size() - std::min(productTail, rootPrefix.size()));
     return platform::EqualNoCase(storage, platform::DocumentsFolder()) ? L" Main Memory" : storage;
 }
 
 // Whole kilobytes as megabytes, in the single precision that every release has shown.
 std::wstring FreeSpace(const std::wstring& rootPrefix) {
     uint64_t bytes = 0;
-    if (!platform::FreeBytes(app::WithoutTrailingBackslashes(rootPrefix), bytes)) return {};
+    if (!platform::FreeBytes(store::WithoutTrailingBackslashes(rootPrefix), bytes)) return {};
     const auto megabytes = static_cast<float>(static_cast<double>(bytes >> 10) * 0.0009765625);
     wchar_t text[64];
     std::swprintf(text, std::size(text), L" [ %.02fMB Free ]", static_cast<double>(megabytes));

@@ -1,9 +1,9 @@
 // The manager's month calendar: what is shown, and what keys and taps do there.
-#include "app/Settings.h"
-#include "app/StorePaths.h"
-#include "manager/DayNames.h"
+#include "app/store/NodeKind.h"
+#include "app/store/Settings.h"
+#include "app/store/StoreListing.h"
+#include "app/store/StorePaths.h"
 #include "manager/ManagerWindow.h"
-#include "manager/NodeKind.h"
 #include "platform/Clock.h"
 #include "platform/Locale.h"
 #include "platform/MessageBox.h"
@@ -24,7 +24,7 @@ int DayToBeginWith(int year, int month) {
 
 void ManagerWindow::ReadFirstDayOfWeek() {
     const auto usual = static_cast<uint32_t>(platform::FirstDayOfWeek());
-    const uint32_t day = app::Settings().FindNumber(app::SettingId::FirstDayOfWeek).value_or(usual);
+    const uint32_t day = store::Settings().FindNumber(store::SettingId::FirstDayOfWeek).value_or(usual);
     const int kept = static_cast<int>(day & 0xFF);  // the setting is one byte
     firstDayOfWeek_ = kept < MonthGrid::kColumns ? kept : 0;
 }
@@ -40,13 +40,12 @@ void ManagerWindow::ToggleCalendar() {
 // Opens on the month of the selected day, else on the current one.
 void ManagerWindow::EnterCalendar() {
     const platform::DateTime now = platform::LocalNow();
-    DayName shown{now.year, now.month, now.day};
-    DayName day;
+    store::DayFolder shown(now);
     const platform::TreeItem container = folders_.Container(tree_.Selection());
-    const bool isDay = IsDayKind(tree_.Image(container)) && ReadDayName(folders_.FolderName(container), day);
-    if (isDay && day.year > 0 && day.month >= 1 && day.month <= 12) shown = day;
-    cursorDay_ = DayToBeginWith(shown.year, shown.month);
-    ShowMonth(shown.year, shown.month);
+    const std::optional<store::DayFolder> day = folders_.DayOf(container);
+    if (day && day->Year() > 0 && day->Month() >= 1 && day->Month() <= 12) shown = *day;
+    cursorDay_ = DayToBeginWith(shown.Year(), shown.Month());
+    ShowMonth(shown.Year(), shown.Month());
 }
 
 // The day that the keys act on stays as long as the month does.
@@ -127,10 +126,10 @@ void ManagerWindow::TapDay(int row, int column) {
     const platform::DateTime day = month_.Grid().DateAt(row, column);
     if (month_.Grid().At(row, column).monthOffset != 0) return ShowMonth(day.year, day.month);
     cursorDay_ = day.day;
-    const std::wstring name = app::DateFolderName(day);
-    const std::wstring folder = folders_.RootPrefix() + app::kRemindersFolder + L"\\" + name + L"\\";
-    if (!app::HoldsNotes(folder)) {
-        AddReminder(name);
+    const store::DayFolder dayFolder(day);
+    const std::wstring folder = folders_.PathOf(dayFolder);
+    if (!store::HoldsNotes(folder)) {
+        AddReminder(dayFolder);
         return ShowFreeSpace();
     }
     ToggleCalendar();

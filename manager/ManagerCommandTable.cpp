@@ -47,7 +47,7 @@ Situation ManagerWindow::Now() const {
     Situation now;
     now.calendarMode = calendarMode_;
     now.showsCurrentMonth = calendarMode_ && month_.ShowsCurrentMonth();
-    now.kind = calendarMode_ ? -1 : folders_.SelectedKind();
+    now.kind = calendarMode_ ? NodeKind::None : folders_.SelectedKind();
     now.hasFolders = tree_.FirstChild(folders_.NotesTop()) != 0;
     return now;
 }
@@ -108,7 +108,7 @@ void ManagerWindow::OnTreeHold(platform::TreeItem item, platform::Point place) {
     tree_.Select(item);
     platform::PopupMenu menu;
     if (!MakeContextMenu(
-            tree_.Image(item), [this](int id) { return IsPossible(id); }, menu))
+            folders_.KindOf(item), [this](int id) { return IsPossible(id); }, menu))
         return;
     menuPlace_ = place;
     const int command = menu.Choose(*this, place);

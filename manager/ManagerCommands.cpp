@@ -1,14 +1,13 @@
 // What the manager's commands do.
 #include "alarms/AlarmTimeDialog.h"
 #include "alarms/NoteAlarm.h"
-#include "app/Settings.h"
-#include "app/StorePaths.h"
+#include "app/store/NoteFiles.h"
+#include "app/store/Settings.h"
+#include "app/store/StorePaths.h"
 #include "manager/ContextMenu.h"
 #include "manager/DatePickerDialog.h"
-#include "manager/DayNames.h"
 #include "manager/FolderPicker.h"
 #include "manager/ManagerWindow.h"
-#include "manager/NodeKind.h"
 #include "manager/StoreOperations.h"
 #include "options/COptPageDlg.h"
 #include "options/TextMemoDialog.h"
@@ -28,6 +27,7 @@ namespace {
 using platform::MessageButtons;
 using platform::MessageIcon;
 using platform::TreeItem;
+using store::NodeKind;
 
 constexpr int kMenuInset = 20;  // pixels from the screen's bottom right corner
 
@@ -40,8 +40,8 @@ void ManagerWindow::Edit(const editor::InkCanvas::Opening& opening) {
     canvas.RunModal(this);
     const std::wstring& path = canvas.NotePath();
     const bool isNew =
-        app::NamesFile(path) && app::IsFile(path) && !platform::EqualNoCase(path, opening.notePath);
-    const bool isGone = app::NamesFile(opening.notePath) && !app::IsFile(opening.notePath);
+        store::NamesFile(path) && store::IsFile(path) && !platform::EqualNoCase(path, opening.notePath);
+    const bool isGone = store::NamesFile(opening.notePath) && !store::IsFile(opening.notePath);
     if (canvas.StoreChanged() || isNew || isGone) ReadFolderAgain(path);
     folders_.ShowMemoMark(tree_.Selection());
     RedrawStrip();
@@ -56,31 +56,30 @@ void ManagerWindow::ReadFolderAgain(const std::wstring& path) {
 
 void ManagerWindow::AddNote() {
     const TreeItem container = folders_.Container(tree_.Selection());
-    const int kind = tree_.Image(container);
-    std::wstring day = folders_.FolderName(container);
+    const NodeKind kind = folders_.KindOf(container);
     if (IsFolderKind(kind)) {
         editor::InkCanvas::Opening opening;
         opening.notePath = folders_.FolderPath(container);
         return Edit(opening);
     }
-    if (kind == kRemindersTop && !AskForDay(day)) return;
-    if (kind == kRemindersTop || IsDayKind(kind)) AddReminder(day);
+    const std::optional<store::DayFolder> day =
+        kind == NodeKind::RemindersTop ? AskForDay() : folders_.DayOf(container);
+    if (day) AddReminder(*day);
 }
 
-void ManagerWindow::AddReminder(const std::wstring& dayFolderName) {
+void ManagerWindow::AddReminder(const store::DayFolder& day) {
     editor::InkCanvas::Opening opening;
-    opening.notePath = folders_.RootPrefix() + app::kRemindersFolder + L"\\" + dayFolderName + L"\\";
-    opening.titleOverride = WeekdayText(dayFolderName);
-    app::EnsureFolders(opening.notePath);
+    opening.notePath = folders_.PathOf(day);
+    opening.titleOverride = day.TitleText();
+    store::EnsureFolders(opening.notePath);
     Edit(opening);
-    platform::DropFolder(app::WithoutTrailingBackslashes(opening.notePath));  // stays unless it is empty
+    platform::DropFolder(store::WithoutTrailingBackslashes(opening.notePath));  // stays unless it is empty
 }
 
-bool ManagerWindow::AskForDay(std::wstring& dayFolderName) {
+std::optional<store::DayFolder> ManagerWindow::AskForDay() {
     DatePickerDialog picker(firstDayOfWeek_);
-    if (picker.RunModal(this) != platform::kIdOk) return false;
-    dayFolderName = app::DateFolderName(picker.Day());
-    return true;
+    if (picker.RunModal(this) != platform::kIdOk) return std::nullopt;
+    return store::DayFolder(picker.Day());
 }
 
 void ManagerWindow::OpenNote() {
@@ -92,7 +91,7 @@ void ManagerWindow::OpenNote() {
 void ManagerWindow::EditTextMemo() {
     using options::TextMemoDialog;
     const TreeItem item = tree_.Selection();
-    const std::wstring memo = app::MemoPath(folders_.SelectedNotePath());
+    const std::wstring memo = store::MemoPath(folders_.SelectedNotePath());
     TextMemoDialog(TextMemoDialog::Mode::File, memo).Edit(*this);
     folders_.ShowMemoMark(item);
     RedrawStrip();
@@ -102,22 +101,22 @@ void ManagerWindow::MoveToFolder() {
     const std::wstring source = folders_.SelectedNotePath();
     const std::wstring folder = FolderPicker(folders_.RootPrefix(), L"").Pick(*this, menuPlace_);
     if (folder.empty()) return;
-    std::wstring destination = folder + app::NameOf(source);
+    std::wstring destination = folder + store::NameOf(source);
     if (MoveNote(this, source, destination)) ShowStore(destination);
 }
 
 void ManagerWindow::MoveToDay() {
     const std::wstring source = folders_.SelectedNotePath();
-    std::wstring day;
-    if (!AskForDay(day)) return;
-    const std::wstring folder = folders_.RootPrefix() + app::kRemindersFolder + L"\\" + day;
-    app::EnsureFolders(folder);
-    if (!app::IsFolder(folder)) {
+    const std::optional<store::DayFolder> day = AskForDay();
+    if (!day) return;
+    const std::wstring folder = folders_.PathOf(*day);
+    store::EnsureFolders(folder);
+    if (!store::IsFolder(store::WithoutTrailingBackslashes(folder))) {
         platform::ShowMessage(this, L"Creating reminder folder failed!", L" Error", MessageButtons::Ok,
                               MessageIcon::Error);
         return;
     }
-    std::wstring destination = folder + L"\\" + app::NameOf(source);
+    std::wstring destination = folder + store::NameOf(source);
     if (MoveNote(this, source, destination)) ShowStore(destination);
 }
 
@@ -125,9 +124,9 @@ void ManagerWindow::MoveToDay() {
 
 void ManagerWindow::Delete() {
     const TreeItem item = tree_.Selection();
-    const int kind = tree_.Image(item);
-    if (kind == kAlarm) return DeleteAlarm();
-    if (kind == kOpenFolder || kind == kOpenDay) return DeleteSelectedFolder(item);
+    const NodeKind kind = folders_.KindOf(item);
+    if (kind == NodeKind::Alarm) return DeleteAlarm();
+    if (kind == NodeKind::OpenFolder || kind == NodeKind::OpenDay) return DeleteSelectedFolder(item);
     if (!IsNoteKind(kind) || !DeleteNote(this, folders_.SelectedNotePath())) return;
     const TreeItem parent = tree_.Parent(item);
     tree_.Remove(item);
@@ -137,17 +136,16 @@ void ManagerWindow::Delete() {
 // Notes of a container came or went. A day goes with its last one; a folder that is plain again is not what
 // is selected any more, since the selection went on to a folder in it.
 void ManagerWindow::CountAgain(TreeItem container) {
-    const int kind = tree_.Image(container);
-    if (kind != kOpenDay && kind != kOpenFolder) return;
-    if (kind == kOpenFolder || folders_.CountNotes(container) > 0) return folders_.ShowCount(container);
-    platform::DropFolder(app::WithoutTrailingBackslashes(folders_.FolderPath(container)));
+    const NodeKind kind = folders_.KindOf(container);
+    if (kind != NodeKind::OpenDay && kind != NodeKind::OpenFolder) return;
+    if (kind == NodeKind::OpenFolder || folders_.CountNotes(container) > 0)
+        return folders_.ShowCount(container);
+    platform::DropFolder(store::WithoutTrailingBackslashes(folders_.FolderPath(container)));
     tree_.Remove(container);
 }
 
 void ManagerWindow::DeleteSelectedFolder(TreeItem item) {
-    const std::wstring name = folders_.FolderName(item);
-    const std::wstring shown = IsDayKind(tree_.Image(item)) ? LongDayText(name) : name;
-    const FolderDeletion result = DeleteFolder(this, folders_.FolderPath(item), shown);
+    const FolderDeletion result = DeleteFolder(this, folders_.FolderPath(item), folders_.ShownName(item));
     if (result == FolderDeletion::Done) tree_.Remove(item);
     if (result == FolderDeletion::Failed) folders_.Fill(item, L"");
 }
@@ -159,7 +157,7 @@ void ManagerWindow::CreateNewFolder() {
     const TreeItem parent = folders_.Container(tree_.Selection());
     const std::wstring name = CreateFolder(folders_.FolderPath(parent));
     if (name.empty()) return;
-    const TreeItem item = folders_.InsertFolder(parent, kFolder, name);
+    const TreeItem item = folders_.InsertFolder(parent, NodeKind::Folder, name);
     folders_.Sort(parent);
     tree_.Expand(parent);
     tree_.Select(item);
@@ -169,32 +167,33 @@ void ManagerWindow::CreateNewFolder() {
 void ManagerWindow::RenameSelected() { tree_.EditLabel(tree_.Selection()); }
 
 bool ManagerWindow::OnTreeEditBegins(TreeItem item, std::wstring& text) {
-    const int kind = tree_.Image(item);
-    text = kind == kOpenFolder ? folders_.FolderName(item) : tree_.Text(item);
-    return kind == kOpenFolder || IsNoteKind(kind);
+    const NodeKind kind = folders_.KindOf(item);
+    text = kind == NodeKind::OpenFolder ? folders_.FolderName(item) : tree_.Text(item);
+    return kind == NodeKind::OpenFolder || IsNoteKind(kind);
 }
 
 void ManagerWindow::OnTreeEditEnds(TreeItem item, const std::wstring& text) {
-    const int kind = tree_.Image(item);
-    if (kind != kOpenFolder && !IsNoteKind(kind)) return;
-    const std::wstring name = kind == kOpenFolder ? folders_.FolderName(item) : tree_.Text(item);
+    const NodeKind kind = folders_.KindOf(item);
+    if (kind != NodeKind::OpenFolder && !IsNoteKind(kind)) return;
+    const std::wstring name = kind == NodeKind::OpenFolder ? folders_.FolderName(item) : tree_.Text(item);
     if (text == name) return;
     if (text.empty() || text.find(L'\\') != std::wstring::npos) return ShowRenameFailure(this);
     RenameItem(item, text, kind);
 }
 
-void ManagerWindow::RenameItem(TreeItem item, const std::wstring& name, int kind) {
-    const bool isTopFolder = kind == kOpenFolder && tree_.Parent(item) == folders_.NotesTop();
+void ManagerWindow::RenameItem(TreeItem item, const std::wstring& name, NodeKind kind) {
+    const bool isTopFolder = kind == NodeKind::OpenFolder && tree_.Parent(item) == folders_.NotesTop();
     if (isTopFolder && RefuseReservedName(this, name)) return;
-    const std::wstring old = app::WithoutTrailingBackslashes(folders_.FolderPath(item));
-    const std::wstring renamed = app::FolderOf(old) + name;
-    const std::wstring extension = kind == kOpenFolder ? L"" : app::kNoteExtension;
-    const bool isDone =
-        kind == kOpenFolder ? RenameFolder(old, renamed) : RenameNote(old + extension, renamed + extension);
-    if (!isDone) return ShowRenameFailure(this);
-    if (kind == kOpenFolder) {
+    const std::wstring old = store::WithoutTrailingBackslashes(folders_.FolderPath(item));
+    const std::wstring renamed = store::FolderOf(old) + name;
+    if (kind == NodeKind::OpenFolder) {
+        if (!store::MoveNoteFolder(old, renamed)) return ShowRenameFailure(this);
         folders_.RenameFolder(item, name);
     } else {
+        const std::wstring extension = store::kNoteExtension;
+        const store::NoteMove move =
+            store::MoveNoteFiles(old + extension, renamed + extension, store::MemoInTheWay::Keep);
+        if (!move.isMoved) return ShowRenameFailure(this);
         folders_.RenameNote(item, name);
     }
     RedrawStrip();
@@ -202,10 +201,10 @@ void ManagerWindow::RenameItem(TreeItem item, const std::wstring& name, int kind
 
 void ManagerWindow::MoveSelectedFolder() {
     const TreeItem item = tree_.Selection();
-    const std::wstring source = app::WithoutTrailingBackslashes(folders_.FolderPath(item));
+    const std::wstring source = store::WithoutTrailingBackslashes(folders_.FolderPath(item));
     const std::wstring folder = FolderPicker(folders_.RootPrefix(), source).Pick(*this, menuPlace_);
     if (folder.empty()) return;
-    const std::wstring destination = folder + app::NameOf(source);
+    const std::wstring destination = folder + store::NameOf(source);
     if (MoveFolder(this, source, destination, folders_.RootPrefix())) ShowStore(destination + L"\\");
 }
 
@@ -213,12 +212,12 @@ void ManagerWindow::CopySelectedTo(int index) {
     const std::vector<std::wstring> targets = CopyTargets();
     const TreeItem item = tree_.Selection();
     if (index >= static_cast<int>(targets.size())) return;
-    const std::wstring destination = targets[static_cast<size_t>(index)] + L"\\" + app::kProductFolder +
-                                     L"\\" + folders_.RelativePath(item);
+    const std::wstring destination =
+        store::StoreOn(targets[static_cast<size_t>(index)]) + L"\\" + folders_.RelativePath(item);
     CopyResult result = CopyResult::Failed;
     {
         const platform::WaitCursor wait;
-        app::EnsureFolders(destination);
+        store::EnsureFolders(destination);
         result = CopyFolderTree(this, folders_.FolderPath(item), destination);
     }
     if (result != CopyResult::Done) return;
@@ -280,7 +279,7 @@ void ManagerWindow::ShowToolsMenu() {
 
 void ManagerWindow::ShowOptions() {
     if (!options::COptPageDlg().RunModal(*this)) return;
-    app::LoadPen(pen_);
+    store::LoadPen(pen_);
     ReadFirstDayOfWeek();
     RedrawStrip();
     if (calendarMode_) ShowMonth(month_.Grid().Year(), month_.Grid().Month());
@@ -297,16 +296,16 @@ void ManagerWindow::UseStorage(int index) {
     if (index > static_cast<int>(cards.size())) return;
     const std::wstring storage =
         index == 0 ? platform::DocumentsFolder() : L"\\" + cards[static_cast<size_t>(index - 1)];
-    UseRoot(storage + L"\\" + app::kProductFolder);
+    UseRoot(store::StoreOn(storage));
 }
 
 void ManagerWindow::ChooseOtherFolder() {
     std::wstring folder;
-    const std::wstring start = app::WithoutTrailingBackslashes(folders_.RootPrefix());
+    const std::wstring start = store::WithoutTrailingBackslashes(folders_.RootPrefix());
     if (!platform::ChooseFolder(this, L"Choose the folder that holds your notes.", start, folder)) return;
-    const std::wstring root = app::WithoutTrailingBackslashes(folder);
+    const std::wstring root = store::WithoutTrailingBackslashes(folder);
     // The setting has no room for longer ones, and the handheld's root stands for the default.
-    if (!root.empty() && root.size() < app::InfoOf(app::SettingId::RootDirPath).capacity)
+    if (!root.empty() && root.size() < store::InfoOf(store::SettingId::RootDirPath).capacity)
         return UseRoot(root);
     platform::ShowMessage(this, L"'" + folder + L"' cannot hold your notes. Please choose another folder.",
                           L" Error", MessageButtons::Ok, MessageIcon::Error);
@@ -315,7 +314,7 @@ void ManagerWindow::ChooseOtherFolder() {
 // A place that can't be read leaves the store and the setting as they are.
 void ManagerWindow::UseRoot(const std::wstring& root) {
     if (!IsReadable(root)) return;
-    app::Settings().Write(app::SettingId::RootDirPath, root);
+    store::Settings().Write(store::SettingId::RootDirPath, root);
     SetRootFolder(root);
 }
 

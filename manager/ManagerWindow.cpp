@@ -1,11 +1,12 @@
 #include "manager/ManagerWindow.h"
 
-#include "app/Settings.h"
-#include "app/StorePaths.h"
+#include "app/store/Settings.h"
+#include "app/store/StorePaths.h"
 #include "manager/ManagerTools.h"
-#include "manager/NodeKind.h"
+#include "manager/StripImages.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
+#include "platform/Product.h"
 #include "platform/TextEncoding.h"
 #include "res/resource.h"
 
@@ -20,9 +21,9 @@ constexpr int kImageSize = 16;
 
 // A store that lies around `path`: everything up to a folder named like the program's own. Empty for none.
 std::wstring StoreAround(const std::wstring& path) {
-    std::wstring folder = app::WithoutTrailingBackslashes(path);
-    for (; !folder.empty(); folder = app::WithoutTrailingBackslashes(app::FolderOf(folder))) {
-        if (platform::EqualNoCase(app::NameOf(folder), app::kProductFolder)) return folder;
+    std::wstring folder = store::WithoutTrailingBackslashes(path);
+    for (; !folder.empty(); folder = store::WithoutTrailingBackslashes(store::FolderOf(folder))) {
+        if (platform::EqualNoCase(store::NameOf(folder), platform::kProductName)) return folder;
     }
     return {};
 }
@@ -33,7 +34,7 @@ bool IsBelow(const std::wstring& path, const std::wstring& prefix) {
 
 }  // namespace
 
-ManagerWindow::ManagerWindow(app::PenSettings& pen, const std::wstring& path)
+ManagerWindow::ManagerWindow(store::PenSettings& pen, const std::wstring& path)
     : Screen(ScrollBar::None),
       pen_(pen),
       pendingPath_(path),
@@ -53,9 +54,9 @@ bool ManagerWindow::OnCreate() {
         return false;
     }
     ReadFirstDayOfWeek();
-    calendarMode_ = app::Settings::Number(app::SettingId::ViewCalMode) != 0;
-    const std::wstring configured = app::ConfiguredRoot();
-    const bool isElsewhere = !pendingPath_.empty() && !IsBelow(pendingPath_, app::RootPrefix());
+    calendarMode_ = store::Settings::Number(store::SettingId::ViewCalMode) != 0;
+    const std::wstring configured = store::ConfiguredRoot();
+    const bool isElsewhere = !pendingPath_.empty() && !IsBelow(pendingPath_, store::RootPrefix());
     const std::wstring around = isElsewhere ? StoreAround(pendingPath_) : std::wstring();
     Layout();  // a tree that is filled before it has its place stays scrolled to where it was too small
     SetRootFolder(around.empty() ? configured : around);
@@ -63,7 +64,7 @@ bool ManagerWindow::OnCreate() {
 }
 
 void ManagerWindow::OnDestroy() {
-    app::Settings().Write(app::SettingId::ViewCalMode, calendarMode_ ? 1u : 0u);
+    store::Settings().Write(store::SettingId::ViewCalMode, calendarMode_ ? 1u : 0u);
 }
 
 void ManagerWindow::OnPaint() {
@@ -79,7 +80,7 @@ void ManagerWindow::OnPaint() {
 
 // Makes the folder when it is missing; tells the user when it can't be read then.
 bool ManagerWindow::IsReadable(const std::wstring& root) {
-    app::EnsureFolders(root);
+    store::EnsureFolders(root);
     uint64_t bytes = 0;
     if (platform::FreeBytes(root, bytes)) return true;
     platform::ShowMessage(this, L"Reading '" + root + L"' failed!", L" Error", platform::MessageButtons::Ok,
@@ -90,8 +91,8 @@ bool ManagerWindow::IsReadable(const std::wstring& root) {
 // The path that can serve as the root, the default one when it can't. When nor can that, no other place is
 // taken: what is done with notes then fails by itself.
 std::wstring ManagerWindow::UsableRoot(const std::wstring& path) {
-    std::wstring usual = platform::DocumentsFolder() + L"\\" + app::kProductFolder;
-    std::wstring root = app::WithoutTrailingBackslashes(path);
+    const std::wstring usual = store::DefaultRoot();
+    std::wstring root = store::WithoutTrailingBackslashes(path);
     if (root.empty()) root = usual;
     if (IsReadable(root) || platform::EqualNoCase(root, usual)) return root;
     IsReadable(usual);
@@ -100,9 +101,9 @@ std::wstring ManagerWindow::UsableRoot(const std::wstring& path) {
 
 void ManagerWindow::SetRootFolder(const std::wstring& path) {
     const std::wstring root = UsableRoot(path);
-    app::EnsureFolders(root);
+    store::EnsureFolders(root);
     folders_.SetRootPrefix(root + L"\\");
-    platform::MakeFolder(root + L"\\" + app::kRemindersFolder);
+    platform::MakeFolder(root + L"\\" + store::kRemindersFolder);
     ShowStore(pendingPath_);
     pendingPath_.clear();
 }

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
-#include "app/PenSettings.h"
+#include "app/store/PenSettings.h"
 #include "editor/InkCanvas.h"
 #include "manager/FolderTree.h"
 #include "manager/HeaderBar.h"
@@ -17,7 +18,7 @@ namespace manager {
 class ManagerWindow : public platform::Screen, private platform::TreeView::Events {
   public:
     // `path` is what to select first: a note, or a folder ending in "\"; may be empty.
-    ManagerWindow(app::PenSettings& pen, const std::wstring& path);
+    ManagerWindow(store::PenSettings& pen, const std::wstring& path);
 
     bool OnCreate() override;
     void OnDestroy() override;
@@ -86,9 +87,9 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     void ShowFreeSpace();
     void Edit(const editor::InkCanvas::Opening& opening);
     void ReadFolderAgain(const std::wstring& path);
-    void AddReminder(const std::wstring& dayFolderName);
-    bool AskForDay(std::wstring& dayFolderName);
-    void RenameItem(platform::TreeItem item, const std::wstring& name, int kind);
+    void AddReminder(const store::DayFolder& day);
+    std::optional<store::DayFolder> AskForDay();
+    void RenameItem(platform::TreeItem item, const std::wstring& name, store::NodeKind kind);
     void DeleteSelectedFolder(platform::TreeItem item);
     void CountAgain(platform::TreeItem container);
     void ReadFirstDayOfWeek();
@@ -102,7 +103,7 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     void RedrawStrip();
     void UpdateTools();
 
-    app::PenSettings& pen_;
+    store::PenSettings& pen_;
     std::wstring pendingPath_;
     platform::TreeView tree_;
     FolderTree folders_;

@@ -1,7 +1,5 @@
 #include "manager/MonthGrid.h"
 
-#include "app/StorePaths.h"
-
 namespace manager {
 
 namespace {
@@ -29,12 +27,8 @@ void MonthGrid::Set(int year, int month, int firstDayOfWeek) {
     }
 }
 
-std::wstring MonthGrid::FolderName(const Cell& cell) const {
-    platform::DateTime date;
-    date.year = year_;
-    date.month = month_ + cell.monthOffset;
-    date.day = cell.day;
-    return app::DateFolderName(date);
+store::DayFolder MonthGrid::FolderOf(const Cell& cell) const {
+    return {year_, month_ + cell.monthOffset, cell.day};
 }
 
 platform::DateTime MonthGrid::DateAt(int row, int column) const {

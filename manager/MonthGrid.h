@@ -1,8 +1,8 @@
 #pragma once
 
 #include <array>
-#include <string>
 
+#include "app/store/DayFolder.h"
 #include "platform/DateTime.h"
 
 namespace manager {
@@ -32,8 +32,8 @@ class MonthGrid {
     }
     // The cell of a day of the shown month, row-major.
     int CellOf(int day) const { return leading_ + day - 1; }
-    // The day's folder name, "YYYY-MM-DD" with the shown year and the cell's month number.
-    std::wstring FolderName(const Cell& cell) const;
+    // The folder of the cell's day, with the shown year and the cell's month number.
+    store::DayFolder FolderOf(const Cell& cell) const;
     // The real day of a cell in row-major order, whatever its mark says.
     platform::DateTime DateAt(int row, int column) const;
 

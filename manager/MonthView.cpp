@@ -1,7 +1,8 @@
 #include "manager/MonthView.h"
 
-#include "app/StorePaths.h"
-#include "manager/NodeKind.h"
+#include "app/store/StoreListing.h"
+#include "app/store/StorePaths.h"
+#include "manager/StripImages.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
@@ -57,10 +58,10 @@ bool MonthView::ShowsCurrentMonth() const {
 }
 
 void MonthView::ReadMarks(const std::wstring& rootPrefix) {
-    const std::wstring reminders = rootPrefix + app::kRemindersFolder + L"\\";
+    const std::wstring reminders = rootPrefix + store::kRemindersFolder + L"\\";
     for (int cell = 0; cell < MonthGrid::kCells; ++cell) {
         const MonthGrid::Cell& day = grid_.At(cell / MonthGrid::kColumns, cell % MonthGrid::kColumns);
-        marked_[static_cast<size_t>(cell)] = app::HoldsNotes(reminders + grid_.FolderName(day));
+        marked_[static_cast<size_t>(cell)] = store::HoldsNotes(reminders + grid_.FolderOf(day).Name());
     }
 }
 

@@ -22,7 +22,7 @@ ink::ColorRef NoteHead::PaperColor() const {
 
 // A tall stroke that begins in the head may lie in any block of the file. The records are looked at as they
 // pass, none is kept.
-void NoteHead::Paint(const ink::PixelSurface& surface, const app::PenSettings& pen) {
+void NoteHead::Paint(const ink::PixelSurface& surface, const store::PenSettings& pen) {
     ink::InkPainter painter;
     if (!isNote_ || !painter.SetPen(pen.penStyle, pen.penSize * 0.1)) return;
     ink::StrokePool pool;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/PenSettings.h"
+#include "app/store/PenSettings.h"
 #include "ink/ByteStream.h"
 #include "ink/Color.h"
 #include "ink/NoteFile.h"
@@ -19,7 +19,7 @@ class NoteHead {
     ink::ColorRef PaperColor() const;
     // Paints the strokes that begin in the page's first 45 rows; page row 0 is the surface's. What a damaged
     // file holds before the damage is painted.
-    void Paint(const ink::PixelSurface& surface, const app::PenSettings& pen);
+    void Paint(const ink::PixelSurface& surface, const store::PenSettings& pen);
 
   private:
     ink::ByteSource& source_;

@@ -1,9 +1,9 @@
 #include "manager/PreviewStrip.h"
 
-#include "app/FileStreams.h"
-#include "app/StorePaths.h"
-#include "manager/NodeKind.h"
+#include "app/store/FileStreams.h"
+#include "app/store/StorePaths.h"
 #include "manager/NoteHead.h"
+#include "manager/StripImages.h"
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
 #include "res/resource.h"
@@ -54,7 +54,7 @@ void PreviewStrip::DrawNote(const std::wstring& notePath) {
                                   kHeight - kCaptionInset.bottom};
         canvas.Text(platform::DateAndTime(written), {clip.left, clip.top}, kFont, kCaptionColor, clip);
     }
-    if (platform::Exists(app::MemoPath(notePath))) {
+    if (platform::Exists(store::MemoPath(notePath))) {
         canvas.Draw(images_, kMemoMarkImage, {width - kMemoMarkRight, kMemoMarkTop});
     }
 }
@@ -63,7 +63,7 @@ void PreviewStrip::DrawInk(const std::wstring& notePath) {
     const int width = picture_.Width();
     platform::Canvas canvas(picture_);
     platform::File file = platform::File::OpenForReading(notePath, platform::File::Share::Read);
-    app::FileSource source(file);
+    store::FileSource source(file);
     NoteHead head(source);
     const bool isNote = file.IsOpen() && head.ReadHeader();
     canvas.Fill({0, 0, width, kHeight}, ink::Shade(head.PaperColor(), kShade));

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/PenSettings.h"
+#include "app/store/PenSettings.h"
 #include "platform/Canvas.h"
 
 namespace manager {
@@ -12,7 +12,7 @@ class PreviewStrip {
   public:
     static constexpr int kHeight = 75;
 
-    PreviewStrip(const app::PenSettings& pen, const platform::ImageList& images)
+    PreviewStrip(const store::PenSettings& pen, const platform::ImageList& images)
         : pen_(pen), images_(images) {}
 
     // Draws the strip anew for a note's path; empty for no note. False when memory is short.
@@ -24,7 +24,7 @@ class PreviewStrip {
     void DrawNote(const std::wstring& notePath);
     void DrawInk(const std::wstring& notePath);
 
-    const app::PenSettings& pen_;
+    const store::PenSettings& pen_;
     const platform::ImageList& images_;
     platform::Image picture_;
     platform::Image noteMark_;  // read when the first note is shown

@@ -2,9 +2,8 @@
 
 #include <vector>
 
-#include "alarms/AlarmDatabase.h"
-#include "alarms/NoteAlarm.h"
-#include "app/StorePaths.h"
+#include "app/store/NoteFiles.h"
+#include "app/store/StorePaths.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 #include "platform/TextEncoding.h"
@@ -24,56 +23,12 @@ void ShowError(platform::Window* owner, const std::wstring& text) {
     platform::ShowMessage(owner, text, kErrorCaption, MessageButtons::Ok, MessageIcon::Error);
 }
 
-void MoveMemo(platform::Window* owner, const std::wstring& source, const std::wstring& destination) {
-    const std::wstring from = app::MemoPath(source);
-    const std::wstring to = app::MemoPath(destination);
-    if (!app::IsFile(from)) return;
-    if (app::IsFile(to)) platform::EraseFile(to);
-    if (!platform::MoveEntry(from, to)) ShowError(owner, L"Moving '" + app::NameOf(from) + L"' failed!");
-}
-
-// Alarm texts of all notes in a folder and below, as they were under its old name and as they are now.
-void CollectAlarmTexts(const std::wstring& oldFolder, const std::wstring& newFolder,
-                       std::vector<std::wstring>& oldTexts, std::vector<std::wstring>& newTexts) {
-    std::vector<platform::FolderEntry> entries;
-    platform::ListFolder(newFolder, L"*.*", entries);
-    for (const platform::FolderEntry& entry : entries) {
-        const std::wstring oldPath = oldFolder + L"\\" + entry.name;
-        const std::wstring newPath = newFolder + L"\\" + entry.name;
-        if (entry.isFolder) {
-            CollectAlarmTexts(oldPath, newPath, oldTexts, newTexts);
-        } else if (app::EndsWithNoCase(entry.name, app::kNoteExtension)) {
-            oldTexts.push_back(platform::LowerCase(alarms::AlarmArguments(oldPath)));
-            newTexts.push_back(alarms::AlarmArguments(newPath));
-        }
-    }
-}
-
-void MoveFolderAlarms(const std::wstring& oldFolder, const std::wstring& newFolder) {
-    const platform::WaitCursor wait;
-    std::vector<std::wstring> oldTexts;
-    std::vector<std::wstring> newTexts;
-    CollectAlarmTexts(oldFolder, newFolder, oldTexts, newTexts);
-    if (!oldTexts.empty()) alarms::MoveAlarms(oldTexts, newTexts);
-}
-
-bool DeleteFolderTree(const std::wstring& folder) {
-    std::vector<platform::FolderEntry> entries;
-    platform::ListFolder(app::WithoutTrailingBackslashes(folder), L"*.*", entries);
-    for (const platform::FolderEntry& entry : entries) {
-        const std::wstring path = folder + entry.name;
-        const bool gone = entry.isFolder ? DeleteFolderTree(path + L"\\") : platform::EraseFile(path);
-        if (!gone) return false;
-    }
-    return platform::DropFolder(app::WithoutTrailingBackslashes(folder));
-}
-
 void ShowCopyFailure(platform::Window* owner, const std::wstring& source) {
     ShowError(owner, L"Copying '" + source + L"' failed! Operation aborted!");
 }
 
 CopyResult CopyFile(platform::Window* owner, const std::wstring& source, const std::wstring& destination) {
-    if (app::IsFile(destination)) {
+    if (store::IsFile(destination)) {
         const MessageAnswer answer = platform::ShowMessage(
             owner, L"'" + destination + L"' will be overwritten. Overwrite?", L" Confirm File Overwrite",
             MessageButtons::YesNoCancel, MessageIcon::Question);
@@ -89,53 +44,33 @@ CopyResult CopyFile(platform::Window* owner, const std::wstring& source, const s
 
 bool MoveNote(platform::Window* owner, const std::wstring& source, std::wstring& destination) {
     if (destination.empty() || platform::EqualNoCase(source, destination)) return false;
-    if (app::IsFile(destination)) {
+    if (store::IsFile(destination)) {
         const MessageAnswer answer = platform::ShowMessage(
             owner, L"Destination folder already contains a file with the same name. Overwrite?",
             L" Confirm Overwrite", MessageButtons::YesNoCancel, MessageIcon::Question, DefaultButton::Second);
         if (answer == MessageAnswer::Yes) {
             platform::EraseFile(destination);
         } else if (answer == MessageAnswer::No) {
-            destination = app::FreeNotePath(destination);
+            destination = store::FreeNotePath(destination);
         } else {
             return false;
         }
     }
-    if (!platform::MoveEntry(source, destination)) {
-        ShowError(owner, L"Moving '" + app::NameOf(source) + L"' failed!");
-        return false;
-    }
-    alarms::MoveNoteAlarms(source, destination);
-    MoveMemo(owner, source, destination);
-    return true;
-}
-
-bool RenameNote(const std::wstring& oldPath, const std::wstring& newPath) {
-    if (!platform::MoveEntry(oldPath, newPath)) return false;
-    alarms::MoveNoteAlarms(oldPath, newPath);
-    platform::MoveEntry(app::MemoPath(oldPath), app::MemoPath(newPath));
-    return true;
-}
-
-bool RenameFolder(const std::wstring& oldFolder, const std::wstring& newFolder) {
-    if (!platform::MoveEntry(oldFolder, newFolder)) return false;
-    MoveFolderAlarms(oldFolder, newFolder);
-    return true;
+    const store::NoteMove move = store::MoveNoteFiles(source, destination, store::MemoInTheWay::Replace);
+    const std::wstring stayed = !move.isMoved ? source : move.memoStayed ? store::MemoPath(source) : L"";
+    if (!stayed.empty()) ShowError(owner, L"Moving '" + store::NameOf(stayed) + L"' failed!");
+    return move.isMoved;
 }
 
 bool DeleteNote(platform::Window* owner, const std::wstring& path) {
-    const std::wstring name = app::NameOf(path);
+    const std::wstring name = store::NameOf(path);
     const MessageAnswer answer =
         platform::ShowMessage(owner, L"'" + name + L"' will be permanently deleted. Continue?",
                               L" Confirm File Delete", MessageButtons::YesNo, MessageIcon::Question);
     if (answer != MessageAnswer::Yes) return false;
-    if (!platform::EraseFile(path)) {
-        ShowError(owner, L"Deleting '" + name + L"' failed.");
-        return false;
-    }
-    alarms::ClearNoteAlarms(path);
-    platform::EraseFile(app::MemoPath(path));
-    return true;
+    if (store::DeleteNoteFiles(path)) return true;
+    ShowError(owner, L"Deleting '" + name + L"' failed.");
+    return false;
 }
 
 FolderDeletion DeleteFolder(platform::Window* owner, const std::wstring& folder,
@@ -144,12 +79,7 @@ FolderDeletion DeleteFolder(platform::Window* owner, const std::wstring& folder,
         owner, L"'" + shownName + L"' folder and all its contents will be permanently deleted! Continue?",
         L" Confirm Folder Delete", MessageButtons::YesNo, MessageIcon::Question);
     if (answer != MessageAnswer::Yes) return FolderDeletion::NotWanted;
-    bool isGone = false;
-    {
-        const platform::WaitCursor wait;
-        isGone = DeleteFolderTree(folder);
-        alarms::RemoveOrphanAlarms();
-    }
+    const bool isGone = store::DeleteNoteFolder(store::WithoutTrailingBackslashes(folder));
     if (!isGone) ShowError(owner, L"Deleting '" + shownName + L"' folder failed.");
     return isGone ? FolderDeletion::Done : FolderDeletion::Failed;
 }
@@ -164,7 +94,7 @@ std::wstring CreateFolder(const std::wstring& folder) {
 CopyResult CopyFolderTree(platform::Window* owner, const std::wstring& source,
                           const std::wstring& destination) {
     std::vector<platform::FolderEntry> entries;
-    if (!platform::ListFolder(app::WithoutTrailingBackslashes(source), L"*.*", entries)) {
+    if (!platform::ListFolder(store::WithoutTrailingBackslashes(source), L"*.*", entries)) {
         ShowCopyFailure(owner, source);
         return CopyResult::Failed;
     }
@@ -186,12 +116,9 @@ CopyResult CopyFolderTree(platform::Window* owner, const std::wstring& source,
 bool MoveFolder(platform::Window* owner, const std::wstring& source, const std::wstring& destination,
                 const std::wstring& rootPrefix) {
     if (platform::EqualNoCase(source, destination)) return false;
-    const bool isReserved = platform::EqualNoCase(app::FolderOf(destination), rootPrefix) &&
-                            app::IsReservedName(app::NameOf(destination));
-    if (!isReserved && platform::MoveEntry(source, destination)) {
-        MoveFolderAlarms(source, destination);
-        return true;
-    }
+    const bool isReserved = platform::EqualNoCase(store::FolderOf(destination), rootPrefix) &&
+                            store::IsReservedName(store::NameOf(destination));
+    if (!isReserved && store::MoveNoteFolder(source, destination)) return true;
     ShowError(owner,
               L"Moving from '" + source + L"' to '" + destination +
                   L"' failed!\n\nThe source folder may be in use or the destination folder already exists.");
@@ -199,7 +126,7 @@ bool MoveFolder(platform::Window* owner, const std::wstring& source, const std::
 }
 
 bool RefuseReservedName(platform::Window* owner, const std::wstring& name) {
-    if (!app::IsReservedName(name)) return false;
+    if (!store::IsReservedName(name)) return false;
     ShowError(owner, L"The folder name '" + name +
                          L"' is reserved for internal use. Please enter a different name.");
     return true;

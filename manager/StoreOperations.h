@@ -14,10 +14,6 @@ namespace manager {
 // user says; `destination` is then where the note really went. False when it did not move.
 bool MoveNote(platform::Window* owner, const std::wstring& source, std::wstring& destination);
 
-bool RenameNote(const std::wstring& oldPath, const std::wstring& newPath);
-// Folders without their trailing "\". The alarms of all notes in the folder and below follow them.
-bool RenameFolder(const std::wstring& oldFolder, const std::wstring& newFolder);
-
 // Asks, and deletes a note with its memo and alarms. True when it is gone.
 bool DeleteNote(platform::Window* owner, const std::wstring& path);
 // Asks, and deletes a folder with all that is in it; `shownName` is how the user knows it.
@@ -32,7 +28,7 @@ enum class CopyResult { Done = 1, Cancelled = 2, Failed = 3 };
 CopyResult CopyFolderTree(platform::Window* owner, const std::wstring& source,
                           const std::wstring& destination);
 
-// As RenameFolder, with the user told of a failure. A folder can't move to a reserved name under the root.
+// Folders without their trailing "\". A folder can't move to a reserved name under the root.
 bool MoveFolder(platform::Window* owner, const std::wstring& source, const std::wstring& destination,
                 const std::wstring& rootPrefix);
 

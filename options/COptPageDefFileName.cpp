@@ -1,13 +1,13 @@
 #include "options/COptPageDefFileName.h"
 
-#include "app/Settings.h"
+#include "app/store/Settings.h"
 #include "res/resource.h"
 
 namespace options {
 
 namespace {
 
-using app::SettingId;
+using store::SettingId;
 
 constexpr int kHelpMargins = 5;  // pixels
 
@@ -38,11 +38,11 @@ COptPageDefFileName::COptPageDefFileName() : PropertyPage(IDD_OPTIONS_FILE_NAME)
 bool COptPageDefFileName::OnCreate() {
     SetItemMargins(IDC_PATTERN_HELP, kHelpMargins);
     SetItemText(IDC_PATTERN_HELP, kHelp);
-    const app::Settings settings;
+    const store::Settings settings;
     for (const PatternControls& pattern : kPatterns) {
         const bool isDefault = settings.StoredText(pattern.setting).empty();
         // A longer one could not be read back.
-        LimitItemText(pattern.edit, static_cast<int>(app::InfoOf(pattern.setting).capacity) - 1);
+        LimitItemText(pattern.edit, static_cast<int>(store::InfoOf(pattern.setting).capacity) - 1);
         SetItemText(pattern.edit, settings.ReadText(pattern.setting));
         CheckItem(pattern.usesDefault, isDefault);
         EnableItem(pattern.edit, !isDefault);
@@ -54,7 +54,7 @@ void COptPageDefFileName::OnCommand(int id) {
     for (const PatternControls& pattern : kPatterns) {
         if (pattern.usesDefault != id) continue;
         const bool usesDefault = IsItemChecked(id);
-        if (usesDefault) SetItemText(pattern.edit, app::InfoOf(pattern.setting).defaultText);
+        if (usesDefault) SetItemText(pattern.edit, store::InfoOf(pattern.setting).defaultText);
         EnableItem(pattern.edit, !usesDefault);
         if (usesDefault) continue;
         SelectItemText(pattern.edit);
@@ -63,7 +63,7 @@ void COptPageDefFileName::OnCommand(int id) {
 }
 
 void COptPageDefFileName::OnApply() {
-    app::Settings settings;
+    store::Settings settings;
     for (const PatternControls& pattern : kPatterns) {
         const bool usesDefault = IsItemChecked(pattern.usesDefault);
         const std::wstring text = usesDefault ? std::wstring() : ItemText(pattern.edit);

@@ -1,6 +1,6 @@
 #include "options/COptPageMisc.h"
 
-#include "app/Settings.h"
+#include "app/store/Settings.h"
 #include "platform/Locale.h"
 #include "res/resource.h"
 
@@ -8,8 +8,8 @@ namespace options {
 
 namespace {
 
-using app::SettingId;
 using ink::PenStyle;
+using store::SettingId;
 
 constexpr int kDays = 7;
 constexpr int16_t kLongestOffset = 32767;  // minutes
@@ -42,7 +42,7 @@ uint32_t EncodePenInfo(uint32_t size, PenStyle style) {
 COptPageMisc::COptPageMisc() : PropertyPage(IDD_OPTIONS_MISC) {}
 
 bool COptPageMisc::OnCreate() {
-    const app::Settings settings;
+    const store::Settings settings;
     std::vector<std::wstring> days(kDays);
     for (int day = 0; day < kDays; ++day) days[static_cast<size_t>(day)] = platform::DayName(day);
     SetChoices(IDC_FIRST_DAY, days);
@@ -75,7 +75,7 @@ void COptPageMisc::OnControlChanged(int id) {
 
 // The offset is stored as its spin button gives it, its mark of an unreadable text included.
 void COptPageMisc::OnApply() {
-    app::Settings settings;
+    store::Settings settings;
     settings.Write(SettingId::PenInfo,
                    EncodePenInfo(Spin(IDC_PEN_SIZE_SPIN), StyleOf(Choice(IDC_PEN_STYLE))));
     settings.Write(SettingId::FirstDayOfWeek, static_cast<uint32_t>(Choice(IDC_FIRST_DAY)));

@@ -1,6 +1,6 @@
 #include "options/TextMemoDialog.h"
 
-#include "app/Settings.h"
+#include "app/store/Settings.h"
 #include "ink/Color.h"
 #include "platform/Canvas.h"
 #include "platform/MessageBox.h"
@@ -82,7 +82,7 @@ bool TextMemoDialog::OnCreate() {
     Place({left, kTop, left + kWidth, kTop + kHeight});
     for (const ItemPlace& item : kItemPlaces) PlaceItem(item.id, item.place);
     DrawPicture();
-    const bool wordWrap = app::Settings::Number(app::SettingId::TextMemoWordWrap) != 0;
+    const bool wordWrap = store::Settings::Number(store::SettingId::TextMemoWordWrap) != 0;
     CheckItem(IDC_WORD_WRAP, wordWrap);
     if (!MakeTextEdit(IDC_MEMO_TEXT, kEditPlace, wordWrap)) {
         platform::ShowOutOfMemory(this);
@@ -138,7 +138,7 @@ void TextMemoDialog::ToggleWordWrap() {
         platform::ShowOutOfMemory(this);
         return;
     }
-    app::Settings().Write(app::SettingId::TextMemoWordWrap, wordWrap ? 1 : 0);
+    store::Settings().Write(store::SettingId::TextMemoWordWrap, wordWrap ? 1 : 0);
     FocusItem(IDC_MEMO_TEXT);
 }
 

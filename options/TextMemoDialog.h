@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "options/MemoFile.h"
+#include "app/store/MemoFile.h"
 #include "platform/Dialog.h"
 
 namespace options {
@@ -42,7 +42,7 @@ class TextMemoDialog : public platform::Dialog {
 
     Mode mode_;
     std::wstring memo_;
-    MemoFile file_;
+    store::MemoFile file_;
     std::wstring caption_;
     platform::Image picture_;  // what lies around the controls
     bool dragging_ = false;

@@ -3,7 +3,7 @@
 #include <new>
 #include <utility>
 
-#include "app/Settings.h"
+#include "app/store/Settings.h"
 #include "platform/MessageBox.h"
 #include "platform/Shell.h"
 #include "res/resource.h"
@@ -12,8 +12,8 @@ namespace search {
 
 namespace {
 
-using app::SettingId;
 using platform::TreeItem;
+using store::SettingId;
 
 constexpr wchar_t kFinished[] = L"Finished searching for files/folders.";
 constexpr wchar_t kNoText[] = L"Please enter some text to search for.";
@@ -30,7 +30,7 @@ FindDialog::FindDialog(SearchGround ground) : Dialog(IDD_FIND), ground_(std::mov
 
 bool FindDialog::OnCreate() {
     {
-        const app::Settings settings;
+        const store::Settings settings;
         SetItemText(IDC_SEARCH_TEXT, settings.ReadText(SettingId::SearchLastText));
         ShowOptions(settings.ReadNumber(SettingId::SearchOpt));
     }
@@ -45,7 +45,7 @@ void FindDialog::OnDestroy() {
     const uint8_t options = ReadOptions();
     const std::wstring text = ItemText(IDC_SEARCH_TEXT);
     {
-        app::Settings settings;
+        store::Settings settings;
         if (!text.empty()) settings.Write(SettingId::SearchLastText, text);
         settings.Write(SettingId::SearchOpt, options);
     }

@@ -1,5 +1,6 @@
 #include "search/TreeWalk.h"
 
+#include "app/store/NodeKind.h"
 #include "platform/TextEncoding.h"
 #include "search/MemoSearch.h"
 
@@ -8,17 +9,9 @@ namespace search {
 namespace {
 
 using platform::TreeItem;
+using store::NodeKind;
 
-// Images of the manager's tree.
-constexpr int kNotesTop = 0;
-constexpr int kNote = 3;
-constexpr int kRemindersTop = 4;
-constexpr int kReminder = 7;
-constexpr int kAlarmsTop = 10;
-
-bool IsNote(int image) { return image == kNote || image >= kReminder; }
-
-bool IsTop(int image) { return image == kNotesTop || image == kRemindersTop; }
+bool IsTop(NodeKind kind) { return kind == NodeKind::NotesTop || kind == NodeKind::RemindersTop; }
 
 std::string AnsiOf(const std::wstring& text) {
     std::string bytes;
@@ -42,8 +35,8 @@ class TreeWalk::Visit {
     Visit(const TreeWalk& walk, const Request& request)
         : walk_(walk), request_(request), memos_(AnsiOf(request.text)) {}
 
-    bool Matches(TreeItem item, int image) {
-        return IsNote(image) ? NoteMatches(item) : FolderMatches(item, image);
+    bool Matches(TreeItem item, NodeKind kind) {
+        return IsNoteKind(kind) ? NoteMatches(item) : FolderMatches(item, kind);
     }
 
   private:
@@ -53,10 +46,10 @@ class TreeWalk::Visit {
     }
 
     // Selecting a folder makes the manager read its children, which the walk then visits.
-    bool FolderMatches(TreeItem item, int image) {
+    bool FolderMatches(TreeItem item, NodeKind kind) {
         walk_.servant_.Tell(WalkCode::ScrollToTop, item);
         if (!walk_.tree_.IsSelected(item)) walk_.servant_.Tell(WalkCode::Select, item);
-        return (request_.options & kFolderNames) != 0 && !IsTop(image) && NameMatches(item);
+        return (request_.options & kFolderNames) != 0 && !IsTop(kind) && NameMatches(item);
     }
 
     bool NoteMatches(TreeItem item) {
@@ -88,9 +81,9 @@ void TreeWalk::Run(const Request& request) {
     if (request.text.empty() || request.start == 0) return;
     Visit visit(*this, request);
     for (TreeItem item = request.start; item != 0 && !cancelled_; item = NextInWalk(tree_, item)) {
-        const int image = tree_.Image(item);
-        if (image < 0 || image >= kAlarmsTop) break;
-        if (visit.Matches(item, image)) return;
+        const auto kind = static_cast<NodeKind>(tree_.Image(item));
+        if (kind < NodeKind::NotesTop || kind >= NodeKind::AlarmsTop) break;
+        if (visit.Matches(item, kind)) return;
     }
     if (!cancelled_) servant_.Tell(WalkCode::Finished, 0);
 }

@@ -5,6 +5,7 @@
 
 #include "platform/Clock.h"
 #include "platform/Notifications.h"
+#include "platform/Product.h"
 #include "platform/Shell.h"
 
 namespace platform::host {
@@ -25,7 +26,7 @@ HostDevice& HostDevice::Current() {
 }
 
 std::map<std::wstring, RegistryValue>& HostDevice::Settings() {
-    return registry[L"HKCU\\Software\\Larkspur Works\\Inkwright"];
+    return registry[std::wstring(L"HKCU\\") + kCompanyKey + L"\\" + kProductName];
 }
 
 void HostDevice::SetSetting(const std::wstring& name, const std::wstring& text, RegistryType type) {

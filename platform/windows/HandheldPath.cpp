@@ -4,6 +4,7 @@
 #include <memory>
 #include <mutex>
 
+#include "platform/Product.h"
 #include "platform/StoragePaths.h"
 #include "platform/TextEncoding.h"
 #include "platform/windows/Guards.h"
@@ -77,7 +78,7 @@ const HostPlaces& MachinePlaces() {
     static const HostPlaces places = [] {
         HostPlaces found;
         const std::wstring data = KnownFolder(FOLDERID_LocalAppData);
-        if (!data.empty()) found.root = data + L"\\Inkwright\\Device";
+        if (!data.empty()) found.root = data + L"\\" + kProductName + L"\\Device";
         MakeLevels(found.root);
         found.documents = KnownFolder(FOLDERID_Documents);
         found.card = CardDrive;

@@ -1,6 +1,6 @@
 #include <string>
 
-#include "app/Program.h"
+#include "platform/ProgramEntry.h"
 #include "platform/windows/Processes.h"
 
 namespace {
@@ -29,5 +29,5 @@ void LoadControls() {
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     platform::windows::PrepareProcess();
     LoadControls();
-    return app::RunProgram(ArgumentText());
+    return platform::RunProgram(ArgumentText());
 }

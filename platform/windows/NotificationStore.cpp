@@ -4,6 +4,8 @@
 #include <cwchar>
 #include <iterator>
 
+#include "platform/Product.h"
+
 namespace platform::windows {
 
 const wchar_t* const kDatabaseChangedEvent = L"Local\\InkwrightNotificationsChanged";
@@ -11,7 +13,7 @@ const wchar_t* const kDatabaseChangedEvent = L"Local\\InkwrightNotificationsChan
 namespace {
 
 constexpr wchar_t kLockName[] = L"Local\\InkwrightNotificationDatabase";
-constexpr wchar_t kKeyPath[] = L"Software\\Larkspur Works\\Notification Database";
+const std::wstring kKeyPath = std::wstring(kCompanyKey) + L"\\Notification Database";
 constexpr wchar_t kNextHandleName[] = L"NextHandle";
 constexpr DWORD kLockMilliseconds = 10000;
 constexpr size_t kNameLength = 8;  // hexadecimal digits of a handle

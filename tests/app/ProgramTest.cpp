@@ -1,4 +1,4 @@
-#include "app/Program.h"
+#include "platform/ProgramEntry.h"
 #include "tests/support/DeskTest.h"
 
 namespace {
@@ -119,7 +119,7 @@ TEST_F(Program, NothingIsWrittenForAStorageThatIsAway) {
 TEST_F(Program, AWindowThatCannotBeMadeEndsTheRunWithAMessage) {
     for (const wchar_t* commandLine : {L"", testing_support::kNewNotes}) {
         device.picturesLeft = 0;
-        EXPECT_EQ(app::RunProgram(commandLine), 1);
+        EXPECT_EQ(platform::RunProgram(commandLine), 1);
         EXPECT_EQ(Desk().outOfMemoryBoxes, 1);
         Desk().outOfMemoryBoxes = 0;
     }

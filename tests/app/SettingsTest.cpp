@@ -1,16 +1,16 @@
-#include "app/PenSettings.h"
-#include "app/Settings.h"
+#include "app/store/PenSettings.h"
+#include "app/store/Settings.h"
 #include "tests/support/DeskTest.h"
 
 namespace {
 
-using app::SettingId;
 using platform::RegistryType;
+using store::SettingId;
 
 class Settings : public testing_support::DeskTest {};
 
 TEST_F(Settings, AnEmptyKeyGivesTheFirstNotesColours) {
-    const app::PenSettings pen = app::LoadPenSettings();
+    const store::PenSettings pen = store::LoadPenSettings();
     EXPECT_THAT(pen.recentColors,
                 testing::ElementsAre(0x808080u, 0x4040FFu, 0x40FF40u, 0xFF4040u, 0xFF40FFu));
     EXPECT_EQ(pen.backgroundColor, 0xFFFFFFu);
@@ -20,40 +20,40 @@ TEST_F(Settings, AnEmptyKeyGivesTheFirstNotesColours) {
 
 TEST_F(Settings, PenInfoHoldsSizeAndStyle) {
     device.SetSetting(L"PenInfo", 0x7F010064);
-    EXPECT_EQ(app::LoadPenSettings().penSize, 100);
-    EXPECT_EQ(app::LoadPenSettings().penStyle, ink::PenStyle::Classic);
+    EXPECT_EQ(store::LoadPenSettings().penSize, 100);
+    EXPECT_EQ(store::LoadPenSettings().penStyle, ink::PenStyle::Classic);
 }
 
 TEST_F(Settings, NamePatternsAreTextUnderTheNumberType) {
-    EXPECT_EQ(app::Settings::Text(SettingId::SaveAs_NoteFN), L"%F %Y-%m-%d");
-    app::Settings().Write(SettingId::SaveAs_NoteFN, L"%Y");
+    EXPECT_EQ(store::Settings::Text(SettingId::SaveAs_NoteFN), L"%F %Y-%m-%d");
+    store::Settings().Write(SettingId::SaveAs_NoteFN, L"%Y");
     const platform::host::RegistryValue& stored = device.Settings()[L"SaveAs_NoteFN"];
     EXPECT_EQ(stored.type, RegistryType::Number);
     EXPECT_EQ(stored.data, std::string("%\0Y\0\0\0", 6));
-    EXPECT_EQ(app::Settings::Text(SettingId::SaveAs_NoteFN), L"%Y");
+    EXPECT_EQ(store::Settings::Text(SettingId::SaveAs_NoteFN), L"%Y");
     device.SetSetting(L"SaveAs_NoteFN", L"");
-    EXPECT_EQ(app::Settings::Text(SettingId::SaveAs_NoteFN), L"%F %Y-%m-%d");
+    EXPECT_EQ(store::Settings::Text(SettingId::SaveAs_NoteFN), L"%F %Y-%m-%d");
 }
 
 TEST_F(Settings, TextsLongerThanAReaderTakesAreUnreadable) {
     device.SetSetting(L"RootDirPath", L"\\" + std::wstring(258, L'a'));
-    EXPECT_EQ(app::Settings::Text(SettingId::RootDirPath).size(), 259u);
+    EXPECT_EQ(store::Settings::Text(SettingId::RootDirPath).size(), 259u);
     device.SetSetting(L"RootDirPath", L"\\" + std::wstring(259, L'a'));
-    EXPECT_EQ(app::Settings::Text(SettingId::RootDirPath), L"");
+    EXPECT_EQ(store::Settings::Text(SettingId::RootDirPath), L"");
 }
 
 TEST_F(Settings, WordWrapKeepsItsBinaryType) {
-    app::Settings().Write(SettingId::TextMemoWordWrap, 1);
+    store::Settings().Write(SettingId::TextMemoWordWrap, 1);
     EXPECT_EQ(device.Settings()[L"TextMemoWordWrap"].type, RegistryType::Binary);
     device.SetSetting(L"TextMemoWordWrap", 1);
-    EXPECT_EQ(app::Settings::Number(SettingId::TextMemoWordWrap), 1u);
+    EXPECT_EQ(store::Settings::Number(SettingId::TextMemoWordWrap), 1u);
 }
 
 TEST_F(Settings, AFailingRegistryGivesDefaultsAndTakesNothing) {
     device.SetSetting(L"LastPenColor", 0x123456);
     device.registryFails = true;
-    app::SaveColors(app::LoadPenSettings());
-    EXPECT_EQ(app::LoadPenSettings().recentColors[0], 0x808080u);
+    store::SaveColors(store::LoadPenSettings());
+    EXPECT_EQ(store::LoadPenSettings().recentColors[0], 0x808080u);
     EXPECT_EQ(device.NumberSetting(L"LastPenColor"), 0x123456u);
 }
 

@@ -1,7 +1,7 @@
 // Sending a note: the picture that is made of it, read back by a reader of its own, and what fails.
 #include <cstring>
 
-#include "app/PenSettings.h"
+#include "app/store/PenSettings.h"
 #include "editor/InkCanvas.h"
 #include "ink/InkPainter.h"
 #include "ink/NoteFile.h"

@@ -1,5 +1,5 @@
-#include "alarms/AlarmDatabase.h"
 #include "alarms/NoteAlarm.h"
+#include "app/store/NoteAlarms.h"
 #include "platform/Shell.h"
 #include "tests/manager/ManagerRig.h"
 
@@ -31,11 +31,11 @@ TEST_F(AlarmDatabase, OnlyOurReadableEntriesAreScanned) {
     for (int i = 0; i < 300; ++i) Put(L"\"\\a.ikw\" /alarm", 0, L"C:\\Other\\program.exe");
     Put(L"\"\\b.ikw\" /alarm", 0, L"c:\\PROGRAM FILES\\inkwright\\INKWRIGHT.EXE");
     device.unreadableNotifications.insert(Put(L"\"\\c.ikw\" /alarm"));
-    const auto alarms = alarms::ScanAlarms();
+    const auto alarms = store::ScanAlarms();
     ASSERT_EQ(alarms.size(), 2u);
     EXPECT_EQ(alarms[1].arguments, L"\"\\b.ikw\" /alarm");
     device.notificationsFail = true;
-    EXPECT_THAT(alarms::ScanAlarms(), IsEmpty());
+    EXPECT_THAT(store::ScanAlarms(), IsEmpty());
 }
 
 TEST_F(AlarmDatabase, AllAlarmsOfANoteFollowItWhateverTheirCase) {
@@ -43,14 +43,14 @@ TEST_F(AlarmDatabase, AllAlarmsOfANoteFollowItWhateverTheirCase) {
     Put(L"\"\\ink\\a.IKW\" /ALARM", 30);
     Put(L"\"\\Ink\\other.ikw\" /alarm");
     Put(L"\"\\Ink\\A.ikw\" /alarm", 0, L"C:\\Other\\program.exe");
-    alarms::MoveNoteAlarms(L"\\Ink\\a.ikw", L"\\Ink\\New.ikw");
+    store::MoveNoteAlarms(L"\\Ink\\a.ikw", L"\\Ink\\New.ikw");
     EXPECT_THAT(Arguments(), ElementsAre(L"\"\\Ink\\New.ikw\" /alarm", L"\"\\Ink\\New.ikw\" /alarm",
                                          L"\"\\Ink\\other.ikw\" /alarm", L"\"\\Ink\\A.ikw\" /alarm"));
     const platform::DateTime& start = device.notifications[handle].trigger.start;
     EXPECT_EQ(start.hour, 20);
     EXPECT_EQ(start.dayOfWeek, 0) << "day of week and milliseconds are not carried over";
     EXPECT_EQ(start.milliseconds, 0);
-    alarms::ClearNoteAlarms(L"\\ink\\NEW.ikw");
+    store::ClearNoteAlarms(L"\\ink\\NEW.ikw");
     EXPECT_EQ(device.notifications.size(), 2u);
 }
 
@@ -63,7 +63,7 @@ TEST_F(AlarmDatabase, OrphansAreRemovedOnlyInTheExactForm) {
     Put(L"");
     Put(L"\"\"\"");
     Put(L"\"\\gone.ikw\" /alarm", 0, L"C:\\Other\\program.exe");
-    alarms::RemoveOrphanAlarms();
+    store::RemoveOrphanAlarms();
     EXPECT_THAT(Arguments(), ElementsAre(L"\"\\Ink\\here.ikw\" /alarm", L"\"\\Ink\\gone.ikw\" /ALARM", L"",
                                          L"\"\"\"", L"\"\\gone.ikw\" /alarm"));
 }
@@ -73,16 +73,16 @@ TEST_F(AlarmDatabase, OrphansOfAStorageThatIsAwayAreKept) {
     device.files.Put(share + L"\\here.ikw", "x");
     for (const wchar_t* path : {L"\\\\server\\share\\here.ikw", L"\\\\server\\share\\gone.ikw",
                                 L"\\Storage Card\\gone.ikw", L"\\My Documents\\gone.ikw"}) {
-        Put(alarms::AlarmArguments(path));
+        Put(store::AlarmArguments(path));
     }
     device.files.unreachable = share;
     device.files.Nodes().erase(L"\\MY DOCUMENTS");
-    alarms::RemoveOrphanAlarms();
+    store::RemoveOrphanAlarms();
     EXPECT_EQ(device.notifications.size(), 4u);
     device.files.unreachable.clear();
     device.files.PutFolder(L"\\Storage Card");
     device.files.PutFolder(L"\\My Documents");
-    alarms::RemoveOrphanAlarms();
+    store::RemoveOrphanAlarms();
     EXPECT_THAT(Arguments(), ElementsAre(L"\"\\\\server\\share\\here.ikw\" /alarm"));
 }
 

@@ -1,4 +1,3 @@
-#include "manager/DayNames.h"
 #include "manager/MonthGrid.h"
 #include "tests/manager/ManagerRig.h"
 
@@ -28,20 +27,9 @@ TEST(MonthGrid, MonthsAreComparedByTheirNumbersAlone) {
     const MonthGrid::Cell& january = grid.At(5, 1);
     EXPECT_EQ(january.day, 2);
     EXPECT_EQ(january.monthOffset, -1);
-    EXPECT_EQ(grid.FolderName(january), L"2005-11-02");
+    EXPECT_EQ(grid.FolderOf(january).Name(), L"2005-11-02");
     EXPECT_EQ(grid.DateAt(5, 1).year, 2006);
     EXPECT_EQ(grid.DateAt(5, 1).month, 1);
-}
-
-TEST(DayNames, TenCharactersWithoutAZeroPart) {
-    EXPECT_EQ(manager::LongDayText(L"2007-03-05"), L"Monday, March 5, 2007");
-    EXPECT_EQ(manager::WeekdayText(L"2007-03-05"), L"Monday, 3/5/2007");
-    for (const wchar_t* name : {L"2007-3-05", L"2007-00-05", L"2007/03/05", L"0000-03-05"}) {
-        manager::DayName day;
-        EXPECT_FALSE(manager::ReadDayName(name, day));
-        EXPECT_EQ(manager::LongDayText(name), name);
-    }
-    EXPECT_EQ(manager::LongDayText(L"2007-02-31"), L"2007-02-31") << "wrongly dated notes stay in sight";
 }
 
 class Calendar : public testing_support::ManagerTest {

@@ -213,7 +213,7 @@ TEST_F(Commands, AnotherStorageBecomesTheRoot) {
         EXPECT_EQ(Window().Folders().RootPrefix(), L"\\Elsewhere\\");
     });
     RunManager();
-    EXPECT_EQ(app::Settings::Text(app::SettingId::RootDirPath), L"\\Elsewhere");
+    EXPECT_EQ(store::Settings::Text(store::SettingId::RootDirPath), L"\\Elsewhere");
 }
 
 TEST_F(Commands, APlaceThatCannotHoldTheStoreLeavesItWhereItIs) {
@@ -231,7 +231,7 @@ TEST_F(Commands, APlaceThatCannotHoldTheStoreLeavesItWhereItIs) {
         }
     });
     RunManager();
-    EXPECT_EQ(app::Settings::Text(app::SettingId::RootDirPath), L"");
+    EXPECT_EQ(store::Settings::Text(store::SettingId::RootDirPath), L"");
     ASSERT_EQ(Desk().messages.size(), 3u);
     EXPECT_EQ(Desk().messages[0].text, L"'\\' cannot hold your notes. Please choose another folder.");
     EXPECT_EQ(Desk().messages[2].text, L"Reading '\\Storage Card\\Ink' failed!");
@@ -255,7 +255,8 @@ TEST_F(Commands, AStoreThatCannotBeReadIsReportedAtTheStart) {
         EXPECT_EQ(device.files.Has(usual), !isDocumentsAway);
         EXPECT_FALSE(device.files.Has(L"\\Storage Card"));
     }
-    EXPECT_EQ(app::Settings::Text(app::SettingId::RootDirPath), L"\\Storage Card\\Ink") << "it may come back";
+    EXPECT_EQ(store::Settings::Text(store::SettingId::RootDirPath), L"\\Storage Card\\Ink")
+        << "it may come back";
 }
 
 }  // namespace

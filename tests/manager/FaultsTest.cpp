@@ -1,6 +1,7 @@
 // Every file operation with each of its file calls failing in turn: what the user is told and what is left.
 #include "alarms/NoteAlarm.h"
-#include "app/StorePaths.h"
+#include "app/store/NoteFiles.h"
+#include "app/store/StorePaths.h"
 #include "manager/StoreOperations.h"
 #include "tests/manager/ManagerRig.h"
 
@@ -60,7 +61,7 @@ class Faults : public testing_support::ManagerTest {
         Desk().messages.clear();
         Desk().answers.assign(4, MessageAnswer::Yes);
         device.files.Put(kNote, "ink");
-        device.files.Put(app::MemoPath(kNote), "memo");
+        device.files.Put(store::MemoPath(kNote), "memo");
         device.files.Put(kHome + L"a.txt", "of another note");
         device.files.PutFolder(std::wstring(kRoot) + L"Reminders");
         alarms::SetNoteAlarm(kNote, {2007, 3, 4, 15, 20, 0, 0, 0});
@@ -95,13 +96,14 @@ TEST_F(Faults, OfEveryCallOfEveryOperation) {
           L"HOME\\A.IKW HOME\\A.TXT | Home\\a.ikw"}},
         {"renaming a note",
          [] {
-             if (!manager::RenameNote(kNote, kWork + L"b.ikw")) manager::ShowRenameFailure(nullptr);
+             if (!store::MoveNoteFiles(kNote, kWork + L"b.ikw", store::MemoInTheWay::Keep).isMoved)
+                 manager::ShowRenameFailure(nullptr);
          },
          {whole + renaming, L"HOME\\A.TXT WORK\\A.TXT WORK\\B.IKW | Work\\b.ikw",
           L"HOME\\A.TXT WORK\\B.IKW WORK\\B.TXT | Work\\b.ikw"}},
         {"renaming a folder",
          [] {
-             if (!manager::RenameFolder(kRoot + std::wstring(L"Work"), kRoot + std::wstring(L"Attic")))
+             if (!store::MoveNoteFolder(kRoot + std::wstring(L"Work"), kRoot + std::wstring(L"Attic")))
                  manager::ShowRenameFailure(nullptr);
          },
          {whole + renaming, L"ATTIC\\A.IKW ATTIC\\A.TXT HOME\\A.TXT | Work\\a.ikw",

@@ -1,4 +1,4 @@
-#include "manager/NodeKind.h"
+#include "app/store/NodeKind.h"
 #include "tests/manager/ManagerRig.h"
 
 namespace {
@@ -34,7 +34,7 @@ TEST_F(FolderTree, FoldersAndNotesInOrderWithTheirCount) {
         EXPECT_THAT(Tree().Texts({L"Notes"}), ElementsAre(L"apples", L"Work"));
         Tree().Tap({L"Notes", L"Work"});
         EXPECT_EQ(Selected(), L"Work  (3 found) ");
-        EXPECT_EQ(Window().Folders().SelectedKind(), manager::kOpenFolder);
+        EXPECT_EQ(Window().Folders().SelectedKind(), store::NodeKind::OpenFolder);
         EXPECT_THAT(Tree().Texts({L"Notes", L"Work  (3 found) "}),
                     ElementsAre(L"temp", L"zoo", L"Z", L"a", L"b"));
     });

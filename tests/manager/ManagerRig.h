@@ -1,8 +1,8 @@
 // The manager on a device in memory, and a hand on its tree.
 #pragma once
 
-#include "app/PenSettings.h"
-#include "app/Settings.h"
+#include "app/store/PenSettings.h"
+#include "app/store/Settings.h"
 #include "manager/ManagerWindow.h"
 #include "platform/host/HostTreeView.h"
 #include "platform/host/HostWindow.h"
@@ -23,7 +23,7 @@ class ManagerTest : public DeskTest {
 
     // Runs the manager on a path with the script so far, and closes it.
     void RunManager(const std::wstring& path = L"") {
-        app::PenSettings pen = app::LoadPenSettings();
+        store::PenSettings pen = store::LoadPenSettings();
         manager::ManagerWindow window(pen, path);
         window_ = &window;
         Close();

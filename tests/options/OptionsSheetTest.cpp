@@ -1,4 +1,4 @@
-#include "app/Settings.h"
+#include "app/store/Settings.h"
 #include "options/COptPageDlg.h"
 #include "platform/host/HostWindow.h"
 #include "res/resource.h"
@@ -132,12 +132,12 @@ TEST_F(OptionsSheet, AnEmptyPatternIsTheDefaultAndAnUnseenPageKeepsItsOwn) {
     device.SetSetting(L"SaveAs_NoteFN", L"%d");
     device.SetSetting(L"SaveAs_ReminderFN", L"%m");
     RunSheet(platform::kIdOk);
-    EXPECT_EQ(app::Settings::Text(app::SettingId::SaveAs_NoteFN), L"%d");
+    EXPECT_EQ(store::Settings::Text(store::SettingId::SaveAs_NoteFN), L"%d");
     ThenShow(kFileName);
     Then([this] { Desk().Type(IDC_NOTE_PATTERN, L""); });
     RunSheet(platform::kIdOk);
     EXPECT_FALSE(Has(L"SaveAs_NoteFN"));
-    EXPECT_EQ(app::Settings::Text(app::SettingId::SaveAs_ReminderFN), L"%m");
+    EXPECT_EQ(store::Settings::Text(store::SettingId::SaveAs_ReminderFN), L"%m");
 }
 
 TEST_F(OptionsSheet, APatternGrowsNoLongerThanCanBeReadBack) {
@@ -147,7 +147,7 @@ TEST_F(OptionsSheet, APatternGrowsNoLongerThanCanBeReadBack) {
         Desk().Type(IDC_REMINDER_PATTERN, std::wstring(400, L'x'));
     });
     RunSheet(platform::kIdOk);
-    EXPECT_EQ(app::Settings::Text(app::SettingId::SaveAs_ReminderFN), std::wstring(259, L'x'));
+    EXPECT_EQ(store::Settings::Text(store::SettingId::SaveAs_ReminderFN), std::wstring(259, L'x'));
 }
 
 TEST_F(OptionsSheet, TheHelpNamesEveryFormatCharacter) {

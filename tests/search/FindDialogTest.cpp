@@ -103,7 +103,8 @@ TEST_F(Find, OptionsAndTextAreKept) {
     });
     RunFind();
     EXPECT_EQ(device.NumberSetting(L"SearchOpt"), 1u);
-    EXPECT_EQ(app::Settings::Text(app::SettingId::SearchLastText), L"ann") << "the last one that was a text";
+    EXPECT_EQ(store::Settings::Text(store::SettingId::SearchLastText), L"ann")
+        << "the last one that was a text";
 }
 
 TEST_F(Find, WithoutATextOrAThreadNothingStarts) {

@@ -1,7 +1,7 @@
 #include "tests/support/DeskTest.h"
 
-#include "app/Program.h"
 #include "ink/NoteFile.h"
+#include "platform/ProgramEntry.h"
 #include "platform/host/HostWindow.h"
 
 namespace testing_support {
@@ -24,7 +24,7 @@ void DeskTest::AcceptName() {
 }
 
 void DeskTest::Run(const std::wstring& commandLine) {
-    app::RunProgram(commandLine);
+    platform::RunProgram(commandLine);
     EXPECT_FALSE(Desk().StepWaiting()) << "the program ended before the script did";
 }
 

@@ -3,7 +3,7 @@
 #include "ink/ByteStream.h"
 #include "platform/File.h"
 
-namespace app {
+namespace store {
 
 // A file as the ink readers and writers want it; the file must live as long.
 class FileSource : public ink::ByteSource {
@@ -24,4 +24,4 @@ class FileSink : public ink::ByteSink {
     platform::File& file_;
 };
 
-}  // namespace app
+}  // namespace store

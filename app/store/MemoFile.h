@@ -6,7 +6,7 @@ namespace platform {
 class Window;
 }
 
-namespace options {
+namespace store {
 
 // The text memo of a note on disk: the text in the system's ANSI code page and nothing else, lines ending in
 // CR LF. An empty memo has no file. Characters that the code page lacks become its default character.
@@ -42,4 +42,4 @@ class MemoFile {
     bool isUnread_ = false;
 };
 
-}  // namespace options
+}  // namespace store

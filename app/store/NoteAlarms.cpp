@@ -1,17 +1,18 @@
-#include "alarms/AlarmDatabase.h"
+#include "app/store/NoteAlarms.h"
 
-#include "alarms/NoteAlarm.h"
+#include <unordered_map>
+
+#include "app/store/StorePaths.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 #include "platform/Shell.h"
 #include "platform/StoragePaths.h"
 #include "platform/TextEncoding.h"
 
-namespace alarms {
+namespace store {
 
 namespace {
 
-constexpr wchar_t kNoteSuffix[] = L".ikw\" /alarm";
 constexpr wchar_t kSwitchSuffix[] = L"\" /alarm";
 
 // The day of the week and the milliseconds are not carried over.
@@ -61,16 +62,22 @@ std::vector<NoteAlarm> ScanAlarms() {
     return found;
 }
 
-bool AlarmTitle(const std::wstring& arguments, std::wstring& title) {
+std::wstring AlarmArguments(const std::wstring& notePath) { return L"\"" + notePath + kSwitchSuffix; }
+
+bool EndAsAlarmArguments(const std::wstring& arguments) {
     const size_t dot = arguments.rfind(L'.');
-    if (dot == std::wstring::npos || !platform::EqualNoCase(arguments.substr(dot), kNoteSuffix)) return false;
-    const std::wstring path = arguments.substr(0, dot);
-    title = path.substr(path.rfind(L'\\') + 1);
+    return dot != std::wstring::npos &&
+           platform::EqualNoCase(arguments.substr(dot), std::wstring(kNoteExtension) + kSwitchSuffix);
+}
+
+bool AlarmTitle(const std::wstring& arguments, std::wstring& title) {
+    if (!EndAsAlarmArguments(arguments)) return false;
+    title = NameOf(arguments.substr(0, arguments.rfind(L'.')));
     return !title.empty();
 }
 
 void MoveNoteAlarms(const std::wstring& oldPath, const std::wstring& newPath) {
-    MoveAlarms({platform::LowerCase(AlarmArguments(oldPath))}, {AlarmArguments(newPath)});
+    MoveNoteAlarms(std::vector<std::wstring>{oldPath}, std::vector<std::wstring>{newPath});
 }
 
 void ClearNoteAlarms(const std::wstring& notePath) {
@@ -80,15 +87,12 @@ void ClearNoteAlarms(const std::wstring& notePath) {
     }
 }
 
-void MoveAlarms(const std::vector<std::wstring>& oldArguments,
-                const std::vector<std::wstring>& newArguments) {
+void MoveNoteAlarms(const std::vector<std::wstring>& oldPaths, const std::vector<std::wstring>& newPaths) {
+    std::unordered_map<std::wstring, size_t> places;
+    for (size_t i = 0; i < oldPaths.size(); ++i) places[platform::LowerCase(AlarmArguments(oldPaths[i]))] = i;
     for (const NoteAlarm& alarm : ScanAlarms()) {
-        const std::wstring arguments = platform::LowerCase(alarm.arguments);
-        for (size_t i = oldArguments.size(); i-- > 0;) {
-            if (oldArguments[i] != arguments) continue;
-            Rewrite(alarm, newArguments[i]);
-            break;
-        }
+        const auto found = places.find(platform::LowerCase(alarm.arguments));
+        if (found != places.end()) Rewrite(alarm, AlarmArguments(newPaths[found->second]));
     }
 }
 
@@ -99,4 +103,4 @@ void RemoveOrphanAlarms() {
     }
 }
 
-}  // namespace alarms
+}  // namespace store

@@ -2,14 +2,11 @@
 
 #include <string>
 
-#include "platform/DateTime.h"
-
 // Where notes lie and how their paths are formed. Folder paths handed between modules end in "\"; a note
 // path that ends in "\" names the folder in which a new note is to be made.
-namespace app {
+namespace store {
 
 extern const wchar_t* const kNoteExtension;    // ".ikw"
-extern const wchar_t* const kProductFolder;    // "Inkwright"
 extern const wchar_t* const kNewNotesFolder;   // "New Notes"
 extern const wchar_t* const kRemindersFolder;  // "Reminders"
 
@@ -39,15 +36,14 @@ bool IsFolder(const std::wstring& path);
 
 // `RootDirPath` without trailing backslashes; empty when it is unset or unreadable.
 std::wstring ConfiguredRoot();
-// The configured root, else the documents folder + "\Inkwright"; no trailing "\".
+// The store of a storage: its folder that is named like the product. No trailing "\".
+std::wstring StoreOn(const std::wstring& storage);
+// The store among the user's documents.
+std::wstring DefaultRoot();
+// The configured root, else the default one; no trailing "\".
 std::wstring StoreRoot();
 // The store root with one trailing "\".
 std::wstring RootPrefix();
-
-// "YYYY-MM-DD", the name of a day's folder under "Reminders".
-std::wstring DateFolderName(const platform::DateTime& date);
-// Reads such a name; false when it is not a day of the calendar written so.
-bool ParseDateFolderName(const std::wstring& name, platform::DateTime& date);
 
 // The text memo that belongs to a note: cut at the last "." and ".txt" appended. Empty when the path has no
 // ".".
@@ -56,10 +52,7 @@ std::wstring MemoPath(const std::wstring& notePath);
 // "Reminders" and "temp" directly under the root are not the user's folders.
 bool IsReservedName(const std::wstring& folderName);
 
-// True when at least one note lies directly in the folder (no trailing "\\" needed).
-bool HoldsNotes(const std::wstring& folder);
-
 // Where pictures made for e-mail lie, under the documents folder wherever the store is; ends in "\".
 std::wstring TemporaryFolder();
 
-}  // namespace app
+}  // namespace store

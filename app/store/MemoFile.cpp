@@ -1,14 +1,14 @@
-#include "options/MemoFile.h"
+#include "app/store/MemoFile.h"
 
 #include <new>
 
-#include "app/StorePaths.h"
+#include "app/store/StorePaths.h"
 #include "platform/File.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 #include "platform/TextEncoding.h"
 
-namespace options {
+namespace store {
 
 namespace {
 
@@ -54,7 +54,7 @@ std::wstring MemoFile::Read(platform::Window* owner) {
 MemoFile::Result MemoFile::ReadBytes(std::string& bytes) {
     platform::File file = platform::File::OpenForReading(path_);
     existed_ = file.IsOpen();
-    isUnread_ = !file.IsOpen() && app::IsFile(path_);
+    isUnread_ = !file.IsOpen() && store::IsFile(path_);
     uint64_t size = 0;
     if (!file.IsOpen()) return Result::Done;
     if (!file.Size(size)) {
@@ -117,7 +117,7 @@ void MemoFile::Erase() {
 // What stays behind the text is lost only with the whole file.
 bool MemoFile::MayReplace(platform::Window* owner, const std::wstring& text, bool& unseen) const {
     unseen = text.empty() && !rest_.empty();
-    if (!isUnread_ || !app::IsFile(path_)) return true;
+    if (!isUnread_ || !store::IsFile(path_)) return true;
     uint64_t bytes = 0;
     if (!platform::CanWriteTo(path_, bytes)) {
         ShowFailure(owner, kSaveFailed);
@@ -127,4 +127,4 @@ bool MemoFile::MayReplace(platform::Window* owner, const std::wstring& text, boo
     return true;
 }
 
-}  // namespace options
+}  // namespace store

@@ -6,7 +6,7 @@
 
 #include "platform/RegistryKey.h"
 
-namespace app {
+namespace store {
 
 // The user's settings, in the order of the table that describes them (Settings.cpp).
 enum class SettingId {
@@ -66,4 +66,4 @@ class Settings {
     platform::RegistryKey key_;
 };
 
-}  // namespace app
+}  // namespace store

@@ -7,7 +7,7 @@
 
 // The program's own alarms in the operating system's notification database: the only record there is of
 // them. An alarm is ours when its application is this program; alarms of others are never touched.
-namespace alarms {
+namespace store {
 
 struct NoteAlarm {
     platform::NotificationHandle handle = 0;
@@ -19,6 +19,11 @@ struct NoteAlarm {
 // left out.
 std::vector<NoteAlarm> ScanAlarms();
 
+// The arguments with which the system starts the program for a note's alarm: the note's full path in
+// quotation marks, a blank and "/alarm".
+std::wstring AlarmArguments(const std::wstring& notePath);
+// True for a text that ends as such arguments do, whatever the case.
+bool EndAsAlarmArguments(const std::wstring& arguments);
 // The note's name without extension; false for arguments that are not a note's alarm.
 bool AlarmTitle(const std::wstring& arguments, std::wstring& title);
 
@@ -28,11 +33,11 @@ void MoveNoteAlarms(const std::wstring& oldPath, const std::wstring& newPath);
 // The note is gone: so are its alarms.
 void ClearNoteAlarms(const std::wstring& notePath);
 
-// Alarms with these arguments (lower case) get those at the same place of `newArguments`.
-void MoveAlarms(const std::vector<std::wstring>& oldArguments, const std::vector<std::wstring>& newArguments);
+// The same for many notes: `newPaths[i]` is where `oldPaths[i]` is now.
+void MoveNoteAlarms(const std::vector<std::wstring>& oldPaths, const std::vector<std::wstring>& newPaths);
 
 // Clears the alarms whose notes certainly no longer exist: not those of a card that is out or a share that is
 // away.
 void RemoveOrphanAlarms();
 
-}  // namespace alarms
+}  // namespace store

@@ -1,8 +1,8 @@
-#include "app/PenSettings.h"
+#include "app/store/PenSettings.h"
 
-#include "app/Settings.h"
+#include "app/store/Settings.h"
 
-namespace app {
+namespace store {
 
 namespace {
 
@@ -33,4 +33,4 @@ void SaveColors(const PenSettings& pen) {
     settings.Write(SettingId::LastBGColor, pen.backgroundColor);
 }
 
-}  // namespace app
+}  // namespace store

@@ -1,18 +1,18 @@
-#include "app/StorePaths.h"
+#include "app/store/StorePaths.h"
 
 #include <algorithm>
 #include <cwchar>
 #include <cwctype>
 
-#include "app/Settings.h"
+#include "app/store/Settings.h"
 #include "platform/FileSystem.h"
+#include "platform/Product.h"
 #include "platform/StoragePaths.h"
 #include "platform/TextEncoding.h"
 
-namespace app {
+namespace store {
 
 const wchar_t* const kNoteExtension = L".ikw";
-const wchar_t* const kProductFolder = L"Inkwright";
 const wchar_t* const kNewNotesFolder = L"New Notes";
 const wchar_t* const kRemindersFolder = L"Reminders";
 
@@ -72,36 +72,16 @@ bool IsFolder(const std::wstring& path) { return platform::FindEntry(path) == pl
 
 std::wstring ConfiguredRoot() { return WithoutTrailingBackslashes(Settings::Text(SettingId::RootDirPath)); }
 
+std::wstring StoreOn(const std::wstring& storage) { return storage + L"\\" + platform::kProductName; }
+
+std::wstring DefaultRoot() { return StoreOn(platform::DocumentsFolder()); }
+
 std::wstring StoreRoot() {
     const std::wstring configured = ConfiguredRoot();
-    return configured.empty() ? platform::DocumentsFolder() + L"\\" + kProductFolder : configured;
+    return configured.empty() ? DefaultRoot() : configured;
 }
 
 std::wstring RootPrefix() { return StoreRoot() + L"\\"; }
-
-std::wstring DateFolderName(const platform::DateTime& date) {
-    wchar_t name[32];
-    std::swprintf(name, std::size(name), L"%04d-%02d-%02d", date.year, date.month, date.day);
-    return name;
-}
-
-bool ParseDateFolderName(const std::wstring& name, platform::DateTime& date) {
-    constexpr wchar_t kForm[] = L"dddd-dd-dd";
-    if (name.size() != std::size(kForm) - 1) return false;
-    for (size_t i = 0; i < name.size(); ++i) {
-        if (kForm[i] == L'-' ? name[i] != L'-' : name[i] < L'0' || name[i] > L'9') return false;
-    }
-    const int year = std::stoi(name.substr(0, 4));
-    const int month = std::stoi(name.substr(5, 2));
-    const int day = std::stoi(name.substr(8, 2));
-    if (!platform::IsValidDate(year, month, day)) return false;
-    date = {};
-    date.year = year;
-    date.month = month;
-    date.day = day;
-    date.dayOfWeek = platform::DayOfWeek(year, month, day);
-    return true;
-}
 
 std::wstring MemoPath(const std::wstring& notePath) {
     const size_t dot = notePath.rfind(L'.');
@@ -114,11 +94,6 @@ bool IsReservedName(const std::wstring& folderName) {
     return platform::EqualNoCase(name, kRemindersFolder) || platform::EqualNoCase(name, L"temp");
 }
 
-bool HoldsNotes(const std::wstring& folder) {
-    std::vector<platform::FolderEntry> notes;
-    return platform::ListFolder(WithoutTrailingBackslashes(folder), L"*.ikw", notes) && !notes.empty();
-}
+std::wstring TemporaryFolder() { return DefaultRoot() + L"\\Temp\\"; }
 
-std::wstring TemporaryFolder() { return platform::DocumentsFolder() + L"\\" + kProductFolder + L"\\Temp\\"; }
-
-}  // namespace app
+}  // namespace store

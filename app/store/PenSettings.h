@@ -6,7 +6,7 @@
 #include "ink/Color.h"
 #include "ink/PenStyle.h"
 
-namespace app {
+namespace store {
 
 // The pen and page colours that every new editor page starts with.
 struct PenSettings {
@@ -25,4 +25,4 @@ void LoadPen(PenSettings& settings);
 // Writes the six colours; pen size and style belong to the options sheet.
 void SaveColors(const PenSettings& settings);
 
-}  // namespace app
+}  // namespace store

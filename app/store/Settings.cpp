@@ -1,12 +1,14 @@
-#include "app/Settings.h"
+#include "app/store/Settings.h"
 
-namespace app {
+#include "platform/Product.h"
+
+namespace store {
 
 namespace {
 
 using platform::RegistryType;
 
-constexpr wchar_t kKeyPath[] = L"Software\\Larkspur Works\\Inkwright";
+const std::wstring kKeyPath = std::wstring(platform::kCompanyKey) + L"\\" + platform::kProductName;
 constexpr size_t kTextCapacity = 260;
 constexpr size_t kSearchTextCapacity = 32768;
 
@@ -85,4 +87,4 @@ void Settings::Remove(SettingId id) {
     if (key_.IsOpen()) key_.Remove(InfoOf(id).name);
 }
 
-}  // namespace app
+}  // namespace store
