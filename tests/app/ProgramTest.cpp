@@ -18,7 +18,7 @@ class Program : public testing_support::DeskTest {
 
 TEST_F(Program, AMissingNoteIsReportedAndTheManagerOpens) {
     Then([this] { EXPECT_EQ(Desk().Top()->Title(), L"Inkwright"); });
-    Close();
+    Then(Close());
     Run(L"\\Ink\\gone.ikw");
     EXPECT_EQ(OnlyMessage().text, L"\\Ink\\gone.ikw\n\nFile Not Found!");
     EXPECT_EQ(OnlyMessage().caption, L" Error :: Inkwright");
@@ -26,7 +26,7 @@ TEST_F(Program, AMissingNoteIsReportedAndTheManagerOpens) {
 }
 
 TEST_F(Program, AMissingNoteOfAnAlarmSaysSo) {
-    Close();
+    Then(Close());
     Run(L"\"\\Ink\\gone.ikw\" /alarm");
     EXPECT_EQ(OnlyMessage().caption, L" Alarm Error :: Inkwright");
     EXPECT_THAT(device.notifications, IsEmpty());
@@ -38,13 +38,13 @@ TEST_F(Program, TheTemporaryFolderIsCleanedOfPicturesOnly) {
     device.files.Put(folder + L"\\OLD.BMP", "x");
     device.files.Put(folder + L"\\keep.txt", "x");
     device.files.PutFolder(folder + L"\\folder.bmp");
-    Close();
+    Then(Close());
     Run(L"");
     EXPECT_THAT(device.files.NamesIn(folder), testing::UnorderedElementsAre(L"keep.txt", L"folder.bmp"));
 }
 
 TEST_F(Program, TheKeyHoldsAllColoursAfterARun) {
-    Close();
+    Then(Close());
     Run(L"");
     EXPECT_EQ(device.NumberSetting(L"LastPenColor"), 0x808080u);
     EXPECT_EQ(device.NumberSetting(L"PenColor_1"), 0x4040FFu);
@@ -60,7 +60,7 @@ TEST_F(Program, ANoteIsWrittenWithoutAnyRegistry) {
         Desk().Stroke({{30, 100}, {40, 110}});
         Desk().Command(platform::kIdOk);
     });
-    AcceptName();
+    Then(Close());
     Run(testing_support::kNewNotes);
     const auto page = ReadBack(std::wstring(testing_support::kNewNotes) + L"New Notes 2007-03-05.ikw");
     EXPECT_EQ(page->Band(0)->At(0).Color(), 0x808080u);
@@ -73,7 +73,7 @@ TEST_F(Program, AnotherCopyIsToldToCloseAndWaitedForAtMostThreeRounds) {
         device.otherCopies = {ForeignWindow{true, true, commandsUntilClosed, {}, {}},
                               ForeignWindow{false, false, 1, {}, {}}};
         const uint32_t before = device.ticks;
-        Close();
+        Then(Close());
         Run(L"\\a.ikw");
         const int rounds = std::min(3, commandsUntilClosed);
         EXPECT_THAT(device.otherCopies[0].commands, testing::SizeIs(static_cast<size_t>(rounds)));
@@ -86,7 +86,7 @@ TEST_F(Program, AnotherCopyIsToldToCloseAndWaitedForAtMostThreeRounds) {
 TEST_F(Program, WithoutATargetTheCopyInFrontIsToldOnce) {
     device.otherCopies = {ForeignWindow{}, ForeignWindow{true, true, 1, {}, {}},
                           ForeignWindow{true, true, 1, {}, {}}};
-    Close();
+    Then(Close());
     Run(L"");
     EXPECT_THAT(device.otherCopies[0].privateMessages, IsEmpty());
     EXPECT_THAT(device.otherCopies[1].privateMessages, ElementsAre(1u));
@@ -104,7 +104,7 @@ TEST_F(Program, NothingIsWrittenForAStorageThatIsAway) {
     for (const auto& [commandLine, told] : kCases) {
         Desk().messages.clear();
         Then([this] { EXPECT_EQ(Desk().Top()->Title(), L"Inkwright") << "the manager"; });
-        Close();
+        Then(Close());
         Run(commandLine);
         std::vector<std::wstring> texts;
         for (const auto& message : Desk().messages) texts.push_back(message.text);
@@ -112,7 +112,7 @@ TEST_F(Program, NothingIsWrittenForAStorageThatIsAway) {
     }
     // A folder that is only not there yet is made when it is needed.
     Then([this] { EXPECT_EQ(Desk().Top()->Title(), L"[new] - Inkwright"); });
-    Close();
+    Then(Close());
     Run(L"\\Elsewhere\\");
 }
 
@@ -138,7 +138,7 @@ TEST_F(Program, TheTodayScreenIsRefreshedThroughItsItemElseWhenTheItemIsEnabled)
         device.todayScreen = c.todayScreen;
         device.todayItemNotices = device.todayReloads = 0;
         key[L"Enabled"] = {platform::RegistryType::Number, std::string{c.enabled, 0, 0, 0}};
-        Close();
+        Then(Close());
         Run(L"");
         EXPECT_EQ(device.todayItemNotices, c.notices);
         EXPECT_EQ(device.todayReloads, c.reloads);

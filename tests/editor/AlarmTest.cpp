@@ -45,7 +45,7 @@ TEST_F(Alarm, SetAlarmAndExitNamesTheNoteClosesAndSchedules) {
         EXPECT_EQ(Dialog().PickedTime(IDC_ALARM_TIME).second, 0);
         Desk().Command(platform::kIdOk);
     });
-    AcceptName();
+    Then(Close());
     Run(kNewNotes);
     ASSERT_THAT(device.notifications, SizeIs(1));
     const platform::NotificationTrigger& trigger = device.notifications.begin()->second.trigger;
@@ -80,7 +80,7 @@ TEST_F(Alarm, AnAlarmThatNothingWillFireIsReported) {
             Desk().Stroke({{30, 100}});
             Desk().Command(platform::kIdOk);
         });
-        AcceptName();
+        Then(Close());
         Run(L"/newalarm " + std::wstring(c.stamp));
         ASSERT_THAT(Desk().messages, SizeIs(1));
         EXPECT_EQ(Desk().messages[0].text, L"Setting alarm failed!");
@@ -92,7 +92,7 @@ TEST_F(Alarm, AnAlarmThatNothingWillFireIsReported) {
 
 TEST_F(Alarm, NoAlarmWithoutANoteOrAfterDiscarding) {
     device.SetSetting(L"RootDirPath", L"\\Ink");
-    Close();  // nothing was written
+    Then(Close());  // nothing was written
     Run(L"/newalarm 200703515203000");
     Desk().answers = {platform::MessageAnswer::Yes};
     Then([this] {
@@ -108,7 +108,7 @@ TEST_F(Alarm, NoAlarmWithoutANoteOrAfterDiscarding) {
 TEST_F(Alarm, ANoteOpenedByItsAlarmPostsANotice) {
     device.files.Put(L"\\My Documents\\Inkwright\\Reminders\\2007-03-05\\Call.ikw", Words({5, 0, 0, 268}));
     device.now = {2007, 3, 1, 5, 23, 59, 55, 0};
-    Close();
+    Then(Close());
     Run(L"\"\\My Documents\\Inkwright\\Reminders\\2007-03-05\\Call.ikw\" /alarm");
     ASSERT_THAT(device.notifications, SizeIs(1));
     const platform::host::StoredNotification& stored = device.notifications.begin()->second;

@@ -24,7 +24,7 @@ class Closing : public testing_support::DeskTest {
 };
 
 TEST_F(Closing, AnEmptyNewNoteMakesNoFile) {
-    Close();
+    Then(Close());
     Run(kNewNotes);
     EXPECT_THAT(device.files.NamesIn(kNewNotes), IsEmpty());
     EXPECT_THAT(Desk().messages, IsEmpty());
@@ -65,7 +65,7 @@ TEST_F(Closing, AFullDiskAtAnyByteLeavesNoPartOfANote) {
 TEST_F(Closing, ASecondCloseWhileAQuestionIsOpenDoesNothing) {
     ThenWriteAndClose();
     Then([this] { EXPECT_EQ(Desk().Top()->Title(), L" Inkwright - Save As"); });
-    AcceptName();
+    Then(Close());
     Run(kNewNotes);
 }
 
@@ -111,7 +111,7 @@ TEST_F(Closing, RepeatedRequestsCloseOnceAndChooseNothing) {
         EXPECT_EQ(Desk().Top()->Title(), L"Color Palette");
         Desk().Command(platform::kIdOk);
     });
-    Close();
+    Then(Close());
     Run(kNote);
     EXPECT_EQ(device.NumberSetting(L"LastPenColor"), 0x808080u);
 }
@@ -136,7 +136,7 @@ TEST_F(Closing, ATakeOverEndsTheWholeCopyAndSavesWhatIsOpen) {
 TEST_F(Closing, EscapeDoesNothing) {
     Then([this] { Desk().Press(platform::Key::Escape); });
     Then([this] { EXPECT_TRUE(Desk().Top()->Exists()); });
-    Close();
+    Then(Close());
     Run(kNote);
 }
 
@@ -155,7 +155,7 @@ TEST_F(Closing, FullEraseDeletesTheNoteAndItsMemoAfterAsking) {
         EXPECT_EQ(Desk().Top()->Title(), L"[new] - Inkwright");
         EXPECT_THAT(device.files.NamesIn(L"\\Ink"), IsEmpty());
     });
-    Close();
+    Then(Close());
     Run(kNote);
 }
 
@@ -175,14 +175,14 @@ TEST_F(Closing, TheMemoOfANewNoteIsKeptWithThePage) {
         EXPECT_THAT(device.files.NamesIn(folder), IsEmpty());
         Desk().Command(IDM_NEW_NOTE);
     });
-    AcceptName();
+    Then(Close());
     Then([this, folder] { EXPECT_EQ(device.files.NamesIn(folder).size(), 2u); });
     thenMemo(L"", L"second\r\n\u4E2D", IDC_MEMO_SAVE);
     device.files.fault = [](FileCall call, const std::wstring& path) {
         const bool isMemo = path.find(L"01).txt") != std::wstring::npos;
         return call == FileCall::Write && isMemo ? FileError::Other : FileError::None;
     };
-    Close();
+    Then(Close());
     Then([this] {
         Desk().Type(IDC_FILE_NAME, L"Two (01)");
         Desk().Command(platform::kIdOk);
@@ -203,7 +203,7 @@ TEST_F(Closing, ANoteWithAFileHasItsMemoBesideIt) {
         Desk().Type(IDC_MEMO_TEXT, L"jam");
         Desk().Command(IDC_MEMO_SAVE);
     });
-    Close();
+    Then(Close());
     Run(kNote);
     EXPECT_EQ(device.files.Get(L"\\Ink\\a.txt"), "jam");
 }
@@ -222,7 +222,7 @@ TEST_F(Closing, NewNoteAfterAFailedSaveKeepsOrDropsTheInkAsAnswered) {
         Desk().Command(IDM_NEW_NOTE);
     });
     Then([this] { EXPECT_EQ(Desk().Top()->Title(), L"[new] - Inkwright"); });
-    Close();
+    Then(Close());
     Run(kNote);
     EXPECT_EQ(Desk().messages.size(), 2u);
 }

@@ -40,7 +40,7 @@ TEST_F(Commands, RecentColoursMoveToTheFrontAndPersist) {
         EXPECT_THAT(CheckedTools(), ElementsAre(IDM_PEN));
         Desk().Stroke({{30, 100}});
     });
-    Close();
+    Then(Close());
     Run(kNote);
     const wchar_t* names[] = {L"LastPenColor", L"PenColor_1", L"PenColor_2", L"PenColor_3", L"PenColor_4"};
     const uint32_t colors[] = {0x40FF40, 0x808080, 0x4040FF, 0xFF4040, 0xFF40FF};
@@ -52,7 +52,7 @@ TEST_F(Commands, APaletteColourDropsTheOldest) {
     ThenTapPalette(IDM_PALETTE_PEN, 0, 2);
     Then([this] { EXPECT_THAT(CheckedTools(), ElementsAre(IDM_PEN)); });
     ThenTapPalette(IDM_PALETTE_PEN, 0, 2);  // the current colour: nothing moves
-    Close();
+    Then(Close());
     Run(kNote);
     EXPECT_EQ(device.NumberSetting(L"LastPenColor"), 0x0000C0u);
     EXPECT_EQ(device.NumberSetting(L"PenColor_1"), 0x808080u);
@@ -67,7 +67,7 @@ TEST_F(Commands, ThePaletteIsLeftByEscapeAndByLiftingThePenElsewhere) {
         Desk().Press(platform::Key::Escape);
     });
     Then([this] { EXPECT_EQ(Shown().Row(200)[100], 0xFFFFFFu); });
-    Close();
+    Then(Close());
     Run(kNote);
     EXPECT_EQ(device.files.Get(kNote), Words({5, 0xFFFFFF, 0, 268})) << "nothing was changed";
 }
@@ -75,7 +75,7 @@ TEST_F(Commands, ThePaletteIsLeftByEscapeAndByLiftingThePenElsewhere) {
 TEST_F(Commands, AnotherBackgroundRepaintsAndIsSaved) {
     ThenTapPalette(IDM_BACKGROUND_COLOR, 5, 5);
     Then([this] { EXPECT_EQ(Shown().Row(200)[100], 0xEAF4FFu); });
-    Close();
+    Then(Close());
     Run(kNote);
     EXPECT_EQ(device.files.Get(kNote), Words({5, 0xFFF4EA, 0, 268}));
     EXPECT_EQ(device.NumberSetting(L"LastBGColor"), 0xFFF4EAu);
@@ -102,14 +102,14 @@ TEST_F(Commands, TheToolsMenuGreysWhatNeedsInk) {
             EXPECT_EQ(Desk().menuPlace, (platform::Point{220, 300}));
         });
     }
-    Close();
+    Then(Close());
     Run(kNote);
 }
 
 TEST_F(Commands, AMissingMenuBarIsReportedAndTheWindowGoesOn) {
     Desk().menuBarFails = true;
     Then([this] { Desk().Stroke({{30, 100}}); });
-    Close();
+    Then(Close());
     Run(kNote);
     ASSERT_EQ(Desk().messages.size(), 1u);
     EXPECT_EQ(Desk().messages[0].text, L"SHCreateMenuBar() failed!");

@@ -30,7 +30,7 @@ class Eraser : public testing_support::DeskTest {
     void Choose(int tool) { Desk().Command(tool); }
     std::unique_ptr<ink::InkPage> Edited(const std::function<void()>& script) {
         Then(script);
-        Close();
+        Then(Close());
         Run(kNote);
         return ReadBack(kNote);
     }
@@ -219,7 +219,7 @@ TEST_F(Eraser, WithoutALiftNothingIsErasedOrMoved) {
                 EXPECT_TRUE(InkAt(32, 100));
                 EXPECT_EQ(Shown().Row(200)[200], kPaper);
             });
-            Close();
+            Then(Close());
             Run(kNote);
             EXPECT_THAT(Rows(*ReadBack(kNote)), ElementsAre(100));
         }

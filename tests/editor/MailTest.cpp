@@ -61,7 +61,7 @@ class Mail : public testing_support::DeskTest {
     }
     void Send() {
         Then([this] { Desk().Command(IDM_SEND_EMAIL); });
-        Close();
+        Then(Close());
         Run(L"\\a.ikw");
     }
     // What the editor would show of the whole note.
@@ -136,7 +136,7 @@ TEST_F(Mail, WhatCannotBeSent) {
         Desk().Command(IDM_SEND_EMAIL);
         device.picturesLeft = 1000;
     });
-    Close();
+    Then(Close());
     Run(L"\\a.ikw");
     EXPECT_EQ(lastMessage(), L"Creating temporary file failed!| Memory Error");
     EXPECT_TRUE(device.mailed.empty());

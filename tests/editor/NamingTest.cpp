@@ -46,7 +46,7 @@ TEST_F(Naming, ProposesTheFolderAndTheDayAndKeepsNamesApart) {
 TEST_F(Naming, AReminderIsNamedByItsOwnPattern) {
     device.SetSetting(L"RootDirPath", L"\\Ink");
     WriteAndClose();
-    AcceptName();
+    Then(Close());
     Run(L"/newreminder 2007-03-08");
     EXPECT_THAT(device.files.NamesIn(L"\\Ink\\Reminders\\2007-03-08"),
                 ElementsAre(L"Reminder 2007-03-08.ikw"));
@@ -81,7 +81,7 @@ TEST_F(Naming, RefusedNamesAreAskedForAgain) {
         TypeAndAccept(refused);
         Then([this] { EXPECT_EQ(TypedName(), L"New Notes 2007-03-05"); });
     }
-    AcceptName();
+    Then(Close());
     Run(kNewNotes);
     EXPECT_THAT(Notes(), UnorderedElementsAre(L"sub", L"New Notes 2007-03-05.ikw"));
     ASSERT_EQ(Desk().messages.size(), 10u);
@@ -106,7 +106,7 @@ TEST_F(Naming, CancellingAsksWhetherTheInkMayGo) {
         EXPECT_EQ(Desk().messages.back().defaultButton, platform::DefaultButton::Second);
         EXPECT_THAT(Notes(), testing::IsEmpty());
     });
-    Close();  // the note has its proposed name now
+    Then(Close());  // the note has its proposed name now
     Run(kNewNotes);
     EXPECT_THAT(Notes(), ElementsAre(L"New Notes 2007-03-05.ikw"));
 }
@@ -146,7 +146,7 @@ TEST_F(Naming, ANameWithoutAFileBelongsToWhoeverTakesItFirst) {
             Desk().Type(IDC_MEMO_TEXT, L"jam and tea");
             Desk().Command(IDC_MEMO_SAVE);
         });
-        Close();
+        Then(Close());
         Run(kNewNotes);
         EXPECT_EQ(device.files.Get(folder + L"New Notes 2007-03-05.ikw"), "a stranger's");
         EXPECT_EQ(device.files.Get(folder + L"New Notes 2007-03-05.txt"), "a stranger's");
@@ -159,7 +159,7 @@ TEST_F(Naming, ANameWithoutAFileBelongsToWhoeverTakesItFirst) {
             device.files.Put(folder + L"New Notes 2007-03-05 (2).ikw", "a stranger's");
             Desk().Command(IDM_FULL_ERASE);
         });
-        Close();
+        Then(Close());
         Desk().answers = {platform::MessageAnswer::No, platform::MessageAnswer::Yes};
         Run(kNewNotes);
         EXPECT_TRUE(device.files.Has(folder + L"New Notes 2007-03-05 (2).ikw"));
@@ -178,7 +178,7 @@ TEST_F(Naming, NewNoteAndFullEraseStayInTheFolderWithoutAFile) {
         Desk().Command(IDM_NEW_NOTE);
     });
     TypeAndAccept(L"second");
-    Close();
+    Then(Close());
     Run(kNewNotes);
     EXPECT_THAT(Notes(), UnorderedElementsAre(L"first.ikw", L"second.ikw"));
     EXPECT_EQ(ReadBack(std::wstring(kNewNotes) + L"second.ikw")->Band(0)->Count(), 1u);

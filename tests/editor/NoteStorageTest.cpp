@@ -25,7 +25,7 @@ class NoteStorage : public testing_support::DeskTest {
 TEST_F(NoteStorage, ANoteIsShownAndWrittenBackWithNewInk) {
     ThenTitle(L"Meeting - Inkwright");
     Then([this] { Desk().Stroke({{30, 100}, {40, 110}}); });
-    Close();
+    Then(Close());
     Run(kNote);
     EXPECT_EQ(device.files.Get(kNote),
               Words({5,  0x00FFFF, 1, 268, 2,      2,    0,   0x3456, 0x12, 60,  70, 10, 60,
@@ -37,7 +37,7 @@ TEST_F(NoteStorage, AnUntouchedNoteIsNotWritten) {
     device.files.fault = [](FileCall call, const std::wstring&) {
         return call == FileCall::Create || call == FileCall::Write ? FileError::Other : FileError::None;
     };
-    Close();
+    Then(Close());
     Run(kNote);
     EXPECT_EQ(device.files.Get(kNote), SmallNote());
     EXPECT_THAT(Desk().messages, IsEmpty());
@@ -51,7 +51,7 @@ TEST_F(NoteStorage, ANoteThatAnotherWriterHoldsIsReadAfterAWhile) {
         };
         const uint32_t before = device.ticks;
         ThenTitle(refusals < 5 ? L"Meeting - Inkwright" : L"[new] - Inkwright");
-        Close();
+        Then(Close());
         Run(kNote);
         EXPECT_EQ(device.ticks - before, static_cast<uint32_t>(std::min(refusals, 4)) * 500u);
         if (refusals == 5) {
@@ -68,8 +68,8 @@ TEST_F(NoteStorage, WhatCannotBeReadWholeBecomesANewNoteInItsFolder) {
         device.files.Put(kNote, damaged);
         ThenTitle(L"[new] - Inkwright");
         Then([this] { Desk().Stroke({{10, 60}}); });
-        Close();
-        AcceptName();
+        Then(Close());
+        Then(Close());
         Run(kNote);
         EXPECT_EQ(device.files.Get(kNote), damaged) << "the damaged file stays as it is";
         EXPECT_TRUE(device.files.Has(L"\\Ink\\Ink 2007-03-05.ikw"));
@@ -81,7 +81,7 @@ TEST_F(NoteStorage, WhatCannotBeReadWholeBecomesANewNoteInItsFolder) {
 TEST_F(NoteStorage, AFileInUseOpensAsANewNote) {
     const platform::File held = platform::File::OpenForReading(kNote);
     ThenTitle(L"[new] - Inkwright");
-    Close();
+    Then(Close());
     Run(kNote);
     EXPECT_THAT(Desk().messages, IsEmpty());
 }
@@ -94,7 +94,7 @@ TEST_F(NoteStorage, AReadErrorAtAnyReadLosesNothing) {
             return call == FileCall::Read && reads++ == failing ? FileError::Other : FileError::None;
         };
         ThenTitle(L"[new] - Inkwright");
-        Close();
+        Then(Close());
         if (failing == 0) total = 1;
         Run(kNote);
         EXPECT_EQ(device.files.Get(kNote), SmallNote());
@@ -103,7 +103,7 @@ TEST_F(NoteStorage, AReadErrorAtAnyReadLosesNothing) {
 
 TEST_F(NoteStorage, TheBackgroundOfTheFileIsTaken) {
     Then([this] { EXPECT_EQ(Shown().Row(200)[100], 0xFFFF00u); });
-    Close();
+    Then(Close());
     Run(kNote);
     EXPECT_EQ(device.NumberSetting(L"LastBGColor"), 0x00FFFFu) << "the next new page looks the same";
 }

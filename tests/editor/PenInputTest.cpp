@@ -17,7 +17,7 @@ class PenInput : public testing_support::DeskTest {
     // Runs the script on an empty note and gives what was saved.
     std::unique_ptr<ink::InkPage> Written(const std::function<void()>& script) {
         Then(script);
-        Close();
+        Then(Close());
         Run(kNote);
         return ReadBack(kNote);
     }

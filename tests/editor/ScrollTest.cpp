@@ -31,7 +31,7 @@ class Scroll : public testing_support::DeskTest {
     void RunOn(const std::string& note, const std::function<void()>& script) {
         device.files.Put(kNote, note);
         Then(script);
-        Close();
+        Then(Close());
         Run(kNote);
     }
     bool HasInkAt(int viewRow) {
@@ -82,7 +82,7 @@ TEST_F(Scroll, ArrowKeysScrollByPagesUpAndDownByLinesLeftAndRight) {
         Then([this, press] { Desk().Press(press.first); });
         Then([this, press] { EXPECT_EQ(State().position, press.second); });
     }
-    Close();
+    Then(Close());
     Run(kNote);
 }
 
@@ -181,7 +181,7 @@ TEST_F(Scroll, ACommandEndsTheWaitOfTheWriter) {
     Then([this] { EXPECT_EQ(State().position, 0); });
     tapAtTheFoot(platform::kIdOk);
     thenWait();
-    AcceptName();
+    Then(Close());
     Run(note);
     EXPECT_EQ(ReadBack(note)->SlotCount(), 1u);
     EXPECT_EQ(ReadBack(L"\\Ink\\Ink 2007-03-05.ikw")->SlotCount(), 1u);
@@ -201,7 +201,7 @@ TEST_F(Scroll, WritingAtTheEndOfAllNumbersIsRefused) {
         Desk().PenUp({80, 140});
         Desk().Scroll(ScrollCode::Top);
     });
-    Close();
+    Then(Close());
     Run(kNote);
     const auto page = ReadBack(kNote);
     ASSERT_EQ(page->SlotCount(), 1u);

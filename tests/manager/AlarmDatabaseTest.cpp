@@ -100,7 +100,7 @@ TEST_F(AlarmDatabase, TheAlarmsBranchListsTitlesByTime) {
         Desk().Command(IDM_DELETE);
         EXPECT_EQ(device.notifications.size(), 3u);
         EXPECT_THAT(Tree().Texts({L"Alarms  (2 found) "}), ElementsAre(L"3/15/2007 8:45:00 PM, Call Ann"));
-        ChooseEntry(L"Refresh");
+        hand.ChooseEntries({L"Refresh"});
         Tree().Hold({L"Alarms  (2 found) "});
     });
     Then([this] {
@@ -116,7 +116,7 @@ TEST_F(AlarmDatabase, TheAlarmsBranchListsTitlesByTime) {
 
 TEST_F(AlarmDatabase, AnAlarmIsSetFromTheManager) {
     PutNote(L"Work\\a.ikw");
-    ChooseEntry(L"Set Alarm...");
+    hand.ChooseEntries({L"Set Alarm..."});
     for (const bool fails : {false, true}) {
         Then([this, fails] {
             device.notificationsFail = fails;

@@ -106,7 +106,7 @@ TEST_F(Calendar, AnEmptyDayBeginsAReminderAndAGreyDayShowsItsMonth) {
         Desk().Stroke({{30, 100}});
         Desk().Command(platform::kIdOk);
     });
-    AcceptName();
+    Then(Close());
     Then([this] {
         EXPECT_TRUE(Has(L"Reminders\\2007-03-09\\Reminder 2007-03-09.ikw"));
         Tap(0, 0);

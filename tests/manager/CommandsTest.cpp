@@ -22,7 +22,7 @@ TEST_F(Commands, TheHeaderTellsTheRoomThatIsLeft) {
     };
     Then([this, look] {
         look();
-        ChooseEntry(L"Copy To \\Storage Card");
+        hand.ChooseEntries({L"Copy To \\Storage Card"});
         Tree().Hold({L"Notes", L"Work  (2 found) "});
     });
     Then([this, look] {
@@ -99,7 +99,7 @@ TEST_F(Commands, NotesAreOpenedAndMadeFromTheTree) {
         EXPECT_EQ(Selected(), L"a");
         Desk().Command(IDM_ADD_NOTE);
     });
-    Close();
+    Then(Close());
     Then([this, &lists] {
         EXPECT_EQ(lists, 0) << "nothing was written";
         EXPECT_EQ(Selected(), L"a");
@@ -109,7 +109,7 @@ TEST_F(Commands, NotesAreOpenedAndMadeFromTheTree) {
         Desk().Stroke({{30, 100}});
         Desk().Command(platform::kIdOk);
     });
-    AcceptName();
+    Then(Close());
     Then([this, &lists] {
         EXPECT_EQ(lists, 1);
         EXPECT_EQ(Selected(), L"Work 2007-03-05");
@@ -129,8 +129,8 @@ TEST_F(Commands, NotesAreOpenedAndMadeFromTheTree) {
         Desk().Stroke({{30, 100}});
         Desk().Command(IDM_NEW_NOTE);
     });
-    AcceptName();
-    Close();
+    Then(Close());
+    Then(Close());
     Then([this] { EXPECT_EQ(Selected(), L"Work  (2 found) ") << "one note was left behind"; });
     RunManager(NotePath());
 }
@@ -142,7 +142,7 @@ TEST_F(Commands, RemindersComeAndGoWithTheirDays) {
     };
     Then([this] { Desk().Command(IDM_ADD_NOTE); });
     Then(pickDay);
-    Close();
+    Then(Close());
     Then([this] {
         EXPECT_FALSE(Has(L"Reminders\\2007-04-02")) << "nothing was written";
         EXPECT_EQ(Selected(), L"Reminders");
@@ -153,7 +153,7 @@ TEST_F(Commands, RemindersComeAndGoWithTheirDays) {
         Desk().Stroke({{30, 100}});
         Desk().Command(platform::kIdOk);
     });
-    AcceptName();
+    Then(Close());
     Then([this] {
         EXPECT_EQ(Selected(), L"Reminder 2007-04-02");
         EXPECT_THAT(Tree().Texts({L"Reminders"}), ElementsAre(L"Monday, April 2, 2007  (1 found) "));
@@ -176,7 +176,7 @@ TEST_F(Commands, RemindersComeAndGoWithTheirDays) {
 TEST_F(Commands, OptionsHoldInTheCalendarAtOnceAndInTheNextEditor) {
     Then([this] {
         Desk().Command(IDM_CALENDAR);
-        ChooseEntry(L"Options...");
+        hand.ChooseEntries({L"Options..."});
         Desk().Command(IDM_MANAGER_TOOLS);
         EXPECT_EQ(Window().Month().Grid().At(0, 0).day, 23);
         Desk().Command(IDM_CALENDAR);
@@ -196,19 +196,19 @@ TEST_F(Commands, OptionsHoldInTheCalendarAtOnceAndInTheNextEditor) {
         EXPECT_THAT(inked, testing::AllOf(testing::Ge(6), testing::Le(8))) << "six pixels wide";
         Desk().Command(platform::kIdOk);
     });
-    AcceptName();
+    Then(Close());
     RunManager();
 }
 
 TEST_F(Commands, AnotherStorageBecomesTheRoot) {
     device.files.PutFolder(L"\\Storage Card");
     Then([this] {
-        ChooseEntry(L"Storage Card");
+        hand.ChooseEntries({L"Storage Card"});
         Desk().Command(IDM_MANAGER_TOOLS);
         EXPECT_EQ(Window().Folders().RootPrefix(), L"\\Storage Card\\Inkwright\\");
         EXPECT_TRUE(device.files.Has(L"\\Storage Card\\Inkwright\\Reminders"));
         Desk().chosenFolder = L"\\Elsewhere\\";
-        ChooseEntry(L"Other Folder...");
+        hand.ChooseEntries({L"Other Folder..."});
         Desk().Command(IDM_MANAGER_TOOLS);
         EXPECT_EQ(Window().Folders().RootPrefix(), L"\\Elsewhere\\");
     });
@@ -222,7 +222,7 @@ TEST_F(Commands, APlaceThatCannotHoldTheStoreLeavesItWhereItIs) {
     const std::wstring tooLong = L"\\" + std::wstring(259, L'a');
     Then([this, tooLong] {
         const std::wstring before = Window().Folders().RootPrefix();
-        ChooseEntry(L"Other Folder...");
+        hand.ChooseEntries({L"Other Folder..."});
         for (const std::wstring& folder :
              {std::wstring(L"\\"), tooLong, std::wstring(L"\\Storage Card\\Ink")}) {
             Desk().chosenFolder = folder;

@@ -26,7 +26,7 @@ class ManagerTest : public DeskTest {
         store::PenSettings pen = store::LoadPenSettings();
         manager::ManagerWindow window(pen, path);
         window_ = &window;
-        Close();
+        Then(Close());
         window.RunModal(nullptr);
         EXPECT_FALSE(Desk().StepWaiting());
         window_ = nullptr;
@@ -36,31 +36,10 @@ class ManagerTest : public DeskTest {
     platform::ToolBar& Tools() { return window_->Tools(); }
     std::wstring Selected() { return window_->Tree().Text(window_->Tree().Selection()); }
 
-    // Chooses the entries with these texts, one from each menu that shows next and the last from all further
-    // ones, and remembers all entries' texts of the last menu (greyed ones in brackets, separators as "-").
-    void ChooseEntries(const Path& texts) {
-        Desk().chooseFromMenu = [this, texts, menus = size_t{0}](const auto& items) mutable {
-            menu_.clear();
-            return FindEntry(items, texts[std::min(menus++, texts.size() - 1)]);
-        };
-    }
-    void ChooseEntry(const std::wstring& text) { ChooseEntries({text}); }
-    const std::vector<std::wstring>& Menu() const { return menu_; }
+    const std::vector<std::wstring>& Menu() const { return hand.Menu(); }
 
   private:
-    int FindEntry(const std::vector<platform::PopupMenu::Item>& items, const std::wstring& text) {
-        int command = 0;
-        for (const platform::PopupMenu::Item& item : items) {
-            const bool isSeparator = item.text.empty();
-            menu_.push_back(isSeparator ? L"-" : item.enabled ? item.text : L"(" + item.text + L")");
-            if (item.text == text && item.command != 0) command = item.command;
-            if (item.submenu != nullptr && command == 0) command = FindEntry(item.submenu->Items(), text);
-        }
-        return command;
-    }
-
     manager::ManagerWindow* window_ = nullptr;
-    std::vector<std::wstring> menu_;
 };
 
 // A store of the folders Home and Work; in Work a note "a" with its memo.
@@ -75,7 +54,7 @@ class WorkTest : public ManagerTest {
     std::wstring LastMessage() { return Desk().messages.empty() ? L"" : Desk().messages.back().text; }
     void ThenChoose(const Path& path, const std::wstring& entry) {
         Then([this, path, entry] {
-            ChooseEntry(entry);
+            hand.ChooseEntries({entry});
             Tree().Hold(path);
         });
     }

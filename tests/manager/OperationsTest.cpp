@@ -42,7 +42,7 @@ TEST_F(Operations, MenusByKindOfNode) {
                    {L"Open", L"-", L"Rename", L"Delete", L"-", L"Text Memo...", L"Set Alarm...", L"-",
                     L"Change Date...", L"Move To Folder..."}},
               Case{{L"Alarms"}, {L"Refresh"}}}) {
-            ChooseEntry(L"nothing");
+            hand.ChooseEntries({L"nothing"});
             Tree().Hold(c.path);
             EXPECT_EQ(Menu(), c.menu);
         }
@@ -88,7 +88,7 @@ TEST_F(Operations, AReminderGoesToAFolderOnlyOnceFoldersAreListed) {
 
 TEST_F(Operations, ANoteMovesWithItsMemoAndAlarms) {
     Then([this] {
-        ChooseEntries({L"Change Folder...", L"Home"});
+        hand.ChooseEntries({L"Change Folder...", L"Home"});
         Tree().Hold(kNotePathInTree);
     });
     Then([this] { EXPECT_EQ(Selected(), L"a"); });
@@ -269,7 +269,7 @@ TEST_F(Operations, AFolderMovesButNotIntoItself) {
     PutNote(L"Work\\Deep\\d.ikw");
     alarms::SetNoteAlarm(std::wstring(kRoot) + L"Work\\deep\\D.ikw", {2007, 3, 4, 15, 20, 0, 0, 0});
     Then([this] {
-        ChooseEntries({L"Move Folder", L"Home"});
+        hand.ChooseEntries({L"Move Folder", L"Home"});
         Tree().Hold({L"Notes", L"Work  (1 found) "});
     });
     Then([this] {
@@ -287,7 +287,7 @@ TEST_F(Operations, AFolderMovesButNotIntoItself) {
 TEST_F(Operations, AReservedNameStaysDeeperDown) {
     PutNote(L"Work\\Temp\\d.ikw");
     Then([this] {
-        ChooseEntries({L"Move Folder", L"Notes"});
+        hand.ChooseEntries({L"Move Folder", L"Notes"});
         Tree().Hold({L"Notes", L"Work", L"Temp  (1 found) "});
     });
     RunManager(std::wstring(kRoot) + L"Work\\Temp\\");
@@ -302,7 +302,7 @@ TEST_F(Operations, FoldersOfAnyDepthCanBePicked) {
     for (int level = 2; level <= 14; ++level) deep += L"\\L" + std::to_wstring(level);
     device.files.PutFolder(kRoot + deep);
     Then([this] {
-        ChooseEntries(
+        hand.ChooseEntries(
             {L"Change Folder...", L"L6...", L"L12...", L"Back", L"Back", L"L6...", L"L12...", L"L14"});
         Tree().Hold(kNotePathInTree);
     });
@@ -316,7 +316,7 @@ TEST_F(Operations, ManyFoldersAreReadInParts) {
     }
     int lists = 0;
     Then([this, &lists] {
-        ChooseEntries({L"Change Folder...", L"F999...", L"In 999"});
+        hand.ChooseEntries({L"Change Folder...", L"F999...", L"In 999"});
         device.files.fault = [&lists](platform::host::FileCall call, const std::wstring&) {
             lists += call == platform::host::FileCall::List ? 1 : 0;
             return platform::FileError::None;
@@ -333,7 +333,7 @@ TEST_F(Operations, CopyingToACard) {
     device.files.Put(L"\\Storage Card\\Inkwright\\Work\\a.ikw", "older");
     Desk().answers = {MessageAnswer::Yes};
     Then([this] {
-        ChooseEntry(L"Copy To \\Storage Card");
+        hand.ChooseEntries({L"Copy To \\Storage Card"});
         Tree().Hold({L"Notes", L"Work  (1 found) "});
         EXPECT_THAT(Menu(), testing::Contains(L"(Copy To \\My Documents)"));
         Desk().Settle();

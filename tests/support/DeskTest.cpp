@@ -6,7 +6,7 @@
 
 namespace testing_support {
 
-DeskTest::DeskTest() { device.desk.screen = {240, 320}; }
+DeskTest::DeskTest() : Steps(hand), hand(device) { device.desk.screen = {240, 320}; }
 
 DeskTest::~DeskTest() {
     EXPECT_THAT(device.desk.problems, testing::IsEmpty());
@@ -15,15 +15,8 @@ DeskTest::~DeskTest() {
 
 ink::PixelSurface DeskTest::Shown() { return Desk().Top()->Handle()->shown.Surface(); }
 
-void DeskTest::Close() {
-    Then([this] { Desk().Command(platform::kIdOk); });
-}
-
-void DeskTest::AcceptName() {
-    Then([this] { Desk().Command(platform::kIdOk); });
-}
-
-void DeskTest::Run(const std::wstring& commandLine) {
+void DeskTest::Run(const std::wstring& commandLine, const Script& script) {
+    Play(script);
     platform::RunProgram(commandLine);
     EXPECT_FALSE(Desk().StepWaiting()) << "the program ended before the script did";
 }

@@ -11,11 +11,12 @@
 #include "ink/InkPage.h"
 #include "platform/Dialog.h"
 #include "platform/host/HostDevice.h"
+#include "tests/support/DeskHand.h"
 
 namespace testing_support {
 
 // A classic handheld: 240 x 320, so a view of 224 x 268.
-class DeskTest : public testing::Test {
+class DeskTest : public testing::Test, public Steps {
   protected:
     DeskTest();
     ~DeskTest() override;
@@ -24,16 +25,14 @@ class DeskTest : public testing::Test {
     void Then(std::function<void()> step) { device.desk.Then(std::move(step)); }
     // What the window on top shows.
     ink::PixelSurface Shown();
-    void Close();  // a step: the window's OK
-    // A step that accepts the proposed name in the Save As dialog.
-    void AcceptName();
-    // Runs the program with the script so far.
-    void Run(const std::wstring& commandLine);
+    // Runs the program with the script so far, and then this one.
+    void Run(const std::wstring& commandLine, const Script& script = {});
 
     // The note file as a page with the given band height; its `modified` is set when it can't be read.
     std::unique_ptr<ink::InkPage> ReadBack(const std::wstring& path, int32_t bandHeight = 268);
 
     platform::host::HostDevice device;
+    DeskHand hand;
 };
 
 // Page points of all records of a slot, joined.

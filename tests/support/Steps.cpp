@@ -1,0 +1,59 @@
+#include "tests/support/Steps.h"
+
+#include <gtest/gtest.h>
+
+namespace testing_support {
+
+void Steps::Play(const Script& script) {
+    for (const Step& step : script) hand_.Then(step);
+}
+
+Step Steps::Write(const std::vector<platform::Point>& points) {
+    return [this, points] {
+        hand_.PenDown(points.front());
+        for (size_t i = 1; i < points.size(); ++i) hand_.PenMove(points[i]);
+        hand_.PenUp(points.back());
+    };
+}
+
+Step Steps::Press(int id) {
+    return [this, id] { hand_.PressButton(id); };
+}
+
+Step Steps::Press(platform::Key key) {
+    return [this, key] { hand_.PressKey(key); };
+}
+
+Step Steps::TypeInto(int item, const std::wstring& text) {
+    return [=] { hand_.TypeInto(item, text); };
+}
+
+Step Steps::Picked(const std::vector<std::wstring>& texts) {
+    return [this, texts] { hand_.ChooseEntries(texts); };
+}
+
+Step Steps::ExpectTitle(const std::wstring& title) {
+    return [this, title] {
+        ASSERT_NE(hand_.Top(), nullptr);
+        EXPECT_EQ(hand_.Top()->Title(), title);
+    };
+}
+
+Step Steps::ExpectBox(const std::wstring& text, const std::wstring& caption, platform::MessageAnswer answer) {
+    return [=] {
+        expected_.push_back({text, caption});
+        hand_.Answer(answer);
+    };
+}
+
+void Steps::CheckBoxes() {
+    const std::vector<SeenBox> seen = hand_.Boxes();
+    for (size_t i = 0; i < std::max(seen.size(), expected_.size()); ++i) {
+        const SeenBox shown = i < seen.size() ? seen[i] : SeenBox{};
+        const SeenBox wanted = i < expected_.size() ? expected_[i] : SeenBox{};
+        EXPECT_EQ(shown.text, wanted.text);
+        EXPECT_EQ(shown.caption, wanted.caption);
+    }
+}
+
+}  // namespace testing_support
