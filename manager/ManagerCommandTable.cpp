@@ -45,9 +45,9 @@ const ManagerWindow::Command ManagerWindow::kCommands[] = {
 
 Situation ManagerWindow::Now() const {
     Situation now;
-    now.calendarMode = calendarMode_;
-    now.showsCurrentMonth = calendarMode_ && month_.ShowsCurrentMonth();
-    now.kind = calendarMode_ ? NodeKind::None : folders_.SelectedKind();
+    now.calendarMode = calendar_.IsUp();
+    now.showsCurrentMonth = calendar_.IsUp() && calendar_.ShowsCurrentMonth();
+    now.kind = calendar_.IsUp() ? NodeKind::None : folders_.SelectedKind();
     now.hasFolders = tree_.FirstChild(folders_.NotesTop()) != 0;
     return now;
 }
@@ -79,7 +79,7 @@ void ManagerWindow::UpdateTools() {
     for (const Command& command : kCommands) {
         if (command.isPossible != nullptr) Tools().SetEnabled(command.id, command.isPossible(now));
     }
-    Tools().SetPressed(IDM_CALENDAR, calendarMode_);
+    Tools().SetPressed(IDM_CALENDAR, calendar_.IsUp());
 }
 
 bool ManagerWindow::OnShortcut(wchar_t letter) {

@@ -45,7 +45,7 @@ void ManagerWindow::Edit(const editor::InkCanvas::Opening& opening) {
     if (canvas.StoreChanged() || isNew || isGone) ReadFolderAgain(path);
     folders_.ShowMemoMark(tree_.Selection());
     RedrawStrip();
-    if (calendarMode_) ShowMonth(month_.Grid().Year(), month_.Grid().Month());
+    calendar_.Refresh(SelectedDay());
 }
 
 // What the editor did to the store shows in the folder of its note; other branches stay as they are.
@@ -77,7 +77,7 @@ void ManagerWindow::AddReminder(const store::DayFolder& day) {
 }
 
 std::optional<store::DayFolder> ManagerWindow::AskForDay() {
-    DatePickerDialog picker(firstDayOfWeek_);
+    DatePickerDialog picker(calendar_.FirstDayOfWeek());
     if (picker.RunModal(this) != platform::kIdOk) return std::nullopt;
     return store::DayFolder(picker.Day());
 }
@@ -280,9 +280,9 @@ void ManagerWindow::ShowToolsMenu() {
 void ManagerWindow::ShowOptions() {
     if (!options::COptPageDlg().RunModal(*this)) return;
     store::LoadPen(pen_);
-    ReadFirstDayOfWeek();
+    calendar_.ReadFirstDayOfWeek();
     RedrawStrip();
-    if (calendarMode_) ShowMonth(month_.Grid().Year(), month_.Grid().Month());
+    calendar_.Refresh(SelectedDay());
 }
 
 void ManagerWindow::ShowAbout() {

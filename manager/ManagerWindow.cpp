@@ -1,6 +1,7 @@
 #include "manager/ManagerWindow.h"
 
 #include "app/store/Settings.h"
+#include "app/store/StoreListing.h"
 #include "app/store/StorePaths.h"
 #include "manager/ManagerTools.h"
 #include "manager/StripImages.h"
@@ -15,9 +16,6 @@ namespace manager {
 namespace {
 
 using platform::TreeItem;
-
-constexpr ink::ColorRef kMaskColor = ink::MakeColor(0, 255, 0);
-constexpr int kImageSize = 16;
 
 // A store that lies around `path`: everything up to a folder named like the program's own. Empty for none.
 std::wstring StoreAround(const std::wstring& path) {
@@ -38,23 +36,21 @@ ManagerWindow::ManagerWindow(store::PenSettings& pen, const std::wstring& path)
     : Screen(ScrollBar::None),
       pen_(pen),
       pendingPath_(path),
-      folders_(tree_),
-      strip_(pen, images_),
-      month_(images_) {}
+      treePane_(pen, images_),
+      calendar_(*this, images_) {}
 
 bool ManagerWindow::OnCreate() {
     const platform::WaitCursor wait;
     SetTitle(L"Inkwright");
     CreateMenuBar(ManagerToolBarLayout());
-    images_ = platform::ImageList::FromResource(IDB_TREE_IMAGES, kImageSize, kMaskColor);
-    const platform::TreeView::Images images{IDB_TREE_IMAGES, kImageSize, kMaskColor, kMemoOverlayImage};
-    if (!tree_.Create(*this, IDC_TREE, {0, 0, 1, 1}, images, *this)) {
+    images_ = platform::ImageList::FromResource(IDB_TREE_IMAGES, kStripImageSize, kStripMask);
+    if (!treePane_.Create(*this, *this)) {
         platform::ShowOutOfMemory(this);
         EndModal(-1);
         return false;
     }
-    ReadFirstDayOfWeek();
-    calendarMode_ = store::Settings::Number(store::SettingId::ViewCalMode) != 0;
+    calendar_.ReadFirstDayOfWeek();
+    calendar_.BeginUp(store::Settings::Number(store::SettingId::ViewCalMode) != 0);
     const std::wstring configured = store::ConfiguredRoot();
     const bool isElsewhere = !pendingPath_.empty() && !IsBelow(pendingPath_, store::RootPrefix());
     const std::wstring around = isElsewhere ? StoreAround(pendingPath_) : std::wstring();
@@ -64,15 +60,15 @@ bool ManagerWindow::OnCreate() {
 }
 
 void ManagerWindow::OnDestroy() {
-    store::Settings().Write(store::SettingId::ViewCalMode, calendarMode_ ? 1u : 0u);
+    store::Settings().Write(store::SettingId::ViewCalMode, calendar_.IsUp() ? 1u : 0u);
 }
 
 void ManagerWindow::OnPaint() {
     ShowAt(header_.Picture(), {0, 0});
-    if (calendarMode_) {
-        ShowAt(month_.Picture(), {0, HeaderBar::Height()});
+    if (calendar_.IsUp()) {
+        ShowAt(calendar_.Picture(), calendar_.PicturePlace());
     } else {
-        ShowAt(strip_.Picture(), {0, ClientHeight() - PreviewStrip::kHeight});
+        ShowAt(treePane_.Picture(), treePane_.PicturePlace());
     }
 }
 
@@ -103,6 +99,7 @@ void ManagerWindow::SetRootFolder(const std::wstring& path) {
     const std::wstring root = UsableRoot(path);
     store::EnsureFolders(root);
     folders_.SetRootPrefix(root + L"\\");
+    calendar_.SetRootPrefix(folders_.RootPrefix());
     platform::MakeFolder(root + L"\\" + store::kRemindersFolder);
     ShowStore(pendingPath_);
     pendingPath_.clear();
@@ -113,13 +110,7 @@ void ManagerWindow::ShowStore(const std::wstring& path) {
     ShowFreeSpace();
     folders_.Rebuild(path);
     RedrawStrip();
-    if (calendarMode_) {
-        if (month_.Grid().Month() == 0) {
-            EnterCalendar();
-        } else {
-            ShowMonth(month_.Grid().Year(), month_.Grid().Month());
-        }
-    }
+    calendar_.Refresh(SelectedDay());
     UpdateTools();
     Invalidate();
 }
@@ -130,14 +121,52 @@ void ManagerWindow::ShowFreeSpace() {
 }
 
 void ManagerWindow::Layout() {
-    const int top = HeaderBar::Height();
-    tree_.Place({0, top, ClientWidth(), ClientHeight() - PreviewStrip::kHeight});
-    tree_.SetVisible(!calendarMode_);
-    if (!calendarMode_) tree_.Focus();
+    const platform::Rect area{0, HeaderBar::Height(), ClientWidth(), ClientHeight()};
+    treePane_.Place(area);
+    calendar_.Place(area);
+    treePane_.SetVisible(!calendar_.IsUp());
+}
+
+// The calendar in the place of the tree, or the other way round.
+
+void ManagerWindow::ToggleCalendar() {
+    if (calendar_.IsUp()) {
+        calendar_.Leave();
+    } else {
+        calendar_.Open(SelectedDay());
+    }
+    treePane_.SetVisible(!calendar_.IsUp());
+    RedrawStrip();
+    UpdateTools();
+}
+
+std::optional<store::DayFolder> ManagerWindow::SelectedDay() const {
+    return folders_.DayOf(folders_.Container(tree_.Selection()));
+}
+
+// In the tree the keys belong to the control, which offers those that it does not use.
+bool ManagerWindow::OnKeyDown(platform::Key key) {
+    return calendar_.IsUp() && (calendar_.PressKey(key) || PressKey(key));
+}
+
+void ManagerWindow::OnCalendarDrawn() {
+    UpdateTools();
+    Invalidate();
+}
+
+// A day with reminders opens in the tree, any other begins one.
+void ManagerWindow::OnCalendarDay(const store::DayFolder& day) {
+    const std::wstring folder = folders_.PathOf(day);
+    if (!store::HoldsNotes(folder)) {
+        AddReminder(day);
+        return ShowFreeSpace();
+    }
+    ToggleCalendar();
+    ShowStore(folder);
 }
 
 void ManagerWindow::RedrawStrip() {
-    strip_.Update(folders_.SelectedNotePath(), ClientWidth());
+    treePane_.DrawStrip();
     Invalidate();
 }
 

@@ -5,17 +5,18 @@
 
 #include "app/store/PenSettings.h"
 #include "editor/InkCanvas.h"
-#include "manager/FolderTree.h"
+#include "manager/CalendarPane.h"
 #include "manager/HeaderBar.h"
-#include "manager/MonthView.h"
-#include "manager/PreviewStrip.h"
 #include "manager/Situation.h"
+#include "manager/TreePane.h"
 #include "platform/Screen.h"
 
 namespace manager {
 
 // The note manager: the tree of the store with a preview of the selected note, or the month calendar.
-class ManagerWindow : public platform::Screen, private platform::TreeView::Events {
+class ManagerWindow : public platform::Screen,
+                      private platform::TreeView::Events,
+                      private CalendarPane::Events {
   public:
     // `path` is what to select first: a note, or a folder ending in "\"; may be empty.
     ManagerWindow(store::PenSettings& pen, const std::wstring& path);
@@ -23,17 +24,13 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     bool OnCreate() override;
     void OnDestroy() override;
     void OnPaint() override;
-    void OnPenDown(platform::Point place) override { pressed_ = place; }
-    void OnPenUp(platform::Point place) override;
+    void OnPenDown(platform::Point place) override { calendar_.PenDown(place); }
+    void OnPenUp(platform::Point place) override { calendar_.PenUp(place); }
     bool OnKeyDown(platform::Key key) override;
     bool OnShortcut(wchar_t letter) override;
     // Does nothing for a command that is not possible now.
     void OnCommand(int id) override;
     void OnTakeOver() override { Close(); }
-
-    const FolderTree& Folders() const { return folders_; }
-    platform::TreeView& Tree() { return tree_; }
-    const MonthView& Month() const { return month_; }
 
   private:
     struct Command;
@@ -53,6 +50,10 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     bool OnTreeKey(platform::Key key) override { return PressKey(key); }
     void OnTreeHold(platform::TreeItem item, platform::Point place) override;
 
+    // Calendar events
+    void OnCalendarDrawn() override;
+    void OnCalendarDay(const store::DayFolder& day) override;
+
     // Commands
     void Close() { EndModal(platform::kIdOk); }
     void AddNote();
@@ -60,9 +61,9 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     void EditTextMemo();
     void Delete();
     void ToggleCalendar();
-    void ShowPreviousMonth() { StepMonth(-1); }
-    void ShowNextMonth() { StepMonth(1); }
-    void ShowCurrentMonth();
+    void ShowPreviousMonth() { calendar_.StepMonth(-1); }
+    void ShowNextMonth() { calendar_.StepMonth(1); }
+    void ShowCurrentMonth() { calendar_.ShowCurrentMonth(); }
     void CreateNewFolder();
     void RenameSelected();
     void MoveSelectedFolder();
@@ -92,30 +93,20 @@ class ManagerWindow : public platform::Screen, private platform::TreeView::Event
     void RenameItem(platform::TreeItem item, const std::wstring& name, store::NodeKind kind);
     void DeleteSelectedFolder(platform::TreeItem item);
     void CountAgain(platform::TreeItem container);
-    void ReadFirstDayOfWeek();
-    void StepMonth(int months);
-    void ShowMonth(int year, int month);
-    void DrawMonth();
-    void MoveCursor(int days);
-    void EnterCalendar();
-    void TapDay(int row, int column);
+    std::optional<store::DayFolder> SelectedDay() const;
     void Layout();
     void RedrawStrip();
     void UpdateTools();
 
     store::PenSettings& pen_;
     std::wstring pendingPath_;
-    platform::TreeView tree_;
-    FolderTree folders_;
     platform::ImageList images_;
     HeaderBar header_;
-    PreviewStrip strip_;
-    MonthView month_;
-    int firstDayOfWeek_ = 0;
-    bool calendarMode_ = false;
-    platform::Point pressed_;    // where the pen came down
+    TreePane treePane_;
+    CalendarPane calendar_;
+    platform::TreeView& tree_ = treePane_.Tree();
+    FolderTree& folders_ = treePane_.Folders();
     platform::Point menuPlace_;  // of the menu whose command runs, handheld screen pixels
-    int cursorDay_ = 1;          // of the shown month: what the keys act on in the calendar
 };
 
 }  // namespace manager

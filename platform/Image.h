@@ -27,7 +27,7 @@ class Image {
 
     // For the ports.
     struct Impl;
-    const Impl* Handle() const { return impl_.get(); }
+    Impl* Handle() const { return impl_.get(); }
 
   private:
     std::unique_ptr<Impl> impl_;

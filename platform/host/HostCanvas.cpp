@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/Canvas.h"
+#include "platform/host/HostImage.h"
 #include "platform/host/HostResources.h"
 
 namespace platform {
@@ -51,6 +52,7 @@ ink::ColorRef ColorOf(SystemColor color) {
 void Canvas::Fill(const Rect& area, ink::ColorRef color) {
     const ink::PixelSurface surface = image_.Surface();
     const Rect inside = Intersect(area, surface.Bounds());
+    if (image_.IsValid()) image_.Handle()->Cover(inside);
     for (int y = inside.top; y < inside.bottom; ++y) {
         std::fill(surface.Row(y) + inside.left, surface.Row(y) + inside.right, ink::PixelOf(color));
     }
@@ -62,6 +64,8 @@ void Canvas::Text(const std::wstring& text, Point topLeft, const Font& font, ink
     bar.top += bar.Height() / 2;
     bar.bottom = bar.top + 1;
     Fill(Intersect(bar, clip), color);
+    const Rect place = Intersect(Offset(TextSize(text, font), topLeft.x, topLeft.y), clip);
+    if (image_.IsValid() && !place.IsEmpty()) image_.Handle()->things.push_back({text, place});
 }
 
 Rect Canvas::TextSize(const std::wstring& text, const Font& font) {
@@ -80,17 +84,12 @@ void Canvas::Draw(const ImageList& images, int index, Point topLeft) {
             if (pixel != list.mask && to.Bounds().Contains(at)) to.Row(at.y)[at.x] = pixel;
         }
     }
+    const Rect place = ink::Offset({0, 0, list.imageSize, list.imageSize}, topLeft.x, topLeft.y);
+    if (image_.IsValid()) image_.Handle()->things.push_back({L"picture " + std::to_wstring(index), place});
 }
 
 void Canvas::Draw(const Image& picture, Point topLeft) {
-    if (!picture.IsValid()) return;
-    const ink::PixelSurface from = picture.Surface();
-    const ink::PixelSurface to = image_.Surface();
-    const Rect target = Intersect(Offset(from.Bounds(), topLeft.x, topLeft.y), to.Bounds());
-    for (int y = target.top; y < target.bottom; ++y) {
-        const uint32_t* row = from.Row(y - topLeft.y) - topLeft.x;
-        std::copy(row + target.left, row + target.right, to.Row(y) + target.left);
-    }
+    host::CopyPicture(picture, {0, 0, picture.Width(), picture.Height()}, image_, topLeft);
 }
 
 }  // namespace platform

@@ -5,6 +5,8 @@
 
 #include "platform/Dialog.h"
 #include "platform/host/HostDevice.h"
+#include "platform/host/HostImage.h"
+#include "platform/host/HostTreeView.h"
 #include "platform/host/HostWindow.h"
 
 namespace platform::host {
@@ -14,12 +16,42 @@ namespace {
 // A window for events that come when none is open; it takes them without effect.
 class NoWindow : public Window {};
 
+std::vector<DrawnThing> ThingsOn(const Window* window) {
+    if (window == nullptr || !window->Handle()->shown.IsValid()) return {};
+    std::vector<DrawnThing> things = window->Handle()->shown.Handle()->things;
+    // A control covers what the window shows below it.
+    const TreeView* tree = window->Handle()->tree;
+    const Rect covered = tree != nullptr && tree->Handle()->visible ? tree->Handle()->place : Rect{};
+    things.erase(std::remove_if(things.begin(), things.end(),
+                                [&covered](const DrawnThing& thing) {
+                                    return Intersect(thing.place, covered) == thing.place;
+                                }),
+                 things.end());
+    std::sort(things.begin(), things.end(), [](const DrawnThing& a, const DrawnThing& b) {
+        return std::pair(a.place.top, a.place.left) < std::pair(b.place.top, b.place.left);
+    });
+    return things;
+}
+
 }  // namespace
 
 Window* HostDesk::Top() const {
     if (open_.empty()) return nullptr;
     Window* page = open_.back()->Handle()->shownPage;
     return page != nullptr ? page : open_.back();
+}
+
+std::vector<std::wstring> HostDesk::Texts() const {
+    std::vector<std::wstring> texts;
+    for (const DrawnThing& thing : ThingsOn(Top())) texts.push_back(thing.text);
+    return texts;
+}
+
+Rect HostDesk::PlaceOf(const std::wstring& text) const {
+    for (const DrawnThing& thing : ThingsOn(Top())) {
+        if (thing.text == text) return thing.place;
+    }
+    return {};
 }
 
 Window& HostDesk::Target() {

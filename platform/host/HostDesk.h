@@ -28,6 +28,10 @@ class HostDesk {
 
     // The modal window on top, of a property sheet the page that is shown; null when none is open.
     Window* Top() const;
+    // What the window on top reads, from top to bottom and from left to right (see HostImage.h), and where
+    // the first of such texts stands; an empty place when it can't be read there.
+    std::vector<std::wstring> Texts() const;
+    Rect PlaceOf(const std::wstring& text) const;
 
     // Events for the window on top.
     void PenDown(Point place);

@@ -1,7 +1,8 @@
-#include <new>
-#include <vector>
+#include "platform/host/HostImage.h"
 
-#include "platform/Image.h"
+#include <algorithm>
+#include <new>
+
 #include "platform/host/HostDevice.h"
 #include "platform/host/HostResources.h"
 
@@ -16,11 +17,12 @@ constexpr int64_t kMostPixels = int64_t{1} << 26;
 
 }  // namespace
 
-struct Image::Impl {
-    int width = 0;
-    int height = 0;
-    std::vector<uint32_t> pixels;
-};
+void Image::Impl::Cover(const ink::Rect& area) {
+    const auto isCovered = [&area](const DrawnThing& thing) {
+        return ink::Intersect(thing.place, area) == thing.place;
+    };
+    things.erase(std::remove_if(things.begin(), things.end(), isCovered), things.end());
+}
 
 Image::Image() = default;
 Image::Image(Image&&) noexcept = default;
@@ -55,6 +57,25 @@ int Image::Height() const { return IsValid() ? impl_->height : 0; }
 ink::PixelSurface Image::Surface() const {
     if (!IsValid()) return {};
     return {impl_->pixels.data(), impl_->width, impl_->height, impl_->width};
+}
+
+void host::CopyPicture(const Image& from, const ink::Rect& source, const Image& to, ink::Point topLeft) {
+    if (!from.IsValid() || !to.IsValid()) return;
+    const ink::PixelSurface pixels = from.Surface();
+    const ink::PixelSurface target = to.Surface();
+    const int dx = topLeft.x - source.left;
+    const int dy = topLeft.y - source.top;
+    const ink::Rect area = Intersect(Offset(Intersect(source, pixels.Bounds()), dx, dy), target.Bounds());
+    for (int y = area.top; y < area.bottom; ++y) {
+        const uint32_t* row = pixels.Row(y - dy) - dx;
+        std::copy(row + area.left, row + area.right, target.Row(y) + area.left);
+    }
+    const std::vector<DrawnThing> copied = from.Handle()->things;
+    to.Handle()->Cover(area);
+    for (const DrawnThing& thing : copied) {
+        const ink::Rect place = Offset(thing.place, dx, dy);
+        if (!Intersect(place, area).IsEmpty()) to.Handle()->things.push_back({thing.text, place});
+    }
 }
 
 }  // namespace platform

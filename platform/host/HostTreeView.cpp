@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/host/HostWindow.h"
+
 namespace platform {
 
 namespace {
@@ -82,10 +84,11 @@ void TreeView::Impl::DropChildren(HostTreeNode& node) {
 TreeView::TreeView() = default;
 TreeView::~TreeView() = default;
 
-bool TreeView::Create(Window&, int, const Rect& place, const Images&, Events& events) {
+bool TreeView::Create(Window& parent, int, const Rect& place, const Images&, Events& events) {
     impl_ = std::make_unique<Impl>();
     impl_->events = &events;
     impl_->place = place;
+    parent.Handle()->tree = this;
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/host/HostDevice.h"
+#include "platform/host/HostImage.h"
 
 namespace platform {
 
@@ -25,27 +26,11 @@ std::wstring Window::Title() const { return impl_->title; }
 void Window::Invalidate() { impl_->needsPaint = true; }
 
 void Window::Show(const Image& image, const Rect& source) {
-    if (!Exists() || !image.IsValid()) return;
-    const Rect all =
-        Intersect(Rect{0, 0, ClientWidth(), ClientHeight()}, Rect{0, 0, image.Width(), image.Height()});
-    const Rect area = Intersect(source, all);
-    const ink::PixelSurface from = image.Surface();
-    const ink::PixelSurface to = impl_->shown.Surface();
-    for (int y = area.top; y < area.bottom; ++y) {
-        std::copy(from.pixels + y * from.stride + area.left, from.pixels + y * from.stride + area.right,
-                  to.pixels + y * to.stride + area.left);
-    }
+    if (Exists()) host::CopyPicture(image, source, impl_->shown, {source.left, source.top});
 }
 
 void Window::ShowAt(const Image& image, Point topLeft) {
-    if (!Exists() || !image.IsValid()) return;
-    const ink::PixelSurface from = image.Surface();
-    const ink::PixelSurface to = impl_->shown.Surface();
-    const Rect target = Intersect(Offset(from.Bounds(), topLeft.x, topLeft.y), to.Bounds());
-    for (int y = target.top; y < target.bottom; ++y) {
-        const uint32_t* row = from.Row(y - topLeft.y) - topLeft.x;
-        std::copy(row + target.left, row + target.right, to.Row(y) + target.left);
-    }
+    if (Exists()) host::CopyPicture(image, {0, 0, image.Width(), image.Height()}, impl_->shown, topLeft);
 }
 
 void Window::ScrollPixels(int dy) {

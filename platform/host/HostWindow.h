@@ -63,6 +63,7 @@ struct Window::Impl {
 
     // Screens
     class ToolBar* tools = nullptr;
+    class TreeView* tree = nullptr;
 
     // Opens a dialog as its template says; false when there is none or memory is short.
     bool OpenTemplate(int templateId);

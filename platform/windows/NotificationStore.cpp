@@ -42,8 +42,9 @@ NotificationStore::NotificationStore() : mutex_(CreateMutexW(nullptr, FALSE, kLo
     // An abandoned lock is a lock: entries are written whole, so whoever died left nothing half done.
     locked_ = waited == WAIT_OBJECT_0 || waited == WAIT_ABANDONED;
     HKEY key = nullptr;
-    const LSTATUS status = RegCreateKeyExW(HKEY_CURRENT_USER, kKeyPath, 0, nullptr, REG_OPTION_NON_VOLATILE,
-                                           KEY_READ | KEY_WRITE, nullptr, &key, nullptr);
+    const LSTATUS status =
+        RegCreateKeyExW(HKEY_CURRENT_USER, kKeyPath.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                        KEY_READ | KEY_WRITE, nullptr, &key, nullptr);
     if (status == ERROR_SUCCESS) key_.reset(key);
 }
 

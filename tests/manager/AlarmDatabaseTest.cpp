@@ -11,6 +11,7 @@ using testing_support::kRoot;
 
 class AlarmDatabase : public testing_support::ManagerTest {
   protected:
+    AlarmDatabase() { device.notifications.clear(); }
     platform::NotificationHandle Put(const std::wstring& arguments, int minute = 0,
                                      const std::wstring& application = platform::ProgramPath()) {
         platform::NotificationTrigger trigger;
@@ -91,53 +92,40 @@ TEST_F(AlarmDatabase, TheAlarmsBranchListsTitlesByTime) {
     Put(L"\"\\Ink\\Bake.ikw\" /alarm", 5);
     Put(L"\"\\Ink\\memo.txt\" /alarm");
     Put(L"\"\\Ink\\.ikw\" /alarm");
-    Then([this] {
-        Tree().Tap({L"Alarms"});
-        EXPECT_EQ(Selected(), L"Alarms  (2 found) ");
-        EXPECT_THAT(Tree().Texts({L"Alarms  (2 found) "}),
-                    ElementsAre(L"3/15/2007 8:05:00 PM, Bake", L"3/15/2007 8:45:00 PM, Call Ann"));
-        Tree().Tap({L"Alarms  (2 found) ", L"3/15/2007 8:05:00 PM, Bake"});
-        Desk().Command(IDM_DELETE);
-        EXPECT_EQ(device.notifications.size(), 3u);
-        EXPECT_THAT(Tree().Texts({L"Alarms  (2 found) "}), ElementsAre(L"3/15/2007 8:45:00 PM, Call Ann"));
-        hand.ChooseEntries({L"Refresh"});
-        Tree().Hold({L"Alarms  (2 found) "});
-    });
-    Then([this] {
-        EXPECT_EQ(Window().Tree().Text(Window().Tree().Parent(
-                      Tree().Find({L"Alarms  (1 found) ", L"3/15/2007 8:45:00 PM, Call Ann"}))),
-                  L"Alarms  (1 found) ");
-        Tree().Tap({L"Notes"});
-        EXPECT_THAT(Tree().Texts(), ElementsAre(L"Notes", L"Reminders", L"Alarms"));
-    });
-    RunManager();
-    EXPECT_THAT(Desk().messages, IsEmpty()) << "an alarm is deleted without a question";
+    const std::wstring bake = L"3/15/2007 8:05:00 PM, Bake";
+    const std::wstring call = L"3/15/2007 8:45:00 PM, Call Ann";
+    RunManager(
+        L"", {Tap(L"Alarms"), ExpectSelected(L"Alarms  (2 found) "), ExpectTree(L"Alarms", {bake, call}),
+              Tap(L"Alarms\\" + bake), ExpectSelected(bake), Press(IDM_DELETE), ExpectTree(L"Alarms", {call}),
+              [this] { EXPECT_EQ(device.notifications.size(), 3u); },
+              ExpectTree(L"", {L"Notes", L"Reminders", L"Alarms  (2 found) "}), Hold(L"Alarms", {L"Refresh"}),
+              ExpectTree(L"", {L"Notes", L"Reminders", L"Alarms  (1 found) "}),
+              Hold(L"Alarms\\" + call, {L"Delete"}), ExpectMenu({L"Delete"}), ExpectTree(L"Alarms", {}),
+              Tap(L"Notes"), ExpectTree(L"", {L"Notes", L"Reminders", L"Alarms"})});
 }
 
 TEST_F(AlarmDatabase, AnAlarmIsSetFromTheManager) {
-    PutNote(L"Work\\a.ikw");
-    hand.ChooseEntries({L"Set Alarm..."});
     for (const bool fails : {false, true}) {
-        Then([this, fails] {
-            device.notificationsFail = fails;
-            Tree().Hold({L"Notes", L"Work  (1 found) ", L"a"}, {-5, 400});
-        });
-        Then([this] {
-            const auto& dialog = dynamic_cast<platform::Dialog&>(*Desk().Top());
-            EXPECT_EQ(dialog.WindowRect().left, 0);
-            EXPECT_EQ(dialog.WindowRect().bottom, 320);
-            Desk().Command(platform::kIdOk);
-        });
+        RunManager(L"Work\\a.ikw",
+                   {[=] { device.notificationsFail = fails; }, Hold(L"Notes\\Work\\a", {L"nothing"}),
+                    [this] {
+                        hand.ChooseEntries({L"Set Alarm..."});
+                        Tree().Hold({L"Notes", L"Work  (1 found) ", L"a"}, {-5, 400});
+                    },
+                    [this] {
+                        auto& dialog = dynamic_cast<platform::Dialog&>(*Desk().Top());
+                        EXPECT_EQ(dialog.WindowRect().left, 0);
+                        EXPECT_EQ(dialog.WindowRect().bottom, 320);
+                        dialog.SetPicked(IDC_ALARM_DATE, {2007, 3, 0, 9, 0, 0, 0, 0});
+                        dialog.SetPicked(IDC_ALARM_TIME, {2007, 1, 0, 1, 16, 45, 0, 0});
+                    },
+                    // The caption of the failure shows the day alone.
+                    fails ? ExpectBox(L"Setting alarm failed!", L" 3/9/2007")
+                          : ExpectBox(L"Alarm is successfully set!", L" 3/9/2007 4:45:00 PM"),
+                    Press(platform::kIdOk)});
     }
-    RunManager(std::wstring(kRoot) + L"Work\\a.ikw");
-    ASSERT_EQ(device.notifications.size(), 1u);
-    EXPECT_EQ(device.notifications.begin()->second.trigger.arguments,
-              L"\"" + std::wstring(kRoot) + L"Work\\a.ikw\" /alarm");
-    EXPECT_EQ(device.notifications.begin()->second.trigger.start.dayOfWeek, 1);
-    ASSERT_EQ(Desk().messages.size(), 2u);
-    EXPECT_EQ(Desk().messages[0].caption, L" 3/5/2007 2:30:00 PM");
-    EXPECT_EQ(Desk().messages[1].text, L"Setting alarm failed!");
-    EXPECT_EQ(Desk().messages[1].caption, L" 3/5/2007") << "the day alone";
+    ASSERT_EQ(Arguments(), Texts{L"\"" + kRoot + L"Work\\a.ikw\" /alarm"});
+    EXPECT_EQ(device.notifications.begin()->second.trigger.start.dayOfWeek, 5);
 }
 
 }  // namespace

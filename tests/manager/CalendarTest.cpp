@@ -1,143 +1,109 @@
-#include "manager/MonthGrid.h"
+// The month calendar. The device's day is the 5th of March 2007, a Monday; its weeks begin on Sunday.
 #include "tests/manager/ManagerRig.h"
 
 namespace {
 
-using manager::MonthGrid;
+using platform::Key;
 using testing_support::kRoot;
-
-TEST(MonthGrid, TheFirstCellFollowsTheFirstDayOfTheWeek) {
-    struct Case {
-        int year, month, firstDayOfWeek;
-        int day, offset;  // of the first cell
-    };
-    // January 2007 began on a Monday, September 2007 on a Saturday, April 2007 on a Sunday.
-    for (const Case& c : {Case{2007, 1, 0, 1, 0}, Case{2007, 1, 6, 31, 1}, Case{2007, 9, 6, 26, -1},
-                          Case{2007, 9, 0, 27, -1}, Case{2007, 4, 6, 1, 0}, Case{2007, 4, 0, 26, -1}}) {
-        MonthGrid grid;
-        grid.Set(c.year, c.month, c.firstDayOfWeek);
-        EXPECT_EQ(grid.At(0, 0).day, c.day) << c.month << " " << c.firstDayOfWeek;
-        EXPECT_EQ(grid.At(0, 0).monthOffset, c.offset);
-    }
-}
-
-TEST(MonthGrid, MonthsAreComparedByTheirNumbersAlone) {
-    MonthGrid grid;
-    grid.Set(2005, 12, 6);
-    const MonthGrid::Cell& january = grid.At(5, 1);
-    EXPECT_EQ(january.day, 2);
-    EXPECT_EQ(january.monthOffset, -1);
-    EXPECT_EQ(grid.FolderOf(january).Name(), L"2005-11-02");
-    EXPECT_EQ(grid.DateAt(5, 1).year, 2006);
-    EXPECT_EQ(grid.DateAt(5, 1).month, 1);
-}
+using testing_support::Script;
+using testing_support::Step;
 
 class Calendar : public testing_support::ManagerTest {
   protected:
-    // The first pixel of a cell of the shown month.
-    platform::Point CornerOf(int row, int column) {
-        const int top = manager::HeaderBar::Height();
-        for (int y = top; y < Window().ClientHeight(); ++y) {
-            for (int x = 0; x < Window().ClientWidth(); ++x) {
-                int r = 0;
-                int c = 0;
-                if (Window().Month().CellAt({x, y - top}, r, c) && r == row && c == column) return {x, y};
-            }
-        }
-        ADD_FAILURE() << "no such cell";
-        return {};
+    Calendar() { device.SetSetting(L"ViewCalMode", 1); }
+
+    // Both lie in one cell, of which a day's number is the top left corner.
+    bool InOneCell(const wchar_t* picture, const wchar_t* day) {
+        const ink::Rect mark = Desk().PlaceOf(picture);
+        const ink::Rect number = Desk().PlaceOf(day);
+        return !mark.IsEmpty() && mark.left > number.left && mark.left < number.left + 240 / 7 &&
+               mark.top >= number.top && mark.top < number.top + 30;
     }
-    void Tap(int row, int column) {
-        const platform::Point corner = CornerOf(row, column);
-        Desk().PenDown({corner.x + 8, corner.y + 8});
-        Desk().PenUp({corner.x + 8, corner.y + 8});
+    // Whether the outline of the keys' day goes around the first cell with this number.
+    bool IsOutlined(const wchar_t* day) {
+        const ink::Rect number = Desk().PlaceOf(day);
+        return Shown().Row(number.top + 1)[number.left - 3] == 0x202020;
     }
-    bool IsOutlined(int row, int column) {
-        const platform::Point corner = CornerOf(row, column);
-        return Shown().Row(corner.y + 2)[corner.x + 2] == 0x202020;
-    }
-    void ThenOpenCalendar() {
-        Then([this] { Desk().Command(IDM_CALENDAR); });
+    Step ExpectMonth(const std::wstring& title) { return ExpectText(title + L"  "); }
+    Script Enter(const std::vector<Key>& keys, const std::wstring& title) {
+        Script script;
+        for (const Key key : keys) script.push_back(Press(key));
+        script.insert(script.end(), {Press(Key::Enter), ExpectTitle(title + L" - Inkwright"), Close()});
+        return script;
     }
 };
 
 TEST_F(Calendar, StepsThroughTheMonthsAndRemembersTheMode) {
-    ThenOpenCalendar();
-    Then([this] {
-        EXPECT_TRUE(Tools().IsPressed(IDM_CALENDAR));
-        EXPECT_FALSE(Tools().IsEnabled(IDM_CURRENT_MONTH));
-        EXPECT_TRUE(IsOutlined(1, 1) && !IsOutlined(0, 4)) << "today, not the first";
-        EXPECT_FALSE(Tools().IsEnabled(IDM_ADD_NOTE));
-        Desk().Command(IDM_PREVIOUS_MONTH);
-        Desk().Command(IDM_PREVIOUS_MONTH);
-        Desk().Command(IDM_PREVIOUS_MONTH);
-        EXPECT_EQ(Window().Month().Grid().Year(), 2006);
-        EXPECT_EQ(Window().Month().Grid().Month(), 12);
-        EXPECT_TRUE(Tools().IsEnabled(IDM_CURRENT_MONTH));
-        Desk().Command(IDM_NEXT_MONTH);
-        EXPECT_EQ(Window().Month().Grid().Month(), 1);
-        Desk().Command(IDM_CURRENT_MONTH);
-        EXPECT_EQ(Window().Month().Grid().Month(), 3);
-    });
-    RunManager();
+    const auto expectTools = [this](bool isCurrent) {
+        return [=] {
+            EXPECT_TRUE(Tools().IsPressed(IDM_CALENDAR));
+            EXPECT_EQ(Tools().IsEnabled(IDM_CURRENT_MONTH), !isCurrent);
+            EXPECT_FALSE(Tools().IsEnabled(IDM_ADD_NOTE));
+            EXPECT_FALSE(TreeControl().Handle()->visible);
+        };
+    };
+    RunManager(L"", {ExpectMonth(L"March 2007"), expectTools(true), Press(IDM_PREVIOUS_MONTH),
+                     Press(IDM_PREVIOUS_MONTH), ExpectMonth(L"January 2007"), Press(IDM_PREVIOUS_MONTH),
+                     ExpectMonth(L"December 2006"), expectTools(false), Press(IDM_NEXT_MONTH),
+                     ExpectMonth(L"January 2007"), Press(IDM_CURRENT_MONTH), ExpectMonth(L"March 2007")});
     EXPECT_EQ(device.NumberSetting(L"ViewCalMode"), 1u);
-    Then([this] { EXPECT_TRUE(Tools().IsPressed(IDM_CALENDAR)); });
-    ThenOpenCalendar();
-    RunManager();
+    RunManager(L"", {Press(IDM_CALENDAR), ExpectNoText(L"March 2007  "), [this] {
+                         EXPECT_FALSE(Tools().IsPressed(IDM_CALENDAR));
+                         EXPECT_TRUE(TreeControl().Handle()->visible);
+                     }});
     EXPECT_EQ(device.NumberSetting(L"ViewCalMode"), 0u);
 }
 
-TEST_F(Calendar, ADayWithRemindersOpensInTheTree) {
-    PutNote(L"Reminders\\2007-03-08\\r.ikw");
-    ThenOpenCalendar();
-    Then([this] { Tap(1, 4); });  // Sunday first: the 4th begins the second row
-    Then([this] {
-        EXPECT_EQ(Selected(), L"Thursday, March 8, 2007  (1 found) ");
-        EXPECT_FALSE(Tools().IsPressed(IDM_CALENDAR));
-    });
-    RunManager();
+TEST_F(Calendar, OpensOnTheMonthOfTheSelectedDay) {
+    for (const auto& [folder, title] :
+         {std::pair{L"2005-07-08", L"July 2005"}, {L"2005-13-08", L"March 2007"}}) {
+        PutNote(std::wstring(L"Reminders\\") + folder + L"\\r.ikw");
+        RunManager(std::wstring(L"Reminders\\") + folder + L"\\r.ikw",
+                   {ExpectMonth(title), Press(IDM_CALENDAR), Press(IDM_CALENDAR), ExpectMonth(title)});
+    }
 }
 
-TEST_F(Calendar, AnEmptyDayBeginsAReminderAndAGreyDayShowsItsMonth) {
-    ThenOpenCalendar();
-    Then([this] { Tap(1, 5); });
-    Then([this] {
-        EXPECT_EQ(Desk().Top()->Title(), L"Friday, 3/9/2007 - Inkwright");
-        Desk().Stroke({{30, 100}});
-        Desk().Command(platform::kIdOk);
-    });
-    Then(Close());
-    Then([this] {
-        EXPECT_TRUE(Has(L"Reminders\\2007-03-09\\Reminder 2007-03-09.ikw"));
-        Tap(0, 0);
-        EXPECT_EQ(Window().Month().Grid().Month(), 2);
-    });
-    RunManager();
+// Grey days are told by month numbers alone: in December the January days count as November's.
+TEST_F(Calendar, MarksDaysWithNotesAndToday) {
+    for (const wchar_t* day : {L"2007-03-02", L"2007-03-08"})
+        PutNote(std::wstring(L"Reminders\\") + day + L"\\r.ikw");
+    RunManager(L"", {[this] {
+                         EXPECT_TRUE(InOneCell(L"picture 8", L"2")) << "past";
+                         EXPECT_TRUE(InOneCell(L"picture 7", L"8")) << "to come";
+                         EXPECT_TRUE(InOneCell(L"picture 9", L"5")) << "today";
+                         EXPECT_EQ(Shown().Row(Desk().PlaceOf(L"25").top)[1], 0xC0C0C0u) << "February's";
+                         EXPECT_EQ(Shown().Row(Desk().PlaceOf(L"14").top)[Desk().PlaceOf(L"14").left],
+                                   0xFFFFFFu);
+                         EXPECT_EQ(Desk().PlaceOf(L"14").left - Desk().PlaceOf(L"13").left, 240 / 7);
+                         EXPECT_LT(Desk().PlaceOf(L"Sun").left, Desk().PlaceOf(L"Mon").left);
+                     },
+                     Press(IDM_PREVIOUS_MONTH), ExpectNoText(L"picture 9")});
+    device.now = {2005, 12, 4, 15, 0, 0, 0, 0};
+    PutNote(L"Reminders\\2005-11-06\\r.ikw");
+    RunManager(L"", {[this] {
+                   EXPECT_GT(Desk().PlaceOf(L"picture 8").top, Desk().PlaceOf(L"28").top)
+                       << "on the 6th of January";
+               }});
 }
 
-// As the calendar opens, for another month, and not at all for a step within the month.
-TEST_F(Calendar, EachDayIsLookedUpOnce) {
-    device.SetSetting(L"ViewCalMode", 1);
-    int lookUps = 0;
-    device.files.fault = [&lookUps](platform::host::FileCall call, const std::wstring& path) {
-        const bool isDay = path.find(L"\\Reminders\\") != std::wstring::npos;
-        if (call == platform::host::FileCall::List && isDay) ++lookUps;
-        return platform::FileError::None;
-    };
-    Then([this, &lookUps] {
-        EXPECT_EQ(lookUps, 42);
-        Desk().Command(IDM_NEXT_MONTH);
-        EXPECT_EQ(lookUps, 2 * 42);
-        Desk().Press(platform::Key::Right);
-        EXPECT_EQ(lookUps, 2 * 42);
-    });
-    RunManager();
+TEST_F(Calendar, TapsOnDays) {
+    PutNote(L"Reminders\\2007-03-20\\r.ikw");
+    RunManager(L"", {TapText(L"9"), ExpectTitle(L"Friday, 3/9/2007 - Inkwright"), Write({{30, 100}}), Close(),
+                     Close(), [this] { EXPECT_TRUE(Has(L"Reminders\\2007-03-09\\Reminder 2007-03-09.ikw")); },
+                     [this] { EXPECT_TRUE(InOneCell(L"picture 7", L"9") && IsOutlined(L"9")); },
+                     TapText(L"25"),  // grey: it shows its month
+                     ExpectMonth(L"February 2007"), Press(IDM_NEXT_MONTH),
+                     [this] {
+                         const ink::Rect cell = Desk().PlaceOf(L"12");
+                         Desk().PenDown({cell.left, cell.top});
+                         Desk().PenUp({cell.left + 240 / 7, cell.top});  // lifted in the next cell: no tap
+                     },
+                     ExpectTitle(L"Inkwright"), TapText(L"20"), ExpectNoText(L"March 2007  "),
+                     ExpectSelected(L"Tuesday, March 20, 2007  (1 found) ")});
 }
 
-// The device's day is the 5th of March 2007, a Monday. Enter begins a reminder on the day that the keys are
-// at.
+// Enter begins a reminder on the day that the keys are at, where there is none.
 TEST_F(Calendar, KeysGoFromDayToDay) {
-    using platform::Key;
     struct Case {
         std::vector<Key> keys;
         const wchar_t* day;
@@ -146,38 +112,36 @@ TEST_F(Calendar, KeysGoFromDayToDay) {
                           Case{{Key::Up}, L"Monday, 2/26/2007"}, Case{{Key::PageDown}, L"Sunday, 4/1/2007"},
                           Case{{Key::PageDown, Key::Left}, L"Saturday, 3/31/2007"},
                           Case{{Key::PageDown, Key::Down, Key::PageUp}, L"Monday, 3/5/2007"}}) {
-        ThenOpenCalendar();
-        Then([this, keys = c.keys] {
-            for (const Key key : keys) Desk().Press(key);
-            Desk().Press(Key::Enter);
-        });
-        Then([this, day = c.day] {
-            EXPECT_EQ(Desk().Top()->Title(), day + std::wstring(L" - Inkwright"));
-            Desk().Command(platform::kIdOk);
-        });
-        ThenOpenCalendar();
-        RunManager();
+        RunManager(L"", Enter(c.keys, c.day));
     }
+    RunManager(L"", {Press(Key::Right), [this] { EXPECT_TRUE(IsOutlined(L"6") && !IsOutlined(L"5")); },
+                     Press(Key::Home), Press(Key::F2), ExpectMonth(L"March 2007")});
+}
+
+// As the calendar opens, for another month, and not at all for a step within the month.
+TEST_F(Calendar, EachDayIsLookedUpOnce) {
+    int lookUps = 0;
+    device.files.fault = [&lookUps](platform::host::FileCall call, const std::wstring& path) {
+        const bool isDay = path.find(L"\\Reminders\\") != std::wstring::npos;
+        if (call == platform::host::FileCall::List && isDay) ++lookUps;
+        return platform::FileError::None;
+    };
+    const auto expect = [&lookUps](int count) { return [&lookUps, count] { EXPECT_EQ(lookUps, count); }; };
+    RunManager(L"", {expect(42), Press(IDM_NEXT_MONTH), expect(84), Press(Key::Right), expect(84)});
 }
 
 TEST_F(Calendar, TheFirstDayOfTheWeekIsOneByte) {
-    for (const auto& [setting, first] : {std::pair{256u, 26}, std::pair{262u, 25}, std::pair{7u, 26}}) {
+    for (const auto& [setting, first] :
+         {std::tuple{256u, L"26"}, {262u, L"25"}, {7u, L"26"}, {6u, L"25"}, {1u, L"27"}, {4u, L"23"}}) {
         device.SetSetting(L"FirstDayOfWeek", setting);
-        ThenOpenCalendar();
-        Then([this, first = first] { EXPECT_EQ(Window().Month().Grid().At(0, 0).day, first); });
-        ThenOpenCalendar();
-        RunManager();
+        RunManager(L"", {[this, first = first] {
+                       const auto texts = Desk().Texts();
+                       const auto at = std::find(texts.begin(), texts.end(), first);
+                       ASSERT_NE(at, texts.end());
+                       EXPECT_LT(Desk().PlaceOf(first).left, 240 / 7);
+                       EXPECT_LE(Desk().PlaceOf(first).top, Desk().PlaceOf(L"1").top);
+                   }});
     }
-}
-
-TEST_F(Calendar, OpensOnTheMonthOfTheSelectedDay) {
-    PutNote(L"Reminders\\2005-07-08\\r.ikw");
-    ThenOpenCalendar();
-    Then([this] {
-        EXPECT_EQ(Window().Month().Grid().Year(), 2005);
-        EXPECT_EQ(Window().Month().Grid().Month(), 7);
-    });
-    RunManager(std::wstring(kRoot) + L"Reminders\\2005-07-08\\r.ikw");
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 // Every file operation with each of its file calls failing in turn: what the user is told and what is left.
-#include "alarms/NoteAlarm.h"
 #include "app/store/NoteFiles.h"
 #include "app/store/StorePaths.h"
 #include "manager/StoreOperations.h"
@@ -12,27 +11,9 @@ using platform::MessageAnswer;
 using platform::host::FileCall;
 using testing_support::kRoot;
 
-const std::wstring kWork = kRoot + std::wstring(L"Work\\");
-const std::wstring kHome = kRoot + std::wstring(L"Home\\");
+const std::wstring kWork = kRoot + (L"Work\\");
+const std::wstring kHome = kRoot + (L"Home\\");
 const std::wstring kNote = kWork + L"a.ikw";
-
-// What an operation leaves behind: files below the root, the note that the alarm names, and the failure told.
-std::wstring Left(platform::host::HostDevice& device) {
-    std::wstring text;
-    const size_t prefix = std::wstring(kRoot).size();
-    for (const auto& [key, node] : device.files.Nodes()) {
-        if (!node->isFolder && key.size() > prefix) text += key.substr(prefix) + L" ";
-    }
-    for (const auto& entry : device.notifications) {
-        const std::wstring& arguments = entry.second.trigger.arguments;
-        text += L"| " + arguments.substr(prefix + 1, arguments.size() - prefix - 9);
-    }
-    for (const auto& message : device.desk.messages) {
-        if (message.icon == platform::MessageIcon::Error) text += L"| " + message.text;
-        EXPECT_TRUE(message.icon != platform::MessageIcon::Error || message.caption == L" Error");
-    }
-    return text;
-}
 
 class Faults : public testing_support::ManagerTest {
   protected:
@@ -49,22 +30,30 @@ class Faults : public testing_support::ManagerTest {
             };
             operation();
             device.files.fault = nullptr;
-            outcomes.push_back(Left(device));
+            outcomes.push_back(Store() + Failures());
         }
         return outcomes;
     }
 
   private:
+    void TearDown() override {}  // boxes are part of the outcomes
+    std::wstring Failures() {
+        std::wstring text;
+        for (const auto& message : Desk().messages) {
+            if (message.icon != platform::MessageIcon::Error) continue;
+            EXPECT_EQ(message.caption, L" Error");
+            text += L"| " + message.text;
+        }
+        return text;
+    }
     void Prepare() {
         device.files.Nodes().clear();
         device.notifications.clear();
         Desk().messages.clear();
         Desk().answers.assign(4, MessageAnswer::Yes);
-        device.files.Put(kNote, "ink");
-        device.files.Put(store::MemoPath(kNote), "memo");
+        PutWork();
         device.files.Put(kHome + L"a.txt", "of another note");
-        device.files.PutFolder(std::wstring(kRoot) + L"Reminders");
-        alarms::SetNoteAlarm(kNote, {2007, 3, 4, 15, 20, 0, 0, 0});
+        device.files.PutFolder(kRoot + L"Reminders");
     }
 };
 
@@ -76,7 +65,7 @@ TEST_F(Faults, OfEveryCallOfEveryOperation) {
         L"file/folder "
         L"name cannot contain any of the following characters:\n\\ / : * ? \" < > |";
     const auto copying = [](const wchar_t* below) {
-        return L"| Copying '" + (kRoot + std::wstring(below)) + L"' failed! Operation aborted!";
+        return L"| Copying '" + (kRoot + (below)) + L"' failed! Operation aborted!";
     };
     const std::wstring deleting = L"| Deleting 'Work' folder failed.";
     struct Case {
@@ -103,13 +92,13 @@ TEST_F(Faults, OfEveryCallOfEveryOperation) {
           L"HOME\\A.TXT WORK\\B.IKW WORK\\B.TXT | Work\\b.ikw"}},
         {"renaming a folder",
          [] {
-             if (!store::MoveNoteFolder(kRoot + std::wstring(L"Work"), kRoot + std::wstring(L"Attic")))
+             if (!store::MoveNoteFolder(kRoot + (L"Work"), kRoot + (L"Attic")))
                  manager::ShowRenameFailure(nullptr);
          },
          {whole + renaming, L"ATTIC\\A.IKW ATTIC\\A.TXT HOME\\A.TXT | Work\\a.ikw",
           L"ATTIC\\A.IKW ATTIC\\A.TXT HOME\\A.TXT | Attic\\a.ikw"}},
         {"moving a folder",
-         [] { manager::MoveFolder(nullptr, kRoot + std::wstring(L"Work"), kHome + L"Work", kRoot); },
+         [] { manager::MoveFolder(nullptr, kRoot + (L"Work"), kHome + L"Work", kRoot); },
          {whole + L"| Moving from '" + kRoot + L"Work' to '" + kHome +
               L"Work' failed!\n\nThe source folder may be in use or the destination folder already exists.",
           L"HOME\\A.TXT HOME\\WORK\\A.IKW HOME\\WORK\\A.TXT | Work\\a.ikw",

@@ -1,4 +1,5 @@
 // The dialog over the real manager, on a device in memory.
+#include "app/store/Settings.h"
 #include "search/FindDialog.h"
 #include "tests/manager/ManagerRig.h"
 
@@ -12,7 +13,10 @@ constexpr wchar_t kFinished[] = L"Finished searching for files/folders.";
 
 class Find : public testing_support::ManagerTest {
   protected:
+    void TearDown() override {}
     Find() {
+        device.files.Nodes().clear();
+        device.files.PutFolder(L"\\My Documents");
         PutNote(L"Home\\Garden.ikw");
         PutNote(L"Work\\Meeting.ikw");
         PutNote(L"Work\\Plan.ikw");
@@ -37,7 +41,7 @@ class Find : public testing_support::ManagerTest {
     }
     void ThenExpectSelected(const std::wstring& text) {
         Then([this, text] {
-            EXPECT_EQ(Selected(), text);
+            ExpectSelected(text)();
             EXPECT_TRUE(Dialog().IsItemEnabled(IDC_FIND_NEXT)) << "the search has ended";
         });
     }
@@ -52,7 +56,7 @@ class Find : public testing_support::ManagerTest {
     }
     void RunFind() {
         ThenPress(platform::kIdCancel);
-        RunManager();
+        RunManager(L"", {});
     }
 };
 
@@ -145,7 +149,7 @@ TEST_F(Find, CancelOnlyAsksAndClosingWaits) {
         });
         if (command == platform::kIdCancel) ThenExpectSelected(L"Work  (2 found) ");
         if (command == platform::kIdCancel) ThenPress(platform::kIdCancel);
-        RunManager();
+        RunManager(L"", {});
         device.files.fault = nullptr;
         EXPECT_EQ(reads, 1);
         EXPECT_THAT(Messages(), IsEmpty()) << "a cancelled search tells nothing";
@@ -157,9 +161,9 @@ TEST_F(Find, IsNotThereInTheCalendar) {
         EXPECT_TRUE(Tools().IsEnabled(IDM_FIND));
         Desk().Command(IDM_CALENDAR);
         EXPECT_FALSE(Tools().IsEnabled(IDM_FIND));
-        Window().OnCommand(IDM_FIND);
+        Desk().Top()->OnCommand(IDM_FIND);
     });
-    RunManager();
+    RunManager(L"", {});
 }
 
 }  // namespace

@@ -15,6 +15,30 @@ DeskTest::~DeskTest() {
 
 ink::PixelSurface DeskTest::Shown() { return Desk().Top()->Handle()->shown.Surface(); }
 
+Step DeskTest::ExpectText(const std::wstring& text) {
+    return [this, text] { EXPECT_THAT(Desk().Texts(), testing::Contains(text)); };
+}
+
+Step DeskTest::ExpectNoText(const std::wstring& text) {
+    return [this, text] { EXPECT_THAT(Desk().Texts(), testing::Not(testing::Contains(text))); };
+}
+
+Step DeskTest::TapText(const std::wstring& text) {
+    return [this, text] {
+        const ink::Rect place = Desk().PlaceOf(text);
+        EXPECT_FALSE(place.IsEmpty()) << "no such text";
+        Desk().PenDown({place.left, place.top});
+        Desk().PenUp({place.left, place.top});
+    };
+}
+
+Step DeskTest::PickDay(int item, int year, int month, int day) {
+    return [=] {
+        Desk().Top()->Handle()->items[item].moment = {year, month, 0, day, 0, 0, 0, 0};
+        Desk().Command(platform::kIdOk);
+    };
+}
+
 void DeskTest::Run(const std::wstring& commandLine, const Script& script) {
     Play(script);
     platform::RunProgram(commandLine);

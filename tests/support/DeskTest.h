@@ -25,6 +25,13 @@ class DeskTest : public testing::Test, public Steps {
     void Then(std::function<void()> step) { device.desk.Then(std::move(step)); }
     // What the window on top shows.
     ink::PixelSurface Shown();
+    // What the window on top can be read to say, see HostDesk::Texts.
+    Step ExpectText(const std::wstring& text);
+    Step ExpectNoText(const std::wstring& text);
+    Step TapText(const std::wstring& text);
+    // Picks a day of the month calendar and accepts it.
+    Step PickDay(int item, int year, int month, int day);
+
     // Runs the program with the script so far, and then this one.
     void Run(const std::wstring& commandLine, const Script& script = {});
 
