@@ -9,6 +9,7 @@
 #include "platform/TextEncoding.h"
 #include "platform/windows/Guards.h"
 #include "platform/windows/PathTranslation.h"
+#include "platform/windows/SystemText.h"
 
 namespace platform::windows {
 
@@ -115,13 +116,6 @@ HostPlaces Places() {
 }
 
 }  // namespace
-
-std::wstring EnvironmentText(const wchar_t* name) {
-    std::vector<wchar_t> text(GetEnvironmentVariableW(name, nullptr, 0));
-    if (text.empty()) return {};
-    const DWORD length = GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size()));
-    return length < text.size() ? std::wstring(text.data(), length) : std::wstring();
-}
 
 std::wstring FullPath(const std::wstring& path) {
     std::vector<wchar_t> text(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr));

@@ -27,9 +27,6 @@ std::vector<std::wstring> ReadableCards();
 // An absolute path without "\" at its end; empty on failure.
 std::wstring FullPath(const std::wstring& path);
 
-// A variable of the environment, of any length; empty when there is none.
-std::wstring EnvironmentText(const wchar_t* name);
-
 // The folder that stands for the whole handheld (INKWRIGHT_DEVICE), as a full path; empty when none does.
 std::wstring DeviceFolder();
 

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "platform/Screen.h"
+#include "platform/windows/SystemText.h"
 
 namespace platform {
 
@@ -17,12 +18,9 @@ constexpr long kLongestSide = 4096;
 }  // namespace
 
 ScreenSize HandheldScreen() {
-    wchar_t text[32];
-    const DWORD length =
-        GetEnvironmentVariableW(L"INKWRIGHT_SCREEN", text, static_cast<DWORD>(std::size(text)));
-    if (length == 0 || length >= std::size(text)) return kUsualScreen;
+    const std::wstring text = windows::EnvironmentText(L"INKWRIGHT_SCREEN");
     wchar_t* end = nullptr;
-    const long width = std::wcstol(text, &end, 10);
+    const long width = std::wcstol(text.c_str(), &end, 10);
     if (*end != L'x' && *end != L'X') return kUsualScreen;
     const long height = std::wcstol(end + 1, &end, 10);
     const bool fits =
@@ -34,11 +32,7 @@ namespace windows {
 
 namespace {
 
-bool IsScreen(HWND window) {
-    wchar_t name[32] = L"";
-    GetClassNameW(window, name, static_cast<int>(std::size(name)));
-    return std::wcscmp(name, kScreenClass) == 0;
-}
+bool IsScreen(HWND window) { return IsOfClass(window, kScreenClass); }
 
 }  // namespace
 

@@ -7,6 +7,7 @@
 #include <new>
 
 #include "platform/Window.h"
+#include "platform/windows/SystemText.h"
 
 namespace platform::windows {
 
@@ -45,7 +46,7 @@ void Press(Taps& taps, POINT place) {
 LRESULT CALLBACK CalendarProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                    DWORD_PTR reference) {
     auto* taps = reinterpret_cast<Taps*>(reference);
-    const POINT place{static_cast<int16_t>(LOWORD(lParam)), static_cast<int16_t>(HIWORD(lParam))};
+    const POINT place = PointIn(lParam);
     if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) Press(*taps, place);
     // Only when the pen is up: it must not be lifted over whatever lies below the dialog.
     if (message == WM_LBUTTONUP && taps->isSecond && IsOnDay(handle, place))
@@ -69,11 +70,7 @@ BOOL CALLBACK WatchControl(HWND control, LPARAM) {
 
 }  // namespace
 
-bool IsMonthCalendar(HWND control) {
-    wchar_t name[32] = L"";
-    if (control) GetClassNameW(control, name, static_cast<int>(std::size(name)));
-    return std::wcscmp(name, MONTHCAL_CLASSW) == 0;
-}
+bool IsMonthCalendar(HWND control) { return IsOfClass(control, MONTHCAL_CLASSW); }
 
 void WatchMonthTaps(HWND dialog) { EnumChildWindows(dialog, WatchControl, 0); }
 

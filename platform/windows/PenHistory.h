@@ -1,36 +1,48 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "ink/Geometry.h"
-#include "platform/windows/SystemHeaders.h"
 
 namespace platform::windows {
 
-// Recovers the pen positions that the system merged into one mouse message. The system keeps the last 64
-// positions of the pointer, newest first and without regard to what a program has already seen, so the
-// last message handled is remembered and bounds what counts as new.
+// One position of the pointer as the system noted it: desktop pixels, and milliseconds that wrap.
+struct PointerSample {
+    ink::Point place;
+    uint32_t time = 0;
+};
+
+// What the system knew of the pointer when a pen message arrived: that message's own position first, older
+// ones after it, without regard to what a program has already seen.
+struct PointerTrail {
+    static constexpr int kMost = 64;  // that the system keeps
+
+    std::array<PointerSample, kMost> samples{};
+    int count = 0;
+};
+
+// Recovers the pen positions that the system merged into one mouse message. The last message handled is
+// remembered and bounds what counts as new. Nothing here asks the system for anything.
 class PenHistory {
   public:
-    // The pen went down at `position` (client pixels of `window`): nothing before this will be reported.
-    void Begin(HWND window, ink::Point position);
+    // The pen went down: nothing before this will be reported. Without the press in the trail nothing tells
+    // what came before the messages that follow, and none of them gets samples.
+    void Begin(const PointerTrail& trail);
 
-    // A later pen message arrived at `position`, and was handled.
-    void Arrive(HWND window, ink::Point position);
+    // A later pen message arrived, and was handled. One that was `sentDirectly` to the window has no place in
+    // the pointer's history.
+    void Arrive(const PointerTrail& trail, bool sentDirectly);
     void Leave();
 
-    // Between Arrive and Leave: the positions since the message before, oldest first, client pixels of
-    // `window`, neither end included. At most `capacity`, the newest ones when there are more.
-    size_t Samples(HWND window, ink::Point* samples, size_t capacity) const;
-
-    static constexpr int kSystemHistory = 64;
+    // Between Arrive and Leave: the positions since the message before, oldest first, less `origin`, neither
+    // end included. At most `capacity`, the newest ones when there are more.
+    size_t Samples(ink::Point origin, ink::Point* samples, size_t capacity) const;
 
   private:
-    // What the system kept from the current message's position on, newest first, in its own clock.
-    MOUSEMOVEPOINT history_[kSystemHistory]{};
-    int known_ = 0;
-    // The history's entry of the last message handled.
-    MOUSEMOVEPOINT last_{};
+    PointerTrail trail_;  // of the current message
+    PointerSample last_;  // of the last message handled
     bool down_ = false;
     bool handling_ = false;
 };

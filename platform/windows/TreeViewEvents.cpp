@@ -1,11 +1,10 @@
 // What the system's tree control tells, and what the user does to it, as events of a tree view.
 #include <algorithm>
 #include <cstring>
-#include <new>
 
-#include "platform/MessageBox.h"
 #include "platform/windows/HandheldPlace.h"
 #include "platform/windows/PressAndHold.h"
+#include "platform/windows/SystemText.h"
 #include "platform/windows/TreeViewImpl.h"
 #include "platform/windows/WindowImpl.h"
 
@@ -26,10 +25,6 @@ HTREEITEM HitItem(HWND tree, POINT place) {
     return (hit.flags & TVHT_ONITEM) != 0 ? hit.hItem : nullptr;
 }
 
-POINT PlaceOf(LPARAM lParam) {
-    return {static_cast<int16_t>(LOWORD(lParam)), static_cast<int16_t>(HIWORD(lParam))};
-}
-
 LRESULT CALLBACK TreeProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                DWORD_PTR reference) {
     auto& tree = *reinterpret_cast<TreeView::Impl*>(reference);
@@ -40,15 +35,16 @@ LRESULT CALLBACK TreeProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM 
         if (tree.parent->Handle()->control == handle) tree.parent->Handle()->control = nullptr;
         return DefSubclassProc(handle, message, wParam, lParam);
     }
-    LRESULT result = 0;
     if (message == WM_SETFOCUS) {
         // Without a selection the control would select its first item of itself.
         tree.takesFocus = true;
-        result = DefSubclassProc(handle, message, wParam, lParam);
+        const LRESULT result = DefSubclassProc(handle, message, wParam, lParam);
         tree.takesFocus = false;
         return result;
     }
-    if (tree.events && tree.Input(message, wParam, lParam, result)) return result;
+    bool isHandled = true;
+    windows::Guarded(*tree.parent, [&] { isHandled = tree.events && tree.Input(message, wParam, lParam); });
+    if (isHandled) return 0;
     return DefSubclassProc(handle, message, wParam, lParam);
 }
 
@@ -160,36 +156,29 @@ bool TreeView::Impl::Press(POINT place) {
     return held;
 }
 
-// Nothing may be thrown through the system's own frames on the stack.
-bool TreeView::Impl::Input(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    result = 0;
-    try {
-        switch (message) {
-            case WM_LBUTTONDOWN:
-                SetFocus(tree);
-                return Press(PlaceOf(lParam));
-            case WM_RBUTTONDOWN:
-                SetFocus(tree);
-                return true;  // the control's own menu gesture is replaced
-            case WM_RBUTTONUP:
-                Hold(PlaceOf(lParam));
-                return true;
-            case WM_CONTEXTMENU:
-                if (lParam == -1) HoldSelection();
-                return true;
-            case WM_KEYDOWN:
-                return KeyDown(wParam);
-            case WM_CHAR:
-                return wParam == VK_RETURN || wParam == VK_ESCAPE;  // the control would beep
-            case kFillEdit:
-                FillEdit();
-                return true;
-            default:
-                return false;
-        }
-    } catch (const std::bad_alloc&) {
-        ShowOutOfMemory(parent);
-        return true;
+bool TreeView::Impl::Input(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_LBUTTONDOWN:
+            SetFocus(tree);
+            return Press(windows::PointIn(lParam));
+        case WM_RBUTTONDOWN:
+            SetFocus(tree);
+            return true;  // the control's own menu gesture is replaced
+        case WM_RBUTTONUP:
+            Hold(windows::PointIn(lParam));
+            return true;
+        case WM_CONTEXTMENU:
+            if (lParam == -1) HoldSelection();
+            return true;
+        case WM_KEYDOWN:
+            return KeyDown(wParam);
+        case WM_CHAR:
+            return wParam == VK_RETURN || wParam == VK_ESCAPE;  // the control would beep
+        case kFillEdit:
+            FillEdit();
+            return true;
+        default:
+            return false;
     }
 }
 
@@ -208,12 +197,9 @@ bool WatchTree(TreeView::Impl& tree) {
 LRESULT TreeNotice(NMHDR& notice) {
     TreeView::Impl* tree = TreeOf(notice.hwndFrom);
     if (!tree) return 0;
-    try {
-        return tree->Notice(notice);
-    } catch (const std::bad_alloc&) {
-        ShowOutOfMemory(tree->parent);
-        return 0;
-    }
+    LRESULT answer = 0;
+    Guarded(*tree->parent, [&] { answer = tree->Notice(notice); });
+    return answer;
 }
 
 }  // namespace windows

@@ -41,7 +41,7 @@ struct TreeView::Impl {
 
     // Events of the control: its notices to the parent, and what it gets from the user.
     LRESULT Notice(NMHDR& notice);
-    bool Input(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    bool Input(UINT message, WPARAM wParam, LPARAM lParam);
 
   private:
     bool BeginEdit(const NMTVDISPINFOW& info);

@@ -1,6 +1,8 @@
 // From window messages to the handlers of a window object.
 #include <cstdlib>
 
+#include "platform/windows/PointerTrail.h"
+#include "platform/windows/SystemText.h"
 #include "platform/windows/WheelTurns.h"
 #include "platform/windows/WindowImpl.h"
 
@@ -17,11 +19,12 @@ struct Event {
 };
 
 Point PointOf(const Event& event) {
-    return {static_cast<int16_t>(LOWORD(event.lParam)), static_cast<int16_t>(HIWORD(event.lParam))};
+    const POINT place = PointIn(event.lParam);
+    return {place.x, place.y};
 }
 
 bool PenDown(Event& event) {
-    event.state.pen.Begin(event.handle, PointOf(event));
+    event.state.pen.Begin(TrailOf(event.handle, PointOf(event)));
     event.window.OnPenDown(PointOf(event));
     return true;
 }
@@ -29,14 +32,14 @@ bool PenDown(Event& event) {
 bool PenMove(Event& event) {
     // A pen that does not touch the screen is not there.
     if (!event.state.holdsPen && (event.wParam & MK_LBUTTON) == 0) return false;
-    event.state.pen.Arrive(event.handle, PointOf(event));
+    event.state.pen.Arrive(TrailOf(event.handle, PointOf(event)), InSendMessage() != FALSE);
     event.window.OnPenMove(PointOf(event));
     event.state.pen.Leave();
     return true;
 }
 
 bool PenUp(Event& event) {
-    event.state.pen.Arrive(event.handle, PointOf(event));
+    event.state.pen.Arrive(TrailOf(event.handle, PointOf(event)), InSendMessage() != FALSE);
     event.window.OnPenUp(PointOf(event));
     event.state.pen.Leave();
     return true;

@@ -69,6 +69,9 @@ bool RegisterWindowClass(const wchar_t* name, WNDPROC procedure, UINT style, HBR
 
 HINSTANCE Module();
 
+// The id that every program here gives its own icon.
+constexpr int kProgramIcon = 128;
+
 }  // namespace windows
 
 }  // namespace platform

@@ -3,6 +3,7 @@
 #include "platform/windows/HandheldPath.h"
 #include "platform/windows/PathTranslation.h"
 #include "platform/windows/Processes.h"
+#include "platform/windows/SystemText.h"
 #include "platform/windows/WindowImpl.h"
 
 namespace platform {

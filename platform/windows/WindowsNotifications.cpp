@@ -4,6 +4,7 @@
 #include "platform/windows/HandheldPath.h"
 #include "platform/windows/KeeperControl.h"
 #include "platform/windows/NotificationStore.h"
+#include "platform/windows/SystemText.h"
 
 namespace platform {
 

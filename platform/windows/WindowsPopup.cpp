@@ -2,6 +2,7 @@
 #include "platform/Screen.h"
 #include "platform/windows/HandheldPlace.h"
 #include "platform/windows/ModalRun.h"
+#include "platform/windows/SystemText.h"
 #include "platform/windows/WindowImpl.h"
 
 namespace platform {
@@ -18,7 +19,7 @@ constexpr DWORD kPopupStyle = WS_POPUP | WS_BORDER;
 bool IsOutside(HWND handle, LPARAM lParam) {
     RECT client{};
     GetClientRect(handle, &client);
-    const POINT place{static_cast<int16_t>(LOWORD(lParam)), static_cast<int16_t>(HIWORD(lParam))};
+    const POINT place = windows::PointIn(lParam);
     return !PtInRect(&client, place);
 }
 

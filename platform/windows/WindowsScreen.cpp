@@ -14,7 +14,6 @@ namespace {
 constexpr wchar_t kPageClass[] = L"InkwrightPage";
 constexpr wchar_t kMenuBarClass[] = L"InkwrightMenuBar";
 constexpr DWORD kFrameStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
-constexpr int kProgramIcon = 128;
 
 // The pen service waits for gestures before it passes a press on, and draws rings around it. Ink must begin
 // at once.

@@ -6,6 +6,7 @@
 #include "platform/windows/DialogEvents.h"
 #include "platform/windows/HandheldPlace.h"
 #include "platform/windows/PressAndHold.h"
+#include "platform/windows/SystemText.h"
 
 namespace platform {
 
@@ -23,12 +24,7 @@ constexpr WPARAM kCtrlA = 1;  // as a character
 
 void Hold(Dialog& dialog, HWND edit, POINT desktop) {
     const Rect place = windows::ToHandheld(edit, {desktop.x, desktop.y, desktop.x, desktop.y});
-    // Nothing may be thrown through the system's own frames on the stack.
-    try {
-        dialog.OnEditHold(GetDlgCtrlID(edit), {place.left, place.top});
-    } catch (const std::bad_alloc&) {
-        ShowOutOfMemory(&dialog);
-    }
+    windows::Guarded(dialog, [&] { dialog.OnEditHold(GetDlgCtrlID(edit), {place.left, place.top}); });
 }
 
 // True when the control is not to see the press.
@@ -44,7 +40,7 @@ bool Press(Dialog& dialog, HWND edit, POINT place) {
 }
 
 void AskForMenu(Dialog& dialog, HWND edit, LPARAM lParam) {
-    POINT place{static_cast<int16_t>(LOWORD(lParam)), static_cast<int16_t>(HIWORD(lParam))};
+    POINT place = windows::PointIn(lParam);
     const bool isByKey = lParam == -1;
     if (isByKey && GetCaretPos(&place)) ClientToScreen(edit, &place);
     Hold(dialog, edit, place);
@@ -53,7 +49,7 @@ void AskForMenu(Dialog& dialog, HWND edit, LPARAM lParam) {
 LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                DWORD_PTR reference) {
     Dialog& dialog = *reinterpret_cast<Dialog*>(reference);
-    const POINT place{static_cast<int16_t>(LOWORD(lParam)), static_cast<int16_t>(HIWORD(lParam))};
+    const POINT place = windows::PointIn(lParam);
     switch (message) {
         case WM_LBUTTONDOWN:
             if (Press(dialog, edit, place)) return 0;
@@ -122,9 +118,7 @@ bool HasSelection(HWND edit) {
 namespace windows {
 
 bool IsTextEdit(HWND control) {
-    wchar_t name[8] = L"";
-    GetClassNameW(control, name, 8);
-    return lstrcmpiW(name, WC_EDITW) == 0 && (GetWindowLongPtrW(control, GWL_STYLE) & ES_MULTILINE) != 0;
+    return IsOfClass(control, WC_EDITW) && (GetWindowLongPtrW(control, GWL_STYLE) & ES_MULTILINE) != 0;
 }
 
 }  // namespace windows

@@ -3,6 +3,7 @@
 
 #include "platform/windows/Guards.h"
 #include "platform/windows/ImageImpl.h"
+#include "platform/windows/PointerTrail.h"
 #include "platform/windows/WindowImpl.h"
 
 namespace platform {
@@ -166,7 +167,7 @@ void Window::ReleasePen() {
 bool Window::HasPen() const { return impl_->holdsPen && GetCapture() == impl_->page; }
 
 size_t Window::PenSamples(Point* samples, size_t capacity) const {
-    return impl_->page ? impl_->pen.Samples(impl_->page, samples, capacity) : 0;
+    return impl_->page ? impl_->pen.Samples(windows::ClientOrigin(impl_->page), samples, capacity) : 0;
 }
 
 void Window::SetScroll(const ScrollState& state) {
@@ -244,6 +245,7 @@ bool RegisterWindowClass(const wchar_t* name, WNDPROC procedure, UINT style, HBR
     fresh.lpfnWndProc = procedure;
     fresh.hInstance = Module();
     fresh.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
+    fresh.hIcon = LoadIconW(Module(), MAKEINTRESOURCEW(kProgramIcon));
     fresh.hbrBackground = background;
     fresh.lpszClassName = name;
     return RegisterClassExW(&fresh) != 0;

@@ -1,8 +1,7 @@
-// Drawing into images, and images on the screen at any place.
+// Drawing into images.
 #include <algorithm>
 
 #include "platform/Canvas.h"
-#include "res/resource.h"
 #include "tests/contract/Recording.h"
 
 namespace contract {
@@ -14,139 +13,83 @@ using platform::Font;
 using platform::Image;
 using platform::ImageList;
 using platform::Rect;
-using testing::ElementsAre;
 
-constexpr ink::ColorRef kPaper = ink::MakeColor(250, 240, 230);
 constexpr uint32_t kPaperPixel = 0x00FAF0E6u;
 
-Image Paper() {
-    Image image = Image::Make(120, 60);
-    Canvas(image).Fill({-10, -10, 500, 500}, kPaper);
-    return image;
-}
-
-// The smallest rectangle around what is not paper.
-Rect Drawn(const Image& image) {
-    Rect drawn;
-    const ink::PixelSurface surface = image.Surface();
-    for (int y = 0; y < surface.height; ++y) {
-        for (int x = 0; x < surface.width; ++x) {
-            if (surface.Row(y)[x] != kPaperPixel) drawn = Unite(drawn, {x, y, x + 1, y + 1});
-        }
-    }
-    return drawn;
-}
-
-bool FourthBytesAreZero(const Image& image) {
-    const ink::PixelSurface surface = image.Surface();
-    return std::none_of(surface.pixels, surface.pixels + surface.width * surface.height,
-                        [](uint32_t pixel) { return pixel > 0x00FFFFFFu; });
-}
-
-bool Within(const Rect& inner, const Rect& outer) { return Intersect(inner, outer) == inner; }
-
-TEST_F(WindowContract, FilledAreas) {
-    const Image image = Paper();
-    EXPECT_TRUE(Drawn(image).IsEmpty()) << "what lies outside is cut off";
-    Canvas canvas(image);
-    canvas.Fill({100, 50, 400, 55}, ink::MakeColor(1, 2, 3));
-    canvas.Fill({5, 5, 5, 50}, 0);
-    EXPECT_EQ(Drawn(image), (Rect{100, 50, 120, 55}));
-    EXPECT_EQ(image.Surface().Row(52)[119], 0x00010203u);
-}
-
-TEST_F(WindowContract, TextStaysInItsClipping) {
-    const Image image = Paper();
-    const Rect clip{20, 10, 60, 40};
-    Canvas(image).Text(L"March 2007 wwwwwwwwwwwwwwww", {30, 12}, {100, true}, 0, clip);
-    const Rect drawn = Drawn(image);
-    EXPECT_FALSE(drawn.IsEmpty());
-    EXPECT_TRUE(Within(drawn, {30, 12, 60, 40})) << drawn.left << " " << drawn.top;
-    EXPECT_TRUE(FourthBytesAreZero(image));
-    Canvas(image).Fill({0, 0, 120, 60}, kPaper);
-    Canvas(image).Text(L"x", {30, 12}, {}, 0, {});
-    EXPECT_TRUE(Drawn(image).IsEmpty()) << "an empty clipping shows nothing";
-}
-
-TEST_F(WindowContract, TextFillsItsSize) {
-    const Font font{80, false};
-    const Rect size = Canvas::TextSize(L"Aqua", font);
-    EXPECT_EQ(size.left, 0);
-    EXPECT_EQ(size.top, 0);
-    EXPECT_GT(size.right, 15);
-    EXPECT_GT(size.bottom, 9);
-    EXPECT_LT(size.bottom, 20);
-    const Image image = Paper();
-    Canvas(image).Text(L"Aqua", {10, 10}, font, 0, {0, 0, 120, 60});
-    EXPECT_TRUE(Within(Drawn(image), {9, 10, 11 + size.right, 10 + size.bottom}));
-    EXPECT_GT(Canvas::TextSize(L"Aqua Aqua", font).right, size.right);
-    EXPECT_EQ(Canvas::TextSize(L"", font).right, 0);
-    EXPECT_EQ(Canvas::TextSize(L"", font).bottom, size.bottom);
-    EXPECT_GT(Canvas::TextSize(L"Aqua", {160, false}).bottom, size.bottom);
-    EXPECT_GT(Canvas::TextSize(L"Aqua & Co", font).right, Canvas::TextSize(L"Aqua  Co", font).right)
-        << "no character is a prefix";
-}
-
-TEST_F(WindowContract, PicturesAndTheirTransparency) {
-    const ImageList images = ImageList::FromResource(IDB_TREE_IMAGES, 16, ink::MakeColor(0, 255, 0));
-    ASSERT_TRUE(images.IsValid());
-    EXPECT_FALSE(ImageList::FromResource(9999, 16, 0).IsValid());
-    const Image strip = Image::FromResource(IDB_TREE_IMAGES);
-    for (const int index : {0, 3, 13}) {
-        const Image image = Paper();
-        Canvas(image).Draw(images, index, {30, 20});
-        for (int y = 0; y < 16; ++y) {
-            for (int x = 0; x < 16; ++x) {
-                const uint32_t source = strip.Surface().Row(y)[index * 16 + x];
-                const uint32_t expected = source == 0x0000FF00u ? kPaperPixel : source;
-                ASSERT_EQ(image.Surface().Row(20 + y)[30 + x], expected) << index << ": " << x << " " << y;
+class CanvasContract : public Contract {
+  protected:
+    CanvasContract() { Clear(); }
+    void Clear() { canvas_.Fill({-10, -10, 500, 500}, ink::MakeColor(250, 240, 230)); }
+    uint32_t At(int x, int y) { return image_.Surface().Row(y)[x]; }
+    // The smallest rectangle around what is not paper.
+    Rect Drawn() {
+        Rect drawn;
+        for (int y = 0; y < 60; ++y) {
+            for (int x = 0; x < 120; ++x) {
+                EXPECT_LE(At(x, y), 0x00FFFFFFu);
+                if (At(x, y) != kPaperPixel) drawn = Unite(drawn, {x, y, x + 1, y + 1});
             }
         }
-        EXPECT_TRUE(Within(Drawn(image), {30, 20, 46, 36})) << index;
+        return drawn;
     }
-    const Image image = Paper();
-    Canvas(image).Draw(images, 0, {-8, 55});
-    Canvas(image).Draw(ImageList(), 0, {50, 0});
-    EXPECT_TRUE(Within(Drawn(image), {0, 55, 8, 60}));
+    bool DrawsWithin(const Rect& outer) { return !Drawn().IsEmpty() && Intersect(Drawn(), outer) == Drawn(); }
+
+    Image image_ = Image::Make(120, 60);
+    Canvas canvas_{image_};
+};
+
+TEST_F(CanvasContract, Text) {
+    canvas_.Text(L"March 2007 wwwwwwwwwwwwwwww", {30, 12}, {100, true}, 0, {20, 10, 60, 40});
+    EXPECT_TRUE(DrawsWithin({30, 12, 60, 40}));
+    Clear();
+    canvas_.Text(L"x", {30, 12}, {}, 0, {});
+    EXPECT_TRUE(Drawn().IsEmpty()) << "an empty clipping shows nothing";
+    const auto width = [](const wchar_t* text) { return Canvas::TextSize(text, {80, false}).right; };
+    const Rect size = Canvas::TextSize(L"Aqua", {80, false});
+    EXPECT_TRUE(size.left == 0 && size.top == 0 && size.right > 15 && size.bottom > 9 && size.bottom < 20);
+    canvas_.Text(L"Aqua", {10, 10}, {80, false}, 0, {0, 0, 120, 60});
+    EXPECT_TRUE(DrawsWithin({9, 10, 11 + size.right, 10 + size.bottom}));
+    EXPECT_TRUE(width(L"Aqua Aqua") > size.right && width(L"") == 0);
+    EXPECT_GT(Canvas::TextSize(L"Aqua", {160, false}).bottom, size.bottom);
+    EXPECT_GT(width(L"Aqua & Co"), width(L"Aqua  Co")) << "no character is a prefix";
 }
 
-TEST_F(WindowContract, ImagesWithinImages) {
-    const Image image = Paper();
-    Image small = Image::Make(10, 10);
+TEST_F(CanvasContract, ShapesAndPictures) {
+    EXPECT_TRUE(Drawn().IsEmpty()) << "what lies outside is cut off";
+    canvas_.Fill({100, 50, 400, 55}, ink::MakeColor(1, 2, 3));
+    canvas_.Fill({5, 5, 5, 50}, 0);
+    EXPECT_EQ(Drawn(), (Rect{100, 50, 120, 55}));
+    EXPECT_EQ(At(119, 52), 0x00010203u);
+    Clear();
+    const Image small = Image::Make(10, 10);
     small.Surface().Row(9)[9] = 0x00123456u;
-    Canvas canvas(image);
-    canvas.Draw(small, {105, 45});
-    canvas.Draw(small, {115, 55});
-    canvas.Draw(Image(), {0, 0});
-    EXPECT_EQ(Drawn(image), (Rect{105, 45, 120, 60}));
-    EXPECT_EQ(image.Surface().Row(54)[114], 0x00123456u);
-    EXPECT_EQ(image.Surface().Row(59)[119], 0u) << "copies are not transparent";
+    canvas_.Draw(small, {105, 45});
+    canvas_.Draw(small, {115, 55});
+    canvas_.Draw(Image(), {0, 0});
+    EXPECT_EQ(Drawn(), (Rect{105, 45, 120, 60}));
+    EXPECT_EQ(At(114, 54), 0x00123456u);
+    EXPECT_EQ(At(119, 59), 0u) << "images begin black, copies are not transparent";
 }
 
-TEST_F(WindowContract, ImagesAtAnyPlaceOfTheScreen) {
-    Recording<platform::Screen> screen(platform::Screen::ScrollBar::None);
-    const Image image = Paper();
-    Canvas(image).Fill({0, 0, 1, 1}, ink::MakeColor(255, 0, 0));
-    Run(screen, [&] {
-        screen.ShowAt(image, {40, 30});
-        EXPECT_EQ(driver_.PixelAt(screen, {40, 30}), 0x00FF0000u);
-        EXPECT_EQ(driver_.PixelAt(screen, {41, 30}), kPaperPixel);
-        EXPECT_EQ(driver_.PixelAt(screen, {159, 89}), kPaperPixel);
-        screen.ShowAt(image, {39, -1});
-        EXPECT_EQ(driver_.PixelAt(screen, {40, 30}), kPaperPixel);
-        screen.ShowAt(Image(), {0, 0});
-    });
-    screen.ShowAt(image, {0, 0});
-    EXPECT_THAT(screen.log, ElementsAre("destroy"));
-}
-
-TEST_F(WindowContract, SystemColors) {
-    for (const auto color : {platform::SystemColor::ButtonFace, platform::SystemColor::ButtonText,
-                             platform::SystemColor::WindowFrame}) {
-        EXPECT_LE(platform::ColorOf(color), 0x00FFFFFFu);
+TEST_F(CanvasContract, ImagesAndTheirTransparency) {
+    const ImageList images = ImageList::FromResource(IDB_TREE_IMAGES, 16, ink::MakeColor(0, 255, 0));
+    const Image strip = Image::FromResource(IDB_TREE_IMAGES);
+    ASSERT_TRUE(images.IsValid() && strip.IsValid());
+    EXPECT_FALSE(ImageList::FromResource(9999, 16, 0).IsValid() || Image::FromResource(9999).IsValid());
+    for (const int index : {0, 3, 13}) {
+        Clear();
+        canvas_.Draw(images, index, {30, 20});
+        EXPECT_TRUE(DrawsWithin({30, 20, 46, 36})) << index;
+        for (int i = 0; i < 256; ++i) {
+            const uint32_t source = strip.Surface().Row(i / 16)[index * 16 + i % 16];
+            ASSERT_EQ(At(30 + i % 16, 20 + i / 16), source == 0x0000FF00u ? kPaperPixel : source)
+                << index << " " << i;
+        }
     }
-    EXPECT_NE(platform::ColorOf(platform::SystemColor::ButtonFace),
-              platform::ColorOf(platform::SystemColor::ButtonText));
+    Clear();
+    canvas_.Draw(images, 0, {-8, 55});
+    canvas_.Draw(ImageList(), 0, {50, 0});
+    EXPECT_TRUE(DrawsWithin({0, 55, 8, 60}));
 }
 
 }  // namespace

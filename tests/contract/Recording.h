@@ -4,13 +4,19 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <string>
-#include <vector>
-
-#include "tests/contract/Driver.h"
+#include "platform/Dialog.h"
+#include "platform/Popup.h"
+#include "platform/Screen.h"
+#include "res/resource.h"
+#include "tests/contract/Device.h"
 
 namespace contract {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing_support::Script;
+using testing_support::Step;
+using testing_support::Texts;
 
 // Records every event as a short text and can be given something to do in a command.
 template <typename Kind>
@@ -24,51 +30,42 @@ class Recording : public Kind {
     std::function<void()> penMove;
     bool capturesPen = false;
     bool leaves = true;  // when another copy takes over
-    int timers = 0;
 
     bool OnCreate() override { return !create || create(); }
     void OnDestroy() override { log.emplace_back("destroy"); }
     void OnPenDown(platform::Point place) override {
         if (capturesPen) this->CapturePen();
-        Write("down", place);
+        Write("down", place.x, place.y);
         lastPlace_ = place;
     }
     void OnPenMove(platform::Point place) override {
-        // A system may repeat the last position; that is no movement.
-        if (place != lastPlace_) Write("move", place);
-        if (place != lastPlace_ && penMove) penMove();
+        if (place == lastPlace_) return;  // a system may repeat the last position
+        Write("move", place.x, place.y);
+        if (penMove) penMove();
         lastPlace_ = place;
     }
-    void OnPenUp(platform::Point place) override { Write("up", place); }
+    void OnPenUp(platform::Point place) override { Write("up", place.x, place.y); }
     void OnCaptureLost() override { log.emplace_back("lost"); }
-    void OnTimer(int id) override {
-        ++timers;
-        if (command) command(-id);
-    }
+    void OnTimer(int id) override { Write("timer", id); }
     void OnScroll(platform::ScrollCode code, int position) override {
-        Write("scroll", {static_cast<int>(code), position});
+        Write("scroll", static_cast<int>(code), position);
     }
     bool OnKeyDown(platform::Key key) override {
-        log.push_back("key " + std::to_string(static_cast<int>(key)));
+        if (key != platform::Key::Other) Write("key", static_cast<int>(key));
         return false;
     }
     bool OnShortcut(wchar_t letter) override {
-        log.push_back(std::string("shortcut ") + static_cast<char>(letter));
+        Write("shortcut", letter);
         return true;
     }
     void OnCommand(int id) override {
-        log.push_back("command " + std::to_string(id));
-        if (command) {
-            command(id);
-        } else {
-            this->EndModal(id);
-        }
+        Write("command", id);
+        command ? command(id) : this->EndModal(id);
     }
-    void OnControlChanged(int id) override { log.push_back("changed " + std::to_string(id)); }
+    void OnControlChanged(int id) override { Write("changed", id); }
     void OnPrivateMessage(uint32_t code, intptr_t payload) override {
-        Write("private", {static_cast<int>(code), static_cast<int>(payload)});
+        Write("private", static_cast<int>(code), static_cast<int>(payload));
     }
-
     void OnTakeOver() override {
         log.emplace_back("take over");
         if (leaves) this->EndModal(9);
@@ -77,24 +74,45 @@ class Recording : public Kind {
   private:
     platform::Point lastPlace_;
 
-    void Write(const char* what, platform::Point numbers) {
-        log.push_back(std::string(what) + " " + std::to_string(numbers.x) + " " + std::to_string(numbers.y));
+    void Write(const std::string& what, int number) { log.push_back(what + " " + std::to_string(number)); }
+    void Write(const std::string& what, int first, int second) {
+        Write(what + " " + std::to_string(first), second);
     }
 };
 
-class WindowContract : public testing::Test {
-  protected:
-    void TearDown() override { EXPECT_TRUE(driver_.AllStepsDone()) << "a window ended before its script"; }
+using TestScreen = Recording<platform::Screen>;
+using TestDialog = Recording<platform::Dialog>;
 
-    // Opens the screen, does the steps one after another, closes it.
-    template <typename... Steps>
-    int Run(Recording<platform::Screen>& screen, Steps... steps) {
-        (driver_.Then(steps), ...);
-        driver_.Then([&screen] { screen.EndModal(100); });
+struct HasDevice {
+    Device device_;
+};
+
+class Contract : public testing::Test, protected HasDevice, public testing_support::Steps {
+  protected:
+    Contract() : Steps(device_.Hand()) {}
+    void TearDown() override { EXPECT_TRUE(hand_.IsDone()) << "a window ended before its script"; }
+
+    // Runs the window with the script and then closes it.
+    int Run(platform::Screen& screen, const Script& script) {
+        Play(script);
+        hand_.Then([&screen] { screen.EndModal(100); });
         return screen.RunModal(nullptr);
     }
-
-    Driver driver_;
+    int RunDialog(platform::Dialog& dialog, const Script& script) {
+        Play(script);
+        return dialog.RunModal(nullptr);
+    }
+    Step Post(platform::Window& window, int command) {
+        return [&window, command] { window.PostCommand(command); };
+    }
+    // A step of the hand alone, as a short name: Do(&Hand::TapTree, item).
+    template <typename... Wanted, typename... Given>
+    Step Do(void (testing_support::Hand::*act)(Wanted...), Given... given) {
+        return [=] { (hand_.*act)(given...); };
+    }
+    Step ExpectPixel(platform::Point place, uint32_t color) {
+        return [=] { EXPECT_EQ(hand_.PixelAt(place), color) << place.x << " " << place.y; };
+    }
 };
 
 }  // namespace contract

@@ -1,9 +1,9 @@
 #include "tests/contract/WindowsQuestions.h"
 
 #include <algorithm>
-#include <cwchar>
 #include <iterator>
 
+#include "platform/windows/SystemText.h"
 #include "platform/windows/WindowImpl.h"
 #include "tests/contract/WindowsInput.h"
 
@@ -33,12 +33,10 @@ HWND SystemWindow(const wchar_t* className) {
         GetCurrentThreadId(),
         [](HWND window, LPARAM parameter) -> BOOL {
             auto* wanted = reinterpret_cast<Search*>(parameter);
-            wchar_t name[64] = L"";
-            GetClassNameW(window, name, static_cast<int>(std::size(name)));
             // A property sheet belongs to none, but its pages do.
             const bool isOurs = platform::windows::WindowOf(window) != nullptr ||
                                 FindWindowExW(window, nullptr, L"#32770", nullptr) != nullptr;
-            if (IsWindowVisible(window) && !isOurs && std::wcscmp(name, wanted->className) == 0)
+            if (IsWindowVisible(window) && !isOurs && platform::windows::IsOfClass(window, wanted->className))
                 wanted->found = window;
             return wanted->found == nullptr;
         },
@@ -122,8 +120,7 @@ bool WindowsQuestions::Answer() {
 bool WindowsQuestions::AnswerBox(HWND box) {
     if (answers.empty()) return true;
     const bool isSecond = GetDlgCtrlID(GetFocus()) == IDNO;
-    messages.push_back({TextOf(GetDlgItem(box, kMessageText)), TextOf(box),
-                        isSecond ? platform::DefaultButton::Second : platform::DefaultButton::First});
+    boxes.push_back({TextOf(GetDlgItem(box, kMessageText)), TextOf(box), isSecond});
     SendMessageW(box, WM_COMMAND, static_cast<WPARAM>(ButtonId(answers.front())), 0);
     answers.pop_front();
     return true;
@@ -145,23 +142,19 @@ bool WindowsQuestions::AnswerChooser(HWND chooser) {
 // A command within a submenu takes several steps: each opens the next part, until the command is seen.
 bool WindowsQuestions::AnswerMenu() {
     const std::vector<HMENU> shown = ShownMenus();
-    if (shown.empty() || choices.empty()) return !shown.empty();
-    if (shown.size() == 1) {
-        const std::vector<PopupMenu::Item> items = MenuOf(shown[0]).Items();
-        menuItems.insert(menuItems.end(), items.begin(), items.end());
-    }
-    const int command = choices.front();
+    if (shown.empty() || entries.empty()) return !shown.empty();
+    if (shown.size() == 1) command_ = readMenu(MenuOf(shown[0]).Items(), entries.front());
     HMENU menu = nullptr;
     int position = 0;
-    if (command == 0 || !FindNext(shown, command, menu, position)) {
+    if (command_ == 0 || !FindNext(shown, command_, menu, position)) {
         SendKey(VK_ESCAPE);
-        choices.pop_front();
+        entries.pop_front();
         return true;
     }
     RECT place{};
     GetMenuItemRect(nullptr, menu, static_cast<UINT>(position), &place);
     Click({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
-    if (!GetSubMenu(menu, position)) choices.pop_front();
+    if (!GetSubMenu(menu, position)) entries.pop_front();
     return true;
 }
 

@@ -6,21 +6,22 @@
 #include <vector>
 
 #include "platform/windows/SystemHeaders.h"
-#include "tests/contract/Driver.h"
+#include "tests/support/Steps.h"
 
 namespace contract {
 
 class WindowsQuestions {
   public:
     std::deque<platform::MessageAnswer> answers;
-    std::deque<int> choices;
+    std::deque<std::wstring> entries;  // of menus
     std::deque<std::wstring> folders;  // of the host; empty to cancel
-    std::vector<SeenMessage> messages;
-    std::vector<platform::PopupMenu::Item> menuItems;
+    std::vector<testing_support::SeenBox> boxes;
+    // Reads a menu that comes up; the command of the entry with this text.
+    std::function<int(const std::vector<platform::PopupMenu::Item>&, const std::wstring& wanted)> readMenu;
 
     // True when a question stands, answered or not.
     bool Answer();
-    bool AllAsked() const { return answers.empty() && choices.empty() && folders.empty(); }
+    bool AllAsked() const { return answers.empty() && entries.empty() && folders.empty(); }
 
   private:
     bool AnswerBox(HWND box);
@@ -28,6 +29,7 @@ class WindowsQuestions {
     bool AnswerMenu();
 
     bool folderShown_ = false;
+    int command_ = 0;  // to which submenus are being opened
 };
 
 }  // namespace contract

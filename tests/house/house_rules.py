@@ -20,6 +20,9 @@ MAY_USE = {
     "app": {"ink", "platform", STORE, "alarms", "editor", "manager"},
 }
 
+# The Windows port and the programs that come with it.
+WINDOWS = ("platform/windows/", "platform/keeper/", "platform/mail/")
+
 STANDARD_HEADERS = re.compile(
     r"^(algorithm|array|atomic|cassert|cctype|chrono|cmath|cstddef|cstdint|cstdlib|cstring|cwchar|cwctype|deque|exception|"
     r"fstream|functional|iterator|limits|list|map|memory|mutex|new|optional|set|sstream|string|string_view|"
@@ -34,18 +37,18 @@ def problems_of(path):
     name = path.relative_to(TOP).as_posix()
     folder = floor_of(name)
     allowed = MAY_USE[folder] | {folder}
-    in_windows = name.startswith("platform/windows/")
+    in_windows = name.startswith(WINDOWS)
     for number, line in enumerate(path.read_text(encoding="utf-8").split("\n"), 1):
         own = re.match(r'\s*#\s*include\s*"([^"]+)"', line)
         if own and floor_of(own.group(1)) not in allowed:
             yield f"{name}:{number}: {folder} may not use {own.group(1)}"
         system = re.match(r"\s*#\s*include\s*<([^>]+)>", line)
         if system and not in_windows and not STANDARD_HEADERS.match(system.group(1)):
-            yield f"{name}:{number}: <{system.group(1)}> belongs below platform/windows"
+            yield f"{name}:{number}: <{system.group(1)}> belongs into the Windows port"
         if "_WIN32" in line and folder != "platform":
             yield f"{name}:{number}: the port is chosen by the build, not by the preprocessor"
-        windows_only = re.match(r'\s*#\s*include\s*"platform/(windows|host)/', line)
-        if windows_only and not name.startswith(f"platform/{windows_only.group(1)}/"):
+        port = re.match(r'\s*#\s*include\s*"platform/(windows|keeper|mail|host)/', line)
+        if port and not name.startswith(WINDOWS if port.group(1) != "host" else "platform/host/"):
             yield f"{name}:{number}: the contract is platform/*.h; a port's own headers stay in it"
 
 

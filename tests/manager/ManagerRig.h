@@ -17,7 +17,7 @@ const std::wstring kRoot = L"\\My Documents\\Inkwright\\";
 // named by their texts without counts: L"Notes\\Work\\a".
 class ManagerTest : public DeskTest {
   protected:
-    using Texts = std::vector<std::wstring>;
+    using Texts = testing_support::Texts;
 
     ManagerTest() { PutWork(); }
     void TearDown() override { CheckBoxes(); }

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "platform/windows/AlarmSchedule.h"
-#include "platform/windows/NoticePlace.h"
+#include "platform/keeper/AlarmSchedule.h"
+#include "platform/keeper/NoticePlace.h"
 #include "platform/windows/NotificationEntry.h"
 
 namespace platform::windows {

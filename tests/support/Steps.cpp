@@ -4,6 +4,34 @@
 
 namespace testing_support {
 
+int Hand::ReadMenu(const std::vector<platform::PopupMenu::Item>& items, const std::wstring& wanted) {
+    menu_.clear();
+    return ReadEntries(items, wanted);
+}
+
+int Hand::ReadEntries(const std::vector<platform::PopupMenu::Item>& items, const std::wstring& wanted) {
+    int command = 0;
+    for (const platform::PopupMenu::Item& item : items) {
+        menu_.push_back(item.text.empty() ? L"-" : item.enabled ? item.text : L"(" + item.text + L")");
+        if (item.text == wanted && item.enabled && item.command != 0) command = item.command;
+        const int below = item.submenu == nullptr ? 0 : ReadEntries(item.submenu->Items(), wanted);
+        if (command == 0) command = below;
+    }
+    return command;
+}
+
+Step Steps::Down(platform::Point place) {
+    return [=] { hand_.PenDown(place); };
+}
+
+Step Steps::Move(platform::Point place) {
+    return [=] { hand_.PenMove({place}); };
+}
+
+Step Steps::Up(platform::Point place) {
+    return [=] { hand_.PenUp(place); };
+}
+
 void Steps::Play(const Script& script) {
     for (const Step& step : script) hand_.Then(step);
 }
@@ -11,7 +39,7 @@ void Steps::Play(const Script& script) {
 Step Steps::Write(const std::vector<platform::Point>& points) {
     return [this, points] {
         hand_.PenDown(points.front());
-        for (size_t i = 1; i < points.size(); ++i) hand_.PenMove(points[i]);
+        for (size_t i = 1; i < points.size(); ++i) hand_.PenMove({points[i]});
         hand_.PenUp(points.back());
     };
 }
@@ -28,7 +56,7 @@ Step Steps::TypeInto(int item, const std::wstring& text) {
     return [=] { hand_.TypeInto(item, text); };
 }
 
-Step Steps::Picked(const std::vector<std::wstring>& texts) {
+Step Steps::Picked(const Texts& texts) {
     return [this, texts] { hand_.ChooseEntries(texts); };
 }
 

@@ -3,44 +3,91 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/MessageBox.h"
+#include "platform/PopupMenu.h"
+#include "platform/TreeView.h"
 #include "platform/Window.h"
 
 namespace testing_support {
 
 using Step = std::function<void()>;
 using Script = std::vector<Step>;
+using Texts = std::vector<std::wstring>;
 
 struct SeenBox {
     std::wstring text;
     std::wstring caption;
+    bool isSecondDefault = false;  // the button that Enter presses
 };
 
-// The hand of a person at one device: events go to the window on top. Each port has its own.
+// The hand of a person at one device, or of another program there: each port has its own. Events go to the
+// window on top, places are its client pixels.
 class Hand {
   public:
     virtual ~Hand() = default;
 
     // Done when the program next waits for an event, after what the step before it caused.
     virtual void Then(Step step) = 0;
+    // Every step was done, and every answer asked for.
+    virtual bool IsDone() const = 0;
     virtual platform::Window* Top() = 0;
 
     virtual void PenDown(platform::Point place) = 0;
-    virtual void PenMove(platform::Point place) = 0;
+    // Through all of the places before the program sees the last one.
+    virtual void PenMove(const std::vector<platform::Point>& places) = 0;
     virtual void PenUp(platform::Point place) = 0;
-    // A button of the tool bar or of a dialog. Greyed ones do nothing.
+    virtual void TakePenAway() = 0;
+    // A button of the tool bar, of a dialog or of a sheet's page. Greyed ones do nothing.
     virtual void PressButton(int id) = 0;
     virtual void PressKey(platform::Key key) = 0;
+    virtual void PressShortcut(wchar_t letter) = 0;  // with Ctrl
+    virtual void TurnWheel(int notches) = 0;         // up when positive
+    virtual void Scroll(platform::ScrollCode code, int position) = 0;
+    virtual void PressClose() = 0;  // the title bar's button
+    virtual void SendPrivateMessage(uint32_t code, intptr_t payload) = 0;
+    virtual void PassTime(uint32_t milliseconds) = 0;
+    virtual uint32_t PixelAt(platform::Point place) = 0;  // 0x00RRGGBB of what is shown
+
+    // Controls of a dialog.
     virtual void TypeInto(int item, const std::wstring& text) = 0;
+    virtual void Choose(int item, int index) = 0;
+    virtual void Select(int item, size_t start, size_t end) = 0;  // text of an edit
+    virtual void HoldEdit(int item) = 0;                          // in its middle
+    virtual void DoubleTapDay(int item) = 0;                      // the chosen one of a month calendar
+    virtual void ShowPage(size_t index) = 0;                      // of a property sheet
+
+    // The tree of the window: on an item's text, or on the empty part for item 0.
+    virtual void TapTree(platform::TreeItem item) = 0;
+    virtual void DoubleTapTree(platform::TreeItem item) = 0;
+    virtual void HoldTree(platform::TreeItem item) = 0;
+    virtual void RightClickTree(platform::TreeItem item) = 0;
+    virtual void CloseBranch(platform::TreeItem item) = 0;  // by its button
+    virtual void PressInTree(platform::Key key) = 0;
+    virtual std::optional<std::wstring> EditedLabel() = 0;
+    virtual void EndEditing(const std::optional<std::wstring>& text) = 0;  // nothing: given up
 
     // The next question gets this answer. All boxes that were shown are kept.
     virtual void Answer(platform::MessageAnswer answer) = 0;
     virtual std::vector<SeenBox> Boxes() const = 0;
     // The menus that come next are answered with the entries of these texts, one after another.
-    virtual void ChooseEntries(const std::vector<std::wstring>& texts) = 0;
+    virtual void ChooseEntries(const Texts& texts) = 0;
+    virtual void ChooseFolder(const std::wstring& folder) = 0;  // in the folder chooser; empty: cancelled
+
+    // All entries of the last menu: greyed ones in brackets, separators as "-", submenus' after their text.
+    const Texts& Menu() const { return menu_; }
+
+  protected:
+    // Reads a menu; the command of the entry with this text, 0 for none.
+    int ReadMenu(const std::vector<platform::PopupMenu::Item>& items, const std::wstring& wanted);
+
+  private:
+    int ReadEntries(const std::vector<platform::PopupMenu::Item>& items, const std::wstring& wanted);
+
+    Texts menu_;
 };
 
 // What makes steps for a hand. A script is a list of them: Play({Write({{30, 100}, {40, 110}}), Press(id)}).
@@ -50,6 +97,9 @@ class Steps {
 
     void Play(const Script& script);
 
+    Step Down(platform::Point place);
+    Step Move(platform::Point place);
+    Step Up(platform::Point place);
     // One stroke through these points.
     Step Write(const std::vector<platform::Point>& points);
     Step Press(int id);
@@ -57,7 +107,7 @@ class Steps {
     Step TypeInto(int item, const std::wstring& text);
     Step Close() { return Press(platform::kIdOk); }
     // The menus that the next step opens are answered so: Picked({L"Change Folder...", L"Home"}).
-    Step Picked(const std::vector<std::wstring>& texts);
+    Step Picked(const Texts& texts);
     Step ExpectTitle(const std::wstring& title);
     // A box with this text comes up before the script is over, and is answered so. Boxes nobody expects are
     // faults, see CheckBoxes.

@@ -1,12 +1,12 @@
-#include "platform/windows/LinuxMail.h"
+#include "platform/mail/LinuxMail.h"
 
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
 
 #include "platform/Clock.h"
+#include "platform/mail/MailFiles.h"
 #include "platform/windows/Guards.h"
-#include "platform/windows/MailFiles.h"
 #include "platform/windows/Processes.h"
 
 namespace platform::windows {

@@ -1,4 +1,4 @@
-#include "platform/windows/MailMessage.h"
+#include "platform/mail/MailMessage.h"
 
 #include <algorithm>
 #include <cstdint>

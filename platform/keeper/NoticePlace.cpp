@@ -1,4 +1,4 @@
-#include "platform/windows/NoticePlace.h"
+#include "platform/keeper/NoticePlace.h"
 
 #include <algorithm>
 

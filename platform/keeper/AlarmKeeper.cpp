@@ -11,12 +11,13 @@
 
 #include "platform/Clock.h"
 #include "platform/Shell.h"
-#include "platform/windows/AlarmFiring.h"
-#include "platform/windows/AlarmSchedule.h"
+#include "platform/keeper/AlarmFiring.h"
+#include "platform/keeper/AlarmSchedule.h"
 #include "platform/windows/KeeperControl.h"
 #include "platform/windows/NotificationStore.h"
 #include "platform/windows/Processes.h"
 #include "platform/windows/SystemTimes.h"
+#include "platform/windows/WindowImpl.h"
 
 namespace {
 
@@ -107,13 +108,10 @@ LRESULT CALLBACK KeeperProcedure(HWND handle, UINT message, WPARAM wParam, LPARA
 }
 
 HWND MakeWindow() {
-    WNDCLASSW windowClass{};
-    windowClass.lpfnWndProc = KeeperProcedure;
-    windowClass.hInstance = GetModuleHandleW(nullptr);
-    windowClass.lpszClassName = platform::windows::kKeeperWindowClass;
-    RegisterClassW(&windowClass);
-    return CreateWindowExW(0, windowClass.lpszClassName, L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
-                           windowClass.hInstance, nullptr);
+    using platform::windows::kKeeperWindowClass;
+    platform::windows::RegisterWindowClass(kKeeperWindowClass, KeeperProcedure, 0, nullptr);
+    return CreateWindowExW(0, kKeeperWindowClass, L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
+                           platform::windows::Module(), nullptr);
 }
 
 // False when this program is to end.

@@ -1,4 +1,4 @@
-#include "platform/windows/MailFiles.h"
+#include "platform/mail/MailFiles.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -6,8 +6,8 @@
 #include <iterator>
 #include <new>
 
+#include "platform/mail/MailMessage.h"
 #include "platform/windows/Guards.h"
-#include "platform/windows/MailMessage.h"
 
 namespace platform::windows {
 

@@ -1,9 +1,10 @@
-#include "platform/windows/NoticeWindow.h"
+#include "platform/keeper/NoticeWindow.h"
 
 #include <algorithm>
 
+#include "platform/keeper/NoticePlace.h"
 #include "platform/windows/Guards.h"
-#include "platform/windows/NoticePlace.h"
+#include "platform/windows/WindowImpl.h"
 
 namespace platform::windows {
 
@@ -12,8 +13,7 @@ namespace {
 constexpr wchar_t kClass[] = L"InkwrightNotice";
 constexpr wchar_t kPlacingName[] = L"Local\\InkwrightNoticePlacing";
 constexpr DWORD kPlacingMilliseconds = 2000;
-constexpr int kWidth = 300;        // of the client area, pixels
-constexpr int kProgramIcon = 128;  // the id every program here gives its own icon
+constexpr int kWidth = 300;  // of the client area, pixels
 constexpr int kMargin = 14;
 constexpr int kButtonWidth = 76;
 constexpr int kButtonHeight = 24;
@@ -47,14 +47,7 @@ LRESULT CALLBACK NoticeProcedure(HWND handle, UINT message, WPARAM wParam, LPARA
 }
 
 void RegisterNotice() {
-    WNDCLASSW windowClass{};
-    windowClass.lpfnWndProc = NoticeProcedure;
-    windowClass.hInstance = GetModuleHandleW(nullptr);
-    windowClass.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
-    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    windowClass.hIcon = LoadIconW(windowClass.hInstance, MAKEINTRESOURCEW(kProgramIcon));
-    windowClass.lpszClassName = kClass;
-    RegisterClassW(&windowClass);
+    RegisterWindowClass(kClass, NoticeProcedure, 0, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
 }
 
 HWND AddControl(HWND parent, const wchar_t* kind, const std::wstring& text, DWORD style, const Rect& place,

@@ -1,9 +1,9 @@
-#include "platform/windows/AlarmFiring.h"
+#include "platform/keeper/AlarmFiring.h"
 
 #include <string>
 
 #include "platform/Clock.h"
-#include "platform/windows/NoticeWindow.h"
+#include "platform/keeper/NoticeWindow.h"
 #include "platform/windows/NotificationStore.h"
 #include "platform/windows/Processes.h"
 #include "platform/windows/SystemTimes.h"

@@ -1,4 +1,4 @@
-#include "platform/windows/AlarmSchedule.h"
+#include "platform/keeper/AlarmSchedule.h"
 
 #include <utility>
 

@@ -1,0 +1,51 @@
+// The device of one contract test, and the hand at it: one implementation for each port. Everything else in
+// this folder is written against the contract alone.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/DateTime.h"
+#include "tests/support/Steps.h"
+
+namespace contract {
+
+// A fresh device: an empty file system but for the documents folder, no keys of a test. Lives as long as one
+// test.
+class Device {
+  public:
+    Device();
+    Device(const Device&) = delete;
+    Device& operator=(const Device&) = delete;
+    ~Device();
+
+    testing_support::Hand& Hand();
+
+    // A storage card with this name.
+    void InsertCard(const std::wstring& name);
+    // From now on the program belongs to the device whose folder is named so behind its name: another one, or
+    // with "\" the same in another spelling.
+    void BecomeDevice(const std::wstring& ending);
+    // Another program has the file for itself, and lets go of it a tenth of a second later. Nothing where no
+    // other program is.
+    void HoldForAMoment(const std::wstring& path);
+    // When the file was last written, in universal time.
+    void SetLastWrite(const std::wstring& path, const platform::DateTime& universal);
+    // How many hours later the clock of this place shows in summer than in winter.
+    int SummerHours() const;
+    // How many lines a notch of the wheel scrolls.
+    int WheelLines() const;
+    // 0 = Monday; -1 where the port draws no calendar.
+    int FirstDayShown(int item);
+    // A value below the machine's part of the registry.
+    void SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value);
+
+  private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+// Keys of the current user and of the machine that do not exist when a test begins.
+constexpr wchar_t kTestKey[] = L"Software\\Larkspur Works\\Inkwright Contract Test";
+
+}  // namespace contract
