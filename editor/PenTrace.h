@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "ink/Geometry.h"
+#include "ink/Require.h"
 
 namespace editor {
 
@@ -18,6 +19,7 @@ class PenTrace {
 
     // Callers cut the stroke when it is full.
     void Append(ink::Point pagePoint) {
+        ink::Require(!IsFull(), "a stroke that should have been cut goes on");
         box_ = count_ == 0 ? ink::Rect{pagePoint.x, pagePoint.y, pagePoint.x, pagePoint.y}
                            : ink::Rect{std::min(box_.left, pagePoint.x), std::min(box_.top, pagePoint.y),
                                        std::max(box_.right, pagePoint.x), std::max(box_.bottom, pagePoint.y)};

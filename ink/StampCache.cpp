@@ -5,6 +5,8 @@
 #include <cstring>
 #include <new>
 
+#include "ink/Require.h"
+
 namespace ink {
 namespace {
 
@@ -66,6 +68,7 @@ void StampCache::SetStride(int32_t stride) {
 }
 
 Stamp StampCache::Get(int64_t dx, int64_t dy) {
+    Require(Index(dx, dy) < stamps_.size(), "a segment longer than any stamp");
     Stamp& stamp = stamps_[Index(dx, dy)];
     if (stamp.IsMade()) return stamp;
 
@@ -75,6 +78,7 @@ Stamp StampCache::Get(int64_t dx, int64_t dy) {
     // The tip may part a row in two.
     const size_t rowQuads = QuadsAcross(columns_) + 1;
     const size_t most = 2 * rimBatches_ + BatchesFor(static_cast<size_t>(rows_) * rowQuads);
+    Require(used_ <= batches_.size(), "more stamps than there is room for");
     if (most > batches_.size() - used_) {
         std::fill(stamps_.begin(), stamps_.end(), Stamp{});
         used_ = BatchesFor(tipCount_);

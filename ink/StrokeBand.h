@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "ink/Require.h"
 #include "ink/StrokeRecord.h"
 
 namespace ink {
@@ -13,7 +14,10 @@ class StrokeBand {
   public:
     size_t Count() const { return records_.size(); }
     bool IsEmpty() const { return records_.empty(); }
-    const StrokeRecord& At(size_t index) const { return *records_[index]; }
+    const StrokeRecord& At(size_t index) const {
+        Require(index < records_.size(), "no such stroke in its slot");
+        return *records_[index];
+    }
 
   private:
     friend class InkPage;

@@ -6,6 +6,7 @@
 #include "app/store/NoteFiles.h"
 #include "app/store/StoreListing.h"
 #include "app/store/StorePaths.h"
+#include "ink/Require.h"
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
 #include "platform/TextEncoding.h"
@@ -73,6 +74,12 @@ void FolderTree::ItemDeleted(intptr_t data) { records_.erase(data); }
 const FolderTree::NodeRecord* FolderTree::RecordOf(intptr_t data) const {
     const auto found = records_.find(data);
     return found == records_.end() ? nullptr : found->second.get();
+}
+
+FolderTree::NodeRecord& FolderTree::ChangeRecord(TreeItem item) {
+    const auto found = records_.find(tree_.Data(item));
+    ink::Require(found != records_.end(), "an item of the tree without its record");
+    return *found->second;
 }
 
 // Folders before notes; folders by name, which puts days in order; notes by code units of their texts.
@@ -201,14 +208,14 @@ void FolderTree::ListAlarms() {
 }
 
 void FolderTree::RenameFolder(TreeItem item, const std::wstring& name) {
-    records_[tree_.Data(item)]->name = name;
+    ChangeRecord(item).name = name;
     ShowCount(item, CountNotes(item));
     Sort(tree_.Parent(item));
 }
 
 void FolderTree::RenameNote(TreeItem item, const std::wstring& name) {
     tree_.SetText(item, name);
-    records_[tree_.Data(item)]->name = name;
+    ChangeRecord(item).name = name;
     selectedNote_ = RelativePath(item) + store::kNoteExtension;
     Sort(tree_.Parent(item));
 }
@@ -258,7 +265,10 @@ void FolderTree::ShowPlain(TreeItem item) {
 
 void FolderTree::Sort(TreeItem parent) {
     tree_.SortChildren(parent, [this](TreeItem, intptr_t a, TreeItem, intptr_t b) {
-        return Compare(*RecordOf(a), *RecordOf(b));
+        const NodeRecord* first = RecordOf(a);
+        const NodeRecord* second = RecordOf(b);
+        ink::Require(first != nullptr && second != nullptr, "an item of the tree without its record");
+        return Compare(*first, *second);
     });
 }
 

@@ -77,6 +77,7 @@ class FolderTree {
     struct NodeRecord;
     static int Compare(const NodeRecord& a, const NodeRecord& b);
     const NodeRecord* RecordOf(intptr_t data) const;
+    NodeRecord& ChangeRecord(platform::TreeItem item);
     void InsertChildren(platform::TreeItem node);
     platform::TreeItem Insert(platform::TreeItem parent, store::NodeKind kind, bool isFolder,
                               const std::wstring& name);

@@ -1,5 +1,6 @@
 #include "app/store/Settings.h"
 
+#include "ink/Require.h"
 #include "platform/Product.h"
 
 namespace store {
@@ -49,7 +50,10 @@ static_assert(RowsStandInOrder(), "a row is found by its id");
 
 }  // namespace
 
-const SettingInfo& InfoOf(SettingId id) { return kTable[static_cast<size_t>(id)]; }
+const SettingInfo& InfoOf(SettingId id) {
+    ink::Require(id < SettingId::Count, "no such setting");
+    return kTable[static_cast<size_t>(id)];
+}
 
 Settings::Settings() : key_(platform::RegistryKey::OpenUser(kKeyPath)) {}
 

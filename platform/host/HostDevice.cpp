@@ -1,8 +1,8 @@
 #include "platform/host/HostDevice.h"
 
-#include <cassert>
 #include <cstring>
 
+#include "ink/Require.h"
 #include "platform/Clock.h"
 #include "platform/Notifications.h"
 #include "platform/Product.h"
@@ -21,7 +21,7 @@ HostDevice::HostDevice() : previous_(currentDevice) { currentDevice = this; }
 HostDevice::~HostDevice() { currentDevice = previous_; }
 
 HostDevice& HostDevice::Current() {
-    assert(currentDevice != nullptr && "a test makes a HostDevice first");
+    ink::Require(currentDevice != nullptr, "a test makes a HostDevice first");
     return *currentDevice;
 }
 

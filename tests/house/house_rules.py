@@ -25,7 +25,7 @@ WINDOWS = ("platform/windows/", "platform/keeper/", "platform/mail/")
 
 STANDARD_HEADERS = re.compile(
     r"^(algorithm|array|atomic|cassert|cctype|chrono|cmath|cstddef|cstdint|cstdlib|cstring|cwchar|cwctype|deque|exception|"
-    r"fstream|functional|iterator|limits|list|map|memory|mutex|new|optional|set|sstream|string|string_view|"
+    r"fstream|functional|iterator|limits|list|map|memory|mutex|new|optional|set|sstream|stdexcept|string|string_view|"
     r"thread|tuple|type_traits|unordered_map|unordered_set|utility|vector)$")
 
 
@@ -45,6 +45,8 @@ def problems_of(path):
         system = re.match(r"\s*#\s*include\s*<([^>]+)>", line)
         if system and not in_windows and not STANDARD_HEADERS.match(system.group(1)):
             yield f"{name}:{number}: <{system.group(1)}> belongs into the Windows port"
+        if re.search(r"\bassert\(", line):
+            yield f"{name}:{number}: ink::Require holds in releases, assert does not"
         if "_WIN32" in line and folder != "platform":
             yield f"{name}:{number}: the port is chosen by the build, not by the preprocessor"
         port = re.match(r'\s*#\s*include\s*"platform/(windows|keeper|mail|host)/', line)

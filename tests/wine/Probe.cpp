@@ -108,28 +108,27 @@ std::string Children(Arguments& arguments) {
     return DescribedAll(windows);
 }
 
-std::string Send(Arguments& arguments) {
-    const HWND window = WindowFrom(arguments);
-    UINT message = 0;
+struct Message {
+    explicit Message(Arguments& arguments) : window(WindowFrom(arguments)) {
+        arguments >> id >> wParam >> lParam;
+    }
+
+    HWND window;
+    UINT id = 0;
     WPARAM wParam = 0;
     LPARAM lParam = 0;
-    arguments >> message >> wParam >> lParam;
+};
+
+std::string Send(Arguments& arguments) {
+    const Message sent(arguments);
     DWORD_PTR answer = 0;
-    SendMessageTimeoutW(window, message, wParam, lParam, SMTO_ABORTIFHUNG, 5000, &answer);
+    SendMessageTimeoutW(sent.window, sent.id, sent.wParam, sent.lParam, SMTO_ABORTIFHUNG, 5000, &answer);
     return std::to_string(static_cast<int64_t>(answer));
 }
 
-std::string Style(Arguments& arguments) {
-    return std::to_string(GetWindowLongW(WindowFrom(arguments), GWL_STYLE));
-}
-
 std::string Post(Arguments& arguments) {
-    const HWND window = WindowFrom(arguments);
-    UINT message = 0;
-    WPARAM wParam = 0;
-    LPARAM lParam = 0;
-    arguments >> message >> wParam >> lParam;
-    return PostMessageW(window, message, wParam, lParam) ? "true" : "false";
+    const Message posted(arguments);
+    return PostMessageW(posted.window, posted.id, posted.wParam, posted.lParam) ? "true" : "false";
 }
 
 std::string HasPen(Arguments& arguments) {
@@ -148,101 +147,6 @@ std::string Pixel(Arguments& arguments) {
     ClientToScreen(window, &place);
     const platform::windows::ClientDc screen(nullptr);
     return std::to_string(GetPixel(screen.Get(), place.x, place.y));
-}
-
-// A number that stands for everything a window's client area shows, from its row `top` on when one is given.
-std::string Picture(Arguments& arguments) {
-    const HWND window = WindowFrom(arguments);
-    LONG top = 0;
-    arguments >> top;
-    RECT client{};
-    GetClientRect(window, &client);
-    BITMAPINFO info{};
-    info.bmiHeader = {sizeof info.bmiHeader, client.right, -client.bottom, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    void* bits = nullptr;
-    const platform::windows::OwnedMemoryDc memory(CreateCompatibleDC(nullptr));
-    const platform::windows::OwnedBitmap bitmap(
-        CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-    if (!bits) return "null";
-    const platform::windows::Selection selection(memory.get(), bitmap.get());
-    const platform::windows::ClientDc screen(nullptr);
-    POINT origin{0, 0};
-    ClientToScreen(window, &origin);
-    BitBlt(memory.get(), 0, 0, client.right, client.bottom, screen.Get(), origin.x, origin.y, SRCCOPY);
-    GdiFlush();
-    uint64_t sum = 14695981039346656037u;
-    const auto* pixels = static_cast<const uint32_t*>(bits);
-    for (LONG i = top * client.right; i < client.right * client.bottom; ++i)
-        sum = (sum ^ (pixels[i] & 0xFFFFFF)) * 1099511628211u;
-    return std::to_string(sum);
-}
-
-// Memory of another window's program, for messages that carry addresses.
-class RemoteMemory {
-  public:
-    RemoteMemory(HWND window, size_t size) {
-        DWORD process = 0;
-        GetWindowThreadProcessId(window, &process);
-        handle_.reset(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, process));
-        address_ = VirtualAllocEx(handle_.get(), nullptr, size, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
-    }
-    RemoteMemory(const RemoteMemory&) = delete;
-    RemoteMemory& operator=(const RemoteMemory&) = delete;
-    ~RemoteMemory() { VirtualFreeEx(handle_.get(), address_, 0, MEM_RELEASE); }
-
-    char* Address() const { return static_cast<char*>(address_); }
-    void Write(const void* from, size_t size) {
-        WriteProcessMemory(handle_.get(), address_, from, size, nullptr);
-    }
-    void Read(void* to, size_t size, size_t offset = 0) const {
-        ReadProcessMemory(handle_.get(), Address() + offset, to, size, nullptr);
-    }
-
-  private:
-    OwnedHandle handle_;
-    void* address_ = nullptr;
-};
-
-// A tool bar writes a button's place into its own program's memory.
-std::string ToolPlace(Arguments& arguments) {
-    const HWND bar = WindowFrom(arguments);
-    WPARAM command = 0;
-    arguments >> command;
-    RemoteMemory memory(bar, sizeof(RECT));
-    RECT place{};
-    SendMessageW(bar, TB_GETRECT, command, reinterpret_cast<LPARAM>(memory.Address()));
-    memory.Read(&place, sizeof place);
-    POINT origin{0, 0};
-    ClientToScreen(bar, &origin);
-    OffsetRect(&place, origin.x, origin.y);
-    return Listed(place);
-}
-
-// The system carries a control's new text over to its program.
-std::string SendText(Arguments& arguments) {
-    const HWND window = WindowFrom(arguments);
-    std::string text;
-    std::getline(arguments >> std::ws, text);
-    const std::wstring wide(text.begin(), text.end());
-    SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(wide.c_str()));
-    return "true";
-}
-
-// Text of a tree's selected item.
-std::string Selected(Arguments& arguments) {
-    constexpr int kLength = 256;
-    const HWND tree = WindowFrom(arguments);
-    RemoteMemory memory(tree, sizeof(TVITEMW) + kLength * sizeof(wchar_t));
-    TVITEMW item{};
-    item.mask = TVIF_TEXT;
-    item.hItem = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0));
-    item.pszText = reinterpret_cast<wchar_t*>(memory.Address() + sizeof item);
-    item.cchTextMax = kLength;
-    memory.Write(&item, sizeof item);
-    if (!SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(memory.Address()))) return "null";
-    wchar_t text[kLength] = L"";
-    memory.Read(text, sizeof text - sizeof(wchar_t), sizeof item);
-    return Quoted(text);
 }
 
 // [type, [byte, ...]] of a setting, null when there is none.
@@ -290,10 +194,8 @@ constexpr struct {
     const char* name;
     std::string (*run)(Arguments&);
 } kCommands[] = {{"windows", Windows}, {"children", Children}, {"send", Send},
-                 {"style", Style},     {"post", Post},         {"haspen", HasPen},
-                 {"pixel", Pixel},     {"picture", Picture},   {"toolplace", ToolPlace},
-                 {"setting", Setting}, {"sendtext", SendText}, {"selected", Selected},
-                 {"settext", SetText}, {"clean", Clean}};
+                 {"post", Post},       {"haspen", HasPen},     {"pixel", Pixel},
+                 {"setting", Setting}, {"settext", SetText},   {"clean", Clean}};
 
 std::string Answer(const std::string& line) {
     Arguments arguments(line);

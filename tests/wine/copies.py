@@ -20,11 +20,11 @@ class Copies(case.Case):
 
     def test_a_second_start_on_the_note(self):
         def palette(frame):
-            self.desk.press_tool(frame, PALETTE)
+            self.desk.post_command(frame, PALETTE)
             self.desk.window("Color Palette")
 
         def menu(frame):
-            self.desk.press_tool(frame, TOOLS)
+            self.desk.post_command(frame, TOOLS)
             desk.wait_for("the menu", lambda: any(w["class"] == "#32768" for w in self.desk.windows()))
 
         for opened in (palette, menu):

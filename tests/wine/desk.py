@@ -121,10 +121,8 @@ class Desk:
         bar = self.child(frame, **{"class": "ToolbarWindow32"})
         return self.ask(f"send {bar['handle']} {TB_GETSTATE} {command} 0")
 
-    def number_setting(self, name):
-        """(type, number) in the registry."""
-        found = self.ask("setting " + name)
-        return found and (found[0], int.from_bytes(bytes(found[1]), "little"))
+    def text_setting(self, name):
+        return bytes(self.ask("setting " + name)[1]).decode("utf-16-le").rstrip("\0")
 
     def wait_until_gone(self, window):
         wait_for(f"{window['text']!r} to go away",
@@ -155,10 +153,6 @@ class Desk:
     def click(self, place):
         left, top, right, bottom = place
         self.xdotool("mousemove", (left + right) // 2, (top + bottom) // 2, "click", 1)
-
-    def press_tool(self, frame, command):
-        bar = self.child(frame, **{"class": "ToolbarWindow32"})
-        self.click(self.ask(f"toolplace {bar['handle']} {command}"))
 
     def post_command(self, window, command):
         self.ask(f"post {window['handle']} {WM_COMMAND} {command} 0")
