@@ -46,12 +46,12 @@ std::wstring HeaderBar::Text(const std::wstring& rootPrefix) {
     return first == std::wstring::npos ? std::wstring() : text.substr(first);
 }
 
-bool HeaderBar::Update(const std::wstring& rootPrefix, int width) {
+void HeaderBar::Update(const std::wstring& rootPrefix, int width) {
     using platform::SystemColor;
     const int height = Height();
     if (picture_.Width() != width || picture_.Height() != height)
         picture_ = platform::Image::Make(width, height);
-    if (!picture_.IsValid()) return false;
+    if (!picture_.IsValid()) return;
     platform::Canvas canvas(picture_);
     const platform::Rect all{0, 0, width, height};
     canvas.Fill(all, platform::ColorOf(SystemColor::ButtonFace));
@@ -60,7 +60,6 @@ bool HeaderBar::Update(const std::wstring& rootPrefix, int width) {
     const platform::Rect size = platform::Canvas::TextSize(text, kFont);
     const platform::Point place{width - kRightMargin - size.right, (height - size.bottom) / 2 - 1};
     canvas.Text(text, place, kFont, platform::ColorOf(SystemColor::ButtonText), all);
-    return true;
 }
 
 }  // namespace manager

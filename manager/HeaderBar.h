@@ -12,8 +12,8 @@ class HeaderBar {
     // Its height in pixels, from the font.
     static int Height();
 
-    // Draws the bar anew for a store root prefix; false when memory is short.
-    bool Update(const std::wstring& rootPrefix, int width);
+    // Draws the bar anew for a store root prefix. When memory is short there is no picture.
+    void Update(const std::wstring& rootPrefix, int width);
     const platform::Image& Picture() const { return picture_; }
 
     // "Main Memory [ 1.50MB Free ]"; without the free space when it can't be told.

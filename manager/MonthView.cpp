@@ -65,10 +65,10 @@ void MonthView::ReadMarks(const std::wstring& rootPrefix) {
     }
 }
 
-bool MonthView::Draw(int width, int height, int cursorDay) {
+void MonthView::Draw(int width, int height, int cursorDay) {
     if (picture_.Width() != width || picture_.Height() != height)
         picture_ = platform::Image::Make(width, height);
-    if (!picture_.IsValid()) return false;
+    if (!picture_.IsValid()) return;
     today_ = platform::LocalNow();
     DrawTitle();
     DrawWeekdays();
@@ -77,7 +77,6 @@ bool MonthView::Draw(int width, int height, int cursorDay) {
     }
     DrawLines();
     DrawCursor(grid_.CellOf(cursorDay));
-    return true;
 }
 
 bool MonthView::CellAt(Point place, int& row, int& column) const {

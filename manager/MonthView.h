@@ -20,8 +20,9 @@ class MonthView {
 
     // Looks up each day's folder.
     void ReadMarks(const std::wstring& rootPrefix);
-    // Draws the month anew, with an outline around the day that the keys act on. False when memory is short.
-    bool Draw(int width, int height, int cursorDay);
+    // Draws the month anew, with an outline around the day that the keys act on. When memory is short
+    // there is no picture.
+    void Draw(int width, int height, int cursorDay);
     const platform::Image& Picture() const { return picture_; }
 
     // The cell at a position of the picture; false outside the cells.

@@ -23,16 +23,15 @@ constexpr ink::ColorRef kCaptionColor = ink::MakeColor(96, 96, 96);  // ink may 
 
 }  // namespace
 
-bool PreviewStrip::Update(const std::wstring& notePath, int width) {
+void PreviewStrip::Update(const std::wstring& notePath, int width) {
     if (picture_.Width() != width) picture_ = platform::Image::Make(width, kHeight);
-    if (!picture_.IsValid()) return false;
+    if (!picture_.IsValid()) return;
     if (notePath.empty()) {
         DrawNoNote();
     } else {
         DrawNote(notePath);
     }
     platform::Canvas(picture_).Fill({0, 0, width, 1}, platform::ColorOf(platform::SystemColor::WindowFrame));
-    return true;
 }
 
 void PreviewStrip::DrawNoNote() {

@@ -15,8 +15,8 @@ class PreviewStrip {
     PreviewStrip(const store::PenSettings& pen, const platform::ImageList& images)
         : pen_(pen), images_(images) {}
 
-    // Draws the strip anew for a note's path; empty for no note. False when memory is short.
-    bool Update(const std::wstring& notePath, int width);
+    // Draws the strip anew for a note's path; empty for no note. When memory is short there is no picture.
+    void Update(const std::wstring& notePath, int width);
     const platform::Image& Picture() const { return picture_; }
 
   private:

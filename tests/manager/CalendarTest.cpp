@@ -67,17 +67,26 @@ TEST_F(Calendar, OpensOnTheMonthOfTheSelectedDay) {
 TEST_F(Calendar, MarksDaysWithNotesAndToday) {
     for (const wchar_t* day : {L"2007-03-02", L"2007-03-08"})
         PutNote(std::wstring(L"Reminders\\") + day + L"\\r.ikw");
-    RunManager(L"", {[this] {
-                         EXPECT_TRUE(InOneCell(L"picture 8", L"2")) << "past";
-                         EXPECT_TRUE(InOneCell(L"picture 7", L"8")) << "to come";
-                         EXPECT_TRUE(InOneCell(L"picture 9", L"5")) << "today";
-                         EXPECT_EQ(Shown().Row(Desk().PlaceOf(L"25").top)[1], 0xC0C0C0u) << "February's";
-                         EXPECT_EQ(Shown().Row(Desk().PlaceOf(L"14").top)[Desk().PlaceOf(L"14").left],
-                                   0xFFFFFFu);
-                         EXPECT_EQ(Desk().PlaceOf(L"14").left - Desk().PlaceOf(L"13").left, 240 / 7);
-                         EXPECT_LT(Desk().PlaceOf(L"Sun").left, Desk().PlaceOf(L"Mon").left);
-                     },
-                     Press(IDM_PREVIOUS_MONTH), ExpectNoText(L"picture 9")});
+    RunManager(L"",
+               {[this] {
+                    EXPECT_TRUE(InOneCell(L"picture 8", L"2")) << "past";
+                    EXPECT_TRUE(InOneCell(L"picture 7", L"8")) << "to come";
+                    EXPECT_TRUE(InOneCell(L"picture 9", L"5")) << "today";
+                    EXPECT_EQ(Shown().Row(Desk().PlaceOf(L"25").top)[1], 0xC0C0C0u) << "February's";
+                    EXPECT_EQ(Shown().Row(Desk().PlaceOf(L"14").top)[Desk().PlaceOf(L"14").left], 0xFFFFFFu);
+                    EXPECT_EQ(Desk().PlaceOf(L"14").left - Desk().PlaceOf(L"13").left, 240 / 7);
+                    const ink::Rect wednesday = Desk().PlaceOf(L"Wed");
+                    EXPECT_NEAR(wednesday.left + wednesday.right, 240, 2) << "in the middle of the middle";
+                    EXPECT_EQ(wednesday.top, Desk().PlaceOf(L"Sun").top);
+                    EXPECT_LT(Desk().PlaceOf(L"Sun").left, 240 / 7);
+                    const ink::Rect title = Desk().PlaceOf(L"March 2007  ");
+                    EXPECT_EQ(title.right, 240);
+                    EXPECT_LT(title.bottom, wednesday.top);
+                    EXPECT_LT(wednesday.bottom, Desk().PlaceOf(L"25").top);
+                    EXPECT_EQ(Shown().Row(wednesday.top)[0], 0x202020u);
+                    EXPECT_EQ(Shown().Row((wednesday.top + wednesday.bottom) / 2)[120], 0xFFFFFFu);
+                },
+                Press(IDM_PREVIOUS_MONTH), ExpectNoText(L"picture 9")});
     device.now = {2005, 12, 4, 15, 0, 0, 0, 0};
     PutNote(L"Reminders\\2005-11-06\\r.ikw");
     RunManager(L"", {[this] {
