@@ -59,7 +59,7 @@ std::wstring WriteMessage(const std::wstring& picture, const std::string& bytes)
          {platform::windows::FolderOf(picture), platform::windows::TemporaryFolder()}) {
         if (folder.empty()) continue;
         platform::windows::DeleteOldMessages(folder);
-        const std::wstring path = folder + name.substr(0, name.rfind(L'.')) + L".eml";
+        std::wstring path = folder + name.substr(0, name.rfind(L'.')) + L".eml";
         if (platform::windows::WriteMessageFile(path, message)) return path;
     }
     return {};

@@ -146,20 +146,20 @@ bool Wheel(Event& event) {
 bool KeyDown(Event& event) { return event.window.OnKeyDown(KeyOf(event.wParam)); }
 
 constexpr struct {
-    UINT message;
     bool (*handle)(Event&);
+    UINT message;
     bool afterEnd;  // reaches a window whose modal run has ended
-} kEvents[] = {{WM_MOUSEMOVE, PenMove, false},
-               {WM_LBUTTONDOWN, PenDown, false},
-               {WM_LBUTTONUP, PenUp, false},
-               {WM_CAPTURECHANGED, CaptureChanged, true},
-               {WM_PAINT, Paint, true},
-               {WM_TIMER, Timer, false},
-               {WM_COMMAND, Command, false},
-               {WM_VSCROLL, VerticalScroll, false},
-               {WM_KEYDOWN, KeyDown, false},
-               {WM_MOUSEWHEEL, Wheel, false},
-               {kPrivateMessage, PrivateMessage, true}};
+} kEvents[] = {{PenMove, WM_MOUSEMOVE, false},
+               {PenDown, WM_LBUTTONDOWN, false},
+               {PenUp, WM_LBUTTONUP, false},
+               {CaptureChanged, WM_CAPTURECHANGED, true},
+               {Paint, WM_PAINT, true},
+               {Timer, WM_TIMER, false},
+               {Command, WM_COMMAND, false},
+               {VerticalScroll, WM_VSCROLL, false},
+               {KeyDown, WM_KEYDOWN, false},
+               {Wheel, WM_MOUSEWHEEL, false},
+               {PrivateMessage, kPrivateMessage, true}};
 
 }  // namespace
 

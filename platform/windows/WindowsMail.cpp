@@ -30,7 +30,7 @@ std::wstring RegisteredPath(const std::wstring& program) {
         wchar_t path[MAX_PATH] = L"";
         DWORD size = sizeof path;
         const LSTATUS got = RegGetValueW(root, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, path, &size);
-        const std::wstring unquoted = got == ERROR_SUCCESS ? windows::Unquoted(path) : std::wstring();
+        std::wstring unquoted = got == ERROR_SUCCESS ? windows::Unquoted(path) : std::wstring();
         if (windows::IsAbsolute(unquoted) && IsFile(unquoted)) return unquoted;
     }
     return {};
@@ -38,7 +38,8 @@ std::wstring RegisteredPath(const std::wstring& program) {
 
 std::wstring PathInSearchFolders(const std::wstring& program) {
     for (const std::wstring& folder : windows::AbsoluteFolders(windows::EnvironmentText(L"PATH"))) {
-        std::wstring path = folder + L"\\" + program;
+        std::wstring path = folder;
+        path.append(L"\\").append(program);
         if (IsFile(path)) return path;
     }
     return {};
