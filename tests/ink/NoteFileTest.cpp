@@ -1,195 +1,163 @@
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <filesystem>
 
-#include "ink/NoteFile.h"
 #include "ink/NoteScanner.h"
 #include "tests/ink/Sketch.h"
 
 namespace {
 
 using ink::InkPage;
+using ink::LoadResult;
+using ink::StrokePool;
 using sketch::Bytes;
-using Lines = std::vector<std::string>;
+using sketch::Lines;
+using testing_support::Fault;
 
-constexpr ink::ColorRef kOwnBackground = 0x00F0F0F0;
-constexpr ink::ColorRef kFileBackground = 0x00C0E0F0;
-
-InkPage& Blank(InkPage& page, int32_t height) {
-    page.bandHeight = height;
-    page.background = kOwnBackground;
-    return page;
+// The five strokes of most fixtures, in the slots and with the offsets that are told.
+Lines Usual(Lines lines) {
+    const char* const strokes[] = {" 123456 10..30 (10,10) (14,18) (20,30)", " ffffff 60..60 (5,60)",
+                                   " ff 250..290 (100,250) (104,270) (108,290)",
+                                   " 808080 300..320 (50,300) (60,320)",
+                                   " ff00 800..810 (0,800) (239,810) (17,805) (18,806)"};
+    for (size_t i = 0; i < lines.size(); ++i) lines[i] += strokes[i];
+    return lines;
 }
 
-const Lines kSameHeight = {"0: 0 123456 10..30 (10,10) (14,18) (20,30)", "0: 0 ffffff 60..60 (5,60)",
-                           "1: 0 ff 250..290 (100,250) (104,270) (108,290)",
-                           "2: 0 808080 300..320 (50,300) (60,320)",
-                           "5: 0 ff00 800..810 (0,800) (239,810) (17,805) (18,806)"};
-
-TEST(NoteFile, ReadsEveryVersionToTheSamePagePoints) {
-    struct VersionCase {
-        const char* name;
-        bool converted;
-        bool background;
+TEST(NoteFile, ReadsEveryVersionAndWhateverElseAFileMayHold) {
+    const Lines usual = Usual({"0: 0", "0: 0", "1: 0", "2: 0", "5: 0"});
+    // Offsets of old notes are max(0, maxY + 1 - half the height of the page's bands, not the file's).
+    const Lines old = Usual({"0: 0", "0: 0", "1: 157", "2: 187", "5: 677"});
+    const Lines extremes = {"0: 2147483528 ff -2147483648..2147483647 (1,-2147483648) (2,2147483647)"};
+    const struct {
+        const char* fixtures;
+        int32_t height;
+        bool isWrittenAlike;
+        size_t slots;
+        Lines strokes;
+    } kCases[] = {
+        {"version-0 version-1 version-2 version-3", 268, false, 6, old},
+        {"version-3", 31, false, 52, Usual({"0: 16", "2: 46", "17: 276", "19: 306", "51: 796"})},
+        {"version-3-extremes", 240, false, 1, extremes},
+        {"version-4 version-6 version-garbage bytes-behind", 268, false, 6, usual},
+        {"version-5", 268, true, 6, usual},
+        {"version-5", 240, false, 7, Usual({"0: 0", "0: 0", "2: 0", "2: 0", "6: 0"})},
+        {"offset", 268, true, 6, Usual({"0: 7", "0: 7", "1: 7", "2: 7", "5: 7"})},
+        {"offset-overflow", 268, true, 1, {"0: 2147483647 ff 0..200 (0,-2) (50,-1) (60,39)"}},
+        {"negative-bands", 268, false, 0, {}},
+        {"no-bands", 268, true, 0, {}},
+        {"empty-bands", 268, true, 4, {}},
+        {"empty-bands", 240, false, 0, {}},
+        {"no-points", 268, true, 1, {"0: 0 808080 0..0", "0: 0 ff 2..2 (1,2)"}},
+        {"above-page", 240, false, 1, {"0: 0 808080 -700..-690 (3,-700) (4,-690)"}},
+        {"far-below", 268, true, 1, {"0: 0 808080 1073741824..1073741824 (1,2)"}},
     };
-    for (const VersionCase& c : {VersionCase{"version-0", true, false},
-                                 {"version-1", true, false},
-                                 {"version-2", true, true},
-                                 {"version-3", true, true},
-                                 {"version-4", false, true},
-                                 {"version-5", false, true},
-                                 {"version-6", false, true},
-                                 {"version-garbage", false, true}}) {
-        SCOPED_TRACE(c.name);
-        InkPage page;
-        ASSERT_TRUE(sketch::Load(sketch::ReadFixture(c.name), Blank(page, 268)).Ok());
-        EXPECT_EQ(page.background, c.background ? kFileBackground : kOwnBackground);
-        EXPECT_FALSE(page.modified);
-        EXPECT_EQ(page.SlotCount(), 6u);
-        // Old notes get max(0, maxY + 1 - 268 / 2) as their offset; nothing else changes.
-        Lines wanted = kSameHeight;
-        if (c.converted) {
-            wanted[2].replace(0, 4, "1: 157");
-            wanted[3].replace(0, 4, "2: 187");
-            wanted[4].replace(0, 4, "5: 677");
+    for (const auto& c : kCases) {
+        std::istringstream names(c.fixtures);
+        for (std::string fixture; names >> fixture;) {
+            SCOPED_TRACE(testing::Message() << fixture << " at " << c.height);
+            const Bytes bytes = sketch::ReadFixture(fixture);
+            InkPage page;
+            page.bandHeight = c.height;
+            page.memo = L"old";
+            sketch::Add(page, {{1, 1}, {2, 2}});
+            ASSERT_EQ(sketch::Load(bytes, page), LoadResult::Loaded);
+            EXPECT_EQ(sketch::Describe(page), c.strokes);
+            EXPECT_EQ(page.SlotCount(), c.slots);
+            EXPECT_EQ(page.background == 0xC0E0F0, fixture != "version-0" && fixture != "version-1");
+            EXPECT_EQ(page.memo, L"");
+            EXPECT_FALSE(page.modified);
+            EXPECT_EQ(sketch::Save(page) == bytes, c.isWrittenAlike);
         }
-        EXPECT_EQ(sketch::Describe(page), wanted);
     }
 }
 
-TEST(NoteFile, FilesRecordsAnewForAnotherBandHeight) {
-    InkPage page;
-    ASSERT_TRUE(sketch::Load(sketch::ReadFixture("version-5"), Blank(page, 240)).Ok());
-    Lines wanted = kSameHeight;
-    wanted[2][0] = '2';
-    wanted[4][0] = '6';
-    EXPECT_EQ(sketch::Describe(page), wanted);
-    EXPECT_EQ(page.SlotCount(), 7u);
-    EXPECT_EQ(page.Band(1), nullptr);
-
-    InkPage low;
-    ASSERT_TRUE(sketch::Load(sketch::ReadFixture("version-3"), Blank(low, 31)).Ok());
-    // The offset follows from the page's band height, not the file's.
-    EXPECT_EQ(sketch::Describe(low)[0], "0: 16 123456 10..30 (10,10) (14,18) (20,30)");
-    EXPECT_EQ(low.SlotCount(), 800u / 31 + 810 / 31 + 1);
-}
-
-TEST(NoteFile, EmptyNotesLoad) {
-    for (const char* name : {"no-bands", "negative-bands", "empty-bands"}) {
-        InkPage page;
-        Blank(page, 268).memo = L"old";
-        sketch::Add(page, {{1, 1}});
-        ASSERT_TRUE(sketch::Load(sketch::ReadFixture(name), page).Ok()) << name;
-        EXPECT_FALSE(page.HasInk());
-        EXPECT_TRUE(page.memo.empty());
-        EXPECT_EQ(page.background, kFileBackground);
-        EXPECT_EQ(page.SlotCount(), std::strcmp(name, "empty-bands") == 0 ? 4u : 0u);
-    }
-}
-
-TEST(NoteFile, UnusualButWholeFilesLoad) {
-    for (const std::string& name : sketch::FixtureNames("")) {
-        if (name.rfind("damaged-", 0) == 0) continue;
-        InkPage page;
-        EXPECT_TRUE(sketch::Load(sketch::ReadFixture(name), Blank(page, 268)).Ok()) << name;
-    }
-    InkPage above;
-    ASSERT_TRUE(sketch::Load(sketch::ReadFixture("above-page"), Blank(above, 240)).Ok());
-    EXPECT_EQ(sketch::Describe(above), (Lines{"0: 0 808080 -700..-690 (3,-700) (4,-690)"}));
-}
-
-TEST(NoteFile, WritesExactlyTheseBytes) {
-    InkPage page;
-    page.bandHeight = 16;
-    page.background = 0x00ABCDEF;
-    sketch::Add(page, {{1, 20}, {-2, 22}}, 0x00123456);
-    ASSERT_TRUE(page.EnsureSlot(3));
-    const Bytes wanted = {
-        5,  0, 0, 0, 0xEF, 0xCD, 0xAB, 0, 4,    0,    0,    0,    16,   0, 0, 0,  // header
-        0,  0, 0, 0, 0,    0,    0,    0, 1,    0,    0,    0,                    // counts of slots 0 to 2
-        2,  0, 0, 0, 0,    0,    0,    0, 0x56, 0x34, 0,    0,    0x12, 0, 0, 0,
-        20, 0, 0, 0, 22,   0,    0,    0,                                         // head
-        1,  0, 0, 0, 20,   0,    0,    0, 0xFE, 0xFF, 0xFF, 0xFF, 22,   0, 0, 0,  // points
-        0,  0, 0, 0,                                                              // slot 3
-    };
-    EXPECT_EQ(sketch::Save(page), wanted);
-}
-
-TEST(NoteFile, WritingWhatWasReadGivesTheFileBack) {
-    for (const char* name :
-         {"version-5", "offset", "no-points", "far-away", "empty-bands", "offset-overflow"}) {
-        InkPage page;
-        const Bytes bytes = sketch::ReadFixture(name);
-        ASSERT_TRUE(sketch::Load(bytes, Blank(page, 268)).Ok());
-        EXPECT_EQ(sketch::Save(page), bytes) << name;
-    }
-}
-
-// Long enough for many chunks, with records of every size across their edges.
-TEST(NoteFile, LargeNotesSurviveTheRoundTrip) {
-    std::mt19937 random(5);
-    InkPage page;
-    page.bandHeight = 300;
-    for (int i = 0; i < 6000; ++i) {
-        const size_t count = i % 500 == 0 ? 40000 : 1 + random() % 126;
-        sketch::Add(page, sketch::Wander(random, count, 9, {0, i, 240, i + 200}), random() & 0xFFFFFF);
-    }
-    const Bytes bytes = sketch::Save(page);
-    InkPage same;
-    ASSERT_TRUE(sketch::Load(bytes, Blank(same, 300)).Ok());
-    EXPECT_EQ(sketch::Describe(same), sketch::Describe(page));
-    EXPECT_EQ(sketch::Save(same), bytes);
-    // What was loaded can be written on: the page's memory is not confused by its origin.
-    sketch::Add(same, {{5, 5}, {6, 6}}, 77);
-    sketch::Add(page, {{5, 5}, {6, 6}}, 77);
-    EXPECT_EQ(sketch::Describe(same), sketch::Describe(page));
-}
-
-// Notes how much it is asked for.
-class AskedSource : public ink::MemorySource {
-  public:
-    explicit AskedSource(const Bytes& bytes) : MemorySource(bytes.data(), bytes.size()) {}
+// Gives out some of the bytes, and fails when it is told to.
+struct CheckedSource : ink::MemorySource {
+    CheckedSource(const Bytes& bytes, size_t size, Fault& f) : MemorySource(bytes.data(), size), fault(f) {}
     bool Read(void* buffer, size_t size, size_t& got) override {
+        EXPECT_FALSE(ended) << "asked again after the end";
         asked.push_back(size);
-        return MemorySource::Read(buffer, size, got);
+        ended = fault.Strikes() || !MemorySource::Read(buffer, size, got) || got < size;
+        return !fault.HasStruck();
     }
+    Fault& fault;
     std::vector<size_t> asked;
+    bool ended = false;
 };
 
-TEST(NoteScanner, VisitsTheRecordsInFileOrderWithoutKeepingThem) {
-    std::mt19937 random(6);
-    InkPage page;
+// Long enough for many chunks, with records of every size across their edges.
+void FillWithMuchInk(InkPage& page, int32_t strokes) {
+    sketch::Dice dice(5);
     page.bandHeight = 300;
-    size_t longest = 0;
-    for (int i = 0; i < 3000; ++i) {
-        const size_t count = i == 1500 ? 30000 : 1 + random() % 126;
-        longest = std::max(longest, count);
-        sketch::Add(page, sketch::Wander(random, count, 9, {0, i, 240, i + 200}), static_cast<uint32_t>(i));
+    for (int32_t i = 0; i < strokes; ++i) {
+        const int32_t count = i % 500 == 70 ? 30000 : dice(1, 126);
+        sketch::Add(page, dice.Line(count, 9, {0, i, 240, i + 200}), static_cast<ink::ColorRef>(i));
     }
+}
+
+TEST(NoteFile, LargeNotesAreReadInAFewPieces) {
+    InkPage page, same;
+    FillWithMuchInk(page, 3000);
+    sketch::File(page, {0, 7, 1, {{5, 1000}}, 1000, 1000});
     const Bytes bytes = sketch::Save(page);
-    AskedSource source(bytes);
+    sketch::Strokes wanted = sketch::StrokesOf(page);
+    same.bandHeight = page.bandHeight;
+    ASSERT_EQ(sketch::Load(bytes, same), LoadResult::Loaded);
+    EXPECT_LE(same.Pool().Capacity(), bytes.size() * 3 / 2);
+    // What was loaded can be written on: the page's memory is not confused by its origin.
+    for (InkPage* each : {&same, &page}) sketch::Add(*each, {{5, 5}, {6, 6}}, 77);
+    EXPECT_EQ(sketch::Describe(same), sketch::Describe(page));
+    EXPECT_EQ(sketch::Save(same), sketch::Save(page));
+
+    // A look at one record after another does not keep them. Offsets mean nothing in an old note.
+    Fault none;
+    CheckedSource source(bytes, bytes.size(), none);
     ink::NoteFileHeader header;
     ASSERT_TRUE(ink::ReadNoteHeader(source, header));
-    ink::StrokePool pool;
+    header.formatVersion = 3;
+    for (sketch::Stroke& stroke : wanted) stroke.points[0].y -= std::exchange(stroke.offset, 0);
+    StrokePool pool;
     ink::NoteScanner scanner(source, header, 300, pool, ink::NoteScanner::Mode::Visit);
     ink::StrokeRecord* record = nullptr;
-    std::vector<size_t> nextInBand(page.SlotCount());
-    size_t count = 0;
-    size_t mostMemory = 0;
+    sketch::Strokes seen;
     while (scanner.Next(record) == ink::ScanResult::Record) {
-        const size_t slot = static_cast<size_t>(scanner.Block());
-        const ink::StrokeRecord& wanted = page.Band(slot)->At(nextInBand[slot]++);
-        ASSERT_EQ(record->Bytes(), wanted.Bytes());
-        ASSERT_EQ(std::memcmp(record, &wanted, wanted.Bytes()), 0) << count;
-        ++count;
-        mostMemory = std::max(mostMemory, pool.Capacity());
+        seen.push_back(sketch::StrokeOf(scanner.Block(), *record));
+        ASSERT_LE(pool.Capacity(), 30000 * 8 * 3 + StrokePool::kLargeChunk);
     }
-    EXPECT_EQ(count, 3000u);
+    EXPECT_EQ(sketch::Describe(seen), sketch::Describe(wanted));
     // Few bytes first, since most heads lie near the start of a short note; then many at once.
-    ASSERT_GT(source.asked.size(), 2u);
-    EXPECT_EQ(source.asked[1], ink::StrokePool::kFirstChunk);
-    EXPECT_LE(source.asked.size(), 4 + bytes.size() / (ink::StrokePool::kLargeChunk / 2));
-    EXPECT_LE(mostMemory, longest * 8 * 3 + ink::StrokePool::kLargeChunk);
+    EXPECT_EQ(source.asked[1], StrokePool::kFirstChunk);
+    EXPECT_LE(source.asked.size(), 4 + bytes.size() / (StrokePool::kLargeChunk / 2));
+}
+
+// Only a whole file is loaded, and what a page held before is gone once anything of another has been read.
+void TryToLoad(const Bytes& bytes, size_t size, Fault& fault, bool isWhole) {
+    SCOPED_TRACE(size);
+    InkPage page;
+    sketch::Add(page, {{1, 1}, {2, 2}});
+    CheckedSource source(bytes, size, fault);
+    const auto result = sketch::Load(source, page);
+    const bool isLoaded = isWhole && !fault.HasStruck();
+    EXPECT_EQ(result.has_value(), source.asked.size() > 1) << "no more is read without a header";
+    EXPECT_EQ(result.value_or(LoadResult::Damaged), isLoaded ? LoadResult::Loaded : LoadResult::Damaged);
+    EXPECT_EQ(page.SlotCount() > 0, isLoaded || !result);
+}
+
+TEST(NoteFile, NothingOfADamagedFileIsKept) {
+    Fault none;
+    for (const auto& entry : std::filesystem::directory_iterator(FIXTURES)) {
+        const Bytes bytes = sketch::ReadFile(entry.path());
+        if (entry.path().stem().string().rfind("damaged-", 0) == 0)
+            TryToLoad(bytes, bytes.size(), none, false);
+    }
+    InkPage large;
+    FillWithMuchInk(large, 100);
+    for (const Bytes& whole : {sketch::ReadFixture("version-5"), sketch::Save(large)}) {
+        for (size_t size = 0; size < whole.size(); size += whole.size() / 500 + 1)
+            TryToLoad(whole, size, none, false);
+        testing_support::SweepFaults([&](Fault& fault) { TryToLoad(whole, whole.size(), fault, true); });
+    }
 }
 
 }  // namespace

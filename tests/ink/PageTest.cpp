@@ -1,0 +1,187 @@
+// The page and its edits against slow, plain models of what they do.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "ink/PageEdits.h"
+#include "tests/ink/Sketch.h"
+
+namespace {
+
+using ink::AddResult;
+using ink::EditResult;
+using ink::InkPage;
+using ink::Point;
+using sketch::Describe;
+using sketch::Dice;
+using sketch::Lines;
+using sketch::Points;
+using sketch::Stroke;
+using sketch::Strokes;
+
+constexpr int32_t kBand = 60;
+
+// No stroke is taller than a band, and some have no points, as a file may hold them.
+void FillAtRandom(InkPage& page, Dice& dice) {
+    page.bandHeight = kBand;
+    for (int i = dice(0, 40); i > 0; --i) {
+        const int32_t top = dice(0, 3) == 0 ? dice(300, 1500) : dice(-30, 300);
+        const ink::Rect inside{-10, top, 140, top + dice(2, kBand)};
+        Stroke stroke{0, dice(0, 3) == 0 ? dice(0, 100) : 0, static_cast<ink::ColorRef>(i), {}};
+        if (dice(0, 30) > 0) stroke.points = dice.Line(dice(1, 60), 12, inside);
+        sketch::File(page, stroke.MeasureRows());
+    }
+}
+
+// Every point against every square of the drag.
+Strokes Erased(const Strokes& strokes, const Points& drag) {
+    Strokes result;
+    for (const Stroke& stroke : strokes) {
+        Strokes pieces;
+        size_t left = 0;
+        bool wasSwept = true;
+        for (const Point& p : stroke.points) {
+            const bool isSwept = std::any_of(drag.begin(), drag.end(), [p](Point centre) {
+                return p.x >= centre.x - 7 && p.x < centre.x + 7 && p.y >= centre.y - 7 && p.y < centre.y + 7;
+            });
+            if (!isSwept && wasSwept) pieces.push_back({stroke.slot, stroke.offset, stroke.color, {}});
+            if (!isSwept) pieces.back().points.push_back(p);
+            left += isSwept ? 0 : 1;
+            wasSwept = isSwept;
+        }
+        if (left == stroke.points.size()) pieces = {stroke};
+        for (Stroke& piece : pieces) result.push_back(piece.MeasureRows());
+    }
+    return result;
+}
+
+// As far as they can go, found by trying. Ink that touches other ink, or the page's edge, already stays where
+// it is; strokes that meet in a slot keep the order in which they are drawn.
+Strokes Moved(Strokes strokes, int32_t from, int32_t rows, int32_t reach) {
+    const auto moves = [&](const Stroke& stroke) { return !stroke.points.empty() && stroke.top >= from; };
+    const auto fits = [&](const Stroke& mover) {
+        const int32_t top = mover.top - reach + rows;
+        const auto leavesFree = [&](const Stroke& other) {
+            return other.points.empty() || moves(other) || other.bottom + reach < top;
+        };
+        return !moves(mover) || (top >= 0 && std::all_of(strokes.begin(), strokes.end(), leavesFree));
+    };
+    while (rows < 0 && !std::all_of(strokes.begin(), strokes.end(), fits)) ++rows;
+    for (Stroke& stroke : strokes) {
+        if (!moves(stroke) || rows == 0) continue;
+        for (Point& point : stroke.points) point.y += rows;
+        stroke.MeasureRows();
+        stroke.slot = stroke.top / kBand + stroke.bottom / kBand;
+    }
+    const auto isLower = [](const Stroke& a, const Stroke& b) { return a.slot < b.slot; };
+    std::stable_sort(strokes.begin(), strokes.end(), isLower);
+    return strokes;
+}
+
+TEST(PageEdits, AreWhatTheSlowModelsSay) {
+    Dice dice(41);
+    int changed = 0;
+    for (int step = 0; step < 600; ++step) {
+        InkPage page;
+        FillAtRandom(page, dice);
+        for (int edits = 0; edits < 2; ++edits) {
+            const Lines before = Describe(page);
+            Strokes wanted;
+            EditResult result;
+            page.modified = false;
+            if (dice(0, 1) == 0) {
+                // Some drags leap far over the page, so that the region grows on all sides.
+                Points drag =
+                    dice.Line(dice(0, 9) == 0 ? 1 : 60, 15, {-15, dice(-30, 9), 150, dice(10, 350)});
+                const Points leaps = dice.Line(9, 3000, {-3000, -3000, 3000, 3000});
+                if (dice(0, 3) == 0) drag.insert(drag.begin() + 1, leaps.begin(), leaps.end());
+                ink::SweptRegion region;
+                for (const Point& p : drag) ASSERT_TRUE(region.AddSquare(p.x, p.y));
+                wanted = Erased(sketch::StrokesOf(page), drag);
+                result = ink::EraseStrokes(page, region);
+            } else {
+                const int32_t from = dice(0, 500);
+                const int32_t rows = dice(-250, 250);
+                const int32_t reach = dice(0, 9);
+                wanted = Moved(sketch::StrokesOf(page, true), from, rows, reach);
+                result = ink::MoveStrokes(page, from, rows, reach);
+            }
+            const bool changes = Describe(wanted) != before;
+            ASSERT_EQ(Describe(page), Describe(wanted)) << step;
+            ASSERT_EQ(result, changes ? EditResult::Changed : EditResult::NothingToDo) << step;
+            ASSERT_EQ(page.modified, changes) << step;
+            changed += changes ? 1 : 0;
+        }
+    }
+    EXPECT_GT(changed, 700) << "most must meet ink";
+}
+
+TEST(PageEdits, NothingGoesBeyondTheLongestPage) {
+    constexpr int32_t kLowest = INT32_MAX - 10;
+    const struct {
+        int32_t bandHeight, offset, y;
+        int64_t rows;
+        bool isRefused;
+    } kCases[] = {{kBand, 0, 100, int64_t{1} << 40, true},
+                  {5000, 0, kLowest, 10, false},
+                  {5000, 0, kLowest, 11, true},
+                  {5000, -kLowest, 0, 11, true},  // the stored row is the offset less
+                  {1, 0, 499990, 10, false},      // the last slot there is
+                  {1, 0, 499990, 11, true}};
+    for (const auto& c : kCases) {
+        InkPage page;
+        page.bandHeight = c.bandHeight;
+        sketch::File(page, {0, c.offset, 1, {{0, c.y}}, c.y, c.y});
+        const Lines before = Describe(page);
+        const EditResult result = ink::MoveStrokes(page, 0, c.rows, 3);
+        EXPECT_EQ(result, c.isRefused ? EditResult::OutOfMemory : EditResult::Changed) << c.rows;
+        EXPECT_EQ(Describe(page) == before, c.isRefused) << c.rows;
+    }
+    // Nor does anything come there: a new stroke, a slot, or what another device wrote.
+    for (const int32_t row : {500000, 500001}) {
+        const bool isIn = row == 500000;
+        InkPage page, tall;
+        EXPECT_EQ(sketch::Add(page, {{0, row}}), isIn ? AddResult::Added : AddResult::OutOfMemory);
+        EXPECT_EQ(page.SlotCount(), isIn ? 1000001u : 0u);
+        EXPECT_EQ(page.EnsureSlot(int64_t{2} * row), isIn);
+        tall.bandHeight = 1000;
+        sketch::Add(tall, {{0, row}});
+        EXPECT_EQ(sketch::Load(sketch::Save(tall), page) == ink::LoadResult::Loaded, isIn);
+    }
+}
+
+TEST(InkPage, TrimmedCutAndClearedNothingIsLeft) {
+    InkPage page;
+    page.bandHeight = 10;
+    page.memo = L"memo";
+    page.scroll = 70;
+    ASSERT_TRUE(page.EnsureSlot(0));
+    EXPECT_EQ(page.SlotCount(), 1u);
+    for (const int32_t y : {25, 55}) sketch::Add(page, {{0, y}});
+    ASSERT_TRUE(page.EnsureSlot(20) && page.EnsureSlot(3) && page.EnsureSlot(-1));
+    EXPECT_EQ(page.SlotCount(), 21u);
+    EXPECT_EQ(ink::MoveStrokes(page, 0, 1, 0), EditResult::Changed);
+    EXPECT_EQ(page.SlotCount(), 21u);
+    ASSERT_TRUE(page.CutRecords(10, {{{0, 0}}, {}}));
+    page.TrimTrailingBands();
+    EXPECT_EQ(page.SlotCount(), 5u);
+    for (const size_t noBand : {0u, 5u}) EXPECT_FALSE(page.CutRecords(noBand, {}));
+    for (int i = 0; i < 2000; ++i) {
+        EXPECT_TRUE(page.HasInk());
+        ASSERT_TRUE(page.CutRecords(4, {{{0, 0}}, {}}));
+        EXPECT_FALSE(page.HasInk());
+        sketch::Add(page, Points(100, {0, 25}));
+    }
+    EXPECT_EQ(page.Pool().Capacity(), ink::StrokePool::kFirstChunk) << "erased memory serves later strokes";
+    ASSERT_TRUE(page.CutRecords(4, {{{0, 0}}, {}}));
+    page.Clear();
+    EXPECT_EQ(page.SlotCount() + page.Pool().Capacity(), 0u);
+    EXPECT_TRUE(!page.modified && page.scroll == 0 && page.memo.empty());
+    EXPECT_EQ(page.AddStroke(nullptr, 0, 0, 0, 0), AddResult::NothingToAdd);
+    EXPECT_TRUE(page.modified);
+    sketch::Add(page, Points(100, {0, 25}));
+    EXPECT_EQ(page.Pool().Capacity(), ink::StrokePool::kFirstChunk)
+        << "nor does any from before the clearing";
+}
+
+}  // namespace
