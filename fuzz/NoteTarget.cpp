@@ -1,8 +1,12 @@
-#include "fuzz/NoteTarget.h"
-
+// Reads any bytes as a note, looks at them the way the preview does, saves what was read, erases in it and
+// moves its ink, and paints views of it. A promise that does not hold ends the program.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <numeric>
 #include <vector>
 
 #include "ink/InkPainter.h"
@@ -11,6 +15,9 @@
 #include "ink/PageEdits.h"
 
 namespace {
+
+// Quick leaves out what takes long: painting, and pages of very many slots.
+enum class Care { Quick, Thorough };
 
 constexpr int32_t kSide = 64;
 constexpr size_t kFixedMemory = 16 * 1024 * 1024;
@@ -25,41 +32,36 @@ void Require(bool kept, const char* promise) {
     std::abort();
 }
 
+// Something to paint on.
+ink::PixelSurface& View() {
+    static uint32_t pixels[kSide * kSide];
+    static ink::PixelSurface view{pixels, kSide, kSide, kSide};
+    return view;
+}
+
 // Made once: preparing a pen takes longer than reading a small note.
-ink::InkPainter MakePainter(ink::PenStyle style) {
-    ink::InkPainter painter;
-    Require(painter.SetPen(style, 3.0), "a pen");
-    return painter;
+ink::InkPainter& Painter(ink::PenStyle style) {
+    static ink::InkPainter painters[3];
+    static const bool isReady = painters[0].SetPen(ink::PenStyle::Simple, 3.0) &&
+                                painters[1].SetPen(ink::PenStyle::Classic, 3.0) &&
+                                painters[2].SetPen(ink::PenStyle::Smooth, 3.0);
+    Require(isReady, "pens");
+    return painters[static_cast<size_t>(style)];
 }
 
 void PaintViews(const ink::InkPage& page, Care care) {
     if (care == Care::Quick) return;
-    static ink::InkPainter painters[] = {MakePainter(ink::PenStyle::Simple),
-                                         MakePainter(ink::PenStyle::Classic),
-                                         MakePainter(ink::PenStyle::Smooth)};
-    std::vector<uint32_t> pixels(kSide * kSide);
-    ink::PixelSurface surface{pixels.data(), kSide, kSide, kSide};
-    for (ink::InkPainter& painter : painters) {
-        painter.Repaint(surface, page, 0, surface.Bounds());
-        painter.Repaint(surface, page, 500, {3, 5, 40, 33});
+    for (const ink::PenStyle style : {ink::PenStyle::Simple, ink::PenStyle::Classic, ink::PenStyle::Smooth}) {
+        for (const int32_t scroll : {0, INT32_MIN, INT32_MAX})
+            Painter(style).Repaint(View(), page, scroll, View().Bounds());
+        Painter(style).Repaint(View(), page, 500, {3, 5, 40, 33});
     }
 }
 
-struct Ink {
-    size_t strokes = 0;
+int64_t CountPoints(const ink::InkPage& page) {
     int64_t points = 0;
-};
-
-Ink Count(const ink::InkPage& page) {
-    Ink ink;
-    for (size_t slot = 0; slot < page.SlotCount(); ++slot) {
-        const ink::StrokeBand* band = page.Band(slot);
-        for (size_t i = 0; band != nullptr && i < band->Count(); ++i) {
-            ++ink.strokes;
-            ink.points += band->At(i).count;
-        }
-    }
-    return ink;
+    page.VisitStrokes(INT32_MIN, INT32_MAX, [&](const ink::StrokeRecord& record) { points += record.count; });
+    return points;
 }
 
 // Swept once: making it takes longer than erasing in a small note.
@@ -70,93 +72,96 @@ ink::SweptRegion MakeRegion() {
 }
 
 void Edit(ink::InkPage& page, Care care) {
-    const Ink before = Count(page);
+    const int64_t before = CountPoints(page);
     for (const int64_t rows : {40, -500, 3000}) {
         ink::MoveStrokes(page, 20, rows, 2);
-        const Ink after = Count(page);
-        Require(after.strokes == before.strokes && after.points == before.points, "moving loses nothing");
+        Require(CountPoints(page) == before, "moving loses nothing");
     }
     static const ink::SweptRegion region = MakeRegion();
     ink::EraseStrokes(page, region);
-    Require(Count(page).points <= before.points, "erasing adds nothing");
+    Require(CountPoints(page) <= before, "erasing adds nothing");
     page.TrimTrailingBands();
     PaintViews(page, care);
 }
 
-// The last slot that a note's strokes are in, or would be filed in anew.
-int64_t LastSlot(ink::MemorySource source, const ink::NoteFileHeader& header, const ink::InkPage& page) {
+// Looks at the strokes as the preview does. The last slot that they are in, or would be filed in anew.
+int64_t Scan(ink::MemorySource source, const ink::NoteFileHeader& header, const ink::InkPage& page,
+             Care care) {
     ink::StrokePool pool;
     ink::NoteScanner scanner(source, header, page.bandHeight, pool, ink::NoteScanner::Mode::Visit);
     ink::StrokeRecord* record = nullptr;
     int64_t last = 0;
     while (scanner.Next(record) == ink::ScanResult::Record) {
         last = std::max({last, scanner.Block(), page.SlotOf(record->minY, record->maxY)});
+        if (care == Care::Thorough)
+            Painter(ink::PenStyle::Smooth).PaintStroke(View(), *record, 0, View().Bounds());
     }
     return last;
+}
+
+ink::LoadResult Load(const void* data, size_t size, ink::InkPage& page) {
+    ink::MemorySource source(data, size);
+    ink::NoteFileHeader header;
+    return ink::ReadNoteHeader(source, header) ? ink::ReadNoteBody(source, header, page)
+                                               : ink::LoadResult::Damaged;
+}
+
+std::vector<uint8_t> Save(const ink::InkPage& page) {
+    ink::MemorySink saved;
+    Require(ink::WriteNote(saved, page), "writing to memory");
+    return saved.Bytes();
 }
 
 void LoadAndSave(const uint8_t* data, size_t size, int32_t bandHeight, Care care) {
     ink::MemorySource source(data, size);
     ink::NoteFileHeader header;
     if (!ink::ReadNoteHeader(source, header)) return;
-    ink::InkPage page;
-    page.bandHeight = bandHeight == 0 ? header.bandHeight : bandHeight;
-    const int64_t lastSlot = LastSlot(source, header, page);
+    ink::InkPage page, copy;
+    copy.bandHeight = page.bandHeight = bandHeight == 0 ? header.bandHeight : bandHeight;
+    const int64_t lastSlot = Scan(source, header, page, care);
     if (care == Care::Quick && lastSlot > kManySlots) return;
-    const ink::LoadResult result = ink::ReadNoteBody(source, header, page);
+    const ink::LoadResult result = Load(data, size, page);
     Require(page.Pool().Capacity() <= 4 * size + kFixedMemory, "memory in proportion to the file");
-    if (result != ink::LoadResult::Loaded) {
-        Require(page.SlotCount() == 0, "nothing kept of a damaged note");
-        return;
-    }
+    if (result != ink::LoadResult::Loaded)
+        return Require(page.SlotCount() == 0, "nothing kept of a damaged note");
     if (lastSlot > kMostSlots) return;
     PaintViews(page, care);
-    ink::MemorySink saved;
-    Require(ink::WriteNote(saved, page), "writing to memory");
-
-    // What was saved reads back and saves the same.
-    ink::MemorySource again(saved.Bytes().data(), saved.Bytes().size());
-    ink::InkPage copy;
-    copy.bandHeight = page.bandHeight;
-    Require(ink::ReadNoteHeader(again, header) &&
-                ink::ReadNoteBody(again, header, copy) == ink::LoadResult::Loaded,
-            "a saved note loads");
-    ink::MemorySink savedAgain;
-    ink::WriteNote(savedAgain, copy);
-    Require(savedAgain.Bytes() == saved.Bytes(), "a saved note stays the same");
+    const std::vector<uint8_t> saved = Save(page);
+    Require(Load(saved.data(), saved.size(), copy) == ink::LoadResult::Loaded, "a saved note loads");
+    Require(Save(copy) == saved, "a saved note stays the same");
     Edit(copy, care);
 }
 
-void Scan(const uint8_t* data, size_t size, Care care) {
-    ink::MemorySource source(data, size);
-    ink::NoteFileHeader header;
-    if (!ink::ReadNoteHeader(source, header)) return;
-    ink::StrokePool pool;
-    ink::NoteScanner scanner(source, header, 268, pool, ink::NoteScanner::Mode::Visit);
-    ink::StrokeRecord* record = nullptr;
-    std::vector<uint32_t> pixels(kSide * kSide);
-    ink::PixelSurface surface{pixels.data(), kSide, kSide, kSide};
-    static ink::InkPainter painter = MakePainter(ink::PenStyle::Smooth);
-    while (scanner.Next(record) == ink::ScanResult::Record) {
-        if (care == Care::Thorough) painter.PaintStroke(surface, *record, 0, surface.Bounds());
-    }
-}
-
-// One input of 128, picked by all of its bytes: most draw what others drew before.
-Care CareOf(const uint8_t* data, size_t size) {
-    uint32_t hash = 2166136261;
-    for (size_t i = 0; i < size; ++i) hash = (hash ^ data[i]) * 16777619;
-    return hash >> 25 == 0 ? Care::Thorough : Care::Quick;
+void TryNote(const uint8_t* data, size_t size, Care care) {
+    for (const int32_t bandHeight : {0, 268, 1}) LoadAndSave(data, size, bandHeight, care);
 }
 
 }  // namespace
 
-void TryNote(const uint8_t* data, size_t size, Care care) {
-    for (const int32_t bandHeight : {0, 268, 1}) LoadAndSave(data, size, bandHeight, care);
-    Scan(data, size, care);
-}
+#ifdef INKWRIGHT_FUZZER
 
+// One input of 128 is looked at thoroughly: most draw what others drew before.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    TryNote(data, size, CareOf(data, size));
+    const bool isPicked = std::accumulate(data, data + size, size_t{0}) % 128 == 0;
+    TryNote(data, size, isPicked ? Care::Thorough : Care::Quick);
     return 0;
 }
+
+#else
+
+// Replays the files of the folders named on the command line.
+int main(int argc, char** argv) {
+    size_t count = 0;
+    for (int i = 1; i < argc; ++i) {
+        for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
+            std::ifstream file(entry.path(), std::ios::binary);
+            const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
+            std::fprintf(stderr, "%s\n", entry.path().filename().c_str());
+            TryNote(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size(), Care::Thorough);
+            ++count;
+        }
+    }
+    return count == 0 ? 1 : 0;
+}
+
+#endif
