@@ -1,5 +1,5 @@
 #include "app/store/Settings.h"
-#include "options/COptPageDlg.h"
+#include "options/sheet/COptPageDlg.h"
 #include "platform/host/HostWindow.h"
 #include "res/resource.h"
 #include "tests/support/DeskTest.h"

@@ -1,4 +1,4 @@
-#include "options/TextMemoDialog.h"
+#include "options/memo/TextMemoDialog.h"
 #include "platform/host/HostWindow.h"
 #include "res/resource.h"
 #include "tests/support/DeskTest.h"

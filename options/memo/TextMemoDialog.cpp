@@ -1,4 +1,4 @@
-#include "options/TextMemoDialog.h"
+#include "options/memo/TextMemoDialog.h"
 
 #include "app/store/Settings.h"
 #include "ink/Color.h"

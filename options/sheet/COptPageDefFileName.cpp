@@ -1,6 +1,5 @@
-#include "options/COptPageDefFileName.h"
+#include "options/sheet/COptPageDefFileName.h"
 
-#include "app/store/Settings.h"
 #include "res/resource.h"
 
 namespace options {
@@ -33,12 +32,11 @@ constexpr PatternControls kPatterns[] = {
 
 }  // namespace
 
-COptPageDefFileName::COptPageDefFileName() : PropertyPage(IDD_OPTIONS_FILE_NAME) {}
+COptPageDefFileName::COptPageDefFileName() : CPropertyPageEx(IDD_OPTIONS_FILE_NAME) {}
 
-bool COptPageDefFileName::OnCreate() {
+void COptPageDefFileName::ShowSettings(const store::Settings& settings) {
     SetItemMargins(IDC_PATTERN_HELP, kHelpMargins);
     SetItemText(IDC_PATTERN_HELP, kHelp);
-    const store::Settings settings;
     for (const PatternControls& pattern : kPatterns) {
         const bool isDefault = settings.StoredText(pattern.setting).empty();
         // A longer one could not be read back.
@@ -47,7 +45,6 @@ bool COptPageDefFileName::OnCreate() {
         CheckItem(pattern.usesDefault, isDefault);
         EnableItem(pattern.edit, !isDefault);
     }
-    return true;
 }
 
 void COptPageDefFileName::OnCommand(int id) {
@@ -62,8 +59,7 @@ void COptPageDefFileName::OnCommand(int id) {
     }
 }
 
-void COptPageDefFileName::OnApply() {
-    store::Settings settings;
+void COptPageDefFileName::StoreSettings(store::Settings& settings) {
     for (const PatternControls& pattern : kPatterns) {
         const bool usesDefault = IsItemChecked(pattern.usesDefault);
         const std::wstring text = usesDefault ? std::wstring() : ItemText(pattern.edit);

@@ -1,4 +1,4 @@
-#include "options/ColorPalette.h"
+#include "options/palette/ColorPalette.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,6 +1,6 @@
-#include "options/COptPageMisc.h"
+#include "options/sheet/COptPageMisc.h"
 
-#include "app/store/Settings.h"
+#include "ink/PenStyle.h"
 #include "platform/Locale.h"
 #include "res/resource.h"
 
@@ -24,25 +24,24 @@ int ListedStyle(PenStyle style) {
     return style == PenStyle::Classic ? kClassic : kSmooth;
 }
 
-PenStyle StyleOf(int listed) {
+PenStyle StyleAt(int listed) {
     if (listed == kSimple) return PenStyle::Simple;
     return listed == kClassic ? PenStyle::Classic : PenStyle::Smooth;
 }
 
-}  // namespace
-
-PenChoice DecodePenInfo(uint32_t penInfo) {
-    return {static_cast<int>(penInfo & 0xFF) / 10, ink::PenStyleOf(penInfo >> 16 & 0xFF)};
-}
-
-uint32_t EncodePenInfo(uint32_t size, PenStyle style) {
+// The pen as the setting `PenInfo` holds it: size in tenths of a pixel in bits 0 to 7, style in bits 16
+// to 23. The spin button knows whole pixels only.
+int SizeOf(uint32_t penInfo) { return static_cast<int>(penInfo & 0xFF) / 10; }
+PenStyle StyleOf(uint32_t penInfo) { return ink::PenStyleOf(penInfo >> 16 & 0xFF); }
+uint32_t PenInfoOf(uint32_t size, PenStyle style) {
     return (size * 10 & 0xFFFF) | static_cast<uint32_t>(style) << 16;
 }
 
-COptPageMisc::COptPageMisc() : PropertyPage(IDD_OPTIONS_MISC) {}
+}  // namespace
 
-bool COptPageMisc::OnCreate() {
-    const store::Settings settings;
+COptPageMisc::COptPageMisc() : CPropertyPageEx(IDD_OPTIONS_MISC) {}
+
+void COptPageMisc::ShowSettings(const store::Settings& settings) {
     std::vector<std::wstring> days(kDays);
     for (int day = 0; day < kDays; ++day) days[static_cast<size_t>(day)] = platform::DayName(day);
     SetChoices(IDC_FIRST_DAY, days);
@@ -50,15 +49,14 @@ bool COptPageMisc::OnCreate() {
                                                .value_or(static_cast<uint32_t>(platform::FirstDayOfWeek()))));
     SetChoices(IDC_PEN_STYLE, {L"Smooth", L"Classic", L"Simple"});
     SetSpinRange(IDC_PEN_SIZE_SPIN, 1, 10);
-    ShowPen(DecodePenInfo(settings.ReadNumber(SettingId::PenInfo)));
+    ShowPen(settings.ReadNumber(SettingId::PenInfo));
     SetSpinRange(IDC_ALARM_OFFSET_SPIN, 0, kLongestOffset);
     SetSpin(IDC_ALARM_OFFSET_SPIN, static_cast<int16_t>(settings.ReadNumber(SettingId::AlarmTimeOffset)));
-    return true;
 }
 
-void COptPageMisc::ShowPen(const PenChoice& pen) {
-    Choose(IDC_PEN_STYLE, ListedStyle(pen.style));
-    SetSpin(IDC_PEN_SIZE_SPIN, static_cast<int16_t>(pen.size));
+void COptPageMisc::ShowPen(uint32_t penInfo) {
+    Choose(IDC_PEN_STYLE, ListedStyle(StyleOf(penInfo)));
+    SetSpin(IDC_PEN_SIZE_SPIN, static_cast<int16_t>(SizeOf(penInfo)));
     FollowPenStyle();
 }
 
@@ -74,10 +72,8 @@ void COptPageMisc::OnControlChanged(int id) {
 }
 
 // The offset is stored as its spin button gives it, its mark of an unreadable text included.
-void COptPageMisc::OnApply() {
-    store::Settings settings;
-    settings.Write(SettingId::PenInfo,
-                   EncodePenInfo(Spin(IDC_PEN_SIZE_SPIN), StyleOf(Choice(IDC_PEN_STYLE))));
+void COptPageMisc::StoreSettings(store::Settings& settings) {
+    settings.Write(SettingId::PenInfo, PenInfoOf(Spin(IDC_PEN_SIZE_SPIN), StyleAt(Choice(IDC_PEN_STYLE))));
     settings.Write(SettingId::FirstDayOfWeek, static_cast<uint32_t>(Choice(IDC_FIRST_DAY)));
     settings.Write(SettingId::AlarmTimeOffset, Spin(IDC_ALARM_OFFSET_SPIN));
 }
