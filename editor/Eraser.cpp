@@ -5,9 +5,19 @@
 
 namespace editor {
 
-void Eraser::Begin() {
-    swept_.Clear();
+void Eraser::Begin(ink::Point place) {
     memoryShort_ = false;
+    EraseAt(place);
+}
+
+// Places above the view and repeated ones erase nothing.
+void Eraser::Move(const ink::Point* places, size_t count) {
+    ink::Point last{-1, -1};
+    for (size_t i = 0; i < count; ++i) {
+        if (places[i].y < 0 || places[i] == last) continue;
+        EraseAt(places[i]);
+        last = places[i];
+    }
 }
 
 void Eraser::EraseAt(ink::Point place) {
@@ -20,20 +30,21 @@ void Eraser::EraseAt(ink::Point place) {
     view_.Wipe({place.x - kReach, place.y - kReach, place.x + kReach, place.y + kReach});
 }
 
-void Eraser::Commit() {
-    page_.modified = true;
+LiftResult Eraser::Lift(ink::Point) {
     CutSwept();
     page_.TrimTrailingBands();
+    // Lines whose points were all missed were wiped too, and come back.
     view_.Redraw();
     if (memoryShort_) platform::ShowOutOfMemory(&window_);
+    return LiftResult::Extent;
 }
 
-void Eraser::Cancel() {
+void Eraser::GiveUp() {
     swept_.Clear();
     view_.Redraw();
 }
 
-void Eraser::ViewMoved() {
+void Eraser::ViewMoved(int32_t) {
     CutSwept();
     view_.Redraw();
 }

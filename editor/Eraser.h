@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/DragTool.h"
 #include "editor/PageView.h"
 #include "ink/SweptRegion.h"
 
@@ -7,21 +8,22 @@ namespace editor {
 
 // The eraser's drag: ink vanishes from the view while the pen moves, and the strokes are cut when it is
 // lifted. What is swept is kept in page coordinates, so that it stays where the user saw it go.
-class Eraser {
+class Eraser : public DragTool {
   public:
     Eraser(platform::Window& window, ink::InkPage& page, PageView& view)
         : window_(window), page_(page), view_(view) {}
 
-    void Begin();
-    void EraseAt(ink::Point place);  // view coordinates
+    void Begin(ink::Point place) override;
+    void Move(const ink::Point* places, size_t count) override;
     // Cuts the strokes and drops empty bands at the page's end.
-    void Commit();
-    // Gives up what is not committed: the view shows the ink again.
-    void Cancel();
-    // The view moved and shows swept ink again: cuts the strokes and goes on.
-    void ViewMoved();
+    LiftResult Lift(ink::Point place) override;
+    // The view shows the ink again.
+    void GiveUp() override;
+    // The view shows swept ink again: cuts the strokes and goes on.
+    void ViewMoved(int32_t rows) override;
 
   private:
+    void EraseAt(ink::Point place);
     void CutSwept();
 
     platform::Window& window_;

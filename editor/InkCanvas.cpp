@@ -8,12 +8,11 @@
 #include "editor/NoteMail.h"
 #include "editor/NoteStorage.h"
 #include "editor/PageScroll.h"
-#include "options/palette/ColorPalette.h"
 #include "options/memo/TextMemoDialog.h"
+#include "options/palette/ColorPalette.h"
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
 #include "platform/MessageBox.h"
-#include "platform/PopupMenu.h"
 #include "res/resource.h"
 
 namespace editor {
@@ -25,33 +24,9 @@ using platform::MessageAnswer;
 using platform::MessageButtons;
 using platform::MessageIcon;
 
-constexpr int kMenuInset = 20;  // pixels from the screen's bottom right corner
 constexpr int kCannotOpen = -1;
 
 }  // namespace
-
-struct InkCanvas::Command {
-    int id;
-    void (InkCanvas::*handle)();
-};
-
-const InkCanvas::Command InkCanvas::kCommands[] = {
-    {platform::kIdOk, &InkCanvas::Close},
-    {IDM_NEW_NOTE, &InkCanvas::NewNote},
-    {IDM_TOOLS, &InkCanvas::ShowToolsMenu},
-    {IDM_BACKGROUND_COLOR, &InkCanvas::ChooseBackground},
-    {IDM_PEN, &InkCanvas::UsePen},
-    {IDM_PEN_COLOR_2, &InkCanvas::UseRecentColor2},
-    {IDM_PEN_COLOR_3, &InkCanvas::UseRecentColor3},
-    {IDM_PEN_COLOR_4, &InkCanvas::UseRecentColor4},
-    {IDM_PALETTE_PEN, &InkCanvas::UsePaletteColor},
-    {IDM_SPACE_TOOL, &InkCanvas::UseSpaceTool},
-    {IDM_ERASER, &InkCanvas::UseEraser},
-    {IDM_FULL_ERASE, &InkCanvas::FullErase},
-    {IDM_TEXT_MEMO, &InkCanvas::EditTextMemo},
-    {IDM_SET_ALARM, &InkCanvas::SetAlarmAndExit},
-    {IDM_SEND_EMAIL, &InkCanvas::SendAsEmail},
-};
 
 InkCanvas::InkCanvas(store::PenSettings& pen, const Opening& opening)
     : Screen(ScrollBar::Vertical),
@@ -73,7 +48,7 @@ bool InkCanvas::OnCreate() {
     page_.canvasHeight = ClientHeight();
     page_.bandHeight = page_.canvasHeight;
     MakeMenuBar();
-    if (!view_.Create() || !view_.UpdatePen()) return OutOfMemory();
+    if (!view_.Create()) return OutOfMemory();
     if (store::NamesFile(page_.notePath)) LoadNote(this, page_);
     view_.Redraw();
     UpdateScrollRange();
@@ -109,19 +84,6 @@ void InkCanvas::OnPaint() {
     input_.PaintMarks();
 }
 
-// A key may come while the pen is down: what is written so far belongs to the page before it is saved or
-// gone. A page that waits to move on would do so over a question, or be another page by then.
-void InkCanvas::OnCommand(int id) {
-    for (const Command& command : kCommands) {
-        if (command.id != id) continue;
-        input_.Interrupt();
-        input_.StopTimer();
-        return (this->*command.handle)();
-    }
-}
-
-void InkCanvas::OnTakeOver() { OnCommand(platform::kIdOk); }
-
 // The commands.
 
 void InkCanvas::NewNote() {
@@ -129,17 +91,6 @@ void InkCanvas::NewNote() {
     if (page_.modified && !SaveOrDiscard(discarded)) return;
     StartAnew();
     storeChanged_ = true;
-}
-
-void InkCanvas::ShowToolsMenu() {
-    const bool hasInk = page_.HasInk();
-    platform::PopupMenu menu;
-    menu.Add(IDM_TEXT_MEMO, L"Edit Text Memo");
-    menu.Add(IDM_SET_ALARM, L"Set Alarm and Exit", hasInk);
-    menu.AddSeparator();
-    menu.Add(IDM_SEND_EMAIL, L"Send as Email Attachment", hasInk);
-    const platform::ScreenSize screen = platform::HandheldScreen();
-    OnCommand(menu.Choose(*this, {screen.width - kMenuInset, screen.height - kMenuInset}));
 }
 
 void InkCanvas::ChooseBackground() {
@@ -151,13 +102,24 @@ void InkCanvas::ChooseBackground() {
     view_.Redraw();
 }
 
-void InkCanvas::UseTool(PenTool tool, int command) {
-    input_.SetTool(tool);
-    CheckTool(Tools(), command);
+void InkCanvas::UsePen() {
+    input_.UsePen();
+    CheckTool(Tools(), IDM_PEN);
 }
 
+void InkCanvas::UseEraser() {
+    input_.UseEraser();
+    CheckTool(Tools(), IDM_ERASER);
+}
+
+void InkCanvas::UseSpaceTool() {
+    input_.UseSpaceTool();
+    CheckTool(Tools(), IDM_SPACE_TOOL);
+}
+
+// Whatever the tool was: who chooses a colour wants to write with it.
 void InkCanvas::UsePenColor(size_t position, ink::ColorRef color) {
-    input_.SetTool(PenTool::Pen);
+    input_.UsePen();
     MoveToFront(page_.penColors, position, color);
     ShowPenColors(Tools(), page_.penColors);
 }
@@ -217,7 +179,6 @@ void InkCanvas::Close() {
             return;
         }
         if (discarded) alarmStamp_.clear();
-        saved_ = true;
     }
     ScheduleAlarm();
     closing_ = false;
@@ -251,7 +212,6 @@ void InkCanvas::ScheduleAlarm() {
 void InkCanvas::StartAnew() {
     page_.Clear();
     ForgetFile(page_);
-    view_.UpdatePen();
     view_.Redraw();
     UpdateScrollRange();
     ShowTitle();
@@ -271,21 +231,6 @@ void InkCanvas::OnTimer(int id) {
 // Erased or moved ink may leave the page shorter or longer.
 void InkCanvas::OnPenUp(platform::Point place) {
     if (input_.PenUp(place)) ScrollTo(UpdateScrollRange());
-}
-
-bool InkCanvas::OnShortcut(wchar_t letter) {
-    struct Shortcut {
-        wchar_t letter;
-        int command;
-    };
-    constexpr Shortcut kShortcuts[] = {
-        {L'N', IDM_NEW_NOTE}, {L'W', platform::kIdOk}, {L'E', IDM_ERASER}, {L'P', IDM_PEN}};
-    for (const Shortcut& candidate : kShortcuts) {
-        if (candidate.letter != letter) continue;
-        PostCommand(candidate.command);
-        return true;
-    }
-    return false;
 }
 
 bool InkCanvas::OnKeyDown(platform::Key key) {

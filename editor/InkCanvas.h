@@ -23,13 +23,12 @@ class InkCanvas : public platform::Screen {
         bool openedByAlarm = false;
     };
 
-    // `pen` gives the colours and the pen, and takes the colours back when the window closes.
+    // `pen` gives the page's colours and the pen, and takes the colours back when the window closes.
     InkCanvas(store::PenSettings& pen, const Opening& opening);
 
     // After the run: the note the editor held last, and whether the opener's lists of notes are out of date.
     const std::wstring& NotePath() const { return page_.notePath; }
     bool StoreChanged() const { return storeChanged_; }
-    bool WasSaved() const { return saved_; }
 
     bool OnCreate() override;
     void OnDestroy() override;
@@ -52,23 +51,24 @@ class InkCanvas : public platform::Screen {
     bool OutOfMemory();
     void MakeMenuBar();
 
+    // Commands
     void NewNote();
     void ShowToolsMenu();
     void ChooseBackground();
-    void UsePen() { UseTool(PenTool::Pen, IDM_PEN); }
+    void UsePen();
     void UseRecentColor2() { UsePenColor(1, page_.penColors[1]); }
     void UseRecentColor3() { UsePenColor(2, page_.penColors[2]); }
     void UseRecentColor4() { UsePenColor(3, page_.penColors[3]); }
     void UsePaletteColor();
-    void UseSpaceTool() { UseTool(PenTool::Space, IDM_SPACE_TOOL); }
-    void UseEraser() { UseTool(PenTool::Eraser, IDM_ERASER); }
+    void UseSpaceTool();
+    void UseEraser();
     void FullErase();
     void EditTextMemo();
     void SetAlarmAndExit();
     void SendAsEmail();
     void Close();
 
-    void UseTool(PenTool tool, int command);
+    bool IsOffered(int id) const;
     void UsePenColor(size_t position, ink::ColorRef color);
     bool SaveOrDiscard(bool& discarded);
     void ScheduleAlarm();
@@ -86,7 +86,6 @@ class InkCanvas : public platform::Screen {
     std::wstring alarmStamp_;
     bool openedByAlarm_;
     bool storeChanged_ = false;
-    bool saved_ = false;
     bool closing_ = false;
     ink::InkPage page_;
     PageView view_;

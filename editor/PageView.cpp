@@ -10,7 +10,7 @@ namespace editor {
 
 bool PageView::Create() {
     image_ = platform::Image::Make(page_.canvasWidth, page_.canvasHeight);
-    return image_.IsValid();
+    return image_.IsValid() && painter_.SetPen(page_.penStyle, page_.PenWidth());
 }
 
 void PageView::Redraw() {

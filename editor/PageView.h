@@ -13,11 +13,9 @@ class PageView {
   public:
     PageView(platform::Window& window, ink::InkPage& page) : window_(window), page_(page) {}
 
-    // The page image, for the page's canvas size; false when memory is short.
+    // The page image and the pen, for the page's canvas size, pen style and pen size; false when memory is
+    // short.
     bool Create();
-
-    // The pen for the page's style and size; false when memory is short.
-    bool UpdatePen() { return painter_.SetPen(page_.penStyle, page_.PenWidth()); }
 
     // By how many pixels the pen's ink reaches beyond its points.
     int32_t Reach() const { return painter_.Reach(); }

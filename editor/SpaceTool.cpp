@@ -7,44 +7,46 @@
 
 namespace editor {
 
-void SpaceTool::Begin(int32_t row) {
-    start_ = current_ = row;
-    shown_ = true;
-    Invert();
+void SpaceTool::Begin(ink::Point place) {
+    start_ = current_ = place.y;
+    Show();
 }
 
-void SpaceTool::MoveTo(int32_t row) {
-    Invert();
-    current_ = std::clamp(row, 0, page_.canvasHeight);
-    Invert();
-}
-
-bool SpaceTool::Finish() {
+void SpaceTool::Move(const ink::Point* places, size_t count) {
     Hide();
-    if (start_ == current_ || page_.SlotCount() == 0) return false;
+    current_ = std::clamp(places[count - 1].y, 0, page_.canvasHeight);
+    Show();
+}
+
+LiftResult SpaceTool::Lift(ink::Point) {
+    Hide();
     const int64_t from = int64_t{page_.scroll} + start_;
     const int64_t rows = int64_t{current_} - start_;
     const ink::EditResult result = ink::MoveStrokes(page_, from, rows, view_.Reach());
     if (result == ink::EditResult::OutOfMemory) platform::ShowOutOfMemory(&window_);
-    if (result != ink::EditResult::Changed) return false;
+    if (result != ink::EditResult::Changed) return LiftResult::Nothing;
     if (rows < 0) page_.TrimTrailingBands();
     view_.Redraw();
-    return true;
+    return LiftResult::Extent;
 }
 
-void SpaceTool::Paint() {
+void SpaceTool::ViewMoved(int32_t rows) {
+    start_ -= rows;
+    Show();
+}
+
+void SpaceTool::PaintMarks() {
     if (shown_) Invert();
+}
+
+void SpaceTool::Show() {
+    Invert();
+    shown_ = true;
 }
 
 void SpaceTool::Hide() {
     if (shown_) Invert();
     shown_ = false;
-}
-
-void SpaceTool::ShowMoved(int32_t rows) {
-    start_ -= rows;
-    shown_ = true;
-    Invert();
 }
 
 // Both rows belong to the band.

@@ -1,0 +1,82 @@
+// The editor's commands: how each is reached, and when the menu offers it.
+#include "editor/InkCanvas.h"
+#include "platform/PopupMenu.h"
+#include "res/resource.h"
+
+namespace editor {
+
+namespace {
+
+constexpr int kMenuInset = 20;  // pixels from the screen's bottom right corner
+
+bool HasInk(const ink::InkPage& page) { return page.HasInk(); }
+
+}  // namespace
+
+struct InkCanvas::Command {
+    int id = 0;
+    void (InkCanvas::*handle)() = nullptr;
+    // Of the menu's entry only, null: always. One that is posted is carried out all the same: sending an
+    // empty note tells the user why it can't be, and an alarm may be set before the first stroke.
+    bool (*isOffered)(const ink::InkPage&) = nullptr;
+    wchar_t letter = 0;  // with Ctrl
+};
+
+const InkCanvas::Command InkCanvas::kCommands[] = {
+    {platform::kIdOk, &InkCanvas::Close, nullptr, L'W'},
+    {IDM_NEW_NOTE, &InkCanvas::NewNote, nullptr, L'N'},
+    {IDM_BACKGROUND_COLOR, &InkCanvas::ChooseBackground},
+    {IDM_PEN, &InkCanvas::UsePen, nullptr, L'P'},
+    {IDM_PEN_COLOR_2, &InkCanvas::UseRecentColor2},
+    {IDM_PEN_COLOR_3, &InkCanvas::UseRecentColor3},
+    {IDM_PEN_COLOR_4, &InkCanvas::UseRecentColor4},
+    {IDM_PALETTE_PEN, &InkCanvas::UsePaletteColor},
+    {IDM_SPACE_TOOL, &InkCanvas::UseSpaceTool},
+    {IDM_ERASER, &InkCanvas::UseEraser, nullptr, L'E'},
+    {IDM_FULL_ERASE, &InkCanvas::FullErase},
+    {IDM_TOOLS, &InkCanvas::ShowToolsMenu},
+    {IDM_TEXT_MEMO, &InkCanvas::EditTextMemo},
+    {IDM_SET_ALARM, &InkCanvas::SetAlarmAndExit, HasInk},
+    {IDM_SEND_EMAIL, &InkCanvas::SendAsEmail, HasInk},
+};
+
+// A key may come while the pen is down: what is written so far belongs to the page before it is saved or
+// gone. A page that waits to move on would do so over a question, or be another page by then.
+void InkCanvas::OnCommand(int id) {
+    for (const Command& command : kCommands) {
+        if (command.id != id) continue;
+        input_.Interrupt();
+        input_.StopTimer();
+        return (this->*command.handle)();
+    }
+}
+
+void InkCanvas::OnTakeOver() { OnCommand(platform::kIdOk); }
+
+bool InkCanvas::OnShortcut(wchar_t letter) {
+    for (const Command& command : kCommands) {
+        if (command.letter != letter) continue;
+        PostCommand(command.id);
+        return true;
+    }
+    return false;
+}
+
+bool InkCanvas::IsOffered(int id) const {
+    for (const Command& command : kCommands) {
+        if (command.id == id) return command.isOffered == nullptr || command.isOffered(page_);
+    }
+    return false;
+}
+
+void InkCanvas::ShowToolsMenu() {
+    platform::PopupMenu menu;
+    menu.Add(IDM_TEXT_MEMO, L"Edit Text Memo", IsOffered(IDM_TEXT_MEMO));
+    menu.Add(IDM_SET_ALARM, L"Set Alarm and Exit", IsOffered(IDM_SET_ALARM));
+    menu.AddSeparator();
+    menu.Add(IDM_SEND_EMAIL, L"Send as Email Attachment", IsOffered(IDM_SEND_EMAIL));
+    const platform::ScreenSize screen = platform::HandheldScreen();
+    OnCommand(menu.Choose(*this, {screen.width - kMenuInset, screen.height - kMenuInset}));
+}
+
+}  // namespace editor
