@@ -59,8 +59,10 @@ void ShowPenColors(platform::ToolBar& tools, const RecentColors& colors) {
         tools.SetImages(images);
     }
     // A button repaints its image only when its state changes.
-    for (int i = 3; i >= 0; --i) tools.SetEnabled(kPenButtons[i], false);
-    for (int i = 3; i >= 0; --i) tools.SetEnabled(kPenButtons[i], true);
+    for (const int button : kPenButtons) {
+        tools.SetEnabled(button, false);
+        tools.SetEnabled(button, true);
+    }
     CheckTool(tools, IDM_PEN);
 }
 

@@ -10,13 +10,10 @@ void Eraser::Begin(ink::Point place) {
     EraseAt(place);
 }
 
-// Places above the view and repeated ones erase nothing.
+// Places above the view erase nothing.
 void Eraser::Move(const ink::Point* places, size_t count) {
-    ink::Point last{-1, -1};
     for (size_t i = 0; i < count; ++i) {
-        if (places[i].y < 0 || places[i] == last) continue;
-        EraseAt(places[i]);
-        last = places[i];
+        if (places[i].y >= 0) EraseAt(places[i]);
     }
 }
 

@@ -18,20 +18,12 @@ void InkPen::Move(const ink::Point* places, size_t count) {
     segment_[0] = last_;
     segmentCount_ = 1;
     for (size_t i = 0; i < count; ++i) TakePoint(places[i]);
-    if (segmentCount_ > 1) PaintSegment();
+    if (segmentCount_ > 1) view_.PaintSegment(segment_.data(), segmentCount_);
 }
 
-// A lift above the view ends the stroke there although the way to it was no ink. A tap leaves a dot, and the
-// classic pen ends each line with one.
+// A lift above the view ends the stroke there although the way to it was no ink.
 LiftResult InkPen::Lift(ink::Point place) {
-    if (place != last_) {
-        const ink::Point line[] = {last_, place};
-        view_.PaintSegment(line, 2);
-        Append(place);
-    } else if (trace_.Count() == 1) {
-        view_.PaintSegment(&place, 1);
-    }
-    if (page_.penStyle == ink::PenStyle::Classic && trace_.Count() >= 2) view_.PaintSegment(&place, 1);
+    if (place != last_) Append(place);
     CutStroke();
     return LiftResult::Ink;
 }
@@ -54,7 +46,6 @@ void InkPen::TakePoint(ink::Point place) {
     segment_[segmentCount_++] = place;
     Append(place);
     if (trace_.IsFull()) {
-        PaintSegment();
         CutStroke();
         trace_.Clear();
         view_.BeginStroke();
@@ -71,9 +62,8 @@ void InkPen::Append(ink::Point place) {
     lowestRow_ = std::max(lowestRow_, page_.scroll + place.y);
 }
 
-void InkPen::PaintSegment() { view_.PaintSegment(segment_.data(), segmentCount_); }
-
-// Files the pending points as a record, of its own rows only, and shows it as a repaint would.
+// Files the pending points as a record, of its own rows only, and shows it as a repaint would: a tap becomes
+// a dot, and what was not painted on the way appears.
 void InkPen::CutStroke() {
     const ink::Rect box = trace_.Box();
     const ink::AddResult result = page_.AddStroke(trace_.Points(), static_cast<int32_t>(trace_.Count()),

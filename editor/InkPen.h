@@ -31,7 +31,6 @@ class InkPen : public DragTool {
   private:
     void TakePoint(ink::Point place);
     void Append(ink::Point place);
-    void PaintSegment();
     void CutStroke();
 
     platform::Window& window_;

@@ -28,17 +28,19 @@ std::wstring PicturePath() {
     return store::TemporaryFolder() + name;
 }
 
-bool WritePicture(const ink::InkPage& page, const std::wstring& path) {
+bool WriteAndClose(platform::File file, const ink::PaletteBitmap& picture) {
+    store::FileSink sink(file);
+    return file.IsOpen() && picture.WriteBmp(sink);
+}
+
+bool MakePicture(const ink::InkPage& page, const std::wstring& path) {
+    const platform::WaitCursor wait;
+    store::EnsureFolders(store::TemporaryFolder());
     ink::PaletteBitmap picture;
     if (!MakeNotePicture(page, picture)) return false;
-    bool isWritten = false;
-    {
-        platform::File file = platform::File::Create(path);
-        store::FileSink sink(file);
-        isWritten = file.IsOpen() && picture.WriteBmp(sink);
-    }
-    if (!isWritten) platform::EraseFile(path);
-    return isWritten;
+    if (WriteAndClose(platform::File::Create(path), picture)) return true;
+    platform::EraseFile(path);
+    return false;
 }
 
 }  // namespace
@@ -50,13 +52,7 @@ void SendNote(platform::Window& owner, const ink::InkPage& page) {
         return;
     }
     const std::wstring path = PicturePath();
-    bool isWritten = false;
-    {
-        const platform::WaitCursor wait;
-        store::EnsureFolders(store::TemporaryFolder());
-        isWritten = WritePicture(page, path);
-    }
-    if (!isWritten) {
+    if (!MakePicture(page, path)) {
         platform::ShowMessage(&owner, L"Creating temporary file failed!", L" Memory Error",
                               MessageButtons::Ok, MessageIcon::Error);
         return;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <limits>
 #include <string>
 
 #include "editor/PageScroll.h"
@@ -46,15 +45,12 @@ class InkColors {
 
   private:
     void Add(ColorRef color) {
-        const bool isKnown = color == last_ && count_ != 0;
-        last_ = color;
-        if (isKnown || count_ == colors_.size() || std::find(begin(), end(), color) != end()) return;
+        if (count_ == colors_.size() || std::find(begin(), end(), color) != end()) return;
         colors_[count_++] = color;
     }
 
     std::array<ColorRef, kEntries> colors_{};
     size_t count_ = 0;
-    ColorRef last_ = 0;
 };
 
 ColorRef Mix(ColorRef from, ColorRef to, int part, int whole) {
@@ -80,7 +76,7 @@ void ReserveColors(const ink::InkPage& page, ColorRef line, ink::PaletteBitmap& 
 }
 
 // The row below the last ink that the editor can scroll to; the head decoration always shows.
-int64_t InkBottom(const ink::InkPage& page, int32_t reach) {
+int32_t InkBottom(const ink::InkPage& page, int32_t reach) {
     int64_t bottom = ink::kHeadRows;
     for (size_t slot = 0; slot < page.SlotCount(); ++slot) {
         const ink::StrokeBand* band = page.Band(slot);
@@ -88,7 +84,7 @@ int64_t InkBottom(const ink::InkPage& page, int32_t reach) {
             if (band->At(i).count > 0) bottom = std::max(bottom, int64_t{band->At(i).maxY} + 1 + reach);
         }
     }
-    return std::min<int64_t>(bottom, ScrollRangeOf(page).maximum);
+    return static_cast<int32_t>(std::min<int64_t>(bottom, ScrollRangeOf(page).maximum));
 }
 
 }  // namespace
@@ -98,25 +94,25 @@ bool MakeNotePicture(const ink::InkPage& page, ink::PaletteBitmap& picture) {
     if (!painter.SetPen(page.penStyle, page.PenWidth())) return false;
     const platform::Rect lineSize = platform::Canvas::TextSize(kLine, kLineFont);
     const int32_t width = std::max(page.canvasWidth, lineSize.right + 2 * kMargin);
-    const int64_t height = InkBottom(page, painter.Reach()) + lineSize.bottom + 2 * kMargin;
-    if (height > std::numeric_limits<int32_t>::max()) return false;
+    // In range: views end far enough above the last row that a number can tell.
+    const int32_t height = InkBottom(page, painter.Reach()) + lineSize.bottom + 2 * kMargin;
     const platform::Image strip = platform::Image::Make(width, kStripRows);
     if (!strip.IsValid()) return false;
-    const auto rows = static_cast<int32_t>(height);
-    if (!picture.Create(width, rows, ink::PaletteBitmap::Start::GreyRamp)) return false;
+    if (!picture.Create(width, height, ink::PaletteBitmap::Start::GreyRamp)) return false;
     const ColorRef lineColor = LineColor(page.background);
     ReserveColors(page, lineColor, picture);
 
-    const platform::Point linePlace{width - lineSize.right - kMargin, rows - lineSize.bottom - kMargin};
-    for (int32_t top = 0; top < rows; top += kStripRows) {
+    const platform::Rect line =
+        Offset(lineSize, width - lineSize.right - kMargin, height - lineSize.bottom - kMargin);
+    for (int32_t top = 0; top < height; top += kStripRows) {
         ink::PixelSurface surface = strip.Surface();
         if (!painter.Repaint(surface, page, top, surface.Bounds())) return false;
-        if (linePlace.y + lineSize.bottom > top && linePlace.y - kStripRows < top) {
-            platform::Canvas(strip).Text(kLine, {linePlace.x, linePlace.y - top}, kLineFont, lineColor,
-                                         {0, 0, width, kStripRows});
+        const platform::Rect lineHere = Offset(line, 0, -top);
+        if (!Intersect(lineHere, surface.Bounds()).IsEmpty()) {
+            platform::Canvas(strip).Text(kLine, {lineHere.left, lineHere.top}, kLineFont, lineColor,
+                                         surface.Bounds());
         }
-        picture.CopyRows(strip.Surface(), top);
-        if (top > rows - kStripRows) break;
+        picture.CopyRows(surface, top);
     }
     return true;
 }

@@ -57,7 +57,6 @@ void PageView::PaintSegment(const ink::Point* points, size_t count) {
 }
 
 void PageView::FinishStroke(const ink::Rect& box) {
-    painter_.EndStroke();
     const int32_t reach = Reach();
     const ink::Rect area = Intersect(Inflate(box, reach, reach), Bounds());
     ink::PixelSurface surface = image_.Surface();
@@ -67,7 +66,6 @@ void PageView::FinishStroke(const ink::Rect& box) {
 
 void PageView::DrawRows(int32_t top, int32_t bottom) {
     ink::PixelSurface surface = image_.Surface();
-    painter_.EndStroke();
     painter_.Repaint(surface, page_, page_.scroll, {0, top, page_.canvasWidth, bottom});
 }
 
@@ -75,7 +73,7 @@ void PageView::MoveImageRows(int32_t dy) {
     const ink::PixelSurface surface = image_.Surface();
     const int32_t kept = surface.height - std::abs(dy);
     const size_t bytes = static_cast<size_t>(kept) * static_cast<size_t>(surface.stride) * sizeof(uint32_t);
-    std::memmove(surface.Row(dy > 0 ? dy : 0), surface.Row(dy > 0 ? 0 : -dy), bytes);
+    std::memmove(surface.Row(std::max(dy, 0)), surface.Row(std::max(-dy, 0)), bytes);
 }
 
 }  // namespace editor

@@ -52,11 +52,6 @@ void PenInput::CaptureLost() {
     if (drag_ != nullptr) EndDrag().GiveUp();
 }
 
-void PenInput::Interrupt() {
-    CaptureLost();
-    window_.ReleasePen();
-}
-
 void PenInput::PaintMarks() {
     if (drag_ != nullptr) drag_->PaintMarks();
 }

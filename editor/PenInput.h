@@ -31,8 +31,8 @@ class PenInput {
     bool PenUp(ink::Point place);
     // Keeps the stroke in progress; what is swept or spaced without having been lifted is given up.
     void CaptureLost();
-    // Ends the drag under way, as if the pen had been taken away.
-    void Interrupt();
+    // Ends the drag under way, as if the pen had been taken away: the window tells of a lost capture.
+    void Interrupt() { window_.ReleasePen(); }
     // The tool's marks over a freshly painted window.
     void PaintMarks();
 

@@ -9,17 +9,17 @@ namespace editor {
 
 void SpaceTool::Begin(ink::Point place) {
     start_ = current_ = place.y;
-    Show();
+    Invert();
 }
 
 void SpaceTool::Move(const ink::Point* places, size_t count) {
-    Hide();
+    Invert();
     current_ = std::clamp(places[count - 1].y, 0, page_.canvasHeight);
-    Show();
+    Invert();
 }
 
 LiftResult SpaceTool::Lift(ink::Point) {
-    Hide();
+    Invert();
     const int64_t from = int64_t{page_.scroll} + start_;
     const int64_t rows = int64_t{current_} - start_;
     const ink::EditResult result = ink::MoveStrokes(page_, from, rows, view_.Reach());
@@ -32,21 +32,7 @@ LiftResult SpaceTool::Lift(ink::Point) {
 
 void SpaceTool::ViewMoved(int32_t rows) {
     start_ -= rows;
-    Show();
-}
-
-void SpaceTool::PaintMarks() {
-    if (shown_) Invert();
-}
-
-void SpaceTool::Show() {
     Invert();
-    shown_ = true;
-}
-
-void SpaceTool::Hide() {
-    if (shown_) Invert();
-    shown_ = false;
 }
 
 // Both rows belong to the band.

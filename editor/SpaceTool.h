@@ -15,23 +15,20 @@ class SpaceTool : public DragTool {
     void Begin(ink::Point place) override;
     void Move(const ink::Point* places, size_t count) override;
     LiftResult Lift(ink::Point place) override;
-    void GiveUp() override { Hide(); }
+    void GiveUp() override { Invert(); }
 
     // The band is not part of the page: it is away while the view moves, and comes back with its first row
     // where that has gone.
-    void ViewMoves() override { Hide(); }
+    void ViewMoves() override { Invert(); }
     void ViewMoved(int32_t rows) override;
-    void PaintMarks() override;
+    void PaintMarks() override { Invert(); }
 
   private:
-    void Show();
-    void Hide();
-    void Invert();
+    void Invert();  // shows the band, or takes it away
 
     platform::Window& window_;
     ink::InkPage& page_;
     PageView& view_;
-    bool shown_ = false;
     // View rows. The first may leave the view, the pen's is kept inside it.
     int32_t start_ = 0;
     int32_t current_ = 0;

@@ -1,10 +1,9 @@
-#include <map>
-
 #include "platform/Dialog.h"
 #include "platform/MessageBox.h"
 #include "platform/Popup.h"
 #include "platform/Screen.h"
 #include "platform/host/HostDevice.h"
+#include "platform/host/HostToolBar.h"
 #include "platform/host/HostWindow.h"
 
 namespace platform {
@@ -20,21 +19,16 @@ int CannotOpen() {
     return -1;
 }
 
-struct ButtonState {
-    bool checked = false;
-    bool pressed = false;
-    bool enabled = true;
-};
-
 }  // namespace
-
-struct ToolBar::Impl {
-    std::map<int, ButtonState> buttons;
-};
 
 ToolBar::ToolBar() = default;
 ToolBar::~ToolBar() = default;
-void ToolBar::SetImages(const Image&) {}
+
+void ToolBar::SetImages(const Image& images) {
+    if (impl_ == nullptr) return;
+    const ink::PixelSurface surface = images.Surface();
+    impl_->images.assign(surface.pixels, surface.pixels + surface.stride * surface.height);
+}
 
 void ToolBar::SetChecked(int command, bool checked) {
     if (HasButton(command)) impl_->buttons[command].checked = checked;

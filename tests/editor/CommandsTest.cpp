@@ -1,127 +1,176 @@
 #include "editor/EditorTools.h"
-#include "platform/host/HostWindow.h"
-#include "res/resource.h"
-#include "tests/support/DeskTest.h"
+#include "platform/host/HostToolBar.h"
+#include "tests/editor/EditorRig.h"
 
 namespace {
 
 using testing::ElementsAre;
-using testing_support::Words;
+using namespace testing_support;
 
-const wchar_t kNote[] = L"\\a.ikw";
-
-class Commands : public testing_support::DeskTest {
+class Commands : public EditorTest {
   protected:
-    Commands() { device.files.Put(kNote, Words({5, 0xFFFFFF, 0, 268})); }
-    platform::ToolBar& Tools() { return *Desk().Top()->Handle()->tools; }
-    std::vector<int> CheckedTools() {
-        std::vector<int> checked;
-        for (const auto& button : editor::EditorToolBarLayout().buttons) {
-            if (Tools().IsChecked(button.command)) checked.push_back(button.command);
-        }
-        return checked;
+    Step ExpectChecked(int tool) {
+        return [=] {
+            for (const auto& button : editor::EditorToolBarLayout().buttons) {
+                EXPECT_EQ(IsChecked(button.command), button.command == tool) << button.command;
+                EXPECT_TRUE(button.command == 0 || button.title != nullptr);
+            }
+        };
     }
-    // Opens the palette by `command` and taps the cell in this column and row.
-    void ThenTapPalette(int command, int column, int row) {
-        Then([this, command] { Desk().Command(command); });
-        Then([this, column, row] {
-            EXPECT_EQ(Desk().Top()->Title(), L"Color Palette");
-            const platform::Point cell{4 + 24 * column + 12, 4 + 24 * row + 12};
-            Desk().PenDown(cell);
-            Desk().PenUp(cell);
-        });
+    // The swatches on the pen buttons: images of 12 x 14 pixels from the third on, filled below their second
+    // row.
+    Step ExpectSwatches(const std::vector<uint32_t>& pixels) {
+        return [=] {
+            const Picture& images = Desk().Top()->Handle()->tools->Handle()->images;
+            const platform::Image drawn = platform::Image::FromResource(IDB_EDITOR_TOOLS);
+            const auto width = static_cast<size_t>(drawn.Width());
+            ASSERT_EQ(images.size(), width * 14);
+            for (size_t i = 0; i < images.size(); ++i) {
+                const size_t image = i % width / 12;
+                const bool isSwatch = i / width >= 2 && image >= 2 && image < 6;
+                ASSERT_EQ(images[i], isSwatch ? pixels[image - 2] : drawn.Surface().pixels[i]) << i;
+            }
+        };
     }
+    void ExpectColors(const std::vector<uint32_t>& recent) {
+        for (size_t i = 0; i < recent.size(); ++i)
+            EXPECT_EQ(device.NumberSetting(i == 0 ? L"LastPenColor" : L"PenColor_" + std::to_wstring(i)),
+                      recent[i]);
+    }
+    // Of the palette's cell in this column and row.
+    static Point Cell(int column, int row) { return {4 + 24 * column + 12, 4 + 24 * row + 12}; }
+    Step Tap(Point place) { return Write({place}); }
 };
 
-TEST_F(Commands, RecentColoursMoveToTheFrontAndPersist) {
-    Then([this] {
-        EXPECT_THAT(CheckedTools(), ElementsAre(IDM_PEN));
-        Desk().Command(IDM_PEN_COLOR_3);
-        EXPECT_THAT(CheckedTools(), ElementsAre(IDM_PEN));
-        Desk().Stroke({{30, 100}});
+TEST_F(Commands, ExactlyTheChosenToolIsChecked) {
+    const std::pair<Step, int> kChoices[] = {
+        {Press(IDM_ERASER), IDM_ERASER},  {Press(IDM_SPACE_TOOL), IDM_SPACE_TOOL},
+        {Press(IDM_PEN), IDM_PEN},        {Shortcut(L'E'), IDM_ERASER},
+        {Shortcut(L'P'), IDM_PEN},        {Press(IDM_SPACE_TOOL), IDM_SPACE_TOOL},
+        {Press(IDM_PEN_COLOR_4), IDM_PEN}};
+    Script script{ExpectChecked(IDM_PEN)};
+    for (const auto& [choice, checked] : kChoices) {
+        script.push_back(choice);
+        script.push_back(ExpectChecked(checked));
+    }
+    script.push_back([this] {
+        EXPECT_TRUE(Desk().Top()->OnShortcut(L'P'));
+        EXPECT_FALSE(Desk().Top()->OnShortcut(L'X'));
     });
-    Then(Close());
-    Run(kNote);
-    const wchar_t* names[] = {L"LastPenColor", L"PenColor_1", L"PenColor_2", L"PenColor_3", L"PenColor_4"};
-    const uint32_t colors[] = {0x40FF40, 0x808080, 0x4040FF, 0xFF4040, 0xFF40FF};
-    for (size_t i = 0; i < std::size(names); ++i) EXPECT_EQ(device.NumberSetting(names[i]), colors[i]);
-    EXPECT_EQ(ReadBack(kNote)->Band(0)->At(0).Color(), 0x40FF40u);
+    script.push_back(Write({{30, 100}}));  // a colour has brought the pen back
+    EXPECT_THAT(Rows(*Edited(script)), ElementsAre(100));
+    Run(kNewNotes, {Write({{30, 100}}), Shortcut(L'N'), ExpectTitle(L" Inkwright - Save As"),
+                    Press(platform::kIdOk), ExpectTitle(L"[new] - Inkwright"), Press(platform::kIdOk)});
 }
 
-TEST_F(Commands, APaletteColourDropsTheOldest) {
-    ThenTapPalette(IDM_PALETTE_PEN, 0, 2);
-    Then([this] { EXPECT_THAT(CheckedTools(), ElementsAre(IDM_PEN)); });
-    ThenTapPalette(IDM_PALETTE_PEN, 0, 2);  // the current colour: nothing moves
-    Then(Close());
-    Run(kNote);
-    EXPECT_EQ(device.NumberSetting(L"LastPenColor"), 0x0000C0u);
-    EXPECT_EQ(device.NumberSetting(L"PenColor_1"), 0x808080u);
-    EXPECT_EQ(device.NumberSetting(L"PenColor_4"), 0xFF4040u);
+// One that is the tool bar's own grey is a shade beside it: tool bars do not show that.
+TEST_F(Commands, RecentColoursMoveToTheFrontAndPersist) {
+    const auto page =
+        Edited({ExpectSwatches({0x808080, 0xFF4040, 0x40FF40, 0x4040FF}), Press(IDM_PEN_COLOR_3),
+                ExpectSwatches({0x40FF40, 0x808080, 0xFF4040, 0x4040FF}), Write({{30, 100}})});
+    EXPECT_EQ(Records(*page)[0]->Color(), 0x40FF40u);
+    ExpectColors({0x40FF40, 0x808080, 0x4040FF, 0xFF4040, 0xFF40FF});
+
+    // A colour of the palette drops the oldest; the current one moves nothing, but brings the pen back.
+    Edited({Press(IDM_PEN_COLOR_4), Press(IDM_PEN_COLOR_2), Press(IDM_PALETTE_PEN),
+            ExpectTitle(L"Color Palette"), Tap(Cell(5, 0)), ExpectChecked(IDM_PEN),
+            ExpectSwatches({0xC0C0C1, 0x40FF40, 0x4040FF, 0x808080}), Press(IDM_ERASER),
+            Press(IDM_PALETTE_PEN), Tap(Cell(5, 0)), ExpectChecked(IDM_PEN)});
+    ExpectColors({0xC0C0C0, 0x40FF40, 0xFF4040, 0x808080, 0x4040FF});
 }
 
 TEST_F(Commands, ThePaletteIsLeftByEscapeAndByLiftingThePenElsewhere) {
-    Then([this] { Desk().Command(IDM_BACKGROUND_COLOR); });
-    Then([this] {
-        Desk().PenDown({20, 20});
-        Desk().PenUp({60, 20});
-        Desk().Press(platform::Key::Escape);
-    });
-    Then([this] { EXPECT_EQ(Shown().Row(200)[100], 0xFFFFFFu); });
-    Then(Close());
-    Run(kNote);
-    EXPECT_EQ(device.files.Get(kNote), Words({5, 0xFFFFFF, 0, 268})) << "nothing was changed";
+    Edited({Press(IDM_BACKGROUND_COLOR), Down(Cell(0, 0)), Up(Cell(1, 0)), Down(Cell(0, 6)), Up(Cell(0, 6)),
+            Press(platform::kIdOk),  // by another copy of the program
+            ExpectTitle(L"a - Inkwright"), Press(IDM_BACKGROUND_COLOR), Press(platform::Key::Escape),
+            Press(IDM_PALETTE_PEN), Press(platform::Key::Escape), Press(IDM_BACKGROUND_COLOR),
+            Tap(Cell(7, 0))});
+    EXPECT_EQ(device.files.Get(kNote), Words({5, 0xFFFFFF, 0, kViewHeight})) << "nothing was changed";
+    ExpectColors({0x808080, 0x4040FF, 0x40FF40, 0xFF4040, 0xFF40FF});
+}
+
+// A grid of greys, colours and tints; the current one is framed, below the grid if that lacks it.
+TEST_F(Commands, ThePaletteShowsItsColours) {
+    const auto probes = [this](int column, int row, std::vector<uint32_t> pixels) {
+        return [=] {
+            Picture seen;
+            for (const int inset : {0, 2, 3, 4, 5, 12})
+                seen.push_back(Shown().Row(4 + 24 * row + inset)[4 + 24 * column + inset]);
+            for (const int inset : {0, 2, 3, 4, 5})
+                seen.push_back(Shown().Row(4 + 24 * row + 23 - inset)[4 + 24 * column + 23 - inset]);
+            EXPECT_EQ(seen, pixels) << column << " " << row;
+        };
+    };
+    const auto plain = [](uint32_t c) {
+        return Picture{0xF0F0F0, 0x909090, c, c, c, c, 0xF0F0F0, 0x909090, c, c, c};
+    };
+    const auto framed = [](uint32_t c) {
+        return Picture{0x202020, 0xF0F0F0, 0xF0F0F0, 0x909090, c, c,
+                       0x202020, 0xF0F0F0, 0xF0F0F0, 0x909090, c};
+    };
+    Edited({Press(IDM_BACKGROUND_COLOR),
+            [this] {
+                EXPECT_EQ(Shown().width, 8 * 24 + 8);
+                EXPECT_EQ(Shown().height, 6 * 24 + 8);
+                Desk().Top()->Invalidate();
+            },
+            probes(0, 0, plain(0)), [this] { EXPECT_EQ(Shown().Row(3)[3], 0xF0F0F0u); },
+            probes(7, 0, framed(0xFFFFFF)), probes(5, 5, plain(0xEAF4FF)), Tap({4, 4 + 24 * 5})});
+    EXPECT_EQ(device.NumberSetting(L"LastBGColor"), 0xF0F0FFu);
+    device.SetSetting(L"LastPenColor", 0x123456);
+    Edited({Press(IDM_PALETTE_PEN),
+            [this] {
+                EXPECT_EQ(Shown().height, 7 * 24 + 8);
+                Desk().Top()->Invalidate();
+            },
+            probes(0, 6, framed(0x563412)), Tap({4 + 8 * 24 - 1, 4 + 24 - 1}), Press(IDM_PALETTE_PEN),
+            Tap({4 + 8 * 24, 10}), Tap({3, 10}), Press(platform::Key::Escape)});
+    EXPECT_EQ(device.NumberSetting(L"LastPenColor"), 0xFFFFFFu);
+    // Memory that is short for the palette, or for its picture.
+    shortages_ = 1;
+    Edited({WithoutPictures(Press(IDM_PALETTE_PEN)), ExpectTitle(L"a - Inkwright"),
+            [this] { device.picturesLeft = 1; }, Press(IDM_PALETTE_PEN),
+            [this] { device.picturesLeft = 1000; }});
 }
 
 TEST_F(Commands, AnotherBackgroundRepaintsAndIsSaved) {
-    ThenTapPalette(IDM_BACKGROUND_COLOR, 5, 5);
-    Then([this] { EXPECT_EQ(Shown().Row(200)[100], 0xEAF4FFu); });
-    Then(Close());
-    Run(kNote);
-    EXPECT_EQ(device.files.Get(kNote), Words({5, 0xFFF4EA, 0, 268}));
+    Edited({Press(IDM_BACKGROUND_COLOR), Tap(Cell(5, 5)),
+            [this] { EXPECT_EQ(Shown().Row(200)[100], 0xEAF4FFu); }});
+    EXPECT_EQ(device.files.Get(kNote), Words({5, 0xFFF4EA, 0, kViewHeight}));
+    // The next new page begins with it, and leaves it alone.
+    device.files.Put(kNote, Words({5, 0x00FFFF, 0, kViewHeight}));
+    Run(kNewNotes, {[this] { EXPECT_EQ(Shown().Row(200)[100], 0xEAF4FFu); }, Press(platform::kIdOk)});
     EXPECT_EQ(device.NumberSetting(L"LastBGColor"), 0xFFF4EAu);
+    Edited({[this] { EXPECT_EQ(Shown().Row(200)[100], 0xFFFF00u); }});
+    EXPECT_EQ(device.NumberSetting(L"LastBGColor"), 0x00FFFFu) << "an opened note's paper is the next page's";
 }
 
+// What is greyed in the menu is no less possible when it is posted.
 TEST_F(Commands, TheToolsMenuGreysWhatNeedsInk) {
-    for (const bool hasInk : {false, true}) {
-        Then([this, hasInk] {
-            if (hasInk) Desk().Stroke({{30, 100}});
-            Desk().chooseFromMenu = [hasInk](const std::vector<platform::PopupMenu::Item>& items) {
-                EXPECT_EQ(items.size(), 4u);
-                EXPECT_EQ(items[0].text, L"Edit Text Memo");
-                EXPECT_EQ(items[0].command, IDM_TEXT_MEMO);
-                EXPECT_TRUE(items[0].enabled);
-                EXPECT_EQ(items[1].text, L"Set Alarm and Exit");
-                EXPECT_EQ(items[1].command, IDM_SET_ALARM);
-                EXPECT_EQ(items[1].enabled, hasInk);
-                EXPECT_EQ(items[2].command, 0);
-                EXPECT_EQ(items[3].text, L"Send as Email Attachment");
-                EXPECT_EQ(items[3].command, IDM_SEND_EMAIL);
-                return 0;
-            };
-            Desk().Command(IDM_TOOLS);
-            EXPECT_EQ(Desk().menuPlace, (platform::Point{220, 300}));
-        });
-    }
-    Then(Close());
-    Run(kNote);
+    const auto expectMenu = [this](std::vector<std::wstring> entries) {
+        return [=] {
+            EXPECT_EQ(hand.Menu(), entries);
+            EXPECT_EQ(Desk().menuPlace, (Point{220, 300}));
+        };
+    };
+    Edited({Picked({L"Send as Email Attachment"}), Press(IDM_TOOLS),
+            expectMenu({L"Edit Text Memo", L"(Set Alarm and Exit)", L"-", L"(Send as Email Attachment)"}),
+            ExpectBox(L"Cannot send empty notes!", L" Error"), Press(IDM_SEND_EMAIL), Press(IDM_SET_ALARM),
+            Press(platform::kIdCancel), ExpectTitle(L"a - Inkwright"), Write({{30, 100}}), Press(IDM_TOOLS),
+            expectMenu({L"Edit Text Memo", L"Set Alarm and Exit", L"-", L"Send as Email Attachment"})});
+    EXPECT_EQ(device.mailed.size(), 1u);
 }
 
-TEST_F(Commands, AMissingMenuBarIsReportedAndTheWindowGoesOn) {
+TEST_F(Commands, WhatTheScreenLacks) {
     Desk().menuBarFails = true;
-    Then([this] { Desk().Stroke({{30, 100}}); });
-    Then(Close());
-    Run(kNote);
-    ASSERT_EQ(Desk().messages.size(), 1u);
-    EXPECT_EQ(Desk().messages[0].text, L"SHCreateMenuBar() failed!");
-    EXPECT_EQ(Desk().messages[0].caption, L" Error");
-    EXPECT_TRUE(ReadBack(kNote)->HasInk());
-}
-
-TEST_F(Commands, WithoutMemoryForThePageImageTheEditorDoesNotOpen) {
-    device.picturesLeft = 2;  // the window's own and the tool bar's
-    Run(kNote);
-    EXPECT_EQ(Desk().outOfMemoryBoxes, 1);
-    EXPECT_EQ(device.files.Get(kNote), Words({5, 0xFFFFFF, 0, 268}));
+    EXPECT_TRUE(Edited({ExpectBox(L"SHCreateMenuBar() failed!", L" Error"), Write({{30, 100}})})->HasInk());
+    // Memory for the window and the tool bar's images, but not for the page image: the editor does not open.
+    Desk().menuBarFails = false;
+    for (device.picturesLeft = 0; device.picturesLeft < 3; ++shortages_) {
+        const int left = device.picturesLeft;
+        Run(kNote);
+        device.picturesLeft = left + 1;
+    }
 }
 
 }  // namespace
