@@ -144,10 +144,10 @@ void InkCanvas::FullErase() {
     StartAnew();
 }
 
-// A note without a file keeps its memo until it is saved; so does one whose memo could not be written then.
+// A note without a file keeps its memo until it is saved.
 void InkCanvas::EditTextMemo() {
     using options::TextMemoDialog;
-    if (!HasFile(page_) || !page_.memo.empty()) {
+    if (!HasFile(page_)) {
         TextMemoDialog dialog(TextMemoDialog::Mode::Text, page_.memo);
         if (!dialog.Edit(*this)) return;
         page_.memo = dialog.Memo();

@@ -8,7 +8,7 @@ namespace editor {
 
 void InkPen::Begin(ink::Point place) {
     trace_.Clear();
-    lowestRow_ = page_.scroll + place.y;
+    lowestRow_ = page_.scroll;
     Append(place);
     view_.BeginStroke();
     last_ = place;

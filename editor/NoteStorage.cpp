@@ -76,11 +76,8 @@ bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page) {
         platform::EraseFile(page.notePath);
         return false;
     }
-    page.modified = false;
-    page.isProposal = false;
-    // The user is told of a failure; the ink is safe all the same, and the memo goes on waiting.
-    const bool hasMemo = !page.memo.empty();
-    if (hasMemo && store::MemoFile(store::MemoPath(page.notePath)).Write(owner, page.memo)) page.memo.clear();
+    // The user is told when the memo fails; the ink is safe all the same.
+    if (!page.memo.empty()) store::MemoFile(store::MemoPath(page.notePath)).Write(owner, page.memo);
     return true;
 }
 

@@ -1,137 +1,91 @@
-#include "alarms/AlarmStamp.h"
 #include "alarms/NoteAlarm.h"
-#include "res/resource.h"
-#include "tests/support/DeskTest.h"
+#include "tests/editor/EditorRig.h"
 
 namespace {
 
 using testing::IsEmpty;
-using testing::SizeIs;
-using testing_support::kNewNotes;
-using testing_support::Words;
+using namespace testing_support;
 
-class Alarm : public testing_support::DeskTest {
+class Alarm : public EditorTest {
   protected:
-    platform::Dialog& Dialog() { return dynamic_cast<platform::Dialog&>(*Desk().Top()); }
-    void ThenWriteAndAskForAlarm() {
-        Then([this] {
-            Desk().Stroke({{30, 100}, {40, 110}});
-            Desk().chooseFromMenu = [](const auto&) { return IDM_SET_ALARM; };
-            Desk().Command(IDM_TOOLS);
-        });
-    }
+    Alarm() { device.SetSetting(L"RootDirPath", L"\\Ink"); }
 };
 
-TEST_F(Alarm, StampsKeepEveryFieldAndCountSundayAsOne) {
-    const platform::DateTime moment{2007, 3, 4, 15, 20, 30, 5, 0};
-    EXPECT_EQ(alarms::MakeAlarmStamp(moment), L"200703515203005");
-    platform::DateTime read;
-    ASSERT_TRUE(alarms::ReadAlarmStamp(L"200703515203005", read));
-    EXPECT_EQ(read.dayOfWeek, 5) << "the digit as it stands";
-    EXPECT_EQ(read.day, 15);
-    EXPECT_EQ(read.second, 5);
-    EXPECT_FALSE(alarms::ReadAlarmStamp(L"20070351520300", read));
-    EXPECT_FALSE(alarms::ReadAlarmStamp(L"2007035152030055", read));
-}
-
+// The dialog proposes the set number of minutes from now, and begins with the alarm that a note is to get.
 TEST_F(Alarm, SetAlarmAndExitNamesTheNoteClosesAndSchedules) {
     device.SetSetting(L"AlarmTimeOffset", 90);
     device.now = {2007, 3, 1, 5, 23, 10, 45, 0};
-    ThenWriteAndAskForAlarm();
-    Then([this] {
-        EXPECT_EQ(Dialog().PickedDate(IDC_ALARM_DATE).day, 6);
-        EXPECT_EQ(Dialog().PickedTime(IDC_ALARM_TIME).hour, 0);
-        EXPECT_EQ(Dialog().PickedTime(IDC_ALARM_TIME).minute, 40);
-        EXPECT_EQ(Dialog().PickedTime(IDC_ALARM_TIME).second, 0);
-        Desk().Command(platform::kIdOk);
-    });
-    Then(Close());
-    Run(kNewNotes);
-    ASSERT_THAT(device.notifications, SizeIs(1));
+    const auto expectPicked = [this](int day, int hour, int minute) {
+        return [=] {
+            const platform::DateTime time = Dialog().PickedTime(IDC_ALARM_TIME);
+            const int seen[] = {Dialog().PickedDate(IDC_ALARM_DATE).day, time.hour, time.minute, time.second};
+            EXPECT_THAT(seen, testing::ElementsAre(day, hour, minute, 0));
+        };
+    };
+    const Step pick = [this] {
+        Dialog().SetPicked(IDC_ALARM_DATE, {2007, 4, 0, 9, 1, 2, 3, 0});
+        Dialog().SetPicked(IDC_ALARM_TIME, {2006, 5, 0, 8, 7, 40, 30, 99});
+    };
+    Run(kNewNotes, {Write({{30, 100}}), Picked({L"Set Alarm and Exit"}), Press(IDM_TOOLS),
+                    expectPicked(6, 0, 40), pick, Press(platform::kIdCancel), Press(IDM_SET_ALARM),
+                    expectPicked(6, 0, 40), pick, Ok(), ExpectTitle(L" Inkwright - Save As"),
+                    ExpectBox(L"Alarm is successfully set!", L" 4/9/2007 7:40:30 AM"), Ok()});
+    ASSERT_EQ(device.notifications.size(), 1u);
     const platform::NotificationTrigger& trigger = device.notifications.begin()->second.trigger;
     EXPECT_EQ(trigger.application, L"C:\\Program Files\\Inkwright\\inkwright.exe");
     EXPECT_EQ(trigger.arguments, L"\"" + std::wstring(kNewNotes) + L"New Notes 2007-03-05.ikw\" /alarm");
-    EXPECT_EQ(trigger.start.day, 6);
-    EXPECT_EQ(trigger.start.minute, 40);
-    EXPECT_EQ(trigger.start.dayOfWeek, 3) << "Tuesday's stamp digit goes in unchanged";
-    EXPECT_EQ(trigger.end.minute, 40);
-    ASSERT_THAT(Desk().messages, SizeIs(1));
-    EXPECT_EQ(Desk().messages[0].text, L"Alarm is successfully set!");
-    EXPECT_EQ(Desk().messages[0].caption, L" 3/6/2007 12:40:00 AM");
-    EXPECT_EQ(Desk().messages[0].icon, platform::MessageIcon::Information);
+    for (const platform::DateTime& at : {trigger.start, trigger.end}) {
+        const int seen[] = {at.month, at.dayOfWeek, at.day, at.hour, at.minute, at.second, at.milliseconds};
+        EXPECT_THAT(seen, testing::ElementsAre(4, 2, 9, 7, 40, 30, 0)) << "Monday's stamp digit as it stands";
+    }
+    Run(L"/newalarm 200703515203000", {Press(IDM_SET_ALARM), expectPicked(15, 20, 30), Ok()});
 }
 
 TEST_F(Alarm, AnAlarmThatNothingWillFireIsReported) {
-    struct Case {
+    const struct {
         bool databaseFails, keeperCantStart;
         const wchar_t* stamp;
         const wchar_t* caption;
-    };
-    device.SetSetting(L"RootDirPath", L"\\Ink");
-    for (const Case& c :
-         {Case{true, false, L"200703515203000", L" 3/15/2007 8:30:00 PM"},
-          Case{false, true, L"200703515203000", L" 3/15/2007 8:30:00 PM"},
-          Case{false, false, L"200703515253000", L" "}, Case{false, false, L"200702530203000", L" "},
-          Case{false, false, L"2007xx515203000", L" "}}) {
+    } kCases[] = {{true, false, L"200703515203000", L" 3/15/2007 8:30:00 PM"},
+                  {false, true, L"200703515203000", L" 3/15/2007 8:30:00 PM"},
+                  {false, false, L"200703515253000", L" "},
+                  {false, false, L"200702530203000", L" "},
+                  {false, false, L"2007xx515203000", L" "}};
+    for (const auto& c : kCases) {
         device.notificationsFail = c.databaseFails;
         device.keeperCantStart = c.keeperCantStart;
-        Desk().messages.clear();
-        Then([this] {
-            Desk().Stroke({{30, 100}});
-            Desk().Command(platform::kIdOk);
-        });
-        Then(Close());
-        Run(L"/newalarm " + std::wstring(c.stamp));
-        ASSERT_THAT(Desk().messages, SizeIs(1));
-        EXPECT_EQ(Desk().messages[0].text, L"Setting alarm failed!");
-        EXPECT_EQ(Desk().messages[0].caption, c.caption);
-        EXPECT_EQ(Desk().messages[0].icon, platform::MessageIcon::Error);
-        EXPECT_THAT(device.notifications, IsEmpty());
+        Run(L"/newalarm " + std::wstring(c.stamp),
+            {Write({{30, 100}}), Ok(), ExpectBox(L"Setting alarm failed!", c.caption), Ok()});
     }
-}
-
-TEST_F(Alarm, NoAlarmWithoutANoteOrAfterDiscarding) {
-    device.SetSetting(L"RootDirPath", L"\\Ink");
-    Then(Close());  // nothing was written
-    Run(L"/newalarm 200703515203000");
-    Desk().answers = {platform::MessageAnswer::Yes};
-    Then([this] {
-        Desk().Stroke({{30, 100}});
-        Desk().Command(platform::kIdOk);
-    });
-    Then([this] { Desk().Command(platform::kIdCancel); });
-    Run(L"/newalarm 200703515203000");
+    // None is set for a note without a file: nothing was written, or it was given up.
+    device.notificationsFail = device.keeperCantStart = false;
+    Run(L"/newalarm 200703515203000", {Ok()});
+    Run(L"/newalarm 200703515203000",
+        {Write({{30, 100}}), Ok(),
+         ExpectDiscard(L"\\Ink\\New Notes\\New Notes 2007-03-05 (5).ikw", platform::MessageAnswer::Yes),
+         Press(platform::kIdCancel)});
     EXPECT_THAT(device.notifications, IsEmpty());
-    EXPECT_THAT(Desk().messages, SizeIs(1)) << "only the question about the changes";
 }
 
 TEST_F(Alarm, ANoteOpenedByItsAlarmPostsANotice) {
-    device.files.Put(L"\\My Documents\\Inkwright\\Reminders\\2007-03-05\\Call.ikw", Words({5, 0, 0, 268}));
+    const std::wstring path = L"\\My Documents\\Inkwright\\Reminders\\2007-03-05\\Call.ikw";
+    device.files.Put(path, Words({5, 0, 0, kViewHeight}));
     device.now = {2007, 3, 1, 5, 23, 59, 55, 0};
-    Then(Close());
-    Run(L"\"\\My Documents\\Inkwright\\Reminders\\2007-03-05\\Call.ikw\" /alarm");
-    ASSERT_THAT(device.notifications, SizeIs(1));
+    Run(L"\"" + path + L"\" /alarm", {Ok()});
+    ASSERT_EQ(device.notifications.size(), 1u);
     const platform::host::StoredNotification& stored = device.notifications.begin()->second;
-    EXPECT_EQ(stored.trigger.application, L"");
-    EXPECT_EQ(stored.trigger.start.day, 6);
-    EXPECT_EQ(stored.trigger.start.second, 5);
-    EXPECT_TRUE(stored.notification.showDialog && stored.notification.flashLed);
+    EXPECT_TRUE(stored.trigger.application.empty() && stored.notification.showDialog &&
+                stored.notification.flashLed);
+    EXPECT_TRUE(stored.trigger.start.day == 6 && stored.trigger.start.second == 5) << "in ten seconds";
     EXPECT_EQ(stored.notification.dialogTitle, L"Inkwright \u00BB Alarm");
-    EXPECT_EQ(stored.notification.dialogText, L"Inkwright \u00BB Reminders (Monday, March 5, 2007)\n\nCall");
-}
-
-TEST_F(Alarm, NoticeTextsByPlace) {
-    struct Case {
-        const wchar_t* path;
-        const wchar_t* text;
-    };
-    for (const Case& c :
-         {Case{L"\\D\\INKWRIGHT\\Work\\a.b.ikw", L"Inkwright \u00BB Work\n\na.b"},
-          Case{L"\\D\\Inkwright\\a.ikw", L"Inkwright \u00BB Alarm\n\na"},
-          Case{L"\\D\\Inkwright\\Work\\Deep\\a.ikw", L"Inkwright \u00BB Alarm\n\na"},
-          Case{L"\\D\\Inkwright\\reminders\\someday\\a.ikw", L"Inkwright \u00BB Reminders\n\na"}}) {
-        EXPECT_EQ(alarms::AlarmNoticeText(c.path), c.text);
+    for (const auto& [at, text] : {std::pair{path.c_str(), L"Reminders (Monday, March 5, 2007)\n\nCall"},
+                                   {L"\\D\\INKWRIGHT\\Work\\a.b.ikw", L"Work\n\na.b"},
+                                   {L"\\D\\Inkwright\\a.ikw", L"Alarm\n\na"},
+                                   {L"\\D\\Inkwright\\Work\\Deep\\a.ikw", L"Alarm\n\na"},
+                                   {L"\\D\\Inkwright\\reminders\\someday\\a.ikw", L"Reminders\n\na"}}) {
+        EXPECT_EQ(alarms::AlarmNoticeText(at), std::wstring(L"Inkwright \u00BB ") + text);
     }
+    EXPECT_EQ(stored.notification.dialogText, alarms::AlarmNoticeText(path));
 }
 
 }  // namespace

@@ -17,19 +17,16 @@ class Commands : public EditorTest {
             }
         };
     }
-    // The swatches on the pen buttons: images of 12 x 14 pixels from the third on, filled below their second
-    // row.
-    Step ExpectSwatches(const std::vector<uint32_t>& pixels) {
+    // On the pen buttons: images of 12 x 14 pixels from the third on, filled below their second row.
+    Step ExpectSwatches(const Picture& pixels) {
         return [=] {
-            const Picture& images = Desk().Top()->Handle()->tools->Handle()->images;
-            const platform::Image drawn = platform::Image::FromResource(IDB_EDITOR_TOOLS);
-            const auto width = static_cast<size_t>(drawn.Width());
-            ASSERT_EQ(images.size(), width * 14);
-            for (size_t i = 0; i < images.size(); ++i) {
-                const size_t image = i % width / 12;
-                const bool isSwatch = i / width >= 2 && image >= 2 && image < 6;
-                ASSERT_EQ(images[i], isSwatch ? pixels[image - 2] : drawn.Surface().pixels[i]) << i;
+            const platform::Image wanted = platform::Image::FromResource(IDB_EDITOR_TOOLS);
+            const ink::PixelSurface surface = wanted.Surface();
+            for (int y = 2; y < 14; ++y) {
+                for (size_t i = 0; i < 4 * 12; ++i) surface.Row(y)[2 * 12 + i] = pixels[i / 12];
             }
+            EXPECT_EQ(Desk().Top()->Handle()->tools->Handle()->images,
+                      Picture(surface.pixels, surface.pixels + surface.width * surface.height));
         };
     }
     void ExpectColors(const std::vector<uint32_t>& recent) {
@@ -49,18 +46,12 @@ TEST_F(Commands, ExactlyTheChosenToolIsChecked) {
         {Shortcut(L'P'), IDM_PEN},        {Press(IDM_SPACE_TOOL), IDM_SPACE_TOOL},
         {Press(IDM_PEN_COLOR_4), IDM_PEN}};
     Script script{ExpectChecked(IDM_PEN)};
-    for (const auto& [choice, checked] : kChoices) {
-        script.push_back(choice);
-        script.push_back(ExpectChecked(checked));
-    }
-    script.push_back([this] {
-        EXPECT_TRUE(Desk().Top()->OnShortcut(L'P'));
-        EXPECT_FALSE(Desk().Top()->OnShortcut(L'X'));
-    });
-    script.push_back(Write({{30, 100}}));  // a colour has brought the pen back
-    EXPECT_THAT(Rows(*Edited(script)), ElementsAre(100));
-    Run(kNewNotes, {Write({{30, 100}}), Shortcut(L'N'), ExpectTitle(L" Inkwright - Save As"),
-                    Press(platform::kIdOk), ExpectTitle(L"[new] - Inkwright"), Press(platform::kIdOk)});
+    for (const auto& [choice, checked] : kChoices) script = All({script, {choice, ExpectChecked(checked)}});
+    EXPECT_THAT(Rows(*Edited(All({script, {Write({{30, 100}})}}))), ElementsAre(100))
+        << "a colour brings the pen back";
+    Run(kNote, {[this] { EXPECT_TRUE(Desk().Top()->OnShortcut(L'W') && !Desk().Top()->OnShortcut(L'X')); }});
+    Run(kNewNotes, {Write({{30, 100}}), Shortcut(L'N'), ExpectTitle(L" Inkwright - Save As"), Ok(),
+                    ExpectTitle(L"[new] - Inkwright"), Ok()});
 }
 
 // One that is the tool bar's own grey is a shade beside it: tool bars do not show that.
@@ -81,7 +72,7 @@ TEST_F(Commands, RecentColoursMoveToTheFrontAndPersist) {
 
 TEST_F(Commands, ThePaletteIsLeftByEscapeAndByLiftingThePenElsewhere) {
     Edited({Press(IDM_BACKGROUND_COLOR), Down(Cell(0, 0)), Up(Cell(1, 0)), Down(Cell(0, 6)), Up(Cell(0, 6)),
-            Press(platform::kIdOk),  // by another copy of the program
+            Ok(),  // by another copy of the program
             ExpectTitle(L"a - Inkwright"), Press(IDM_BACKGROUND_COLOR), Press(platform::Key::Escape),
             Press(IDM_PALETTE_PEN), Press(platform::Key::Escape), Press(IDM_BACKGROUND_COLOR),
             Tap(Cell(7, 0))});
@@ -91,72 +82,44 @@ TEST_F(Commands, ThePaletteIsLeftByEscapeAndByLiftingThePenElsewhere) {
 
 // A grid of greys, colours and tints; the current one is framed, below the grid if that lacks it.
 TEST_F(Commands, ThePaletteShowsItsColours) {
-    const auto probes = [this](int column, int row, std::vector<uint32_t> pixels) {
+    const auto looks = [this](int rows, uint32_t golden) {
         return [=] {
-            Picture seen;
-            for (const int inset : {0, 2, 3, 4, 5, 12})
-                seen.push_back(Shown().Row(4 + 24 * row + inset)[4 + 24 * column + inset]);
-            for (const int inset : {0, 2, 3, 4, 5})
-                seen.push_back(Shown().Row(4 + 24 * row + 23 - inset)[4 + 24 * column + 23 - inset]);
-            EXPECT_EQ(seen, pixels) << column << " " << row;
+            EXPECT_EQ(Shown().Bounds(), (platform::Rect{0, 0, 8 * 24 + 8, rows * 24 + 8}));
+            EXPECT_EQ(Hash(ShownPixels()), golden);
         };
     };
-    const auto plain = [](uint32_t c) {
-        return Picture{0xF0F0F0, 0x909090, c, c, c, c, 0xF0F0F0, 0x909090, c, c, c};
-    };
-    const auto framed = [](uint32_t c) {
-        return Picture{0x202020, 0xF0F0F0, 0xF0F0F0, 0x909090, c, c,
-                       0x202020, 0xF0F0F0, 0xF0F0F0, 0x909090, c};
-    };
-    Edited({Press(IDM_BACKGROUND_COLOR),
-            [this] {
-                EXPECT_EQ(Shown().width, 8 * 24 + 8);
-                EXPECT_EQ(Shown().height, 6 * 24 + 8);
-                Desk().Top()->Invalidate();
-            },
-            probes(0, 0, plain(0)), [this] { EXPECT_EQ(Shown().Row(3)[3], 0xF0F0F0u); },
-            probes(7, 0, framed(0xFFFFFF)), probes(5, 5, plain(0xEAF4FF)), Tap({4, 4 + 24 * 5})});
+    Edited({Press(IDM_BACKGROUND_COLOR), PaintAnew(), looks(6, 575726293), Tap({4, 4 + 24 * 5})});
     EXPECT_EQ(device.NumberSetting(L"LastBGColor"), 0xF0F0FFu);
     device.SetSetting(L"LastPenColor", 0x123456);
-    Edited({Press(IDM_PALETTE_PEN),
-            [this] {
-                EXPECT_EQ(Shown().height, 7 * 24 + 8);
-                Desk().Top()->Invalidate();
-            },
-            probes(0, 6, framed(0x563412)), Tap({4 + 8 * 24 - 1, 4 + 24 - 1}), Press(IDM_PALETTE_PEN),
-            Tap({4 + 8 * 24, 10}), Tap({3, 10}), Press(platform::Key::Escape)});
+    Edited({Press(IDM_PALETTE_PEN), PaintAnew(), looks(7, 364763077), Tap({4 + 8 * 24 - 1, 4 + 24 - 1}),
+            Press(IDM_PALETTE_PEN), Tap({4 + 8 * 24, 10}), Tap({3, 10}), Press(platform::Key::Escape)});
     EXPECT_EQ(device.NumberSetting(L"LastPenColor"), 0xFFFFFFu);
     // Memory that is short for the palette, or for its picture.
     shortages_ = 1;
-    Edited({WithoutPictures(Press(IDM_PALETTE_PEN)), ExpectTitle(L"a - Inkwright"),
-            [this] { device.picturesLeft = 1; }, Press(IDM_PALETTE_PEN),
-            [this] { device.picturesLeft = 1000; }});
+    Edited({WithPictures(0, Press(IDM_PALETTE_PEN)), ExpectTitle(L"a - Inkwright"),
+            WithPictures(1, Press(IDM_PALETTE_PEN))});
 }
 
 TEST_F(Commands, AnotherBackgroundRepaintsAndIsSaved) {
-    Edited({Press(IDM_BACKGROUND_COLOR), Tap(Cell(5, 5)),
-            [this] { EXPECT_EQ(Shown().Row(200)[100], 0xEAF4FFu); }});
+    Edited({Press(IDM_BACKGROUND_COLOR), Tap(Cell(5, 5))});
     EXPECT_EQ(device.files.Get(kNote), Words({5, 0xFFF4EA, 0, kViewHeight}));
     // The next new page begins with it, and leaves it alone.
     device.files.Put(kNote, Words({5, 0x00FFFF, 0, kViewHeight}));
-    Run(kNewNotes, {[this] { EXPECT_EQ(Shown().Row(200)[100], 0xEAF4FFu); }, Press(platform::kIdOk)});
+    Run(kNewNotes, {[this] { EXPECT_EQ(Shown().Row(200)[100], 0xEAF4FFu); }, Ok()});
     EXPECT_EQ(device.NumberSetting(L"LastBGColor"), 0xFFF4EAu);
-    Edited({[this] { EXPECT_EQ(Shown().Row(200)[100], 0xFFFF00u); }});
+    Edited({});
     EXPECT_EQ(device.NumberSetting(L"LastBGColor"), 0x00FFFFu) << "an opened note's paper is the next page's";
 }
 
 // What is greyed in the menu is no less possible when it is posted.
 TEST_F(Commands, TheToolsMenuGreysWhatNeedsInk) {
-    const auto expectMenu = [this](std::vector<std::wstring> entries) {
-        return [=] {
-            EXPECT_EQ(hand.Menu(), entries);
-            EXPECT_EQ(Desk().menuPlace, (Point{220, 300}));
-        };
+    const auto expectMenu = [this](const std::vector<std::wstring>& entries) {
+        return [=] { EXPECT_TRUE(hand.Menu() == entries && Desk().menuPlace == (Point{220, 300})); };
     };
     Edited({Picked({L"Send as Email Attachment"}), Press(IDM_TOOLS),
             expectMenu({L"Edit Text Memo", L"(Set Alarm and Exit)", L"-", L"(Send as Email Attachment)"}),
             ExpectBox(L"Cannot send empty notes!", L" Error"), Press(IDM_SEND_EMAIL), Press(IDM_SET_ALARM),
-            Press(platform::kIdCancel), ExpectTitle(L"a - Inkwright"), Write({{30, 100}}), Press(IDM_TOOLS),
+            Press(platform::kIdCancel), Write({{30, 100}}), Press(IDM_TOOLS),
             expectMenu({L"Edit Text Memo", L"Set Alarm and Exit", L"-", L"Send as Email Attachment"})});
     EXPECT_EQ(device.mailed.size(), 1u);
 }
@@ -166,11 +129,7 @@ TEST_F(Commands, WhatTheScreenLacks) {
     EXPECT_TRUE(Edited({ExpectBox(L"SHCreateMenuBar() failed!", L" Error"), Write({{30, 100}})})->HasInk());
     // Memory for the window and the tool bar's images, but not for the page image: the editor does not open.
     Desk().menuBarFails = false;
-    for (device.picturesLeft = 0; device.picturesLeft < 3; ++shortages_) {
-        const int left = device.picturesLeft;
-        Run(kNote);
-        device.picturesLeft = left + 1;
-    }
+    for (; shortages_ < 3; ++shortages_) WithPictures(shortages_, [this] { Run(kNote); })();
 }
 
 }  // namespace

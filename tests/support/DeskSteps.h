@@ -1,0 +1,93 @@
+// More words for scripts at a device in memory: the pen bit by bit, scrolling, time, dialogs and failing
+// files.
+#pragma once
+
+#include <utility>
+
+#include "platform/host/HostWindow.h"
+#include "tests/support/DeskTest.h"
+
+namespace testing_support {
+
+using ink::Point;
+using Trace = std::vector<Point>;
+using Picture = std::vector<uint32_t>;
+
+// A picture in a number, for goldens: who changes a picture on purpose looks at it and takes its new number.
+inline uint32_t Hash(const Picture& picture) {
+    uint32_t hash = 2166136261;
+    for (const uint32_t pixel : picture) hash = (hash ^ pixel) * 16777619;
+    return hash;
+}
+
+// After each test, the boxes that were shown are those that its scripts expected.
+class DeskSteps : public DeskTest {
+  protected:
+    ~DeskSteps() override {
+        CheckBoxes();
+        EXPECT_EQ(Desk().outOfMemoryBoxes, shortages_);
+    }
+    // So often the user is to hear that memory is short.
+    int shortages_ = 0;
+
+    static Script All(std::initializer_list<Script> parts) {
+        Script script;
+        for (const Script& part : parts) script.insert(script.end(), part.begin(), part.end());
+        return script;
+    }
+
+    Step Ok() { return Press(platform::kIdOk); }
+    Step Down(Point place) {
+        return [=] { Desk().PenDown(place); };
+    }
+    Step Move(Point place, const Trace& samples = {}) {
+        return [=] { Desk().PenMove(place, samples); };
+    }
+    Step Up(Point place, const Trace& samples = {}) {
+        return [=] { Desk().PenUp(place, samples); };
+    }
+    Step TakePenAway() {
+        return [=] { Desk().TakePenAway(); };
+    }
+    Step Scroll(platform::ScrollCode code, int thumb = 0) {
+        return [=] { Desk().Scroll(code, thumb); };
+    }
+    Step Wait(uint32_t milliseconds) {
+        return [=] { Desk().PassTime(milliseconds); };
+    }
+    Step Shortcut(wchar_t letter) {
+        return [=] { Desk().PressShortcut(letter); };
+    }
+    Step PaintAnew() {
+        return [=] { Desk().Top()->Invalidate(); };
+    }
+    Step TakeOver() {
+        return [=] { Desk().PrivateMessage(platform::kTakeOver); };
+    }
+    Step ExpectItem(int item, const std::wstring& text) {
+        return [=] { EXPECT_EQ(Dialog().ItemText(item), text); };
+    }
+    // From now on every call of this kind fails for files whose path contains the text; `None` mends them.
+    Step Fail(platform::host::FileCall failing, platform::FileError error = platform::FileError::Other,
+              const std::wstring& in = L"") {
+        return [=] {
+            device.files.fault = [=](platform::host::FileCall call, const std::wstring& path) {
+                return call == failing && path.find(in) != std::wstring::npos ? error
+                                                                              : platform::FileError::None;
+            };
+        };
+    }
+    // All memory for pictures but for some is in use until the step is over.
+    Step WithPictures(int left, const Step& step) {
+        return [=] {
+            const int before = std::exchange(device.picturesLeft, left);
+            step();
+            device.picturesLeft = before;
+        };
+    }
+
+    platform::Dialog& Dialog() { return dynamic_cast<platform::Dialog&>(*Desk().Top()); }
+    Picture ShownPixels() { return {Shown().pixels, Shown().pixels + Shown().width * Shown().height}; }
+};
+
+}  // namespace testing_support
