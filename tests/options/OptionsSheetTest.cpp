@@ -1,168 +1,134 @@
 #include "app/store/Settings.h"
+#include "ink/PenStyle.h"
 #include "options/sheet/COptPageDlg.h"
-#include "platform/host/HostWindow.h"
 #include "res/resource.h"
-#include "tests/support/DeskTest.h"
+#include "tests/support/DeskSteps.h"
 
 namespace {
 
+using ink::PenStyle;
 using platform::RegistryType;
+using store::SettingId;
+using namespace testing_support;
 
-constexpr wchar_t kNoteDefault[] = L"%F %Y-%m-%d";
-enum Page { kMisc, kFileName };
-
-class OptionsSheet : public testing_support::DeskTest {
+class OptionsSheet : public DeskSteps {
   protected:
-    platform::Dialog& Shown() { return dynamic_cast<platform::Dialog&>(*Desk().Top()); }
-    bool Has(const wchar_t* name) { return device.Settings().count(name) != 0; }
-    void ThenShow(Page page) {
-        Then([this, page] { Desk().ShowPage(page); });
-    }
-    // Runs the sheet with the script so far and closes it with this button.
-    void RunSheet(int button) {
-        Then([this, button] { Desk().Command(button); });
+    // Runs the sheet with the script and closes it with this button.
+    void RunSheet(const Script& script, int button = platform::kIdOk) {
+        Play(All({script, {Press(button)}}));
         platform::Screen owner(platform::Screen::ScrollBar::None);
         EXPECT_EQ(options::COptPageDlg().RunModal(owner), button == platform::kIdOk);
         EXPECT_FALSE(Desk().StepWaiting());
     }
+    Step ShowFileNames() { return ShowPage(1); }
+    Step ExpectEdit(int item, const std::wstring& text, bool isEnabled) {
+        return [=] {
+            EXPECT_EQ(Dialog().ItemText(item), text);
+            EXPECT_EQ(Dialog().IsItemEnabled(item), isEnabled);
+            EXPECT_EQ(Dialog().IsItemChecked(IDC_NOTE_PATTERN_DEFAULT), !isEnabled);
+        };
+    }
+    static uint32_t PenInfo(PenStyle style, uint32_t rest) {
+        return static_cast<uint32_t>(style) << 16 | rest;
+    }
+    static std::wstring Pattern(SettingId id) { return store::Settings::Text(id); }
 };
 
 TEST_F(OptionsSheet, EveryStoredPenComesBackAsTheControlsCanShowIt) {
     const struct {
         uint32_t stored;
-        int listed;  // place in the list of styles
+        int listed;  // Smooth, Classic, Simple
         uint32_t size;
-        bool hasSizes;
         uint32_t storedBack;
-    } kCases[] = {
-        {0x0002000A, 0, 1, true, 0x0002000A},  {0x00020064, 0, 10, true, 0x00020064},
-        {0x0001001E, 1, 1, false, 0x0001000A},  // the classic pen has one size
-        {0x0000001E, 2, 3, true, 0x0000001E},  {0x00020019, 0, 2, true, 0x00020014},
-        {0xFF07FF3C, 0, 6, true, 0x0002003C},  // other bits, an unknown style
-        {0x00020000, 0, 1, true, 0x0002000A},  {0x000000FF, 2, 10, true, 0x00000064},
-    };
+    } kCases[] = {{PenInfo(PenStyle::Smooth, 10), 0, 1, PenInfo(PenStyle::Smooth, 10)},
+                  {PenInfo(PenStyle::Smooth, 100), 0, 10, PenInfo(PenStyle::Smooth, 100)},
+                  {PenInfo(PenStyle::Classic, 30), 1, 1, PenInfo(PenStyle::Classic, 10)},
+                  {PenInfo(PenStyle::Simple, 30), 2, 3, PenInfo(PenStyle::Simple, 30)},
+                  {PenInfo(PenStyle::Smooth, 25), 0, 2, PenInfo(PenStyle::Smooth, 20)},
+                  {0xFF07FF3C, 0, 6, PenInfo(PenStyle::Smooth, 60)},  // other bits, an unknown style
+                  {PenInfo(PenStyle::Smooth, 0), 0, 1, PenInfo(PenStyle::Smooth, 10)},
+                  {PenInfo(PenStyle::Simple, 255), 2, 10, PenInfo(PenStyle::Simple, 100)}};
     for (const auto& c : kCases) {
         SCOPED_TRACE(c.stored);
         device.SetSetting(L"PenInfo", c.stored);
-        Then([this, &c] {
-            EXPECT_EQ(Shown().Choice(IDC_PEN_STYLE), c.listed);
-            EXPECT_EQ(Shown().Spin(IDC_PEN_SIZE_SPIN), c.size);
-            EXPECT_EQ(Shown().IsItemEnabled(IDC_PEN_SIZE_SPIN), c.hasSizes);
-        });
-        RunSheet(platform::kIdOk);
+        RunSheet(
+            {ExpectChoice(IDC_PEN_STYLE, c.listed), ExpectSpin(IDC_PEN_SIZE_SPIN, c.size, c.listed != 1)});
         EXPECT_EQ(device.NumberSetting(L"PenInfo"), c.storedBack);
     }
 }
 
+// The first day is the locale's until one is chosen; of the alarm offset the low half counts. The classic pen
+// has one size.
 TEST_F(OptionsSheet, MiscIsFilledChangedAndStored) {
     device.SetSetting(L"AlarmTimeOffset", 0x10005);
-    Then([this] {
-        const std::vector<std::wstring> days{L"Monday", L"Tuesday",  L"Wednesday", L"Thursday",
-                                             L"Friday", L"Saturday", L"Sunday"};
-        EXPECT_EQ(Shown().Handle()->items[IDC_FIRST_DAY].choices, days);
-        EXPECT_EQ(Shown().Choice(IDC_FIRST_DAY), 6) << "the locale's, as in the calendar";
-        EXPECT_EQ(Shown().Spin(IDC_ALARM_OFFSET_SPIN), 5u) << "the low half of the number";
-        Desk().Turn(IDC_PEN_SIZE_SPIN, 7);
-        Desk().Choose(IDC_PEN_STYLE, 1);
-        EXPECT_EQ(Shown().Spin(IDC_PEN_SIZE_SPIN), 1u);
-        EXPECT_FALSE(Shown().IsItemEnabled(IDC_PEN_SIZE_SPIN));
-        Desk().Choose(IDC_PEN_STYLE, 2);
-        EXPECT_TRUE(Shown().IsItemEnabled(IDC_PEN_SIZE_SPIN));
-        Desk().Turn(IDC_PEN_SIZE_SPIN, 4);
-        Desk().Choose(IDC_FIRST_DAY, 2);
-        Desk().Turn(IDC_ALARM_OFFSET_SPIN, 32767);
-    });
-    RunSheet(platform::kIdOk);
-    EXPECT_EQ(device.NumberSetting(L"PenInfo"), 0x00000028u);
+    const Step expectLists = [this] {
+        const Texts days{L"Monday", L"Tuesday", L"Wednesday", L"Thursday", L"Friday", L"Saturday", L"Sunday"};
+        EXPECT_EQ(Dialog().Handle()->items[IDC_FIRST_DAY].choices, days);
+        EXPECT_EQ(Dialog().Handle()->items[IDC_PEN_STYLE].choices, (Texts{L"Smooth", L"Classic", L"Simple"}));
+        EXPECT_EQ(Dialog().Handle()->items[IDC_ALARM_OFFSET_SPIN].spinMinimum, 0);
+        EXPECT_EQ(Dialog().Handle()->items[IDC_ALARM_OFFSET_SPIN].spinMaximum, 32767);
+    };
+    RunSheet({expectLists, ExpectChoice(IDC_FIRST_DAY, 6), ExpectSpin(IDC_ALARM_OFFSET_SPIN, 5),
+              Turn(IDC_PEN_SIZE_SPIN, 7), Choose(IDC_FIRST_DAY, 2), ExpectSpin(IDC_PEN_SIZE_SPIN, 7),
+              Choose(IDC_PEN_STYLE, 1), ExpectSpin(IDC_PEN_SIZE_SPIN, 1, false), Choose(IDC_PEN_STYLE, 2),
+              ExpectSpin(IDC_PEN_SIZE_SPIN, 1), Turn(IDC_PEN_SIZE_SPIN, 4),
+              Turn(IDC_ALARM_OFFSET_SPIN, 32767)});
+    EXPECT_EQ(device.NumberSetting(L"PenInfo"), PenInfo(PenStyle::Simple, 40));
     EXPECT_EQ(device.NumberSetting(L"FirstDayOfWeek"), 2u);
     EXPECT_EQ(device.NumberSetting(L"AlarmTimeOffset"), 32767u);
     EXPECT_EQ(device.Settings()[L"PenInfo"].type, RegistryType::Number);
-
     device.SetSetting(L"FirstDayOfWeek", 9);
-    Then([this] { EXPECT_EQ(Shown().Choice(IDC_FIRST_DAY), -1); });
-    RunSheet(platform::kIdOk);
+    RunSheet({ExpectChoice(IDC_FIRST_DAY, -1)});
     EXPECT_EQ(device.NumberSetting(L"FirstDayOfWeek"), 0xFFFFFFFFu) << "nothing chosen, stored as it is";
 }
 
 TEST_F(OptionsSheet, CancelAndAFailingRegistryStoreNothing) {
     for (const bool fails : {false, true}) {
         device.registryFails = fails;
-        Then([this] {
-            EXPECT_EQ(Shown().Choice(IDC_PEN_STYLE), 0);
-            Desk().Choose(IDC_PEN_STYLE, 2);
-        });
-        ThenShow(kFileName);
-        Then([this] { Desk().Command(IDC_NOTE_PATTERN_DEFAULT); });
-        RunSheet(fails ? platform::kIdOk : platform::kIdCancel);
+        RunSheet({ExpectChoice(IDC_PEN_STYLE, 0), Choose(IDC_PEN_STYLE, 2), ShowFileNames(),
+                  Press(IDC_NOTE_PATTERN_DEFAULT)},
+                 fails ? platform::kIdOk : platform::kIdCancel);
     }
     device.registryFails = false;
     EXPECT_TRUE(device.Settings().empty());
 }
 
+// A page that was not shown, and the default, store nothing; an empty pattern is the default.
 TEST_F(OptionsSheet, PatternsAreStoredAsTextUnderTheNumberType) {
-    ThenShow(kFileName);
-    Then([this] {
-        EXPECT_EQ(Shown().ItemText(IDC_NOTE_PATTERN), kNoteDefault);
-        EXPECT_EQ(Shown().ItemText(IDC_REMINDER_PATTERN), L"Reminder %f");
-        EXPECT_TRUE(Shown().IsItemChecked(IDC_NOTE_PATTERN_DEFAULT));
-        EXPECT_FALSE(Shown().IsItemEnabled(IDC_NOTE_PATTERN));
-        Desk().Command(IDC_NOTE_PATTERN_DEFAULT);
-        EXPECT_TRUE(Shown().IsItemEnabled(IDC_NOTE_PATTERN));
-        EXPECT_EQ(Shown().Handle()->focusedItem, IDC_NOTE_PATTERN);
-        Desk().Type(IDC_NOTE_PATTERN, L"%Y");
-    });
-    RunSheet(platform::kIdOk);
+    const Step toggle = Press(IDC_NOTE_PATTERN_DEFAULT);
+    const Step expectFocus = [this] { EXPECT_EQ(Dialog().Handle()->focusedItem, IDC_NOTE_PATTERN); };
+    RunSheet({ShowFileNames(), ExpectEdit(IDC_NOTE_PATTERN, L"%F %Y-%m-%d", false),
+              ExpectItem(IDC_REMINDER_PATTERN, L"Reminder %f"), toggle,
+              ExpectEdit(IDC_NOTE_PATTERN, L"%F %Y-%m-%d", true), expectFocus,
+              TypeInto(IDC_NOTE_PATTERN, L"%Y")});
     EXPECT_EQ(device.Settings()[L"SaveAs_NoteFN"].type, RegistryType::Number);
     EXPECT_EQ(device.Settings()[L"SaveAs_NoteFN"].data, std::string("%\0Y\0\0\0", 6));
-    EXPECT_FALSE(Has(L"SaveAs_ReminderFN"));
+    EXPECT_FALSE(device.HasSetting(L"SaveAs_ReminderFN"));
+    RunSheet({ShowFileNames(), ExpectEdit(IDC_NOTE_PATTERN, L"%Y", true), toggle,
+              ExpectEdit(IDC_NOTE_PATTERN, L"%F %Y-%m-%d", false)});
+    EXPECT_FALSE(device.HasSetting(L"SaveAs_NoteFN"));
 
-    ThenShow(kFileName);
-    Then([this] {
-        EXPECT_FALSE(Shown().IsItemChecked(IDC_NOTE_PATTERN_DEFAULT));
-        EXPECT_EQ(Shown().ItemText(IDC_NOTE_PATTERN), L"%Y");
-        Desk().Command(IDC_NOTE_PATTERN_DEFAULT);
-        EXPECT_EQ(Shown().ItemText(IDC_NOTE_PATTERN), kNoteDefault);
-        EXPECT_FALSE(Shown().IsItemEnabled(IDC_NOTE_PATTERN));
-    });
-    RunSheet(platform::kIdOk);
-    EXPECT_FALSE(Has(L"SaveAs_NoteFN")) << "the default is no setting";
-}
-
-TEST_F(OptionsSheet, AnEmptyPatternIsTheDefaultAndAnUnseenPageKeepsItsOwn) {
     device.SetSetting(L"SaveAs_NoteFN", L"%d");
-    device.SetSetting(L"SaveAs_ReminderFN", L"%m");
-    RunSheet(platform::kIdOk);
-    EXPECT_EQ(store::Settings::Text(store::SettingId::SaveAs_NoteFN), L"%d");
-    ThenShow(kFileName);
-    Then([this] { Desk().Type(IDC_NOTE_PATTERN, L""); });
-    RunSheet(platform::kIdOk);
-    EXPECT_FALSE(Has(L"SaveAs_NoteFN"));
-    EXPECT_EQ(store::Settings::Text(store::SettingId::SaveAs_ReminderFN), L"%m");
-}
-
-TEST_F(OptionsSheet, APatternGrowsNoLongerThanCanBeReadBack) {
-    ThenShow(kFileName);
-    Then([this] {
-        Desk().Command(IDC_REMINDER_PATTERN_DEFAULT);
-        Desk().Type(IDC_REMINDER_PATTERN, std::wstring(400, L'x'));
-    });
-    RunSheet(platform::kIdOk);
-    EXPECT_EQ(store::Settings::Text(store::SettingId::SaveAs_ReminderFN), std::wstring(259, L'x'));
+    RunSheet({});
+    EXPECT_EQ(Pattern(SettingId::SaveAs_NoteFN), L"%d");
+    RunSheet({ShowFileNames(), TypeInto(IDC_NOTE_PATTERN, L""), Press(IDC_REMINDER_PATTERN_DEFAULT),
+              TypeInto(IDC_REMINDER_PATTERN, std::wstring(400, L'x'))});
+    EXPECT_FALSE(device.HasSetting(L"SaveAs_NoteFN"));
+    EXPECT_EQ(Pattern(SettingId::SaveAs_ReminderFN), std::wstring(259, L'x')) << "what can be read back";
 }
 
 TEST_F(OptionsSheet, TheHelpNamesEveryFormatCharacter) {
-    ThenShow(kFileName);
-    Then([this] {
-        const std::wstring help = Shown().ItemText(IDC_PATTERN_HELP);
-        for (const wchar_t letter : std::wstring(L"fFyYmMdDgGhHisaA")) {
-            EXPECT_NE(help.find(std::wstring(L"%") + letter + L" - "), std::wstring::npos) << letter;
-        }
-        EXPECT_NE(help.find(L"%A - AM or PM\r\n\r\n[*] Disallowed Characters : \\ / : * ? \" < > |\r\n("),
-                  std::wstring::npos);
-        EXPECT_EQ(help.substr(help.size() - 4), L".)\r\n");
-        EXPECT_EQ(Shown().Handle()->items[IDC_PATTERN_HELP].margins, 5);
-    });
-    RunSheet(platform::kIdOk);
+    RunSheet({ShowFileNames(), [this] {
+                  const std::wstring help = Dialog().ItemText(IDC_PATTERN_HELP);
+                  for (const wchar_t letter : std::wstring(L"fFyYmMdDgGhHisaA"))
+                      EXPECT_NE(help.find(std::wstring(L"%") + letter + L" - "), std::wstring::npos)
+                          << letter;
+                  EXPECT_NE(
+                      help.find(L"%A - AM or PM\r\n\r\n[*] Disallowed Characters : \\ / : * ? \" < > |\r\n("),
+                      std::wstring::npos);
+                  EXPECT_EQ(help.substr(help.size() - 4), L".)\r\n");
+                  EXPECT_EQ(Dialog().Handle()->items[IDC_PATTERN_HELP].margins, 5);
+              }});
 }
 
 }  // namespace

@@ -12,6 +12,7 @@ namespace testing_support {
 using ink::Point;
 using Trace = std::vector<Point>;
 using Picture = std::vector<uint32_t>;
+using Texts = std::vector<std::wstring>;
 
 // A picture in a number, for goldens: who changes a picture on purpose looks at it and takes its new number.
 inline uint32_t Hash(const Picture& picture) {
@@ -63,6 +64,24 @@ class DeskSteps : public DeskTest {
     }
     Step TakeOver() {
         return [=] { Desk().PrivateMessage(platform::kTakeOver); };
+    }
+    Step ShowPage(size_t index) {
+        return [=] { Desk().ShowPage(index); };
+    }
+    Step Choose(int item, int index) {
+        return [=] { Desk().Choose(item, index); };
+    }
+    Step Turn(int item, int16_t position) {
+        return [=] { Desk().Turn(item, position); };
+    }
+    Step ExpectChoice(int item, int index) {
+        return [=] { EXPECT_EQ(Dialog().Choice(item), index); };
+    }
+    Step ExpectSpin(int item, uint32_t position, bool isEnabled = true) {
+        return [=] {
+            EXPECT_EQ(Dialog().Spin(item), position);
+            EXPECT_EQ(Dialog().IsItemEnabled(item), isEnabled);
+        };
     }
     Step ExpectItem(int item, const std::wstring& text) {
         return [=] { EXPECT_EQ(Dialog().ItemText(item), text); };
