@@ -52,13 +52,11 @@ bool WriteAndClose(platform::File file, const ink::InkPage& page) {
 
 }  // namespace
 
-bool LoadNote(platform::Window* owner, ink::InkPage& page) {
+void LoadNote(platform::Window* owner, ink::InkPage& page) {
     const platform::WaitCursor wait;
-    page.Clear();
-    if (ReadNote(owner, page)) return true;
+    if (ReadNote(owner, page)) return;
     page.Clear();
     ForgetFile(page);
-    return false;
 }
 
 bool HasFile(const ink::InkPage& page) { return store::NamesFile(page.notePath) && !page.isProposal; }

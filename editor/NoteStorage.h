@@ -9,9 +9,9 @@ class Window;
 
 namespace editor {
 
-// Fills the page from the file at its note path. False when there is no such file or it can't be read whole:
-// the page is then empty and its path cut back to the folder, so that a save makes a new note there.
-bool LoadNote(platform::Window* owner, ink::InkPage& page);
+// Fills an empty page from the file at its note path. When there is no such file or it can't be read whole,
+// the page stays empty and its path is cut back to the folder, so that a save makes a new note there.
+void LoadNote(platform::Window* owner, ink::InkPage& page);
 
 // True when the note at the page's path is this page's; false for a new note, and for one whose proposed path
 // was kept although the user declined it or the file could not be written.

@@ -68,6 +68,7 @@ TEST_F(Commands, RecentColoursMoveToTheFrontAndPersist) {
             ExpectSwatches({0xC0C0C1, 0x40FF40, 0x4040FF, 0x808080}), Press(IDM_ERASER),
             Press(IDM_PALETTE_PEN), Tap(Cell(5, 0)), ExpectChecked(IDM_PEN)});
     ExpectColors({0xC0C0C0, 0x40FF40, 0xFF4040, 0x808080, 0x4040FF});
+    EXPECT_EQ(device.NumberSetting(L"LastBGColor"), 0xFFFFFFu);
 }
 
 TEST_F(Commands, ThePaletteIsLeftByEscapeAndByLiftingThePenElsewhere) {

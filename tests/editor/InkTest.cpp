@@ -79,7 +79,8 @@ TEST_F(Pen, AStrokeInProgressFollowsAScroll) {
     const auto page = Edited({Scroll(ScrollCode::PageDown), ExpectPosition(187), Down({50, 100}),
                               Move({60, 100}), Move({65, 100}), Scroll(ScrollCode::LineUp),
                               ExpectInk({{50, 126}, {60, 126}}, {{50, 100}, {50, 152}}), Move({68, 126}),
-                              ExpectInk({{67, 126}}), Up({70, 126})});
+                              ExpectInk({{67, 126}}), Scroll(ScrollCode::Bottom),
+                              Scroll(ScrollCode::ThumbPosition, 161), ExpectInk({{55, 126}}), Up({70, 126})});
     EXPECT_EQ(Traces(*page)[0], (Trace{{50, 287}, {60, 287}, {65, 287}, {68, 287}, {70, 287}}));
     EXPECT_EQ(Records(*page)[0]->minY + Records(*page)[0]->maxY, 2 * 287);
 }

@@ -121,7 +121,7 @@ TEST_F(Mail, WhatCannotBeSent) {
     Edited({ExpectBox(L"Cannot send empty notes!", L" Error"), send});
     PutNote({60});
     for (const FileCall call : {FileCall::Create, FileCall::Write}) {
-        Edited({cannot, Fail(call), send, [this] { EXPECT_FALSE(device.files.Has(kPicture)); }});
+        Edited({cannot, Fail({call}), send, [this] { EXPECT_FALSE(device.files.Has(kPicture)); }});
         device.files.fault = nullptr;
     }
     Edited({cannot, WithPictures(0, send)});

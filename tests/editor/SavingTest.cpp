@@ -1,4 +1,5 @@
 // A note from its file and back: names, failures, and what else may happen while a window is to close.
+#include "editor/InkCanvas.h"
 #include "tests/editor/EditorRig.h"
 #include "tests/support/FaultSweep.h"
 
@@ -62,7 +63,8 @@ TEST_F(Saving, NamesOfNewNotes) {
         std::wstring path;
     } kCases[] = {
         {folder,
-         {ExpectTitle(L" Inkwright - Save As"), ExpectItem(IDC_FILE_NAME, kProposed), Ok()},
+         {ExpectTitle(L" Inkwright - Save As"), ExpectItem(IDC_FILE_NAME, kProposed),
+          ExpectFocus(IDC_FILE_NAME), Ok()},
          folder + kProposed},
         {folder, {ExpectItem(IDC_FILE_NAME, kProposed + L" (1)"), Ok()}, folder + kProposed + L" (1)"},
         {folder, {Name(L"List")}, folder + L"List (1)"},
@@ -81,7 +83,8 @@ TEST_F(Saving, NamesOfNewNotes) {
     }
     EXPECT_EQ(device.files.Get(folder + L"list.ikw"), "someone's note");
     // Without anything written there is no file; a note that is not empty names the next one.
-    Run(kNewNotes, {Press(platform::Key::Escape), ExpectTitle(L"[new] - Inkwright"), Ok()});
+    Run(kNewNotes, {Press(platform::Key::Escape), Press(IDM_ERASER), Write({{5, 100}}),
+                    ExpectTitle(L"[new] - Inkwright"), Ok()});
     Run(kNewNotes, {Dot(), Press(IDM_NEW_NOTE), Name(L"first"), ExpectTitle(L"[new] - Inkwright"), Dot(),
                     Press(IDM_NEW_NOTE), Name(L"second"), Ok()});
     EXPECT_EQ(Notes().size(), 9u);
@@ -97,14 +100,14 @@ TEST_F(Saving, ANameWithoutAFileBelongsToWhoeverTakesItFirst) {
             device.files.Nodes().erase(device.files.KeyOf(kNewNotes + name));
         const Step decline = isWriteFault ? Ok() : Press(platform::kIdCancel);
         const Script declined{Dot(),
-                              Fail(isWriteFault ? FileCall::Write : FileCall::Copy),
+                              isWriteFault ? Fail({FileCall::Write}) : Fail({}),
                               ExpectDiscard(path + L".ikw", MessageAnswer::No),
                               Ok(),
                               decline,
                               ExpectNoNotes(),
                               PutStranger(path + L".ikw"),
                               PutStranger(path + L".txt"),
-                              Fail(FileCall::Copy)};
+                              Fail({})};
         Run(kNewNotes, All({Memo(L"", L"jam"), declined, Memo(L"jam", L"jam and tea"), {Ok()}}));
         EXPECT_EQ(device.files.Get(path + L".ikw") + device.files.Get(path + L".txt"),
                   "a stranger'sa stranger's");
@@ -126,7 +129,7 @@ TEST_F(Saving, ANoteIsWrittenBackWithItsNewInk) {
     Edited({ExpectTitle(L"a - Inkwright"), Write({{30, 100}, {40, 110}})});
     EXPECT_EQ(device.files.Get(kNote), after);
     EXPECT_EQ(Desk().waitCursors, 2) << "reading and writing";
-    Edited({Fail(FileCall::Create)});
+    Edited({Fail({FileCall::Create})});
     EXPECT_EQ(device.files.Get(kNote), after) << "an untouched note is not written";
 }
 
@@ -201,10 +204,9 @@ TEST_F(Saving, AFaultOfAnyWriteLeavesNoPartOfANote) {
     device.files.capacity = UINT64_MAX;
     PutNote({});
     const Step declined = ExpectDiscard(kNote, MessageAnswer::No);
-    Edited(
-        {Dot(), Fail(FileCall::Create), declined, Ok(), declined, Press(IDM_NEW_NOTE), Fail(FileCall::Copy)});
-    Run(kNote, {Dot(), Fail(FileCall::Create), ExpectDiscard(kNote, MessageAnswer::Yes), Press(IDM_NEW_NOTE),
-                ExpectTitle(L"[new] - Inkwright"), ExpectInk({}, {{10, 60}}), Ok()});
+    Edited({Dot(), Fail({FileCall::Create}), declined, Ok(), declined, Press(IDM_NEW_NOTE), Fail({})});
+    Run(kNote, {Dot(), Fail({FileCall::Create}), ExpectDiscard(kNote, MessageAnswer::Yes),
+                Press(IDM_NEW_NOTE), ExpectTitle(L"[new] - Inkwright"), ExpectInk({}, {{10, 60}}), Ok()});
 }
 
 TEST_F(Saving, FullEraseDeletesTheNoteAndItsMemoAfterAsking) {
@@ -225,11 +227,30 @@ TEST_F(Saving, WhereAMemoIsKept) {
                         Memo(L"first", L"first one"),
                         {ExpectNoNotes(), Press(IDM_NEW_NOTE), Ok()},
                         Memo(L"", L"second\r\n\u4E2D"),
-                        {Ok(), Fail(FileCall::Write, FileError::Other, L"Two.txt"), told, Name(L"Two")}}));
+                        {Ok(), Fail({FileCall::Write}, 1, L"Two.txt"), told, Name(L"Two")}}));
     EXPECT_THAT(Notes(), UnorderedElementsAre(kProposed + L".ikw", kProposed + L".txt", L"Two.ikw"));
     EXPECT_EQ(device.files.Get(kNewNotes + kProposed + L".txt"), "first one");
     Edited(Memo(L"", L"jam"));
     EXPECT_EQ(device.files.Get(L"\\Ink\\a.txt"), "jam");
+}
+
+// Whether the opener's list of notes is out of date.
+TEST_F(Saving, WhatChangesTheStore) {
+    const std::pair<Script, bool> kCases[] = {
+        {{}, false},
+        {{Dot()}, false},
+        {Memo(L"", L"jam"), true},
+        {Memo(L"jam", L"tea"), false},
+        {Memo(L"tea", L""), true},
+        {{Press(IDM_NEW_NOTE)}, true},
+        {{ExpectErase(MessageAnswer::Yes), Press(IDM_FULL_ERASE)}, true}};
+    for (const auto& [script, changes] : kCases) {
+        store::PenSettings pen = store::LoadPenSettings();
+        editor::InkCanvas canvas(pen, {kNote, L"", L"", false});
+        Play(All({script, {Ok()}}));
+        EXPECT_EQ(canvas.RunModal(nullptr), platform::kIdOk);
+        EXPECT_EQ(canvas.StoreChanged(), changes);
+    }
 }
 
 // What another copy sends to have windows closed comes again and again, whatever is open over them.

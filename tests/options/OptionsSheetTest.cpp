@@ -62,11 +62,12 @@ TEST_F(OptionsSheet, EveryStoredPenComesBackAsTheControlsCanShowIt) {
 TEST_F(OptionsSheet, MiscIsFilledChangedAndStored) {
     device.SetSetting(L"AlarmTimeOffset", 0x10005);
     const Step expectLists = [this] {
+        auto& items = Dialog().Handle()->items;
         const Texts days{L"Monday", L"Tuesday", L"Wednesday", L"Thursday", L"Friday", L"Saturday", L"Sunday"};
-        EXPECT_EQ(Dialog().Handle()->items[IDC_FIRST_DAY].choices, days);
-        EXPECT_EQ(Dialog().Handle()->items[IDC_PEN_STYLE].choices, (Texts{L"Smooth", L"Classic", L"Simple"}));
-        EXPECT_EQ(Dialog().Handle()->items[IDC_ALARM_OFFSET_SPIN].spinMinimum, 0);
-        EXPECT_EQ(Dialog().Handle()->items[IDC_ALARM_OFFSET_SPIN].spinMaximum, 32767);
+        EXPECT_EQ(items[IDC_FIRST_DAY].choices, days);
+        EXPECT_EQ(items[IDC_PEN_STYLE].choices, (Texts{L"Smooth", L"Classic", L"Simple"}));
+        EXPECT_TRUE(items[IDC_ALARM_OFFSET_SPIN].spinMinimum == 0 &&
+                    items[IDC_ALARM_OFFSET_SPIN].spinMaximum == 32767);
     };
     RunSheet({expectLists, ExpectChoice(IDC_FIRST_DAY, 6), ExpectSpin(IDC_ALARM_OFFSET_SPIN, 5),
               Turn(IDC_PEN_SIZE_SPIN, 7), Choose(IDC_FIRST_DAY, 2), ExpectSpin(IDC_PEN_SIZE_SPIN, 7),
@@ -96,10 +97,9 @@ TEST_F(OptionsSheet, CancelAndAFailingRegistryStoreNothing) {
 // A page that was not shown, and the default, store nothing; an empty pattern is the default.
 TEST_F(OptionsSheet, PatternsAreStoredAsTextUnderTheNumberType) {
     const Step toggle = Press(IDC_NOTE_PATTERN_DEFAULT);
-    const Step expectFocus = [this] { EXPECT_EQ(Dialog().Handle()->focusedItem, IDC_NOTE_PATTERN); };
     RunSheet({ShowFileNames(), ExpectEdit(IDC_NOTE_PATTERN, L"%F %Y-%m-%d", false),
               ExpectItem(IDC_REMINDER_PATTERN, L"Reminder %f"), toggle,
-              ExpectEdit(IDC_NOTE_PATTERN, L"%F %Y-%m-%d", true), expectFocus,
+              ExpectEdit(IDC_NOTE_PATTERN, L"%F %Y-%m-%d", true), ExpectFocus(IDC_NOTE_PATTERN),
               TypeInto(IDC_NOTE_PATTERN, L"%Y")});
     EXPECT_EQ(device.Settings()[L"SaveAs_NoteFN"].type, RegistryType::Number);
     EXPECT_EQ(device.Settings()[L"SaveAs_NoteFN"].data, std::string("%\0Y\0\0\0", 6));
@@ -118,17 +118,16 @@ TEST_F(OptionsSheet, PatternsAreStoredAsTextUnderTheNumberType) {
 }
 
 TEST_F(OptionsSheet, TheHelpNamesEveryFormatCharacter) {
-    RunSheet({ShowFileNames(), [this] {
-                  const std::wstring help = Dialog().ItemText(IDC_PATTERN_HELP);
-                  for (const wchar_t letter : std::wstring(L"fFyYmMdDgGhHisaA"))
-                      EXPECT_NE(help.find(std::wstring(L"%") + letter + L" - "), std::wstring::npos)
-                          << letter;
-                  EXPECT_NE(
-                      help.find(L"%A - AM or PM\r\n\r\n[*] Disallowed Characters : \\ / : * ? \" < > |\r\n("),
-                      std::wstring::npos);
-                  EXPECT_EQ(help.substr(help.size() - 4), L".)\r\n");
+    std::wstring help;
+    RunSheet({ShowFileNames(), [&] {
+                  help = Dialog().ItemText(IDC_PATTERN_HELP);
                   EXPECT_EQ(Dialog().Handle()->items[IDC_PATTERN_HELP].margins, 5);
               }});
+    for (const wchar_t letter : std::wstring(L"fFyYmMdDgGhHisaA"))
+        EXPECT_NE(help.find({L'%', letter, L' ', L'-', L' '}), std::wstring::npos) << letter;
+    const wchar_t kEnd[] = L"%A - AM or PM\r\n\r\n[*] Disallowed Characters : \\ / : * ? \" < > |\r\n(";
+    EXPECT_NE(help.find(kEnd), std::wstring::npos);
+    EXPECT_EQ(help.substr(help.size() - 4), L".)\r\n");
 }
 
 }  // namespace

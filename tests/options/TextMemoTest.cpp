@@ -5,7 +5,6 @@
 namespace {
 
 using options::TextMemoDialog;
-using platform::FileError;
 using platform::MessageAnswer;
 using platform::Rect;
 using platform::host::FileCall;
@@ -74,71 +73,54 @@ TEST_F(TextMemo, EveryTextComesBackAsItWas) {
 }
 
 // What the buttons leave, and each file call when it fails: the memo is the old or the new one but never a
-// part, and the dialog stays open with a text that could not be saved.
+// part, and the dialog stays open with a text that could not be saved. What can't be read is replaced only
+// after a question, and not at all while others hold it; one that was taken away stays away.
 TEST_F(TextMemo, WhatTheButtonsAndFailuresLeave) {
-    const Step reading = ExpectBox(L"Reading Text Memo Failed!", L"Error");
+    const Step tea = Type(L"tea");
     const Step yes = ExpectLosing(MessageAnswer::Yes);
     const Step no = ExpectLosing(MessageAnswer::No);
+    const Step deleting = ExpectLosing(MessageAnswer::Yes, L"Confirm Text Memo Delete");
+    const Step reading = ExpectBox(L"Reading Text Memo Failed!", L"Error");
     const Step failed = ExpectBox(
         L"Saving Text Memo Failed! Please make sure that the selected storage device has enough free space.",
         L"Error");
+    const auto failOnce = [this](FileCall call) { return Fail({call}, 1); };
     const struct {
         const char* stored;
-        Script script;
-        bool isSaved;
         const char* left;
+        bool isSaved;
+        Script before, script;
     } kCases[] = {
-        {nullptr, {Type(L"tea"), Save()}, true, "tea"},
-        {nullptr, {Save()}, true, nullptr},
-        {"jam", {Type(L""), Save()}, true, nullptr},
-        {"jam", {Type(L"tea"), Ok()}, true, "tea"},
-        {"jam", {Type(L"tea"), Cancel()}, false, "jam"},
-        {"jam", {Type(L""), Press(platform::kIdCancel)}, false, "jam"},
-        {"jam", {Type(L"tea"), TakeOver()}, true, "tea"},
+        {nullptr, "tea", true, {}, {tea, Save()}},
+        {nullptr, nullptr, true, {}, {Save()}},
+        {"jam", nullptr, true, {}, {Type(L""), Save()}},
+        {"jam", "tea", true, {}, {tea, Ok()}},
+        {"jam", "tea", true, {}, {tea, TakeOver()}},
+        {"jam", "jam", false, {}, {tea, Cancel()}},
+        {"jam", "jam", false, {}, {Type(L""), Press(platform::kIdCancel)}},
         {"jam",
-         {Fail(FileCall::Create), Type(L"tea"), failed, Save(), Fail(FileCall::Copy), Save()},
-         true,
-         "tea"},
-        // Taken away first, it stays away, whatever becomes of the text typed instead.
-        {"jam",
-         {ExpectLosing(MessageAnswer::Yes, L"Confirm Text Memo Delete"), Write({{200, 10}}), Type(L"new"),
-          Fail(FileCall::Write), failed, Save(), Cancel()},
+         nullptr,
          false,
-         nullptr},
+         {},
+         {deleting, Write({{200, 10}}), tea, Fail({FileCall::Write}), failed, Save(), Cancel()}},
+        {"jam", "jam", false, {failOnce(FileCall::Open)}, {tea, no, Save(), Cancel()}},
+        {"jam", "jam", false, {failOnce(FileCall::Open)}, {Type(L""), no, Save(), Cancel()}},
+        {"jam", "tea", true, {failOnce(FileCall::Open)}, {tea, yes, Save()}},
+        {"", "tea", true, {failOnce(FileCall::Open)}, {tea, Save()}},
+        {"jam", "jam", false, {reading, failOnce(FileCall::Read)}, {tea, no, Save(), Cancel()}},
+        {"jam",
+         "tea",
+         true,
+         {Fail({FileCall::Open, FileCall::Create})},
+         {tea, failed, Save(), Fail({}), yes, Save()}},
+        {"jam", "jam", false, {failOnce(FileCall::Create)}, {tea, failed, Save(), Cancel()}},
+        {"jam", "jam", false, {failOnce(FileCall::Write)}, {tea, failed, Save(), Cancel()}},
     };
     for (const auto& c : kCases) {
         device.files.fault = nullptr;
         Put(c.stored);
+        for (const Step& step : c.before) step();
         EXPECT_EQ(Run(c.script), c.isSaved);
-        ExpectStored(c.left)();
-    }
-    // One that can't be read is replaced only after a question, and not at all while others hold it; an empty
-    // one loses nothing.
-    const struct {
-        const char* stored;
-        FileCall call;
-        int failures;
-        std::wstring typed;
-        Script boxes;
-        const char* left;
-    } kFaults[] = {{"jam", FileCall::Open, 1, L"new", {no}, "jam"},
-                   {"jam", FileCall::Open, 1, L"", {no}, "jam"},
-                   {"jam", FileCall::Open, 1, L"new", {yes}, "new"},
-                   {"jam", FileCall::Read, 1, L"new", {reading, no}, "jam"},
-                   {"", FileCall::Open, 1, L"new", {}, "new"},
-                   {"jam", FileCall::Open, 2, L"new", {failed}, "jam"},
-                   {"jam", FileCall::Create, 1, L"new", {failed}, "jam"},
-                   {"jam", FileCall::Write, 1, L"new", {failed}, "jam"}};
-    for (const auto& c : kFaults) {
-        Put(c.stored);
-        int failures = c.failures;
-        device.files.fault = [&](FileCall call, const std::wstring&) {
-            const bool isHeld = c.failures > 1 && call == FileCall::Create;
-            return isHeld || (call == c.call && failures-- > 0) ? FileError::Other : FileError::None;
-        };
-        for (const Step& box : c.boxes) box();
-        const bool isSaved = c.left == std::string("new");
-        EXPECT_EQ(Run(All({{Type(c.typed), Save()}, isSaved ? Script() : Script{Cancel()}})), isSaved);
         ExpectStored(c.left)();
     }
     Put(nullptr);
@@ -152,12 +134,11 @@ TEST_F(TextMemo, WhatTheButtonsAndFailuresLeave) {
 }
 
 TEST_F(TextMemo, HowItLooks) {
-    Run({ExpectTitle(L"a - Inkwright"), ExpectText(L"Text Memo"),
+    Run({ExpectTitle(L"a - Inkwright"), ExpectText(L"Text Memo"), ExpectFocus(IDC_MEMO_TEXT),
          [this] {
              EXPECT_EQ(Dialog().WindowRect(), (Rect{15, 52, 225, 222}));
              EXPECT_EQ(Edit().source.place, (Rect{6, 26, 204, 141}));
              EXPECT_EQ(Dialog().Handle()->items[IDC_MEMO_CANCEL].source.place, (Rect{154, 145, 204, 165}));
-             EXPECT_EQ(Dialog().Handle()->focusedItem, IDC_MEMO_TEXT);
              EXPECT_EQ(Hash(ShownPixels()), 434964457u);
          },
          Cancel()});
@@ -167,12 +148,10 @@ TEST_F(TextMemo, HowItLooks) {
 
 TEST_F(TextMemo, WordWrapIsStoredAtOnceAndKeepsTheText) {
     const auto expectWrap = [this](bool wraps) {
-        return [=] {
-            EXPECT_TRUE(Edit().wordWrap == wraps && Dialog().IsItemChecked(IDC_WORD_WRAP) == wraps);
-            EXPECT_EQ(Dialog().Handle()->focusedItem, IDC_MEMO_TEXT);
-        };
+        return
+            [=] { EXPECT_TRUE(Edit().wordWrap == wraps && Dialog().IsItemChecked(IDC_WORD_WRAP) == wraps); };
     };
-    const Script toggle{[this] { Dialog().FocusItem(0); }, Press(IDC_WORD_WRAP)};
+    const Script toggle{[this] { Dialog().FocusItem(0); }, Press(IDC_WORD_WRAP), ExpectFocus(IDC_MEMO_TEXT)};
     Run(All({{expectWrap(false), Type(L"a\r\nb")},
              toggle,
              {expectWrap(true), ExpectItem(IDC_MEMO_TEXT, L"a\r\nb"), Cancel()}}));
@@ -184,32 +163,30 @@ TEST_F(TextMemo, WordWrapIsStoredAtOnceAndKeepsTheText) {
 }
 
 TEST_F(TextMemo, TheStripDragsAndTheSquareDeletes) {
-    const struct {
-        Point from, to;
-        Point corner;
-    } kDrags[] = {{{10, 10}, {17, 4}, {22, 46}},
-                  {{189, 20}, {190, 22}, {23, 48}},
-                  {{190, 10}, {100, 10}, {23, 48}},
-                  {{10, 21}, {30, 60}, {23, 48}}};
-    Script script;
-    for (const auto& drag : kDrags) {
-        const bool takes = drag.from.x <= 189 && drag.from.y <= 20;
-        const Step check = [=] {
-            EXPECT_EQ(Dialog().WindowRect(),
-                      (Rect{drag.corner.x, drag.corner.y, drag.corner.x + 210, drag.corner.y + 170}));
+    const auto expectAt = [this](int left, int top, bool hasPen) {
+        return [=] {
+            EXPECT_EQ(Dialog().WindowRect(), (Rect{left, top, left + 210, top + 170}));
+            EXPECT_EQ(Dialog().HasPen(), hasPen);
         };
-        script = All({script,
-                      {Down(drag.from), [=] { EXPECT_EQ(Dialog().HasPen(), takes); }, Move(drag.to), check,
-                       Up({200, 60}), [=] { EXPECT_FALSE(Dialog().HasPen()); }, Move({90, 90}), check}});
-    }
+    };
+    const Script lift{Up({200, 60}), Move({90, 90})};
+    const Script script =
+        All({{Down({10, 10}), Move({17, 4}), expectAt(22, 46, true)},
+             lift,
+             {expectAt(22, 46, false), Down({189, 20}), Move({190, 22}), expectAt(23, 48, true)},
+             lift,
+             {Down({190, 10}), Move({100, 10})},
+             lift,
+             {Down({10, 21}), Move({30, 60})},
+             lift,
+             {Down({20, 10}), TakePenAway(), Move({90, 90}), expectAt(23, 48, false)}});
     Put("jam");
     const wchar_t* caption = L"Confirm Text Memo Delete";
     Run(All({script,
              {Write({{190, 10}}), Write({{210, 10}}), Write({{200, 0}}), Write({{200, 20}}), Down({20, 10}),
-              Up({200, 10}), Down({20, 10}), TakePenAway(), Move({90, 90}), script.back(),
-              ExpectLosing(MessageAnswer::No, caption), Write({{200, 10}}), ExpectItem(IDC_MEMO_TEXT, L"jam"),
-              ExpectLosing(MessageAnswer::Yes, caption), Write({{191, 1}}), ExpectItem(IDC_MEMO_TEXT, L""),
-              ExpectStored(nullptr), Cancel()}}));
+              Up({200, 10}), ExpectLosing(MessageAnswer::No, caption), Write({{200, 10}}),
+              ExpectItem(IDC_MEMO_TEXT, L"jam"), ExpectLosing(MessageAnswer::Yes, caption), Write({{191, 1}}),
+              ExpectItem(IDC_MEMO_TEXT, L""), ExpectStored(nullptr), Cancel()}}));
     std::wstring memo = L"tea";
     Put("jam");
     Run({ExpectLosing(MessageAnswer::Yes, caption), Write({{200, 10}}), ExpectItem(IDC_MEMO_TEXT, L""),

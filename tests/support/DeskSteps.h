@@ -2,6 +2,7 @@
 // files.
 #pragma once
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/host/HostWindow.h"
@@ -83,16 +84,22 @@ class DeskSteps : public DeskTest {
             EXPECT_EQ(Dialog().IsItemEnabled(item), isEnabled);
         };
     }
+    Step ExpectFocus(int item) {
+        return [=] { EXPECT_EQ(Dialog().Handle()->focusedItem, item); };
+    }
     Step ExpectItem(int item, const std::wstring& text) {
         return [=] { EXPECT_EQ(Dialog().ItemText(item), text); };
     }
-    // From now on every call of this kind fails for files whose path contains the text; `None` mends them.
-    Step Fail(platform::host::FileCall failing, platform::FileError error = platform::FileError::Other,
+    // From now on so many calls of these kinds fail, for files whose path contains the text; Fail({}) mends
+    // all.
+    Step Fail(const std::vector<platform::host::FileCall>& failing, int times = 1 << 30,
               const std::wstring& in = L"") {
         return [=] {
-            device.files.fault = [=](platform::host::FileCall call, const std::wstring& path) {
-                return call == failing && path.find(in) != std::wstring::npos ? error
-                                                                              : platform::FileError::None;
+            device.files.fault = [=, left = times](platform::host::FileCall call,
+                                                   const std::wstring& path) mutable {
+                const bool isMeant = std::find(failing.begin(), failing.end(), call) != failing.end();
+                const bool fails = isMeant && path.find(in) != std::wstring::npos && left-- > 0;
+                return fails ? platform::FileError::Other : platform::FileError::None;
             };
         };
     }
