@@ -18,7 +18,7 @@ struct NameContext {
 
 std::wstring Digits(int number, size_t width) {
     const std::wstring digits = std::to_wstring(number);
-    return digits.size() < width ? std::wstring(width - digits.size(), L'0') + digits : digits;
+    return std::wstring(width - std::min(width, digits.size()), L'0') + digits;
 }
 
 std::wstring TrimBlanks(const std::wstring& text) {

@@ -54,7 +54,6 @@ bool InkCanvas::OnCreate() {
     UpdateScrollRange();
     ShowTitle();
     if (openedByAlarm_) alarms::PostAlarmNotice(page_.notePath);
-    openedByAlarm_ = false;
     return true;
 }
 

@@ -84,7 +84,7 @@ class InkCanvas : public platform::Screen {
     store::PenSettings& pen_;
     std::wstring titleOverride_;
     std::wstring alarmStamp_;
-    bool openedByAlarm_;
+    const bool openedByAlarm_;
     bool storeChanged_ = false;
     bool closing_ = false;
     ink::InkPage page_;

@@ -13,7 +13,6 @@ namespace testing_support {
 using ink::Point;
 using Trace = std::vector<Point>;
 using Picture = std::vector<uint32_t>;
-using Texts = std::vector<std::wstring>;
 
 // A picture in a number, for goldens: who changes a picture on purpose looks at it and takes its new number.
 inline uint32_t Hash(const Picture& picture) {
@@ -39,9 +38,6 @@ class DeskSteps : public DeskTest {
     }
 
     Step Ok() { return Press(platform::kIdOk); }
-    Step Down(Point place) {
-        return [=] { Desk().PenDown(place); };
-    }
     Step Move(Point place, const Trace& samples = {}) {
         return [=] { Desk().PenMove(place, samples); };
     }
