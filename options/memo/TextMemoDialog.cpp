@@ -206,8 +206,7 @@ void TextMemoDialog::OnPenMove(platform::Point place) {
 
 void TextMemoDialog::OnPenUp(platform::Point place) {
     const bool wasDragging = dragging_;
-    if (HasPen()) ReleasePen();
-    dragging_ = false;
+    ReleasePen();  // ends the dragging
     const bool isInSquare =
         place.x > kSquareLeft && place.x < kSquareRight && place.y > 0 && place.y < kStripHeight;
     if (!wasDragging && isInSquare) DeleteMemo();

@@ -5,41 +5,13 @@
 #include "ink/InkPainter.h"
 #include "res/resource.h"
 #include "tests/support/DeskSteps.h"
+#include "tests/support/Pages.h"
 
 namespace testing_support {
 
 constexpr int kViewWidth = 224;
 constexpr int kViewHeight = 268;
 constexpr wchar_t kNote[] = L"\\Ink\\a.ikw";
-constexpr int kNoStroke = -1;
-
-// The records as they are drawn: from the highest slot to the lowest.
-inline std::vector<const ink::StrokeRecord*> Records(const ink::InkPage& page) {
-    std::vector<const ink::StrokeRecord*> records;
-    for (size_t slot = page.SlotCount(); slot-- > 0;) {
-        const ink::StrokeBand* band = page.Band(slot);
-        for (size_t i = 0; band != nullptr && i < band->Count(); ++i) records.push_back(&band->At(i));
-    }
-    return records;
-}
-
-inline std::vector<int> Rows(const ink::InkPage& page) {
-    std::vector<int> rows;
-    for (const ink::StrokeRecord* record : Records(page)) rows.push_back(record->minY);
-    return rows;
-}
-
-inline std::vector<Trace> Traces(const ink::InkPage& page) {
-    std::vector<Trace> traces;
-    for (const ink::StrokeRecord* record : Records(page)) traces.push_back(PointsOf(*record));
-    return traces;
-}
-
-inline Trace Line(Point from, int steps) {
-    Trace line;
-    for (int i = 0; i <= steps; ++i) line.push_back({from.x + 4 * i, from.y});
-    return line;
-}
 
 class EditorTest : public DeskSteps {
   protected:
@@ -55,13 +27,7 @@ class EditorTest : public DeskSteps {
         }
     }
 
-    // The note, on white paper: in each slot one dot in column 100 of this page row, or none.
-    void PutNote(const std::vector<int32_t>& rows) {
-        std::string note = Words({5, 0xFFFFFF, static_cast<int32_t>(rows.size()), kViewHeight});
-        for (const int32_t y : rows)
-            note += y == kNoStroke ? Words({0}) : Words({1, 1, 0, 0, 0, y, y, 100, y});
-        device.files.Put(kNote, note);
-    }
+    void PutNote(const std::vector<int32_t>& rows) { device.files.Put(kNote, NoteOfDots(rows, kViewHeight)); }
     void UsePenOf(ink::PenStyle style, uint32_t tenths) {
         device.SetSetting(L"PenInfo", static_cast<uint32_t>(style) << 16 | tenths);
         style_ = style;
@@ -74,6 +40,11 @@ class EditorTest : public DeskSteps {
         auto page = ReadBack(kNote, kViewHeight);
         EXPECT_TRUE(shown_ == Repainted(*page, position_)) << "a repaint shows something else";
         return page;
+    }
+    // The same, of a note that is empty at first.
+    std::unique_ptr<ink::InkPage> Written(const Script& script) {
+        PutNote({});
+        return Edited(script);
     }
     std::vector<int> RowsAt(const std::wstring& path) { return Rows(*ReadBack(path)); }
 

@@ -48,8 +48,7 @@ TEST_F(Edits, WhatIsShownIsWhatARepaintShows) {
                       Press(IDM_SPACE_TOOL), Write({{100, 120}, {100, 150}})};
     Edited(All({script, rest}));
     // There is nothing to be seen of an eraser where no ink is, the page's head included.
-    PutNote({});
-    Edited({Remember(), Press(IDM_ERASER), Down({100, 20}), Move({223, 5}), ExpectBand(0, -1)});
+    Written({Remember(), Press(IDM_ERASER), Down({100, 20}), Move({223, 5}), ExpectBand(0, -1)});
 }
 
 TEST_F(Edits, ThePageShrinksToWhatIsLeft) {
@@ -91,10 +90,9 @@ TEST_F(Edits, SpaceOpensAndClosesRows) {
         {{{5, 50}, {9, 40}, {3, 60}}, {60, 110, 250, 100}, kViewHeight},
     };
     for (const auto& c : kCases) {
-        PutNote({});
-        const auto page = Edited({Write(Line({20, 50}, 10)), Write(Line({20, 100}, 10)),
-                                  Write(Line({20, 240}, 10)), Write({{120, 90}, {120, 130}}),
-                                  Press(IDM_SPACE_TOOL), Write(c.drag), ExpectMaximum(c.maximum)});
+        const auto page = Written({Write(Line({20, 50}, 10)), Write(Line({20, 100}, 10)),
+                                   Write(Line({20, 240}, 10)), Write({{120, 90}, {120, 130}}),
+                                   Press(IDM_SPACE_TOOL), Write(c.drag), ExpectMaximum(c.maximum)});
         EXPECT_EQ(Rows(*page), c.rows) << c.drag.front().y << " to " << c.drag.back().y;
         EXPECT_EQ(Records(*page)[0]->yOffset, 0);
     }
@@ -132,10 +130,9 @@ TEST_F(Edits, WithoutALiftNothingIsErasedOrMoved) {
     const Step endings[] = {TakePenAway(), Shortcut(L'P'), Press(IDM_BACKGROUND_COLOR)};
     for (const int tool : {IDM_ERASER, IDM_SPACE_TOOL}) {
         for (const Step& ending : endings) {
-            PutNote({});
-            const auto page = Edited({Write(Line({20, 100}, 10)), Press(tool), Down({30, 95}),
-                                      Move({30, 103}), ending, Press(platform::Key::Escape), Move({40, 200}),
-                                      Up({40, 200}), ExpectInk({{32, 100}}, {{200, 200}, {40, 200}})});
+            const auto page = Written({Write(Line({20, 100}, 10)), Press(tool), Down({30, 95}),
+                                       Move({30, 103}), ending, Press(platform::Key::Escape), Move({40, 200}),
+                                       Up({40, 200}), ExpectInk({{32, 100}}, {{200, 200}, {40, 200}})});
             EXPECT_THAT(Rows(*page), ElementsAre(100));
         }
     }

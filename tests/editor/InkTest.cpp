@@ -10,10 +10,7 @@ using namespace testing_support;
 class Pen : public EditorTest {};
 
 TEST_F(Pen, WhatBecomesInk) {
-    const struct {
-        Script script;
-        std::vector<Trace> traces;
-    } kCases[] = {
+    const std::pair<Script, std::vector<Trace>> kCases[] = {
         {{Down({50, 100}), ExpectInk({}, {{50, 100}}), Move({50, 100}), ExpectInk({}, {{50, 100}}),
           Up({50, 100}), ExpectInk({{50, 100}})},
          {{{50, 100}}}},
@@ -30,13 +27,9 @@ TEST_F(Pen, WhatBecomesInk) {
         {{Write({{50, 100}, {60, 100}}), Press(IDM_ERASER), Down({50, 100}), Down({80, 80}), Up({80, 80})},
          {{{50, 100}, {60, 100}}}},
     };
-    for (const auto& c : kCases) {
-        PutNote({});
-        EXPECT_EQ(Traces(*Edited(c.script)), c.traces);
-    }
+    for (const auto& [script, traces] : kCases) EXPECT_EQ(Traces(*Written(script)), traces);
     // No event tells of more than 64 places.
-    PutNote({});
-    EXPECT_EQ(Traces(*Edited({Down({5, 50}), Move({200, 50}, Line({8, 50}, 79)), Up({200, 50})}))[0].size(),
+    EXPECT_EQ(Traces(*Written({Down({5, 50}), Move({200, 50}, Line({8, 50}, 79)), Up({200, 50})}))[0].size(),
               66u);
     // A pen that came down twice has written from the second place on.
     PutNote({});
@@ -64,12 +57,12 @@ TEST_F(Pen, LiveInkIsTheInkOfARepaint) {
     for (int i = 0; i < 260; ++i) curl.push_back({20 + i / 2 + i * 7 % 30, 10 + i * i % 251});
     for (const ink::PenStyle style : {ink::PenStyle::Simple, ink::PenStyle::Classic, ink::PenStyle::Smooth}) {
         for (const uint32_t tenths : {10u, 35u, 100u}) {
-            PutNote({});
             UsePenOf(style, tenths);
-            Edited({Write(curl), Write({{40, 40}}),
-                    Write({{0, 0}, {223, 267}, {5, 200}, {-4, 100}, {230, 30}}), Scroll(ScrollCode::PageDown),
-                    Press(IDM_PEN_COLOR_2), Down({30, 60}), Move({90, 90}), Move({30, 5}), Up({150, 40}),
-                    Scroll(ScrollCode::Top), Down({120, 200}), Move({60, 266}), Up({20, 220})});
+            Written({Write(curl), Write({{40, 40}}),
+                     Write({{0, 0}, {223, 267}, {5, 200}, {-4, 100}, {230, 30}}),
+                     Scroll(ScrollCode::PageDown), Press(IDM_PEN_COLOR_2), Down({30, 60}), Move({90, 90}),
+                     Move({30, 5}), Up({150, 40}), Scroll(ScrollCode::Top), Down({120, 200}), Move({60, 266}),
+                     Up({20, 220})});
         }
     }
 }
@@ -103,10 +96,7 @@ TEST_F(Pen, WritingNearTheBottomMovesThePageOnAfterAPause) {
         {Write({{50, 260}}), Scroll(ScrollCode::Other), Write({{50, 20}}), Wait(2000), ExpectPosition(0)},
         {Press(IDM_ERASER), Write({{10, 260}}), Wait(3000), ExpectPosition(0)},
     };
-    for (const Script& script : kScripts) {
-        PutNote({});
-        Edited(script);
-    }
+    for (const Script& script : kScripts) Written(script);
 }
 
 // Neither while a command asks something nor on the page that it leaves.

@@ -61,6 +61,11 @@ TEST_F(Scrolling, WhereARequestLeads) {
                     {[this] { EXPECT_EQ(Desk().Top()->GetScroll().page, kViewHeight + 1); },
                      ExpectMaximum(c.views * kViewHeight)}}));
     }
+    PutNote({130, kNone, 398, kNone, 666, kNone, 934, kNone, 1202});
+    Script script;
+    for (const int position : {5, 120, 131, 90, 400, 398, 660, 392, 0, 268, 1, 44, 1000, 950})
+        script = All({script, {Scroll(C::ThumbPosition, position), ExpectRepaint(position)}});
+    Edited(script);
     PutNote({10});
     Edited({Scroll(C::Bottom), ExpectPosition(0), Up({5, 5}), ExpectRepaint(kViewHeight), Scroll(C::Top),
             ExpectRepaint(0)});
@@ -75,15 +80,6 @@ TEST_F(Scrolling, ArrowKeysScrollByPagesUpAndDownByLinesLeftAndRight) {
         script.push_back(ExpectPosition(position));
     }
     Edited(script);
-}
-
-TEST_F(Scrolling, ScrolledByStripsTheViewShowsWhatARepaintShows) {
-    PutNote({130, kNone, 398, kNone, 666, kNone, 934, kNone, 1202});
-    Script script;
-    for (const int position : {5, 120, 131, 90, 400, 398, 660, 392, 0, 268, 1, 44, 1000, 950})
-        script = All({script, {Scroll(C::ThumbPosition, position), ExpectRepaint(position)}});
-    Edited(script);
-    EXPECT_EQ(Desk().waitCursors, 1 + 5) << "for the whole view, and for reading the note";
 }
 
 TEST_F(Scrolling, WritingAtTheEndOfAllNumbersIsRefused) {

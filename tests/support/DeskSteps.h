@@ -6,12 +6,11 @@
 #include <utility>
 
 #include "platform/host/HostWindow.h"
-#include "tests/support/DeskTest.h"
+#include "tests/support/FaultSweep.h"
+#include "tests/support/Pages.h"
 
 namespace testing_support {
 
-using ink::Point;
-using Trace = std::vector<Point>;
 using Picture = std::vector<uint32_t>;
 
 // A picture in a number, for goldens: who changes a picture on purpose looks at it and takes its new number.
@@ -98,6 +97,18 @@ class DeskSteps : public DeskTest {
                 return fails ? platform::FileError::Other : platform::FileError::None;
             };
         };
+    }
+    // Runs with every file call of these kinds failing in turn, see SweepFaults.
+    int SweepFiles(const std::vector<platform::host::FileCall>& kinds,
+                   const std::function<void(Fault&)>& run) {
+        return SweepFaults([&](Fault& fault) {
+            device.files.fault = [&](platform::host::FileCall call, const std::wstring&) {
+                const bool isMeant = std::find(kinds.begin(), kinds.end(), call) != kinds.end();
+                return isMeant && fault.Strikes() ? platform::FileError::Other : platform::FileError::None;
+            };
+            run(fault);
+            device.files.fault = nullptr;
+        });
     }
     // All memory for pictures but for some is in use until the step is over.
     Step WithPictures(int left, const Step& step) {
