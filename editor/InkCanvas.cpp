@@ -72,7 +72,6 @@ void InkCanvas::MakeMenuBar() {
 }
 
 void InkCanvas::OnDestroy() {
-    input_.StopTimer();
     pen_.recentColors = page_.penColors;
     pen_.backgroundColor = page_.background;
     store::SaveColors(pen_);

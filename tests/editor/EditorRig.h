@@ -5,7 +5,6 @@
 #include "ink/InkPainter.h"
 #include "res/resource.h"
 #include "tests/support/DeskSteps.h"
-#include "tests/support/Pages.h"
 
 namespace testing_support {
 
@@ -16,16 +15,6 @@ constexpr wchar_t kNote[] = L"\\Ink\\a.ikw";
 class EditorTest : public DeskSteps {
   protected:
     EditorTest() { PutNote({}); }
-    ~EditorTest() override {
-        for (const auto& box : Desk().messages) {
-            const bool isErase = box.caption == L" Confirm Full Erase";
-            const bool isFailure = !isErase && box.text != L"Alarm is successfully set!";
-            EXPECT_EQ(box.icon == platform::MessageIcon::Error, isFailure);
-            EXPECT_EQ(box.icon == platform::MessageIcon::Question, isErase);
-            EXPECT_EQ(box.defaultButton == platform::DefaultButton::Second,
-                      box.text.back() == L'?' && isFailure);
-        }
-    }
 
     void PutNote(const std::vector<int32_t>& rows) { device.files.Put(kNote, NoteOfDots(rows, kViewHeight)); }
     void UsePenOf(ink::PenStyle style, uint32_t tenths) {
@@ -59,8 +48,8 @@ class EditorTest : public DeskSteps {
             const Picture live = ShownPixels();
             Desk().PenUp(trace.back());
             EXPECT_FALSE(Desk().Top()->HasPen());
-            const bool isTap =
-                trace.size() == 1;  // which shows when it ends, like the end dot of the classic pen
+            // A tap shows when it ends, and so does the end dot of the classic pen.
+            const bool isTap = trace.size() == 1;
             EXPECT_TRUE(!IsChecked(IDM_PEN) || isTap || style_ == ink::PenStyle::Classic ||
                         live == ShownPixels());
         };

@@ -15,13 +15,6 @@ constexpr wchar_t kMemo[] = L"\\Ink\\a.txt";
 class TextMemo : public DeskSteps {
   protected:
     TextMemo() { device.files.PutFolder(L"\\Ink"); }
-    ~TextMemo() override {
-        for (const auto& box : Desk().messages) {
-            const bool asks = box.buttons == platform::MessageButtons::YesNo;
-            EXPECT_EQ(box.icon == platform::MessageIcon::Question, asks);
-            EXPECT_EQ(box.defaultButton == platform::DefaultButton::Second, asks);
-        }
-    }
     // The memo on the disk; null for none.
     void Put(const char* stored) {
         device.files.Nodes().erase(device.files.KeyOf(kMemo));

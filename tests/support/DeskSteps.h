@@ -20,12 +20,22 @@ inline uint32_t Hash(const Picture& picture) {
     return hash;
 }
 
-// After each test, the boxes that were shown are those that its scripts expected.
+// After each test, the boxes that were shown are those that its scripts expected, and each looks like its
+// kind: what loses something for good asks twice by its default button.
 class DeskSteps : public DeskTest {
   protected:
     ~DeskSteps() override {
         CheckBoxes();
         EXPECT_EQ(Desk().outOfMemoryBoxes, shortages_);
+        for (const auto& box : Desk().messages) {
+            const bool asks = box.buttons == platform::MessageButtons::YesNo;
+            const bool discards = box.text.find(L"Discard changes?") != std::wstring::npos;
+            const bool isDone = box.text == L"Alarm is successfully set!";
+            EXPECT_EQ(box.icon == platform::MessageIcon::Question, asks && !discards);
+            EXPECT_EQ(box.icon == platform::MessageIcon::Information, isDone);
+            EXPECT_EQ(box.defaultButton == platform::DefaultButton::Second,
+                      discards || box.text.find(L"Contents will permanently") == 0);
+        }
     }
     // So often the user is to hear that memory is short.
     int shortages_ = 0;
