@@ -27,7 +27,6 @@ class Dialog : public Window {
     std::wstring ItemText(int id) const;
     void SetItemText(int id, const std::wstring& text);
     void EnableItem(int id, bool enabled);
-    bool IsItemEnabled(int id) const;
     void FocusItem(int id);
     void SelectItemText(int id);  // all of an edit's text
     // Free pixels left and right of an edit's text.

@@ -29,8 +29,6 @@ class RegistryKey {
     // Data of any type as UTF-16 text up to its first terminator; fails when it needs more than
     // `capacity` characters, its own terminator included.
     bool QueryText(const wchar_t* name, size_t capacity, std::wstring& text) const;
-    // Size of a value's data in bytes.
-    bool QuerySize(const wchar_t* name, size_t& bytes) const;
 
     bool SetNumber(const wchar_t* name, RegistryType type, uint32_t value);  // four bytes
     // Writes the text with its terminator, whatever the type says.

@@ -31,10 +31,6 @@ class ToolBar {
     void SetChecked(int command, bool checked);
     void SetPressed(int command, bool pressed);
     void SetEnabled(int command, bool enabled);
-    bool HasButton(int command) const;
-    bool IsChecked(int command) const;
-    bool IsPressed(int command) const;
-    bool IsEnabled(int command) const;
 
     struct Impl;
     std::unique_ptr<Impl>& Handle() { return impl_; }

@@ -65,17 +65,14 @@ class TreeView {
     int Image(TreeItem item) const;  // -1 for no item
     void SetImage(TreeItem item, int image);
     intptr_t Data(TreeItem item) const;
-    void SetData(TreeItem item, intptr_t data);
     void SetBold(TreeItem item);
     void SetOverlay(TreeItem item, bool marked);
-    bool HasOverlay(TreeItem item) const;
     bool IsSelected(TreeItem item) const;
     bool IsExpanded(TreeItem item) const;
 
     // What the item's button says; true for an item flagged so even when it has no child yet.
     bool HasChildren(TreeItem item) const;
 
-    TreeItem FirstRoot() const;
     TreeItem FirstChild(TreeItem item) const;
     TreeItem NextSibling(TreeItem item) const;
     TreeItem Parent(TreeItem item) const;

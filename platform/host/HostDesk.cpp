@@ -6,6 +6,7 @@
 #include "platform/Dialog.h"
 #include "platform/host/HostDevice.h"
 #include "platform/host/HostImage.h"
+#include "platform/host/HostToolBar.h"
 #include "platform/host/HostTreeView.h"
 #include "platform/host/HostWindow.h"
 
@@ -91,8 +92,8 @@ void HostDesk::Command(int id) {
     if (item != window.Handle()->items.end() && !item->second.enabled) return;
     if (item != window.Handle()->items.end() && item->second.source.kind == L"AUTOCHECKBOX")
         item->second.checked = !item->second.checked;
-    ToolBar* tools = window.Handle()->tools;
-    if (tools != nullptr && tools->HasButton(id) && !tools->IsEnabled(id)) return;
+    const HostButton* button = ToolBar::Impl::Find(window, id);
+    if (button != nullptr && !button->enabled) return;
     if (!window.Handle()->ended) window.OnCommand(id);
 }
 

@@ -65,13 +65,6 @@ bool RegistryKey::QueryText(const wchar_t* name, size_t capacity, std::wstring& 
     return true;
 }
 
-bool RegistryKey::QuerySize(const wchar_t* name, size_t& bytes) const {
-    const RegistryValue* stored = impl_ == nullptr ? nullptr : impl_->Find(name);
-    if (stored == nullptr) return false;
-    bytes = stored->data.size();
-    return true;
-}
-
 bool RegistryKey::SetNumber(const wchar_t* name, RegistryType type, uint32_t value) {
     if (impl_ == nullptr) return false;
     return impl_->Set(name, type, std::string(reinterpret_cast<const char*>(&value), sizeof value));

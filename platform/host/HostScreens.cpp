@@ -30,19 +30,25 @@ void ToolBar::SetImages(const Image& images) {
     impl_->images.assign(surface.pixels, surface.pixels + surface.stride * surface.height);
 }
 
+HostButton* ToolBar::Impl::Find(int command) {
+    const auto button = buttons.find(command);
+    return button == buttons.end() ? nullptr : &button->second;
+}
+
+HostButton* ToolBar::Impl::Find(const Window& window, int command) {
+    ToolBar* tools = window.Handle()->tools;
+    return tools != nullptr ? tools->Handle()->Find(command) : nullptr;
+}
+
 void ToolBar::SetChecked(int command, bool checked) {
-    if (HasButton(command)) impl_->buttons[command].checked = checked;
+    if (HostButton* button = impl_ ? impl_->Find(command) : nullptr) button->checked = checked;
 }
 void ToolBar::SetPressed(int command, bool pressed) {
-    if (HasButton(command)) impl_->buttons[command].pressed = pressed;
+    if (HostButton* button = impl_ ? impl_->Find(command) : nullptr) button->pressed = pressed;
 }
 void ToolBar::SetEnabled(int command, bool enabled) {
-    if (HasButton(command)) impl_->buttons[command].enabled = enabled;
+    if (HostButton* button = impl_ ? impl_->Find(command) : nullptr) button->enabled = enabled;
 }
-bool ToolBar::HasButton(int command) const { return impl_ != nullptr && impl_->buttons.count(command) != 0; }
-bool ToolBar::IsChecked(int command) const { return HasButton(command) && impl_->buttons[command].checked; }
-bool ToolBar::IsPressed(int command) const { return HasButton(command) && impl_->buttons[command].pressed; }
-bool ToolBar::IsEnabled(int command) const { return HasButton(command) && impl_->buttons[command].enabled; }
 
 ScreenSize HandheldScreen() { return HostDevice::Current().desk.screen; }
 
@@ -109,11 +115,6 @@ void Dialog::SetItemText(int id, const std::wstring& text) {
 
 void Dialog::EnableItem(int id, bool enabled) {
     if (impl_->items.count(id) != 0) impl_->items[id].enabled = enabled;
-}
-
-bool Dialog::IsItemEnabled(int id) const {
-    const auto item = impl_->items.find(id);
-    return item != impl_->items.end() && item->second.enabled;
 }
 
 void Dialog::FocusItem(int id) { impl_->focusedItem = id; }

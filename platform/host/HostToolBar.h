@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/ToolBar.h"
+#include "platform/Window.h"
 
 namespace platform {
 
@@ -17,6 +18,11 @@ struct HostButton {
 
 struct ToolBar::Impl {
     std::map<int, HostButton> buttons;
+
+    // The window's button for a command; null when there is none.
+    static HostButton* Find(const Window& window, int command);
+    HostButton* Find(int command);
+
     std::vector<uint32_t> images;  // the pixels set last, row by row; empty until then
 };
 

@@ -128,25 +128,17 @@ void TreeView::SetImage(TreeItem item, int image) {
     if (item != 0) NodeOf(item)->image = image;
 }
 intptr_t TreeView::Data(TreeItem item) const { return item == 0 ? 0 : NodeOf(item)->data; }
-void TreeView::SetData(TreeItem item, intptr_t data) {
-    if (item != 0) NodeOf(item)->data = data;
-}
 void TreeView::SetBold(TreeItem item) {
     if (item != 0) NodeOf(item)->bold = true;
 }
 void TreeView::SetOverlay(TreeItem item, bool marked) {
     if (item != 0) NodeOf(item)->overlay = marked;
 }
-bool TreeView::HasOverlay(TreeItem item) const { return item != 0 && NodeOf(item)->overlay; }
 bool TreeView::IsSelected(TreeItem item) const { return item != 0 && NodeOf(item) == impl_->selected; }
 bool TreeView::IsExpanded(TreeItem item) const { return item != 0 && NodeOf(item)->expanded; }
 
 bool TreeView::HasChildren(TreeItem item) const {
     return item != 0 && (NodeOf(item)->flagged || !NodeOf(item)->children.empty());
-}
-
-TreeItem TreeView::FirstRoot() const {
-    return impl_->root.children.empty() ? 0 : ItemOf(impl_->root.children.front().get());
 }
 
 TreeItem TreeView::FirstChild(TreeItem item) const {
@@ -199,10 +191,17 @@ void TreeView::Freeze(bool frozen) { impl_->frozen += frozen ? 1 : -1; }
 
 namespace host {
 
+TreeItem HostTree::First() const {
+    const auto& roots = tree_.Handle()->root.children;
+    return roots.empty() ? 0 : ItemOf(roots.front().get());
+}
+
+bool HostTree::IsMarked(TreeItem item) const { return NodeOf(item)->overlay; }
+
 TreeItem HostTree::Find(const std::vector<std::wstring>& path) const {
     TreeItem item = 0;
     for (const std::wstring& text : path) {
-        item = item == 0 ? tree_.FirstRoot() : tree_.FirstChild(item);
+        item = item == 0 ? First() : tree_.FirstChild(item);
         while (item != 0 && tree_.Text(item) != text) item = tree_.NextSibling(item);
         if (item == 0) return 0;
     }
@@ -211,7 +210,7 @@ TreeItem HostTree::Find(const std::vector<std::wstring>& path) const {
 
 std::vector<std::wstring> HostTree::Texts(const std::vector<std::wstring>& path) const {
     std::vector<std::wstring> texts;
-    TreeItem item = path.empty() ? tree_.FirstRoot() : tree_.FirstChild(Find(path));
+    TreeItem item = path.empty() ? First() : tree_.FirstChild(Find(path));
     for (; item != 0; item = tree_.NextSibling(item)) texts.push_back(tree_.Text(item));
     return texts;
 }

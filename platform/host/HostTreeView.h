@@ -50,6 +50,8 @@ class HostTree {
   public:
     explicit HostTree(TreeView& tree) : tree_(tree) {}
 
+    TreeItem First() const;              // of the top items
+    bool IsMarked(TreeItem item) const;  // by the overlay
     TreeItem Find(const std::vector<std::wstring>& path) const;
     // Texts of an item's children; of the top items without a path.
     std::vector<std::wstring> Texts(const std::vector<std::wstring>& path = {}) const;

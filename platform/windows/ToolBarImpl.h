@@ -24,7 +24,6 @@ struct ToolBar::Impl {
     bool UseImages(const Image& picture);
     void GiveToolTip(NMHDR& request) const;
 
-    bool HasState(int command, BYTE bit) const;
     void SetState(int command, BYTE bit, bool on);
 
   private:

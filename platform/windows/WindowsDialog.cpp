@@ -66,11 +66,6 @@ void Dialog::EnableItem(int id, bool enabled) {
     EnableWindow(item, enabled);
 }
 
-bool Dialog::IsItemEnabled(int id) const {
-    const HWND item = Item(impl_->frame, id);
-    return item && IsWindowEnabled(item);
-}
-
 // The dialog manager moves the default button's mark along only when it is asked to move the focus itself.
 void Dialog::FocusItem(int id) {
     const HWND item = Item(impl_->frame, id);

@@ -70,20 +70,11 @@ bool RegistryKey::QueryNumber(const wchar_t* name, uint32_t& value) const {
 }
 
 bool RegistryKey::QueryText(const wchar_t* name, size_t capacity, std::wstring& text) const {
-    size_t bytes = 0;
-    if (!QuerySize(name, bytes) || bytes > capacity * sizeof(wchar_t)) return false;
     std::vector<wchar_t> data(capacity + 1);
-    auto size = static_cast<DWORD>(capacity * sizeof(wchar_t));
-    if (!impl_->Query(name, data.data(), size)) return false;
+    auto size = static_cast<DWORD>(capacity * sizeof(wchar_t));  // more is refused by the system
+    if (!impl_ || !impl_->Query(name, data.data(), size)) return false;
     const auto end = data.begin() + static_cast<std::ptrdiff_t>(size / sizeof(wchar_t));
     text.assign(data.begin(), std::find(data.begin(), end, L'\0'));
-    return true;
-}
-
-bool RegistryKey::QuerySize(const wchar_t* name, size_t& bytes) const {
-    DWORD size = 0;
-    if (!impl_ || !impl_->Query(name, nullptr, size)) return false;
-    bytes = size;
     return true;
 }
 

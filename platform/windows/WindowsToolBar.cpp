@@ -68,11 +68,6 @@ void ToolBar::Impl::GiveToolTip(NMHDR& request) const {
     }
 }
 
-bool ToolBar::Impl::HasState(int command, BYTE bit) const {
-    const LRESULT state = SendMessageW(bar, TB_GETSTATE, static_cast<WPARAM>(command), 0);
-    return state != -1 && (state & bit) != 0;
-}
-
 // Only the one bit changes: the others belong to the control and to other callers.
 void ToolBar::Impl::SetState(int command, BYTE bit, bool on) {
     const LRESULT state = SendMessageW(bar, TB_GETSTATE, static_cast<WPARAM>(command), 0);
@@ -96,11 +91,4 @@ void ToolBar::SetPressed(int command, bool pressed) {
 void ToolBar::SetEnabled(int command, bool enabled) {
     if (impl_) impl_->SetState(command, TBSTATE_ENABLED, enabled);
 }
-bool ToolBar::HasButton(int command) const {
-    return impl_ && SendMessageW(impl_->bar, TB_GETSTATE, static_cast<WPARAM>(command), 0) != -1;
-}
-bool ToolBar::IsChecked(int command) const { return impl_ && impl_->HasState(command, TBSTATE_CHECKED); }
-bool ToolBar::IsPressed(int command) const { return impl_ && impl_->HasState(command, TBSTATE_PRESSED); }
-bool ToolBar::IsEnabled(int command) const { return impl_ && impl_->HasState(command, TBSTATE_ENABLED); }
-
 }  // namespace platform

@@ -234,18 +234,10 @@ intptr_t TreeView::Data(TreeItem item) const {
     return node ? node->data : 0;
 }
 
-void TreeView::SetData(TreeItem item, intptr_t data) {
-    if (Impl::Node* node = impl_->NodeOf(SystemItem(item))) node->data = data;
-}
-
 void TreeView::SetBold(TreeItem item) { impl_->SetState(SystemItem(item), TVIS_BOLD, TVIS_BOLD); }
 
 void TreeView::SetOverlay(TreeItem item, bool marked) {
     impl_->SetState(SystemItem(item), TVIS_OVERLAYMASK, marked ? kOverlay : 0);
-}
-
-bool TreeView::HasOverlay(TreeItem item) const {
-    return impl_->State(SystemItem(item), TVIS_OVERLAYMASK) == kOverlay;
 }
 
 bool TreeView::IsSelected(TreeItem item) const { return item != 0 && item == Selection(); }
@@ -260,8 +252,6 @@ bool TreeView::HasChildren(TreeItem item) const {
     known.hItem = SystemItem(item);
     return GetItem(impl_->tree, known) && known.cChildren != 0;
 }
-
-TreeItem TreeView::FirstRoot() const { return ContractItem(Relative(impl_->tree, TVGN_ROOT, nullptr)); }
 
 TreeItem TreeView::FirstChild(TreeItem item) const {
     return item == 0 ? 0 : ContractItem(Relative(impl_->tree, TVGN_CHILD, SystemItem(item)));

@@ -18,26 +18,23 @@ TEST_F(RegistryContract, ValuesReadAsNumbersAndTexts) {
     const struct {
         std::optional<std::wstring> text;  // else the number
         uint32_t number;
-        size_t bytes;
         bool isNumber;
         std::wstring readText;
-    } kCases[] = {{{}, 0xFFEE0102, 4, true, {L'\x0102', static_cast<wchar_t>(0xFFEE)}},
-                  {{}, 0x00420041, 4, true, L"AB"},  // no terminator in the data
-                  {{}, 0x41, 4, true, L"A"},
-                  {L"A", 0x41, 4, true, L"A"},
-                  {L"", 0, 2, true, L""},  // two bytes leave the others zero
-                  {L"AB", 0, 6, false, L"AB"},
-                  {L"%FN \u00FC", 0, 12, false, L"%FN \u00FC"}};
+    } kCases[] = {{{}, 0xFFEE0102, true, {L'\x0102', static_cast<wchar_t>(0xFFEE)}},
+                  {{}, 0x00420041, true, L"AB"},  // no terminator in the data
+                  {{}, 0x41, true, L"A"},
+                  {L"A", 0x41, true, L"A"},
+                  {L"", 0, true, L""},  // two bytes leave the others zero
+                  {L"AB", 0, false, L"AB"},
+                  {L"%FN \u00FC", 0, false, L"%FN \u00FC"}};
     for (const RegistryType type : {RegistryType::Number, RegistryType::Binary, RegistryType::Text}) {
         for (const auto& each : kCases) {
+            if (!each.text && type == RegistryType::Text) continue;  // a system may add a terminator
             ASSERT_TRUE(each.text ? key_.SetText(L"Value", type, *each.text)
                                   : key_.SetNumber(L"Value", type, each.number));
             const RegistryKey again = RegistryKey::OpenUser(kTestKey);
             uint32_t number = 0;
-            size_t bytes = 0;
             std::wstring text;
-            EXPECT_TRUE(again.QuerySize(L"Value", bytes));
-            EXPECT_EQ(bytes, each.bytes);
             EXPECT_EQ(again.QueryNumber(L"Value", number), each.isNumber);
             EXPECT_EQ(number, each.number);
             EXPECT_TRUE(again.QueryText(L"Value", 260, text));
@@ -53,12 +50,11 @@ TEST_F(RegistryContract, ValuesReadAsNumbersAndTexts) {
 TEST_F(RegistryContract, WhatIsNotThereFailsQuietly) {
     uint32_t number = 77;
     std::wstring text;
-    size_t bytes = 0;
     RegistryKey closed;
     for (RegistryKey* key : {&key_, &closed}) {
         EXPECT_EQ(key->IsOpen(), key == &key_);
         EXPECT_FALSE(key->QueryNumber(L"Value", number) || key->QueryText(L"Value", 100, text) ||
-                     key->QuerySize(L"Value", bytes) || key->Remove(L"Value"));
+                     key->Remove(L"Value"));
     }
     EXPECT_EQ(number, 77u) << "a failed query leaves the value alone";
     EXPECT_FALSE(closed.SetNumber(L"Value", RegistryType::Number, 1));

@@ -98,10 +98,19 @@ void WindowsHand::PressButton(int id) {
         GetWindowRect(button, &place);
         return Click({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
     }
+    SendMessageW(ToolBarControl(), TB_GETRECT, static_cast<WPARAM>(id), reinterpret_cast<LPARAM>(&place));
+    Click(MiddleOf(ToolBarControl(), place));
+}
+
+HWND WindowsHand::ToolBarControl() {
     const HWND strip = FindWindowExW(Frame(), nullptr, L"InkwrightMenuBar", nullptr);
-    const HWND bar = FindWindowExW(strip, nullptr, TOOLBARCLASSNAMEW, nullptr);
-    SendMessageW(bar, TB_GETRECT, static_cast<WPARAM>(id), reinterpret_cast<LPARAM>(&place));
-    Click(MiddleOf(bar, place));
+    return FindWindowExW(strip, nullptr, TOOLBARCLASSNAMEW, nullptr);
+}
+
+testing_support::ToolState WindowsHand::Tool(int command) {
+    const LRESULT state = SendMessageW(ToolBarControl(), TB_GETSTATE, static_cast<WPARAM>(command), 0);
+    if (!ToolBarControl() || state == -1) return {};
+    return {(state & TBSTATE_CHECKED) != 0, (state & TBSTATE_PRESSED) != 0, (state & TBSTATE_ENABLED) != 0};
 }
 
 void WindowsHand::PressKey(platform::Key key) { SendKey(KeyCode(key)); }

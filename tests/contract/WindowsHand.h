@@ -26,6 +26,7 @@ class WindowsHand : public testing_support::Hand {
     void PenUp(platform::Point place) override { SendPen(place, MOUSEEVENTF_LEFTUP); }
     void TakePenAway() override;
     void PressButton(int id) override;
+    testing_support::ToolState Tool(int command) override;
     void PressKey(platform::Key key) override;
     void PressShortcut(wchar_t letter) override;
     void TurnWheel(int notches) override;
@@ -62,6 +63,7 @@ class WindowsHand : public testing_support::Hand {
     HWND Frame();       // of the window on top; of a sheet its page
     HWND Item(int id);  // a control of it
     HWND Tree();
+    HWND ToolBarControl();
     HWND LabelEdit() { return reinterpret_cast<HWND>(SendMessageW(Tree(), TVM_GETEDITCONTROL, 0, 0)); }
     POINT PlaceOf(platform::TreeItem item);
     void SendPen(platform::Point place, DWORD flags);

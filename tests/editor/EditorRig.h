@@ -84,10 +84,7 @@ class EditorTest : public DeskSteps {
         };
     }
     int Position() { return Desk().Top()->GetScroll().position; }
-    bool IsChecked(int command) {
-        platform::ToolBar* tools = Desk().Top()->Handle()->tools;
-        return tools != nullptr && tools->IsChecked(command);
-    }
+    bool IsChecked(int command) { return hand.Tool(command).checked; }
     // The page from this row on, painted anew.
     void Paint(ink::PixelSurface& surface, const ink::InkPage& page, int row) {
         ink::InkPainter painter;

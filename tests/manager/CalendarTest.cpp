@@ -36,9 +36,9 @@ class Calendar : public testing_support::ManagerTest {
 TEST_F(Calendar, StepsThroughTheMonthsAndRemembersTheMode) {
     const auto expectTools = [this](bool isCurrent) {
         return [=] {
-            EXPECT_TRUE(Tools().IsPressed(IDM_CALENDAR));
-            EXPECT_EQ(Tools().IsEnabled(IDM_CURRENT_MONTH), !isCurrent);
-            EXPECT_FALSE(Tools().IsEnabled(IDM_ADD_NOTE));
+            EXPECT_TRUE(hand.Tool(IDM_CALENDAR).pressed);
+            EXPECT_EQ(hand.Tool(IDM_CURRENT_MONTH).enabled, !isCurrent);
+            EXPECT_FALSE(hand.Tool(IDM_ADD_NOTE).enabled);
             EXPECT_FALSE(TreeControl().Handle()->visible);
         };
     };
@@ -48,7 +48,7 @@ TEST_F(Calendar, StepsThroughTheMonthsAndRemembersTheMode) {
                      ExpectMonth(L"January 2007"), Press(IDM_CURRENT_MONTH), ExpectMonth(L"March 2007")});
     EXPECT_EQ(device.NumberSetting(L"ViewCalMode"), 1u);
     RunManager(L"", {Press(IDM_CALENDAR), ExpectNoText(L"March 2007  "), [this] {
-                         EXPECT_FALSE(Tools().IsPressed(IDM_CALENDAR));
+                         EXPECT_FALSE(hand.Tool(IDM_CALENDAR).pressed);
                          EXPECT_TRUE(TreeControl().Handle()->visible);
                      }});
     EXPECT_EQ(device.NumberSetting(L"ViewCalMode"), 0u);

@@ -60,7 +60,6 @@ class ManagerTest : public DeskTest {
     platform::TreeView& TreeControl() { return *window_->Handle()->tree; }
     platform::host::HostTree Tree() { return platform::host::HostTree(TreeControl()); }
     platform::TreeItem Item(const std::wstring& path) { return Tree().Find(PathOf(path)); }
-    platform::ToolBar& Tools() { return *window_->Handle()->tools; }
 
     Step Tap(const std::wstring& path) {
         return [=] { Tree().Tap(PathOf(path)); };
@@ -110,8 +109,7 @@ class ManagerTest : public DeskTest {
         for (size_t at = 0; at < path.size();) {
             const size_t end = std::min(path.find(L'\\', at), path.size());
             const std::wstring name = path.substr(at, end - at);
-            platform::TreeItem item =
-                above == 0 ? TreeControl().FirstRoot() : TreeControl().FirstChild(above);
+            platform::TreeItem item = above == 0 ? Tree().First() : TreeControl().FirstChild(above);
             while (item != 0 && WithoutCount(TreeControl().Text(item)) != name)
                 item = TreeControl().NextSibling(item);
             EXPECT_NE(item, 0u) << "no such item";

@@ -53,8 +53,7 @@ TEST_F(Operations, TheMemosMarkFollowsTheMemo) {
                                      TypeInto(IDC_MEMO_TEXT, text), Press(IDC_MEMO_SAVE),
                                      [=] {
                                          EXPECT_EQ(Has(L"Work\\a.txt"), hasMemo);
-                                         EXPECT_EQ(TreeControl().HasOverlay(TreeControl().Selection()),
-                                                   hasMemo);
+                                         EXPECT_EQ(Tree().IsMarked(TreeControl().Selection()), hasMemo);
                                      },
                                      hasMemo ? ExpectText(L"picture 13") : ExpectNoText(L"picture 13")});
     }

@@ -10,7 +10,7 @@ class StoreTree : public testing_support::ManagerTest {
   protected:
     void PutFolder(const std::wstring& below) { device.files.PutFolder(kRoot + below); }
     testing_support::Step ExpectMark(const std::wstring& note, bool isMarked) {
-        return [=] { EXPECT_EQ(TreeControl().HasOverlay(Item(note)), isMarked); };
+        return [=] { EXPECT_EQ(Tree().IsMarked(Item(note)), isMarked); };
     }
     // A pixel of the strip, which is the last 75 rows.
     void SetWritten(const std::wstring& below) {
@@ -64,7 +64,7 @@ TEST_F(StoreTree, AClosedBranchIsSelectedItself) {
                                       ExpectSelected(L"Work  (1 found) "),
                                       [this] {
                                           EXPECT_FALSE(TreeControl().IsExpanded(TreeControl().Selection()));
-                                          EXPECT_FALSE(Tools().IsEnabled(IDM_OPEN));
+                                          EXPECT_FALSE(hand.Tool(IDM_OPEN).enabled);
                                           Tree().CloseBranch({L"Notes"});
                                       },
                                       ExpectSelected(L"Notes"), ExpectTree(L"Notes", {L"Home", L"Work"})});
@@ -110,11 +110,11 @@ TEST_F(StoreTree, ToolBarFollowsTheSelection) {
                           Case{L"Reminders\\Monday, March 5, 2007", true, false, true},
                           Case{L"Alarms", false, false, false}}) {
         script.insert(script.end(), {Tap(c.path), [this, c] {
-                                         EXPECT_EQ(Tools().IsEnabled(IDM_ADD_NOTE), c.add);
-                                         EXPECT_EQ(Tools().IsEnabled(IDM_OPEN), c.open);
-                                         EXPECT_EQ(Tools().IsEnabled(IDM_DELETE), c.remove);
-                                         EXPECT_FALSE(Tools().IsPressed(IDM_CALENDAR));
-                                         EXPECT_FALSE(Tools().IsEnabled(IDM_PREVIOUS_MONTH));
+                                         EXPECT_EQ(hand.Tool(IDM_ADD_NOTE).enabled, c.add);
+                                         EXPECT_EQ(hand.Tool(IDM_OPEN).enabled, c.open);
+                                         EXPECT_EQ(hand.Tool(IDM_DELETE).enabled, c.remove);
+                                         EXPECT_FALSE(hand.Tool(IDM_CALENDAR).pressed);
+                                         EXPECT_FALSE(hand.Tool(IDM_PREVIOUS_MONTH).enabled);
                                      }});
     }
     RunManager(L"", script);

@@ -24,7 +24,7 @@ class OptionsSheet : public DeskSteps {
     Step ExpectEdit(int item, const std::wstring& text, bool isEnabled) {
         return [=] {
             EXPECT_EQ(Dialog().ItemText(item), text);
-            EXPECT_EQ(Dialog().IsItemEnabled(item), isEnabled);
+            EXPECT_EQ(IsItemEnabled(item), isEnabled);
             EXPECT_EQ(Dialog().IsItemChecked(IDC_NOTE_PATTERN_DEFAULT), !isEnabled);
         };
     }

@@ -30,7 +30,7 @@ class Find : public testing_support::ManagerTest {
             ExpectSelected(text)();
             EXPECT_EQ(Dialog().Handle()->focusedItem, focused);
             for (const int id : {IDC_FIND_FIRST, IDC_FIND_NEXT, IDC_SEARCH_TEXT, IDC_SEARCH_MEMOS})
-                EXPECT_TRUE(Dialog().IsItemEnabled(id)) << "the search has ended";
+                EXPECT_TRUE(IsItemEnabled(id)) << "the search has ended";
         };
     }
     Step ExpectNotice(const std::wstring& text) { return ExpectBox(text, L" Inkwright"); }
@@ -87,7 +87,7 @@ TEST_F(Find, CancelOnlyAsksAndClosingWaits) {
                 Desk().PrivateMessage(static_cast<uint32_t>(search::WalkCode::Done));
                 Desk().PrivateMessage(static_cast<uint32_t>(search::WalkCode::RelativePath), 12345);
                 for (const int id : {IDC_FIND_FIRST, IDC_FIND_NEXT, IDC_SEARCH_TEXT, IDC_SEARCH_MEMOS})
-                    EXPECT_FALSE(Dialog().IsItemEnabled(id)) << "the worker still runs";
+                    EXPECT_FALSE(IsItemEnabled(id)) << "the worker still runs";
                 for (const int id : {IDC_FIND_FIRST, IDC_FIND_NEXT, command}) Desk().Top()->OnCommand(id);
                 return platform::FileError::None;
             };
@@ -103,7 +103,7 @@ TEST_F(Find, CancelOnlyAsksAndClosingWaits) {
 
 TEST_F(Find, IsNotThereInTheCalendar) {
     const auto expectTool = [this](bool isEnabled) {
-        return [=] { EXPECT_EQ(Tools().IsEnabled(IDM_FIND), isEnabled); };
+        return [=] { EXPECT_EQ(hand.Tool(IDM_FIND).enabled, isEnabled); };
     };
     const auto send = [this] { Desk().Top()->OnCommand(IDM_FIND); };
     RunManager(L"", {expectTool(true), Press(IDM_CALENDAR), expectTool(false), send});

@@ -52,7 +52,7 @@ class Walk : public testing_support::DeskTest, private platform::TreeView::Event
     }
 
     Told Expected(const std::wstring& text, uint8_t options, TreeItem start) {
-        const std::vector<TreeItem> order = Flattened(tree_.FirstRoot());
+        const std::vector<TreeItem> order = Flattened(platform::host::HostTree(tree_).First());
         TreeItem selected = tree_.Selection();
         Told told;
         for (auto at = std::find(order.begin(), order.end(), start); at != order.end(); ++at) {
@@ -122,7 +122,7 @@ TEST_F(Walk, FollowsThePlainModelOnGeneratedTreesUntilItIsCancelled) {
         grow(Add(0, name(), 0), 3, 3);
         grow(Add(0, name(), 4), 7, 1);
         Add(Add(0, name(), 10), L"abc", 11);
-        const std::vector<TreeItem> order = Flattened(tree_.FirstRoot());
+        const std::vector<TreeItem> order = Flattened(platform::host::HostTree(tree_).First());
         for (uint8_t options = 1; options < 8; ++options) {
             const std::wstring text = name();
             const TreeItem start = order[random() % order.size()];
@@ -140,7 +140,7 @@ TEST_F(Walk, FollowsThePlainModelOnGeneratedTreesUntilItIsCancelled) {
             }
         }
     }
-    EXPECT_TRUE(Run(L"", search::kFileNames, tree_.FirstRoot()).empty());
+    EXPECT_TRUE(Run(L"", search::kFileNames, platform::host::HostTree(tree_).First()).empty());
     EXPECT_TRUE(Run(L"a", search::kFileNames, 0).empty());
 }
 

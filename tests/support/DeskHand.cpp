@@ -4,12 +4,18 @@
 
 #include "platform/Dialog.h"
 #include "platform/Screen.h"
+#include "platform/host/HostToolBar.h"
 #include "platform/host/HostWindow.h"
 
 namespace testing_support {
 
 void DeskHand::PressClose() {
     desk_.Command(Top()->Handle()->isDialog ? platform::kIdCancel : platform::kIdOk);
+}
+
+ToolState DeskHand::Tool(int command) {
+    const platform::HostButton* button = platform::ToolBar::Impl::Find(*Top(), command);
+    return button == nullptr ? ToolState{} : ToolState{button->checked, button->pressed, button->enabled};
 }
 
 uint32_t DeskHand::PixelAt(platform::Point place) {

@@ -21,6 +21,7 @@ class DeskHand : public Hand {
     void PenUp(platform::Point place) override { desk_.PenUp(place); }
     void TakePenAway() override { desk_.TakePenAway(); }
     void PressButton(int id) override { desk_.Command(id); }
+    ToolState Tool(int command) override;
     void PressKey(platform::Key key) override { desk_.Press(key); }
     void PressShortcut(wchar_t letter) override { desk_.PressShortcut(letter); }
     void TurnWheel(int notches) override { desk_.TurnWheel(notches); }

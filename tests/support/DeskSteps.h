@@ -86,7 +86,7 @@ class DeskSteps : public DeskTest {
     Step ExpectSpin(int item, uint32_t position, bool isEnabled = true) {
         return [=] {
             EXPECT_EQ(Dialog().Spin(item), position);
-            EXPECT_EQ(Dialog().IsItemEnabled(item), isEnabled);
+            EXPECT_EQ(IsItemEnabled(item), isEnabled);
         };
     }
     Step ExpectFocus(int item) {

@@ -11,6 +11,7 @@
 #include "ink/InkPage.h"
 #include "platform/Dialog.h"
 #include "platform/host/HostDevice.h"
+#include "platform/host/HostWindow.h"
 #include "tests/support/DeskHand.h"
 
 namespace testing_support {
@@ -31,6 +32,8 @@ class DeskTest : public testing::Test, public Steps {
     Step TapText(const std::wstring& text);
     // Picks a day of the month calendar and accepts it.
     Step PickDay(int item, int year, int month, int day);
+
+    bool IsItemEnabled(int item) { return Desk().Top()->Handle()->items[item].enabled; }
 
     // Runs the program with the script so far, and then this one.
     void Run(const std::wstring& commandLine, const Script& script = {});

@@ -24,6 +24,12 @@ struct SeenBox {
     bool isSecondDefault = false;  // the button that Enter presses
 };
 
+struct ToolState {
+    bool checked = false;
+    bool pressed = false;
+    bool enabled = false;
+};
+
 // The hand of a person at one device, or of another program there: each port has its own. Events go to the
 // window on top, places are its client pixels.
 class Hand {
@@ -43,6 +49,7 @@ class Hand {
     virtual void TakePenAway() = 0;
     // A button of the tool bar, of a dialog or of a sheet's page. Greyed ones do nothing.
     virtual void PressButton(int id) = 0;
+    virtual ToolState Tool(int command) = 0;  // nothing of it without such a button
     virtual void PressKey(platform::Key key) = 0;
     virtual void PressShortcut(wchar_t letter) = 0;  // with Ctrl
     virtual void TurnWheel(int notches) = 0;         // up when positive
