@@ -29,9 +29,6 @@ struct DestroyMenuObject {
 struct DestroyImages {
     void operator()(HIMAGELIST list) const { ImageList_Destroy(list); }
 };
-struct FreeTaskMemory {
-    void operator()(void* memory) const { CoTaskMemFree(memory); }
-};
 
 using OwnedHandle = std::unique_ptr<void, CloseKernelObject>;
 using OwnedSearch = std::unique_ptr<void, CloseSearch>;
@@ -42,7 +39,6 @@ using OwnedRegion = std::unique_ptr<std::remove_pointer_t<HRGN>, DeleteGdiObject
 using OwnedMemoryDc = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteMemoryDc>;
 using OwnedMenu = std::unique_ptr<std::remove_pointer_t<HMENU>, DestroyMenuObject>;
 using OwnedImageList = std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, DestroyImages>;
-using OwnedItemIds = std::unique_ptr<std::remove_pointer_t<PIDLIST_ABSOLUTE>, FreeTaskMemory>;
 
 // Files and searches report failure as INVALID_HANDLE_VALUE, which an owner must not keep.
 inline OwnedHandle OwnFile(HANDLE handle) {

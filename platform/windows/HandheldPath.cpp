@@ -9,6 +9,7 @@
 #include "platform/TextEncoding.h"
 #include "platform/windows/Guards.h"
 #include "platform/windows/PathTranslation.h"
+#include "platform/windows/ShellHeaders.h"
 #include "platform/windows/SystemText.h"
 
 namespace platform::windows {

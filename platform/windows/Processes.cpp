@@ -1,6 +1,7 @@
 #include "platform/windows/Processes.h"
 
 #include "platform/Shell.h"
+#include "platform/windows/ShellHeaders.h"
 
 namespace platform::windows {
 
@@ -44,6 +45,12 @@ bool StartProcess(const ProcessStart& start, OwnedHandle* process) {
     OwnedHandle started(information.hProcess);
     if (process) *process = std::move(started);
     return true;
+}
+
+SystemObjects::SystemObjects() : initialized_(SUCCEEDED(OleInitialize(nullptr))) {}
+
+SystemObjects::~SystemObjects() {
+    if (initialized_) OleUninitialize();
 }
 
 }  // namespace platform::windows

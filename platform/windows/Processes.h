@@ -31,12 +31,10 @@ bool StartProcess(const ProcessStart& start, OwnedHandle* process = nullptr);
 // Lets the calling thread use the shell's and other system objects while it lives.
 class SystemObjects {
   public:
-    SystemObjects() : initialized_(SUCCEEDED(OleInitialize(nullptr))) {}
+    SystemObjects();
     SystemObjects(const SystemObjects&) = delete;
     SystemObjects& operator=(const SystemObjects&) = delete;
-    ~SystemObjects() {
-        if (initialized_) OleUninitialize();
-    }
+    ~SystemObjects();
 
   private:
     bool initialized_;

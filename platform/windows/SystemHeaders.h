@@ -16,8 +16,5 @@
 // clang-format off
 #include <windows.h>
 #include <commctrl.h>
-#include <objbase.h>
-#include <oleauto.h>
 #include <shellapi.h>
-#include <shlobj.h>
 // clang-format on

@@ -99,7 +99,7 @@ void Dialog::SetPicked(int id, const DateTime& moment) {
     const SYSTEMTIME system = windows::SystemTimeOf(moment);
     const HWND picker = Item(impl_->frame, id);
     const auto from = reinterpret_cast<LPARAM>(&system);
-    if (windows::IsMonthCalendar(picker)) {
+    if (windows::IsMonthCalendar(picker)) {  // NOLINT(bugprone-branch-clone): two messages of one number
         SendMessageW(picker, MCM_SETCURSEL, 0, from);
     } else if (picker) {
         SendMessageW(picker, DTM_SETSYSTEMTIME, GDT_VALID, from);

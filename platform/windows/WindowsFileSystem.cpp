@@ -57,7 +57,7 @@ bool ListHostFolder(const std::wstring& hostFolder, const std::wstring& pattern,
 // The place that must answer before an entry of it can be missing for certain.
 std::wstring MemoryOf(const std::wstring& path) {
     const std::wstring rooted = path.empty() || path[0] != L'\\' ? L"\\" + path : path;
-    const std::wstring storage = StorageOf(rooted);
+    std::wstring storage = StorageOf(rooted);
     if (!storage.empty()) return storage;
     const std::wstring documents = L"\\" + std::wstring(windows::kDocumentsName);
     return EqualNoCase(rooted.substr(0, documents.size() + 1), documents + L"\\") ? documents : L"\\";
@@ -209,7 +209,7 @@ bool FreeBytes(const std::wstring& folder, uint64_t& bytes) {
 }
 
 std::wstring DocumentsFolder() {
-    const std::wstring folder = L"\\" + std::wstring(windows::kDocumentsName);
+    std::wstring folder = L"\\" + std::wstring(windows::kDocumentsName);
     MakeFolder(folder);  // fails when it is there already
     return folder;
 }

@@ -2,6 +2,7 @@
 #include "platform/windows/Guards.h"
 #include "platform/windows/HandheldPath.h"
 #include "platform/windows/Processes.h"
+#include "platform/windows/ShellHeaders.h"
 #include "platform/windows/SystemDialog.h"
 #include "platform/windows/WindowImpl.h"
 

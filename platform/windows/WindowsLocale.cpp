@@ -2,6 +2,7 @@
 
 #include "platform/Locale.h"
 #include "platform/TextEncoding.h"
+#include "platform/windows/ShellHeaders.h"
 #include "platform/windows/SystemTimes.h"
 
 namespace platform {
@@ -40,7 +41,7 @@ std::wstring DatePicture(const DateTime& date, const wchar_t* picture) {
 std::wstring YearAndMonth(int year, int month) {
     if (month < 1 || month > 12) return {};
     const std::wstring picture = LocaleText(LOCALE_SYEARMONTH);
-    const std::wstring text =
+    std::wstring text =
         picture.empty() ? picture : DatePicture({year, month, 0, 1, 0, 0, 0, 0}, picture.c_str());
     if (!text.empty()) return text;
     return LocaleText(LOCALE_SMONTHNAME1 + static_cast<LCTYPE>(month - 1)) + L" " + std::to_wstring(year);
@@ -69,7 +70,7 @@ std::wstring DateAndTime(const DateTime& moment) {
     BSTR text = nullptr;
     if (!SystemTimeToVariantTime(&system, &date) || FAILED(VarBstrFromDate(date, kUserDefault, 0, &text)))
         return {};
-    const std::wstring result(text, SysStringLen(text));
+    std::wstring result(text, SysStringLen(text));
     SysFreeString(text);
     return result;
 }

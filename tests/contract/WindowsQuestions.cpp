@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "platform/windows/ShellHeaders.h"
 #include "platform/windows/SystemText.h"
 #include "platform/windows/WindowImpl.h"
 #include "tests/contract/WindowsInput.h"
