@@ -12,6 +12,9 @@ int64_t TileOf(int64_t coordinate, int64_t size) {
     return coordinate >= 0 ? coordinate / size : -((-coordinate - 1) / size) - 1;
 }
 
+// Where in its tile a coordinate lies.
+int64_t InTile(int64_t coordinate, int64_t size) { return coordinate - TileOf(coordinate, size) * size; }
+
 template <typename Item>
 Item& At(std::vector<Item>& items, int64_t index) {
     return items[static_cast<size_t>(index)];
@@ -65,7 +68,7 @@ bool SweptRegion::AddSquare(int64_t x, int64_t y) {
             const int64_t end = std::min(right, (column + 1) * kTileColumns);
             const uint64_t bits = (uint64_t{1} << (end - first)) - 1;
             Tile& tile = At(tileRow.tiles, column - tileRow.first);
-            tile[static_cast<size_t>(pixelRow - row * kTileRows)] |= bits << (first - column * kTileColumns);
+            tile[static_cast<size_t>(InTile(pixelRow, kTileRows))] |= bits << InTile(first, kTileColumns);
             first = end;
         }
     }
@@ -84,8 +87,8 @@ bool SweptRegion::Contains(int64_t x, int64_t y) const {
     // Left of the first tile is, without a sign, far right of the last.
     const auto tile = static_cast<uint64_t>(column - tileRow.first);
     if (tile >= tileRow.tiles.size()) return false;
-    const uint64_t bits = tileRow.tiles[tile][static_cast<size_t>(y - row * kTileRows)];
-    return (bits >> (x - column * kTileColumns) & 1) != 0;
+    const uint64_t bits = tileRow.tiles[tile][static_cast<size_t>(InTile(y, kTileRows))];
+    return (bits >> InTile(x, kTileColumns) & 1) != 0;
 }
 
 }  // namespace ink
