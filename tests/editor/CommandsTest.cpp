@@ -75,8 +75,8 @@ TEST_F(Commands, ThePaletteIsLeftByEscapeAndByLiftingThePenElsewhere) {
     Edited({Press(IDM_BACKGROUND_COLOR), Down(Cell(0, 0)), Up(Cell(1, 0)), Down(Cell(0, 6)), Up(Cell(0, 6)),
             Ok(),  // by another copy of the program
             ExpectTitle(L"a - Inkwright"), Press(IDM_BACKGROUND_COLOR), Press(platform::Key::Escape),
-            Press(IDM_PALETTE_PEN), Press(platform::Key::Escape), Press(IDM_BACKGROUND_COLOR),
-            Tap(Cell(7, 0))});
+            Press(IDM_ERASER), Press(IDM_PALETTE_PEN), Press(platform::Key::Escape),
+            ExpectChecked(IDM_ERASER), Press(IDM_BACKGROUND_COLOR), Tap(Cell(7, 0))});
     EXPECT_EQ(device.files.Get(kNote), Words({5, 0xFFFFFF, 0, kViewHeight})) << "nothing was changed";
     ExpectColors({0x808080, 0x4040FF, 0x40FF40, 0xFF4040, 0xFF40FF});
 }
@@ -92,9 +92,10 @@ TEST_F(Commands, ThePaletteShowsItsColours) {
     Edited({Press(IDM_BACKGROUND_COLOR), PaintAnew(), looks(6, 575726293), Tap({4, 4 + 24 * 5})});
     EXPECT_EQ(device.NumberSetting(L"LastBGColor"), 0xF0F0FFu);
     device.SetSetting(L"LastPenColor", 0x123456);
-    Edited({Press(IDM_PALETTE_PEN), PaintAnew(), looks(7, 364763077), Tap({4 + 8 * 24 - 1, 4 + 24 - 1}),
-            Press(IDM_PALETTE_PEN), Tap({4 + 8 * 24, 10}), Tap({3, 10}), Press(platform::Key::Escape)});
-    EXPECT_EQ(device.NumberSetting(L"LastPenColor"), 0xFFFFFFu);
+    Edited({Press(IDM_PALETTE_PEN), PaintAnew(), looks(7, 364763077), Tap({4, 4}), Press(IDM_PALETTE_PEN),
+            Tap({4 + 8 * 24 - 1, 4 + 24 - 1}), Press(IDM_PALETTE_PEN), Tap({4 + 8 * 24, 10}), Tap({3, 10}),
+            Press(platform::Key::Escape)});
+    ExpectColors({0xFFFFFF, 0, 0x123456});
     // Memory that is short for the palette, or for its picture.
     shortages_ = 1;
     Edited({WithPictures(0, Press(IDM_PALETTE_PEN)), ExpectTitle(L"a - Inkwright"),
