@@ -15,29 +15,29 @@ bool HasInk(const ink::InkPage& page) { return page.HasInk(); }
 
 struct InkCanvas::Command {
     int id = 0;
+    wchar_t letter = 0;  // with Ctrl
     void (InkCanvas::*handle)() = nullptr;
     // Of the menu's entry only, null: always. One that is posted is carried out all the same: sending an
     // empty note tells the user why it can't be, and an alarm may be set before the first stroke.
     bool (*isOffered)(const ink::InkPage&) = nullptr;
-    wchar_t letter = 0;  // with Ctrl
 };
 
 const InkCanvas::Command InkCanvas::kCommands[] = {
-    {platform::kIdOk, &InkCanvas::Close, nullptr, L'W'},
-    {IDM_NEW_NOTE, &InkCanvas::NewNote, nullptr, L'N'},
-    {IDM_BACKGROUND_COLOR, &InkCanvas::ChooseBackground},
-    {IDM_PEN, &InkCanvas::UsePen, nullptr, L'P'},
-    {IDM_PEN_COLOR_2, &InkCanvas::UseRecentColor2},
-    {IDM_PEN_COLOR_3, &InkCanvas::UseRecentColor3},
-    {IDM_PEN_COLOR_4, &InkCanvas::UseRecentColor4},
-    {IDM_PALETTE_PEN, &InkCanvas::UsePaletteColor},
-    {IDM_SPACE_TOOL, &InkCanvas::UseSpaceTool},
-    {IDM_ERASER, &InkCanvas::UseEraser, nullptr, L'E'},
-    {IDM_FULL_ERASE, &InkCanvas::FullErase},
-    {IDM_TOOLS, &InkCanvas::ShowToolsMenu},
-    {IDM_TEXT_MEMO, &InkCanvas::EditTextMemo},
-    {IDM_SET_ALARM, &InkCanvas::SetAlarmAndExit, HasInk},
-    {IDM_SEND_EMAIL, &InkCanvas::SendAsEmail, HasInk},
+    {platform::kIdOk, L'W', &InkCanvas::Close},
+    {IDM_NEW_NOTE, L'N', &InkCanvas::NewNote},
+    {IDM_BACKGROUND_COLOR, 0, &InkCanvas::ChooseBackground},
+    {IDM_PEN, L'P', &InkCanvas::UsePen},
+    {IDM_PEN_COLOR_2, 0, &InkCanvas::UseRecentColor2},
+    {IDM_PEN_COLOR_3, 0, &InkCanvas::UseRecentColor3},
+    {IDM_PEN_COLOR_4, 0, &InkCanvas::UseRecentColor4},
+    {IDM_PALETTE_PEN, 0, &InkCanvas::UsePaletteColor},
+    {IDM_SPACE_TOOL, 0, &InkCanvas::UseSpaceTool},
+    {IDM_ERASER, L'E', &InkCanvas::UseEraser},
+    {IDM_FULL_ERASE, 0, &InkCanvas::FullErase},
+    {IDM_TOOLS, 0, &InkCanvas::ShowToolsMenu},
+    {IDM_TEXT_MEMO, 0, &InkCanvas::EditTextMemo},
+    {IDM_SET_ALARM, 0, &InkCanvas::SetAlarmAndExit, HasInk},
+    {IDM_SEND_EMAIL, 0, &InkCanvas::SendAsEmail, HasInk},
 };
 
 // A key may come while the pen is down: what is written so far belongs to the page before it is saved or

@@ -164,7 +164,7 @@ TEST_F(TextMemo, TheStripDragsAndTheSquareDeletes) {
     };
     const Script lift{Up({200, 60}), Move({90, 90})};
     const Script script =
-        All({{Down({10, 10}), Move({17, 4}), expectAt(22, 46, true)},
+        All({{Down({10, 10}), Move({17, 4}), Move({10, 10}), expectAt(22, 46, true)},
              lift,
              {expectAt(22, 46, false), Down({189, 20}), Move({190, 22}), expectAt(23, 48, true)},
              lift,
