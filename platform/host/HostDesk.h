@@ -73,6 +73,7 @@ class HostDesk {
     int waitCursors = 0;  // how often it came up
     bool menuBarFails = false;
     bool workersFail = false;
+    bool textEditsFail = false;  // Dialog::MakeTextEdit finds no memory
     ScreenSize screen{480, 640};
 
     // What went wrong in the script itself, such as a window left open at its end. Empty in a good test.

@@ -29,7 +29,7 @@ void Undo(HostItem& edit) {
 }  // namespace
 
 bool Dialog::MakeTextEdit(int id, const Rect& place, bool wordWrap) {
-    if (!Exists()) return false;
+    if (!Exists() || HostDevice::Current().desk.textEditsFail) return false;
     HostItem fresh;
     fresh.isTextEdit = true;
     fresh.wordWrap = wordWrap;

@@ -155,6 +155,17 @@ TEST_F(TextMemo, WordWrapIsStoredAtOnceAndKeepsTheText) {
     EXPECT_EQ(device.NumberSetting(L"TextMemoWordWrap"), 0u);
 }
 
+TEST_F(TextMemo, WithoutMemoryForTheEdit) {
+    shortages_ = 2;
+    const Step expectKept = [this] {
+        EXPECT_FALSE(Edit().wordWrap || Dialog().IsItemChecked(IDC_WORD_WRAP));
+    };
+    Run({Type(L"tea"), [this] { Desk().textEditsFail = true; }, Press(IDC_WORD_WRAP), expectKept,
+         ExpectItem(IDC_MEMO_TEXT, L"tea"), Cancel()});
+    EXPECT_FALSE(device.HasSetting(L"TextMemoWordWrap"));
+    EXPECT_FALSE(Run({})) << "it does not open";
+}
+
 TEST_F(TextMemo, TheStripDragsAndTheSquareDeletes) {
     const auto expectAt = [this](int left, int top, bool hasPen) {
         return [=] {
