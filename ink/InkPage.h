@@ -56,8 +56,9 @@ class InkPage {
     // Most recent first: [0] is the colour given to new strokes.
     std::array<ColorRef, 5> penColors{0x808080, 0x4040FF, 0x40FF40, 0xFF4040, 0xFF40FF};
     ColorRef background = 0x00FFFFFF;
-    int32_t scroll = 0;       // page y of the top of the view
-    bool modified = false;    // set by adding and erasing, cleared by Clear and by the editor after a save
+    int32_t scroll = 0;  // page y of the top of the view
+    bool modified =
+        false;  // set by adding and erasing, cleared by Clear alone: who saves a page clears or closes it
     std::wstring notePath;    // ends in "\" when only the folder of a new note is known
     bool isProposal = false;  // notePath is where the note is to go; nothing of it has reached the disk yet
     std::wstring memo;        // the text memo, as long as it waits for the note's first save

@@ -87,7 +87,7 @@ bool ManagerWindow::IsReadable(const std::wstring& root) {
 // The path that can serve as the root, the default one when it can't. When nor can that, no other place is
 // taken: what is done with notes then fails by itself.
 std::wstring ManagerWindow::UsableRoot(const std::wstring& path) {
-    const std::wstring usual = store::DefaultRoot();
+    std::wstring usual = store::DefaultRoot();
     std::wstring root = store::WithoutTrailingBackslashes(path);
     if (root.empty()) root = usual;
     if (IsReadable(root) || platform::EqualNoCase(root, usual)) return root;

@@ -1,4 +1,5 @@
 // A note from its file and back: names, failures, and what else may happen while a window is to close.
+#include "alarms/NoteAlarm.h"
 #include "editor/InkCanvas.h"
 #include "tests/editor/EditorRig.h"
 
@@ -195,12 +196,15 @@ TEST_F(Saving, AFaultOfAnyWriteLeavesNoPartOfANote) {
                 Press(IDM_NEW_NOTE), ExpectTitle(L"[new] - Inkwright"), ExpectInk({}, {{10, 60}}), Ok()});
 }
 
-TEST_F(Saving, FullEraseDeletesTheNoteAndItsMemoAfterAsking) {
+TEST_F(Saving, FullEraseTakesMemoAndAlarmsAlongAfterAsking) {
     device.files.Put(L"\\Ink\\a.txt", "memo");
+    alarms::SetNoteAlarm(kNote, {2007, 3, 4, 15, 20, 0, 0, 0});
     Edited({ExpectErase(MessageAnswer::No), Press(IDM_FULL_ERASE), ExpectTitle(L"a - Inkwright")});
+    EXPECT_EQ(device.notifications.size(), 1u);
     Run(kNote,
         {ExpectErase(MessageAnswer::Yes), Press(IDM_FULL_ERASE), ExpectTitle(L"[new] - Inkwright"), Ok()});
     EXPECT_THAT(device.files.NamesIn(L"\\Ink"), IsEmpty());
+    EXPECT_THAT(device.notifications, IsEmpty());
 }
 
 // Of a new note with the page until that is saved, else beside the note.
