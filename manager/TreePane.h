@@ -27,7 +27,6 @@ class TreePane {
 
     platform::TreeView& Tree() { return tree_; }
     FolderTree& Folders() { return folders_; }
-    const FolderTree& Folders() const { return folders_; }
 
   private:
     platform::TreeView tree_;
