@@ -1,7 +1,6 @@
 // The painter against the plain one: equal to the pixel, whatever is painted and in whatever order.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <cstdlib>
 
 #include "ink/InkPainter.h"
@@ -100,44 +99,6 @@ TEST(InkPainter, PaintsWhatThePlainPainterDoes) {
             InkPainter::PaintHead(painted.surface, page.background, scroll, clip);
             PlainPaper(wanted, page.background, scroll, clip, true);
         }
-    }
-}
-
-// Pictures that people have looked at. To take them anew after a change that is meant to look different, run
-// this with INKWRIGHT_NEW_GOLDENS=1 in the environment; then look at them again.
-TEST(InkPainter, EveryPenLooksAsInItsGolden) {
-    const struct {
-        const char* name;
-        PenStyle style;
-        double width;
-        ink::ColorRef background, ink;
-    } kScenes[] = {{"smooth-3-black", PenStyle::Smooth, 3.0, 0x000000, 0x40FF40},
-                   {"smooth-10-blue", PenStyle::Smooth, 10.0, 0x803010, 0xE0FFFF},
-                   {"classic-yellow", PenStyle::Classic, 1.0, 0xC0FFFF, 0xFF4040},
-                   {"simple-4-grey", PenStyle::Simple, 4.0, 0x808080, 0x4040FF}};
-    Points loops;
-    for (int i = 0; i <= 44; ++i) {
-        const double turn = i / 44.0 * 6.2831853 * 3;
-        loops.push_back({static_cast<int32_t>(std::lround(14 + i * 1.4 + 9 * std::sin(turn))),
-                         static_cast<int32_t>(std::lround(60 - 15 * std::cos(turn)))});
-    }
-    const Points zigzag{{10, 90}, {18, 82}, {22, 95}, {31, 83}, {35, 96}, {36, 85}};
-    for (const auto& scene : kScenes) {
-        ink::InkPage page;
-        page.bandHeight = 120;
-        page.background = scene.background;
-        for (const Points& line : {loops, zigzag, {{44, 98}, {90, 84}}, {{88, 100}}})
-            sketch::Add(page, line, scene.ink);
-        InkPainter painter;
-        painter.SetPen(scene.style, scene.width);
-        Picture picture(96, page.bandHeight);
-        painter.Repaint(picture.surface, page, 0, picture.surface.Bounds());
-        std::string ppm = "P6\n96 120\n255\n";
-        for (const uint32_t pixel : picture.pixels)
-            for (const int shift : {16, 8, 0}) ppm += static_cast<char>(pixel >> shift & 255);
-        const std::string path = std::string(GOLDENS "/") + scene.name + ".ppm";
-        if (std::getenv("INKWRIGHT_NEW_GOLDENS") != nullptr) std::ofstream(path, std::ios::binary) << ppm;
-        EXPECT_TRUE(sketch::ReadFile(path) == sketch::Bytes(ppm.begin(), ppm.end())) << path;
     }
 }
 

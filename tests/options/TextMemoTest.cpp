@@ -87,17 +87,14 @@ TEST_F(TextMemo, WhatTheButtonsAndFailuresLeave) {
         {nullptr, "tea", true, {}, {tea, Save()}},
         {nullptr, nullptr, true, {}, {Save()}},
         {"jam", nullptr, true, {}, {Type(L""), Save()}},
-        {"jam", "tea", true, {}, {tea, Ok()}},
         {"jam", "tea", true, {}, {tea, TakeOver()}},
         {"jam", "jam", false, {}, {tea, Cancel()}},
-        {"jam", "jam", false, {}, {Type(L""), Press(platform::kIdCancel)}},
         {"jam",
          nullptr,
          false,
          {},
          {deleting, Write({{200, 10}}), tea, Fail({FileCall::Write}), failed, Save(), Cancel()}},
         {"jam", "jam", false, {failOnce(FileCall::Open)}, {tea, no, Save(), Cancel()}},
-        {"jam", "jam", false, {failOnce(FileCall::Open)}, {Type(L""), no, Save(), Cancel()}},
         {"jam", "tea", true, {failOnce(FileCall::Open)}, {tea, yes, Save()}},
         {"", "tea", true, {failOnce(FileCall::Open)}, {tea, Save()}},
         {"jam", "jam", false, {reading, failOnce(FileCall::Read)}, {tea, no, Save(), Cancel()}},
@@ -121,9 +118,11 @@ TEST_F(TextMemo, WhatTheButtonsAndFailuresLeave) {
     EXPECT_FALSE(Run({Type(L"tea"), failed, Save(), ExpectStored(nullptr), Cancel()}))
         << "half a memo is none";
     std::wstring memo = L"kept by the page";
-    EXPECT_TRUE(
-        Run({ExpectItem(IDC_MEMO_TEXT, memo), Type(L"tea"), Save()}, TextMemoDialog::Mode::Text, &memo));
+    EXPECT_TRUE(Run({ExpectItem(IDC_MEMO_TEXT, memo), deleting, Write({{200, 10}}),
+                     ExpectItem(IDC_MEMO_TEXT, L""), Type(L"tea"), Save()},
+                    TextMemoDialog::Mode::Text, &memo));
     EXPECT_EQ(memo, L"tea");
+    EXPECT_FALSE(device.files.Has(kMemo));
 }
 
 TEST_F(TextMemo, HowItLooks) {
@@ -153,16 +152,10 @@ TEST_F(TextMemo, WordWrapIsStoredAtOnceAndKeepsTheText) {
     EXPECT_EQ(Desk().waitCursors, 2) << "reading and wrapping";
     Run(All({{expectWrap(true)}, toggle, {expectWrap(false), Cancel()}}));
     EXPECT_EQ(device.NumberSetting(L"TextMemoWordWrap"), 0u);
-}
-
-TEST_F(TextMemo, WithoutMemoryForTheEdit) {
     shortages_ = 2;
-    const Step expectKept = [this] {
-        EXPECT_FALSE(Edit().wordWrap || Dialog().IsItemChecked(IDC_WORD_WRAP));
-    };
-    Run({Type(L"tea"), [this] { Desk().textEditsFail = true; }, Press(IDC_WORD_WRAP), expectKept,
+    Run({Type(L"tea"), [this] { Desk().textEditsFail = true; }, Press(IDC_WORD_WRAP), expectWrap(false),
          ExpectItem(IDC_MEMO_TEXT, L"tea"), Cancel()});
-    EXPECT_FALSE(device.HasSetting(L"TextMemoWordWrap"));
+    EXPECT_EQ(device.NumberSetting(L"TextMemoWordWrap"), 0u);
     EXPECT_FALSE(Run({})) << "it does not open";
 }
 
@@ -179,25 +172,16 @@ TEST_F(TextMemo, TheStripDragsAndTheSquareDeletes) {
              lift,
              {expectAt(22, 46, false), Down({189, 20}), Move({190, 22}), expectAt(23, 48, true)},
              lift,
-             {Down({190, 10}), Move({100, 10})},
-             lift,
              {Down({10, 21}), Move({30, 60})},
              lift,
              {Down({20, 10}), TakePenAway(), Move({90, 90}), expectAt(23, 48, false)}});
     Put("jam");
     const wchar_t* caption = L"Confirm Text Memo Delete";
-    Run(All({script,
-             {Write({{190, 10}}), Write({{210, 10}}), Write({{200, 0}}), Write({{200, 20}}), Down({20, 10}),
-              Up({200, 10}), ExpectLosing(MessageAnswer::No, caption), Write({{200, 10}}),
-              ExpectItem(IDC_MEMO_TEXT, L"jam"), ExpectLosing(MessageAnswer::Yes, caption), Write({{191, 1}}),
-              ExpectItem(IDC_MEMO_TEXT, L""), ExpectStored(nullptr), Cancel()}}));
-    std::wstring memo = L"tea";
-    Put("jam");
-    Run({ExpectLosing(MessageAnswer::Yes, caption), Write({{200, 10}}), ExpectItem(IDC_MEMO_TEXT, L""),
-         Save()},
-        TextMemoDialog::Mode::Text, &memo);
-    EXPECT_EQ(memo, L"");
-    ExpectStored("jam")();
+    Run(All(
+        {script,
+         {Write({{190, 10}}), Write({{200, 0}}), Write({{200, 20}}), ExpectLosing(MessageAnswer::No, caption),
+          Write({{200, 10}}), ExpectItem(IDC_MEMO_TEXT, L"jam"), ExpectLosing(MessageAnswer::Yes, caption),
+          Write({{191, 1}}), ExpectItem(IDC_MEMO_TEXT, L""), ExpectStored(nullptr), Cancel()}}));
 }
 
 TEST_F(TextMemo, TheClipboardMenu) {
