@@ -62,7 +62,8 @@ Times TimeDrag(const std::vector<Stroke>& strokes, size_t samples) {
         for (const ink::Point p : drag) region.AddSquare(p.x, p.y);
         best.sweep = std::min(best.sweep, Seconds(start));
         start = std::chrono::steady_clock::now();
-        if (ink::EraseStrokes(page, region) != ink::EditResult::Changed) std::abort();
+        ink::StrokeChange change;
+        if (ink::EraseStrokes(page, region, change) != ink::EditResult::Changed) std::abort();
         best.commit = std::min(best.commit, Seconds(start));
     }
     return best;

@@ -57,8 +57,9 @@ void FillPage(ink::InkPage& page, const std::vector<Stroke>& strokes) {
         const auto [low, high] =
             std::minmax_element(stroke.points.begin(), stroke.points.end(),
                                 [](const ink::Point& a, const ink::Point& b) { return a.y < b.y; });
+        ink::StrokeChange change;
         page.AddStroke(stroke.points.data(), static_cast<int32_t>(stroke.points.size()), low->y, high->y,
-                       stroke.color);
+                       stroke.color, change);
     }
 }
 

@@ -34,6 +34,8 @@ const InkCanvas::Command InkCanvas::kCommands[] = {
     {IDM_SPACE_TOOL, 0, &InkCanvas::UseSpaceTool},
     {IDM_ERASER, L'E', &InkCanvas::UseEraser},
     {IDM_FULL_ERASE, 0, &InkCanvas::FullErase},
+    {IDM_UNDO, L'Z', &InkCanvas::Undo},
+    {IDM_REDO, L'Y', &InkCanvas::Redo},
     {IDM_TOOLS, 0, &InkCanvas::ShowToolsMenu},
     {IDM_TEXT_MEMO, 0, &InkCanvas::EditTextMemo},
     {IDM_SET_ALARM, 0, &InkCanvas::SetAlarmAndExit, HasInk},

@@ -1,6 +1,5 @@
 #include "editor/Eraser.h"
 
-#include "ink/PageEdits.h"
 #include "platform/MessageBox.h"
 
 namespace editor {
@@ -47,7 +46,7 @@ void Eraser::ViewMoved(int32_t) {
 }
 
 void Eraser::CutSwept() {
-    memoryShort_ = ink::EraseStrokes(page_, swept_) == ink::EditResult::OutOfMemory || memoryShort_;
+    memoryShort_ = history_.EraseStrokes(swept_) == ink::EditResult::OutOfMemory || memoryShort_;
     swept_.Clear();
 }
 

@@ -2,6 +2,7 @@
 
 #include "editor/DragTool.h"
 #include "editor/PageView.h"
+#include "ink/PageHistory.h"
 #include "ink/SweptRegion.h"
 
 namespace editor {
@@ -10,8 +11,8 @@ namespace editor {
 // lifted. What is swept is kept in page coordinates, so that it stays where the user saw it go.
 class Eraser : public DragTool {
   public:
-    Eraser(platform::Window& window, ink::InkPage& page, PageView& view)
-        : window_(window), page_(page), view_(view) {}
+    Eraser(platform::Window& window, ink::InkPage& page, ink::PageHistory& history, PageView& view)
+        : window_(window), page_(page), history_(history), view_(view) {}
 
     void Begin(ink::Point place) override;
     void Move(const ink::Point* places, size_t count) override;
@@ -28,6 +29,7 @@ class Eraser : public DragTool {
 
     platform::Window& window_;
     ink::InkPage& page_;
+    ink::PageHistory& history_;
     PageView& view_;
     ink::SweptRegion swept_;
     bool memoryShort_ = false;  // told when the pen is lifted: a box would end the drag

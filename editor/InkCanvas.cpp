@@ -1,5 +1,7 @@
 #include "editor/InkCanvas.h"
 
+#include <algorithm>
+
 #include "alarms/AlarmStamp.h"
 #include "alarms/AlarmTimeDialog.h"
 #include "alarms/NoteAlarm.h"
@@ -25,6 +27,7 @@ using platform::MessageButtons;
 using platform::MessageIcon;
 
 constexpr int kCannotOpen = -1;
+constexpr int32_t kRowsAbove = 20;  // of what an undone step brings into sight
 
 }  // namespace
 
@@ -34,8 +37,9 @@ InkCanvas::InkCanvas(store::PenSettings& pen, const Opening& opening)
       titleOverride_(opening.titleOverride),
       alarmStamp_(opening.alarmStamp),
       openedByAlarm_(opening.openedByAlarm),
+      history_(page_),
       view_(*this, page_),
-      input_(*this, page_, view_) {
+      input_(*this, page_, history_, view_) {
     page_.notePath = opening.notePath;
 }
 
@@ -95,8 +99,8 @@ void InkCanvas::ChooseBackground() {
     ink::ColorRef color = page_.background;
     options::ColorPalette palette(color);
     if (!palette.Choose(*this, color) || color == page_.background) return;
-    page_.background = color;
-    page_.modified = true;
+    history_.SetBackground(color);
+    history_.EndStep();
     view_.Redraw();
 }
 
@@ -139,7 +143,35 @@ void InkCanvas::FullErase() {
         store::DeleteNoteFiles(page_.notePath);
         storeChanged_ = true;
     }
-    StartAnew();
+    // Without memory to remember it, it can't be undone.
+    if (history_.RemoveAll() == ink::EditResult::OutOfMemory) return StartAnew();
+    history_.SetMemo(L"");
+    page_.TrimTrailingBands();
+    history_.EndStep();
+    page_.scroll = 0;
+    page_.modified = false;
+    ShowNewNote();
+}
+
+void InkCanvas::Undo() {
+    ink::RowSpan rows;
+    ShowStep(history_.Undo(rows), rows);
+}
+
+void InkCanvas::Redo() {
+    ink::RowSpan rows;
+    ShowStep(history_.Redo(rows), rows);
+}
+
+// What has changed comes into sight.
+void InkCanvas::ShowStep(ink::PageHistory::Result result, const ink::RowSpan& rows) {
+    if (result == ink::PageHistory::Result::OutOfMemory) platform::ShowOutOfMemory(this);
+    if (result != ink::PageHistory::Result::Done) return;
+    view_.Redraw();
+    const int32_t allowed = UpdateScrollRange();
+    const bool isInSight = rows.top > rows.bottom ||
+                           (rows.bottom >= page_.scroll && rows.top < page_.scroll + page_.canvasHeight);
+    ScrollTo(isInSight ? allowed : std::clamp(rows.top - kRowsAbove, 0, GetScroll().maximum));
 }
 
 // A note without a file keeps its memo until it is saved.
@@ -148,8 +180,8 @@ void InkCanvas::EditTextMemo() {
     if (!HasFile(page_)) {
         TextMemoDialog dialog(TextMemoDialog::Mode::Text, page_.memo);
         if (!dialog.Edit(*this)) return;
-        page_.memo = dialog.Memo();
-        page_.modified = true;
+        history_.SetMemo(dialog.Memo());
+        history_.EndStep();
         return;
     }
     const std::wstring path = store::MemoPath(page_.notePath);
@@ -208,7 +240,12 @@ void InkCanvas::ScheduleAlarm() {
 
 // An empty page in the same folder, for a new note there.
 void InkCanvas::StartAnew() {
+    history_.Clear();
     page_.Clear();
+    ShowNewNote();
+}
+
+void InkCanvas::ShowNewNote() {
     ForgetFile(page_);
     view_.Redraw();
     UpdateScrollRange();

@@ -7,7 +7,7 @@
 #include "editor/FileNamePattern.h"
 #include "editor/PageView.h"
 #include "editor/PenInput.h"
-#include "ink/InkPage.h"
+#include "ink/PageHistory.h"
 #include "platform/Screen.h"
 #include "res/resource.h"
 
@@ -63,16 +63,20 @@ class InkCanvas : public platform::Screen {
     void UseSpaceTool();
     void UseEraser();
     void FullErase();
+    void Undo();
+    void Redo();
     void EditTextMemo();
     void SetAlarmAndExit();
     void SendAsEmail();
     void Close();
 
     bool IsOffered(int id) const;
+    void ShowStep(ink::PageHistory::Result result, const ink::RowSpan& rows);
     void UsePenColor(size_t position, ink::ColorRef color);
     bool SaveOrDiscard(bool& discarded);
     void ScheduleAlarm();
     void StartAnew();
+    void ShowNewNote();
     void ShowTitle();
     NoteKind Kind() const { return titleOverride_.empty() ? NoteKind::Ordinary : NoteKind::Reminder; }
 
@@ -88,6 +92,7 @@ class InkCanvas : public platform::Screen {
     bool storeChanged_ = false;
     bool closing_ = false;
     ink::InkPage page_;
+    ink::PageHistory history_;
     PageView view_;
     PenInput input_;
 };

@@ -66,8 +66,8 @@ void InkPen::Append(ink::Point place) {
 // a dot, and what was not painted on the way appears.
 void InkPen::CutStroke() {
     const ink::Rect box = trace_.Box();
-    const ink::AddResult result = page_.AddStroke(trace_.Points(), static_cast<int32_t>(trace_.Count()),
-                                                  box.top, box.bottom, page_.penColors[0]);
+    const ink::AddResult result = history_.AddStroke(trace_.Points(), static_cast<int32_t>(trace_.Count()),
+                                                     box.top, box.bottom, page_.penColors[0]);
     if (result == ink::AddResult::OutOfMemory) return platform::ShowOutOfMemory(&window_);
     view_.FinishStroke({box.left, box.top - page_.scroll, box.right + 1, box.bottom - page_.scroll + 1});
 }

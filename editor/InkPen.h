@@ -5,6 +5,7 @@
 #include "editor/DragTool.h"
 #include "editor/PageView.h"
 #include "editor/PenTrace.h"
+#include "ink/PageHistory.h"
 
 namespace editor {
 
@@ -15,8 +16,8 @@ class InkPen : public DragTool {
     // Positions that one move may bring.
     static constexpr size_t kMaxMoves = 65;
 
-    InkPen(platform::Window& window, ink::InkPage& page, PageView& view)
-        : window_(window), page_(page), view_(view) {}
+    InkPen(platform::Window& window, const ink::InkPage& page, ink::PageHistory& history, PageView& view)
+        : window_(window), page_(page), history_(history), view_(view) {}
 
     void Begin(ink::Point place) override;
     void Move(const ink::Point* places, size_t count) override;
@@ -34,7 +35,8 @@ class InkPen : public DragTool {
     void CutStroke();
 
     platform::Window& window_;
-    ink::InkPage& page_;
+    const ink::InkPage& page_;
+    ink::PageHistory& history_;
     PageView& view_;
 
     ink::Point last_;  // last accepted position, view coordinates

@@ -34,6 +34,7 @@ bool PenInput::PenUp(ink::Point place) {
     PenMove(place);
     if (drag_ == nullptr) return false;
     const LiftResult result = EndDrag().Lift(place);
+    history_.EndStep();
     if (result == LiftResult::Ink) AwaitPause();
     window_.ReleasePen();
     return result == LiftResult::Extent;
@@ -49,7 +50,9 @@ DragTool& PenInput::EndDrag() {
 }
 
 void PenInput::CaptureLost() {
-    if (drag_ != nullptr) EndDrag().GiveUp();
+    if (drag_ == nullptr) return;
+    EndDrag().GiveUp();
+    history_.EndStep();
 }
 
 void PenInput::PaintMarks() {

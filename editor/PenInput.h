@@ -9,16 +9,17 @@
 namespace editor {
 
 // Takes the pen's events to the tool in use: it captures the pen, has a drag go on with the tool that it
-// began with, collects the positions between two events, and waits for the pause after which the page moves
-// on.
+// began with, collects the positions between two events, makes each drag one step of the page's history, and
+// waits for the pause after which the page moves on.
 class PenInput {
   public:
-    PenInput(platform::Window& window, ink::InkPage& page, PageView& view)
+    PenInput(platform::Window& window, ink::InkPage& page, ink::PageHistory& history, PageView& view)
         : window_(window),
           page_(page),
-          pen_(window, page, view),
-          eraser_(window, page, view),
-          space_(window, page, view) {}
+          history_(history),
+          pen_(window, page, history, view),
+          eraser_(window, page, history, view),
+          space_(window, page, history, view) {}
 
     // For the drags to come.
     void UsePen() { tool_ = &pen_; }
@@ -53,6 +54,7 @@ class PenInput {
 
     platform::Window& window_;
     ink::InkPage& page_;
+    ink::PageHistory& history_;
 
     InkPen pen_;
     Eraser eraser_;

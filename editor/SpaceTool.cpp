@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "ink/PageEdits.h"
 #include "platform/MessageBox.h"
 
 namespace editor {
@@ -22,7 +21,7 @@ LiftResult SpaceTool::Lift(ink::Point) {
     Invert();
     const int64_t from = int64_t{page_.scroll} + start_;
     const int64_t rows = int64_t{current_} - start_;
-    const ink::EditResult result = ink::MoveStrokes(page_, from, rows, view_.Reach());
+    const ink::EditResult result = history_.MoveStrokes(from, rows, view_.Reach());
     if (result == ink::EditResult::OutOfMemory) platform::ShowOutOfMemory(&window_);
     if (result != ink::EditResult::Changed) return LiftResult::Nothing;
     if (rows < 0) page_.TrimTrailingBands();

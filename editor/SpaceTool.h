@@ -2,6 +2,7 @@
 
 #include "editor/DragTool.h"
 #include "editor/PageView.h"
+#include "ink/PageHistory.h"
 
 namespace editor {
 
@@ -9,8 +10,8 @@ namespace editor {
 // opens as many blank rows at the first row; dragged up, it closes blank rows above it.
 class SpaceTool : public DragTool {
   public:
-    SpaceTool(platform::Window& window, ink::InkPage& page, PageView& view)
-        : window_(window), page_(page), view_(view) {}
+    SpaceTool(platform::Window& window, ink::InkPage& page, ink::PageHistory& history, PageView& view)
+        : window_(window), page_(page), history_(history), view_(view) {}
 
     void Begin(ink::Point place) override;
     void Move(const ink::Point* places, size_t count) override;
@@ -28,6 +29,7 @@ class SpaceTool : public DragTool {
 
     platform::Window& window_;
     ink::InkPage& page_;
+    ink::PageHistory& history_;
     PageView& view_;
     // View rows. The first may leave the view, the pen's is kept inside it.
     int32_t start_ = 0;

@@ -12,7 +12,7 @@
 #include "ink/InkPainter.h"
 #include "ink/NoteFile.h"
 #include "ink/NoteScanner.h"
-#include "ink/PageEdits.h"
+#include "ink/PageHistory.h"
 
 namespace {
 
@@ -71,17 +71,29 @@ ink::SweptRegion MakeRegion() {
     return region;
 }
 
+std::vector<uint8_t> Save(const ink::InkPage& page) {
+    ink::MemorySink saved;
+    Require(ink::WriteNote(saved, page), "writing to memory");
+    return saved.Bytes();
+}
+
 void Edit(ink::InkPage& page, Care care) {
     const int64_t before = CountPoints(page);
+    page.TrimTrailingBands();
+    const std::vector<uint8_t> unchanged = Save(page);
+    ink::PageHistory history(page);
     for (const int64_t rows : {40, -500, 3000}) {
-        ink::MoveStrokes(page, 20, rows, 2);
+        history.MoveStrokes(20, rows, 2);
         Require(CountPoints(page) == before, "moving loses nothing");
     }
     static const ink::SweptRegion region = MakeRegion();
-    ink::EraseStrokes(page, region);
+    history.EraseStrokes(region);
     Require(CountPoints(page) <= before, "erasing adds nothing");
     page.TrimTrailingBands();
     PaintViews(page, care);
+    ink::RowSpan rows;
+    history.Undo(rows);
+    Require(Save(page) == unchanged, "every edit can be taken back");
 }
 
 // Looks at the strokes as the preview does. The last slot that they are in, or would be filed in anew.
@@ -104,12 +116,6 @@ ink::LoadResult Load(const void* data, size_t size, ink::InkPage& page) {
     ink::NoteFileHeader header;
     return ink::ReadNoteHeader(source, header) ? ink::ReadNoteBody(source, header, page)
                                                : ink::LoadResult::Damaged;
-}
-
-std::vector<uint8_t> Save(const ink::InkPage& page) {
-    ink::MemorySink saved;
-    Require(ink::WriteNote(saved, page), "writing to memory");
-    return saved.Bytes();
 }
 
 void LoadAndSave(const uint8_t* data, size_t size, int32_t bandHeight, Care care) {

@@ -11,6 +11,7 @@
 #include "ink/Color.h"
 #include "ink/PenStyle.h"
 #include "ink/StrokeBand.h"
+#include "ink/StrokeChange.h"
 #include "ink/StrokePool.h"
 #include "ink/StrokeRecord.h"
 
@@ -24,13 +25,14 @@ struct StrokeRun {
     int32_t count;
 };
 
-// How some records of a band fall apart.
+// How some records of a slot fall apart.
 struct BandCuts {
     struct Cut {
         size_t index;  // of the record in its band, in ascending order
         size_t runs;   // how many pieces stay of it; none: it goes
     };
-    std::vector<Cut> cuts;
+    size_t slot = 0;
+    std::vector<Cut> cuts;        // at least one
     std::vector<StrokeRun> runs;  // of all cuts, one after another
 };
 
@@ -41,7 +43,7 @@ struct SlotRange {
 };
 
 // Coordinates are device pixels; page y is measured from the top of the note, independent of scrolling.
-// No member throws; none shows anything to the user.
+// No public member throws; none shows anything to the user.
 class InkPage {
   public:
     // Strokes beyond this slot are refused: no real page is half a million screens tall.
@@ -72,9 +74,30 @@ class InkPage {
     // Drops every stroke and slot and the memo; scroll 0; not modified. Colours, pen and path stay.
     void Clear();
 
+    // The edits. Each is made whole, sets `modified` and fills an empty `change`, with which it can be taken
+    // back; on failure (memory is short, or the page would get too long) the page holds what it held before
+    // and `change` is empty.
+
     // Files a new stroke of `count` points in page coordinates, whose smallest and largest page y are `top`
-    // and `bottom`. Sets `modified` in every case. On OutOfMemory the page holds what it held before.
-    AddResult AddStroke(const Point* points, int32_t count, int32_t top, int32_t bottom, ColorRef color);
+    // and `bottom`. Sets `modified` in every case.
+    AddResult AddStroke(const Point* points, int32_t count, int32_t top, int32_t bottom, ColorRef color,
+                        StrokeChange& change);
+    // Puts new records that hold runs of its points (offset and colour are kept, the y range is each run's
+    // own) in the place of each record that is cut.
+    bool CutRecords(const std::vector<BandCuts>& cuts, StrokeChange& change);
+    // Moves every stroke whose smallest y is at least `fromY` by `rows` (down when positive) and files it
+    // anew; strokes that meet in a band keep their drawing order.
+    bool ShiftStrokes(int64_t fromY, int64_t rows, StrokeChange& change);
+    // Takes every record off the page.
+    bool RemoveAll(StrokeChange& change);
+
+    // Makes a change that is not made, or takes back the last one that is. False, with the page untouched,
+    // when memory is short. Sets `modified`.
+    bool Make(const StrokeChange& change) { return Splice(change, true); }
+    bool TakeBack(const StrokeChange& change) { return Splice(change, false); }
+    // Nobody will make or take back the change any more: the memory of the records that are not on the page
+    // serves later strokes.
+    void Forget(const StrokeChange& change, bool isMade);
 
     // The slot of a stroke covering rows minY..maxY: the sum of the bands of its first and last row; never
     // below 0.
@@ -86,8 +109,8 @@ class InkPage {
     // Makes slots up to and including `slot` exist, new ones without a band. False when memory is short or
     // the slot is beyond kMaxSlot.
     bool EnsureSlot(int64_t slot);
-    // Drops slots from the end up to the last one that holds a record.
-    void TrimTrailingBands();
+    // Drops slots from the end up to the last one that holds a record, but none of the first `least`.
+    void TrimTrailingBands(size_t least = 0);
     // Whether any slot holds a record.
     bool HasInk() const;
 
@@ -99,16 +122,6 @@ class InkPage {
     // bands may lie in a slot that is not looked through; the pen cannot make one.
     template <typename Visitor>
     void VisitStrokes(int64_t top, int64_t bottom, Visitor&& visit) const;
-
-    // Puts new records that hold runs of its points (offset and colour are kept, the y range is each run's
-    // own) in the place of each record that is cut. Sets `modified`. False, with the band untouched, when
-    // memory is short.
-    bool CutRecords(size_t slot, const BandCuts& cuts);
-
-    // Moves every stroke whose smallest y is at least `fromY` by `rows` (down when positive) and files it
-    // anew; strokes that meet in a band keep their drawing order. Sets `modified`. False, with nothing moved,
-    // when memory is short or a stroke would leave the page.
-    bool ShiftStrokes(int64_t fromY, int64_t rows);
 
     // For the note reader: the memory of the records, and filing a record that lies in it at the end of a
     // slot's band. Neither touches `modified`.
@@ -122,7 +135,13 @@ class InkPage {
 
     int64_t BandOf(int64_t y) const { return y / (bandHeight > 0 ? bandHeight : 1); }
     bool FileMoved(int64_t fromY, int64_t rows, Slots& shifted) const;
-    void AppendTo(Slots& slots, StrokeRecord* record, int64_t slot) const;
+    static void AppendTo(Slots& slots, StrokeRecord* record, int64_t slot);
+    bool PlanCuts(const BandCuts& cuts, StrokeChange& change);
+    void PlanShift(const Slots& shifted, int64_t fromY, int32_t rows, StrokeChange& change) const;
+    bool MakeRoomFor(const StrokeChange& change, bool forward);
+    bool Splice(const StrokeChange& change, bool forward);
+    // Gives up a change that was not made.
+    bool Refuse(StrokeChange& change);
 
     Slots slots_;
     StrokePool pool_;

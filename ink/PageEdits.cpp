@@ -24,8 +24,11 @@ bool FindRuns(const StrokeRecord& record, const SweptRegion& region, std::vector
     return true;
 }
 
-BandCuts CutsOf(const StrokeBand& band, const SweptRegion& region) {
+BandCuts CutsOf(const InkPage& page, size_t slot, const SweptRegion& region) {
     BandCuts found;
+    found.slot = slot;
+    if (page.Band(slot) == nullptr) return found;
+    const StrokeBand& band = *page.Band(slot);
     for (size_t i = 0; i < band.Count(); ++i) {
         const StrokeRecord& record = band.At(i);
         if (record.count < 1 || record.maxY < region.Top() || record.minY > region.Bottom()) continue;
@@ -64,31 +67,28 @@ Seam FindSeam(const InkPage& page, int64_t from, int32_t reach) {
 
 }  // namespace
 
-EditResult EraseStrokes(InkPage& page, const SweptRegion& region) {
+EditResult EraseStrokes(InkPage& page, const SweptRegion& region, StrokeChange& change) {
     if (region.IsEmpty()) return EditResult::NothingToDo;
     const SlotRange slots = page.SlotsFor(region.Top(), region.Bottom());
-    EditResult result = EditResult::NothingToDo;
-    for (int64_t slot = slots.last; slot >= slots.first; --slot) {
-        const StrokeBand* band = page.Band(static_cast<size_t>(slot));
-        if (band == nullptr) continue;
-        try {
-            const BandCuts cuts = CutsOf(*band, region);
-            if (cuts.cuts.empty()) continue;
-            if (!page.CutRecords(static_cast<size_t>(slot), cuts)) return EditResult::OutOfMemory;
-            result = EditResult::Changed;
-        } catch (const std::exception&) {
-            return EditResult::OutOfMemory;
+    std::vector<BandCuts> cuts;
+    try {
+        for (int64_t slot = slots.first; slot <= slots.last; ++slot) {
+            BandCuts found = CutsOf(page, static_cast<size_t>(slot), region);
+            if (!found.cuts.empty()) cuts.push_back(std::move(found));
         }
+    } catch (const std::exception&) {
+        return EditResult::OutOfMemory;
     }
-    return result;
+    if (cuts.empty()) return EditResult::NothingToDo;
+    return page.CutRecords(cuts, change) ? EditResult::Changed : EditResult::OutOfMemory;
 }
 
-EditResult MoveStrokes(InkPage& page, int64_t from, int64_t rows, int32_t reach) {
+EditResult MoveStrokes(InkPage& page, int64_t from, int64_t rows, int32_t reach, StrokeChange& change) {
     const Seam seam = FindSeam(page, from, reach);
     if (seam.NothingBelow()) return EditResult::NothingToDo;
     const int64_t distance = std::max(rows, -seam.BlankRows());
     if (distance == 0) return EditResult::NothingToDo;
-    return page.ShiftStrokes(from, distance) ? EditResult::Changed : EditResult::OutOfMemory;
+    return page.ShiftStrokes(from, distance, change) ? EditResult::Changed : EditResult::OutOfMemory;
 }
 
 }  // namespace ink

@@ -63,6 +63,9 @@
 #define IDM_SET_ALARM 32908
 #define IDM_TEXT_MEMO 32911
 #define IDM_SEND_EMAIL 32913
+// In the frame's own menu, where commands are multiples of 16.
+#define IDM_UNDO 33104
+#define IDM_REDO 33120
 
 // Commands of the manager; some stand in the editor's menus as well
 #define IDM_ADD_NOTE 32801

@@ -26,8 +26,9 @@ class Mail : public EditorTest {
         for (uint32_t i = 0; i < count; ++i) {
             const int top = 20 + static_cast<int>(i * 600 / count);
             const Point points[] = {{10, top}, {100, top + 30}, {200, top + 7}};
+            ink::StrokeChange change;
             page.AddStroke(points, 3, top, top + 30,
-                           ink::MakeColor(i * 251 / count, 255 - i * 251 / count, i % 2 * 200));
+                           ink::MakeColor(i * 251 / count, 255 - i * 251 / count, i % 2 * 200), change);
         }
         ink::MemorySink sink;
         ink::WriteNote(sink, page);

@@ -7,7 +7,7 @@
 #include <new>
 
 #include "ink/InkPainter.h"
-#include "ink/PageEdits.h"
+#include "ink/PageHistory.h"
 #include "tests/ink/Sketch.h"
 
 using testing_support::Fault;
@@ -55,11 +55,16 @@ TEST(MemoryShortage, APageIsChangedWholeOrNotAtAll) {
     const ink::Point points[] = {{1, 500}, {2, 510}};
     const sketch::Bytes file = sketch::ReadFixture("version-5");
     const std::function<bool(InkPage&)> edits[] = {
-        [&](InkPage& page) { return page.AddStroke(points, 2, 500, 510, 0) == ink::AddResult::Added; },
-        [](InkPage& page) { return page.ShiftStrokes(200, 300); },
+        [&](InkPage& page) {
+            return ink::PageHistory(page).AddStroke(points, 2, 500, 510, 0) == ink::AddResult::Added;
+        },
+        [](InkPage& page) {
+            return ink::PageHistory(page).MoveStrokes(200, 300, 0) == ink::EditResult::Changed;
+        },
         [](InkPage& page) {
             ink::SweptRegion region;
-            return region.AddSquare(60, 105) && ink::EraseStrokes(page, region) == ink::EditResult::Changed;
+            return region.AddSquare(60, 105) &&
+                   ink::PageHistory(page).EraseStrokes(region) == ink::EditResult::Changed;
         },
         [&](InkPage&) {
             InkPage loaded;
@@ -91,6 +96,29 @@ TEST(MemoryShortage, APageIsChangedWholeOrNotAtAll) {
             EXPECT_EQ(sketch::Describe(page), sketch::Describe(edited));
         });
     }
+}
+
+// Without memory to remember it a step stays done, and without memory to take it back too; no stroke is lost.
+TEST(MemoryShortage, AStepIsTakenBackWholeOrNotAtAll) {
+    const int allocations = SweepFaults([](Fault& fault) {
+        InkPage page;
+        sketch::Add(page, {{5, 500}});
+        const auto full = sketch::Describe(page);
+        ink::PageHistory history(page);
+        ink::RowSpan rows;
+        using Result = ink::PageHistory::Result;
+        const bool isErased = With(fault, [&] { return history.RemoveAll() == ink::EditResult::Changed; });
+        const Result result = With(fault, [&] {
+            page.TrimTrailingBands();
+            history.EndStep();
+            return history.Undo(rows);
+        });
+        EXPECT_EQ(page.HasInk(), !isErased || result == Result::Done);
+        EXPECT_EQ(isErased && result == Result::Done, !fault.HasStruck());
+        if (result == Result::OutOfMemory) history.Undo(rows);
+        EXPECT_TRUE(!page.HasInk() || sketch::Describe(page) == full);
+    });
+    EXPECT_GT(allocations, 4);
 }
 
 TEST(MemoryShortage, SavingNeedsNoneAndTellsOfEveryWriteThatFails) {

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "ink/PageEdits.h"
+#include "ink/PageHistory.h"
 #include "tests/ink/Sketch.h"
 
 namespace {
@@ -84,6 +84,8 @@ TEST(PageEdits, AreWhatTheSlowModelsSay) {
     for (int step = 0; step < 600; ++step) {
         InkPage page;
         FillAtRandom(page, dice);
+        ink::PageHistory history(page);
+        ink::RowSpan rows;
         for (int edits = 0; edits < 2; ++edits) {
             const Lines before = Describe(page);
             Strokes wanted;
@@ -98,16 +100,16 @@ TEST(PageEdits, AreWhatTheSlowModelsSay) {
                 ink::SweptRegion region;
                 for (const Point& p : drag) ASSERT_TRUE(region.AddSquare(p.x, p.y));
                 wanted = Erased(sketch::StrokesOf(page), drag);
-                result = ink::EraseStrokes(page, region);
+                result = history.EraseStrokes(region);
             } else {
                 const int32_t from = dice(0, 500);
-                const int32_t rows = dice(-250, 250);
+                const int32_t distance = dice(-250, 250);
                 const int32_t reach = dice(0, 9);
-                wanted = Moved(sketch::StrokesOf(page, true), from, rows, reach);
-                result = ink::MoveStrokes(page, from, rows, reach);
+                wanted = Moved(sketch::StrokesOf(page, true), from, distance, reach);
+                result = history.MoveStrokes(from, distance, reach);
             }
             const bool changes = Describe(wanted) != before;
-            ASSERT_EQ(Describe(page), Describe(wanted)) << step;
+            ASSERT_TRUE(Describe(page) == Describe(wanted)) << step;
             ASSERT_EQ(result, changes ? EditResult::Changed : EditResult::NothingToDo) << step;
             ASSERT_EQ(page.modified, changes) << step;
             changed += changes ? 1 : 0;
@@ -133,7 +135,8 @@ TEST(PageEdits, NothingGoesBeyondTheLongestPage) {
         page.bandHeight = c.bandHeight;
         sketch::File(page, {0, c.offset, 1, {{0, c.y}}, c.y, c.y});
         const Lines before = Describe(page);
-        const EditResult result = ink::MoveStrokes(page, 0, c.rows, 3);
+        ink::StrokeChange change;
+        const EditResult result = ink::MoveStrokes(page, 0, c.rows, 3, change);
         EXPECT_EQ(result, c.isRefused ? EditResult::OutOfMemory : EditResult::Changed) << c.rows;
         EXPECT_EQ(Describe(page) == before, c.isRefused) << c.rows;
     }
@@ -150,7 +153,7 @@ TEST(PageEdits, NothingGoesBeyondTheLongestPage) {
     }
 }
 
-TEST(InkPage, TrimmedCutAndClearedNothingIsLeft) {
+TEST(InkPage, TrimmedAndClearedNothingIsLeft) {
     InkPage page;
     page.bandHeight = 10;
     page.memo = L"memo";
@@ -160,28 +163,106 @@ TEST(InkPage, TrimmedCutAndClearedNothingIsLeft) {
     for (const int32_t y : {25, 55}) sketch::Add(page, {{0, y}});
     ASSERT_TRUE(page.EnsureSlot(20) && page.EnsureSlot(3) && page.EnsureSlot(-1));
     EXPECT_EQ(page.SlotCount(), 21u);
-    EXPECT_EQ(ink::MoveStrokes(page, 0, 1, 0), EditResult::Changed);
-    EXPECT_EQ(page.SlotCount(), 21u);
-    ASSERT_TRUE(page.CutRecords(10, {{{0, 0}}, {}}));
+    page.TrimTrailingBands(15);
+    EXPECT_EQ(page.SlotCount(), 15u);
     page.TrimTrailingBands();
-    EXPECT_EQ(page.SlotCount(), 5u);
-    for (const size_t noBand : {0u, 5u}) EXPECT_FALSE(page.CutRecords(noBand, {}));
+    EXPECT_EQ(page.SlotCount(), 11u);
     for (int i = 0; i < 2000; ++i) {
-        EXPECT_TRUE(page.HasInk());
-        ASSERT_TRUE(page.CutRecords(4, {{{0, 0}}, {}}));
-        EXPECT_FALSE(page.HasInk());
+        ink::StrokeChange change;
+        EXPECT_TRUE(page.HasInk() && page.RemoveAll(change) && !page.HasInk());
+        page.Forget(change, true);
         sketch::Add(page, Points(100, {0, 25}));
     }
     EXPECT_EQ(page.Pool().Capacity(), ink::StrokePool::kFirstChunk) << "erased memory serves later strokes";
-    ASSERT_TRUE(page.CutRecords(4, {{{0, 0}}, {}}));
     page.Clear();
     EXPECT_EQ(page.SlotCount() + page.Pool().Capacity(), 0u);
     EXPECT_TRUE(!page.modified && page.scroll == 0 && page.memo.empty());
-    EXPECT_EQ(page.AddStroke(nullptr, 0, 0, 0, 0), AddResult::NothingToAdd);
+    EXPECT_EQ(sketch::Add(page, {}), AddResult::NothingToAdd);
     EXPECT_TRUE(page.modified);
     sketch::Add(page, Points(100, {0, 25}));
     EXPECT_EQ(page.Pool().Capacity(), ink::StrokePool::kFirstChunk)
         << "nor does any from before the clearing";
+}
+
+// What a page is, as far as a person can tell, and where its view ends.
+Lines Whole(const InkPage& page) {
+    Lines whole = Describe(page);
+    whole.push_back(std::to_string(page.SlotCount()) + " " + std::to_string(page.background) + " " +
+                    std::to_string(page.memo.size()));
+    return whole;
+}
+
+// A drag or a command at random; some do nothing.
+void ChangeAtRandom(ink::PageHistory& history, InkPage& page, Dice& dice) {
+    ink::SweptRegion region;
+    const int32_t top = dice(0, 400);
+    const int kind = dice(0, 9);
+    for (int i = dice(1, 3); i > 0 && kind < 5; --i) {
+        const Stroke stroke =
+            Stroke{0, 0, 9, dice.Line(dice(1, 60), 12, {0, top, 140, top + kBand})}.MeasureRows();
+        history.AddStroke(stroke.points.data(), static_cast<int32_t>(stroke.points.size()), stroke.top,
+                          stroke.bottom, stroke.color);
+    }
+    if (kind == 5 || kind == 6) {
+        for (const Point& p : dice.Line(30, 15, {0, top, 150, top + 200})) region.AddSquare(p.x, p.y);
+        if (history.EraseStrokes(region) == EditResult::Changed) page.TrimTrailingBands();
+    }
+    if (kind == 7) history.MoveStrokes(top, dice(-250, 250), 3);
+    if (kind == 8) history.SetBackground(static_cast<ink::ColorRef>(dice(0, 3)));
+    if (kind == 9 && dice(0, 3) == 0) history.RemoveAll();
+    if (kind == 9) history.SetMemo(std::wstring(static_cast<size_t>(dice(0, 3)), L'm'));
+    if (kind == 0) page.EnsureSlot(dice(0, 20));  // the view went on
+    history.EndStep();
+}
+
+struct StepCounter : ink::StepListener {
+    void OnStep(const ink::PageStep&, ink::StepWay) override { ++steps; }
+    int steps = 0;
+};
+
+TEST(PageHistory, EveryStepCanBeTakenBackAndMadeAgain) {
+    using Result = ink::PageHistory::Result;
+    for (uint32_t seed = 1; seed <= 30; ++seed) {
+        Dice dice(seed);
+        const bool isBounded = seed % 3 == 0;
+        InkPage page;
+        FillAtRandom(page, dice);
+        ink::PageHistory history(page, isBounded ? 20000 : ink::PageHistory::kMostBytes);
+        StepCounter counter;
+        history.SetListener(&counter);
+        std::vector<Lines> past{Whole(page)}, future;
+        ink::RowSpan rows;
+        for (int step = 0; step < 200; ++step) {
+            SCOPED_TRACE(testing::Message() << seed << " " << step);
+            page.modified = false;
+            const int way = dice(0, 3);
+            const int steps = counter.steps;
+            if (way == 0 && history.CanUndo()) {
+                ASSERT_EQ(history.Undo(rows), Result::Done);
+                future.push_back(past.back());
+                past.pop_back();
+            } else if (way == 1 && history.CanRedo()) {
+                ASSERT_EQ(history.Redo(rows), Result::Done);
+                past.push_back(future.back());
+                future.pop_back();
+            } else {
+                ChangeAtRandom(history, page, dice);
+                if (counter.steps == steps) continue;
+                past.push_back(Whole(page));
+                future.clear();
+            }
+            ASSERT_EQ(counter.steps, steps + 1);
+            ASSERT_TRUE(Whole(page) == past.back());
+            ASSERT_TRUE(page.modified);
+            ASSERT_EQ(history.CanRedo(), !future.empty());
+            ASSERT_TRUE(isBounded || history.CanUndo() == (past.size() > 1));
+        }
+        ASSERT_TRUE(!isBounded || past.size() > 4) << "the oldest are dropped";
+        while (history.Undo(rows) == Result::Done) past.pop_back();
+        ASSERT_EQ(past.size() == 1, !isBounded);
+        history.Clear();
+        EXPECT_TRUE(!history.CanRedo() && history.Redo(rows) == Result::NothingToDo);
+    }
 }
 
 }  // namespace

@@ -74,8 +74,9 @@ inline Lines Describe(const ink::InkPage& page) { return Describe(StrokesOf(page
 
 inline ink::AddResult Add(ink::InkPage& page, const Points& points, ink::ColorRef color = 0) {
     const Stroke stroke = Stroke{0, 0, color, points}.MeasureRows();
+    ink::StrokeChange change;
     return page.AddStroke(points.data(), static_cast<int32_t>(points.size()), stroke.top, stroke.bottom,
-                          color);
+                          color, change);
 }
 
 // Adds a stroke as only a file may hold it: with an offset, or without points.
