@@ -26,15 +26,15 @@ std::wstring FreePath(const std::wstring& folder, const std::wstring& name) {
 }
 
 // A name with a separator would put the note somewhere else than the user sees.
-platform::File CreateNamed(const std::wstring& folder, const std::wstring& name, std::wstring& path) {
+store::SafeFile CreateNamed(const std::wstring& folder, const std::wstring& name, std::wstring& path) {
     if (name.empty() || name.find(L'\\') != std::wstring::npos) return {};
     path = FreePath(folder, name);
-    return platform::File::Create(path);
+    return store::SafeFile::At(path);
 }
 
 }  // namespace
 
-platform::File CreateNewNoteFile(platform::Window* owner, NoteKind kind, std::wstring& notePath) {
+store::SafeFile CreateNewNoteFile(platform::Window* owner, NoteKind kind, std::wstring& notePath) {
     std::wstring folder = notePath;
     if (folder.empty()) {
         folder = store::DefaultRoot() + L"\\" + store::kNewNotesFolder + L"\\";
@@ -48,7 +48,7 @@ platform::File CreateNewNoteFile(platform::Window* owner, NoteKind kind, std::ws
             return {};
         }
         std::wstring path;
-        platform::File file = CreateNamed(folder, dialog.Name(), path);
+        store::SafeFile file = CreateNamed(folder, dialog.Name(), path);
         if (file.IsOpen()) {
             notePath = path;
             return file;

@@ -36,18 +36,13 @@ bool ReadNote(platform::Window* owner, ink::InkPage& page) {
     return result == ink::LoadResult::Loaded;
 }
 
-platform::File CreateNoteFile(platform::Window* owner, NoteKind kind, ink::InkPage& page) {
+store::SafeFile OpenNoteFile(platform::Window* owner, NoteKind kind, ink::InkPage& page) {
     if (!store::NamesFile(page.notePath)) {
         page.isProposal = true;
         return CreateNewNoteFile(owner, kind, page.notePath);
     }
     if (page.isProposal) page.notePath = store::FreeNotePath(page.notePath);
-    return platform::File::Create(page.notePath);
-}
-
-bool WriteAndClose(platform::File file, const ink::InkPage& page) {
-    store::FileSink sink(file);
-    return ink::WriteNote(sink, page);
+    return store::SafeFile::At(page.notePath);
 }
 
 }  // namespace
@@ -68,12 +63,10 @@ bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page) {
         const bool hasMemoFolder = !page.notePath.empty() && !page.memo.empty();
         if (!page.HasInk() && !hasMemoFolder) return true;
     }
-    platform::File file = CreateNoteFile(owner, kind, page);
-    if (!file.IsOpen()) return false;
-    if (!WriteAndClose(std::move(file), page)) {
-        platform::EraseFile(page.notePath);
-        return false;
-    }
+    store::SafeFile file = OpenNoteFile(owner, kind, page);
+    if (!file.IsOpen() || !ink::WriteNote(file, page)) return false;
+    if (!(page.isProposal ? file.CommitToFreePlace() : file.Commit())) return false;
+    page.notePath = file.Path();
     // The user is told when the memo fails; the ink is safe all the same.
     if (!page.memo.empty()) store::MemoFile(store::MemoPath(page.notePath)).Write(owner, page.memo);
     return true;

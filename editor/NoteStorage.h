@@ -20,7 +20,7 @@ bool HasFile(const ink::InkPage& page);
 // Writes the page to its file; a note without one is named by the user first. A proposed path that somebody
 // else has taken meanwhile gives way to the next free one. An empty new note writes nothing and succeeds. The
 // memo that waits is written beside the note; the page is cleared or gone after that. False when the note is
-// not on disk; a half-written file is removed.
+// not on disk: then an older version of it is what it was.
 bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page);
 
 // Cuts a note path back to its folder: a path without "\" becomes empty.

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "app/store/NoteFiles.h"
+#include "app/store/SafeFile.h"
 #include "app/store/StorePaths.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
@@ -35,7 +36,7 @@ CopyResult CopyFile(platform::Window* owner, const std::wstring& source, const s
         if (answer == MessageAnswer::No) return CopyResult::Done;
         if (answer != MessageAnswer::Yes) return CopyResult::Cancelled;
     }
-    if (platform::CopyFileTo(source, destination)) return CopyResult::Done;
+    if (store::CopySafely(source, destination)) return CopyResult::Done;
     ShowCopyFailure(owner, source);
     return CopyResult::Failed;
 }

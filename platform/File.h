@@ -31,6 +31,8 @@ class File {
     // True when all bytes were taken.
     bool Write(const void* bytes, size_t size);
     bool Size(uint64_t& bytes);
+    // What was written is on the disk, and would survive a power cut. May take long.
+    bool Flush();
 
     // Why the last open, read or write failed.
     FileError Error() const;

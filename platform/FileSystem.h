@@ -45,7 +45,11 @@ bool MakeFolder(const std::wstring& path);  // one level; never a storage
 bool DropFolder(const std::wstring& path);  // must be empty
 bool EraseFile(const std::wstring& path);
 bool MoveEntry(const std::wstring& from, const std::wstring& to);   // file or folder; never overwrites
-bool CopyFileTo(const std::wstring& from, const std::wstring& to);  // overwrites
+bool CopyFileTo(const std::wstring& from, const std::wstring& to);  // overwrites; the copy is on the disk
+// Puts the file `from` in the place of the file `to` of the same folder in one step: whoever looks finds the
+// old one or the new one, whole. It takes over the attributes of the old one. Without an old one it is a
+// MoveEntry. On failure both are what they were.
+bool PutInPlace(const std::wstring& from, const std::wstring& to);
 
 // Bytes that the caller may still use on the storage that holds `folder`.
 bool FreeBytes(const std::wstring& folder, uint64_t& bytes);

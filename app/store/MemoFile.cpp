@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "app/store/SafeFile.h"
 #include "app/store/StorePaths.h"
 #include "platform/File.h"
 #include "platform/FileSystem.h"
@@ -30,10 +31,11 @@ std::wstring MemoFile::Read(platform::Window* owner) {
     {
         const platform::WaitCursor wait;
         try {
-            result = ReadBytes(before_);
-            const size_t end = result == Result::Done ? before_.find('\0') : 0;
-            if (end < before_.size()) rest_ = before_.substr(end);
-            const bool isText = platform::FromAnsi(before_.substr(0, end), text);
+            std::string bytes;
+            result = ReadBytes(bytes);
+            const size_t end = result == Result::Done ? bytes.find('\0') : 0;
+            if (end < bytes.size()) rest_ = bytes.substr(end);
+            const bool isText = platform::FromAnsi(bytes.substr(0, end), text);
             if (!isText) result = Result::OutOfMemory;
         } catch (const std::bad_alloc&) {
             result = Result::OutOfMemory;
@@ -41,9 +43,7 @@ std::wstring MemoFile::Read(platform::Window* owner) {
     }
     isUnread_ = isUnread_ || result != Result::Done;
     if (isUnread_) {
-        existed_ = false;  // as far as it could be brought back
         text.clear();
-        before_.clear();
         rest_.clear();
     }
     if (result == Result::Failed) ShowFailure(owner, L"Reading Text Memo Failed!");
@@ -53,7 +53,6 @@ std::wstring MemoFile::Read(platform::Window* owner) {
 
 MemoFile::Result MemoFile::ReadBytes(std::string& bytes) {
     platform::File file = platform::File::OpenForReading(path_);
-    existed_ = file.IsOpen();
     isUnread_ = !file.IsOpen() && store::IsFile(path_);
     uint64_t size = 0;
     if (!file.IsOpen()) return Result::Done;
@@ -84,34 +83,19 @@ bool MemoFile::Write(platform::Window* owner, const std::wstring& text) {
     return result == Result::Done;
 }
 
-// The bytes are ready before the file is emptied: short memory costs no memo.
 MemoFile::Result MemoFile::WriteBytes(const std::wstring& text) {
     std::string bytes;
     if (!platform::ToAnsi(text, bytes)) return Result::OutOfMemory;
     bytes += rest_;
-    platform::File file = platform::File::Create(path_);
-    if (!file.IsOpen()) return Result::Failed;
-    if (file.Write(bytes.data(), bytes.size())) return Result::Done;
-    file.Close();
-    Restore();
-    return Result::Failed;
-}
-
-// There was room for it before.
-void MemoFile::Restore() const {
-    if (!existed_) {
-        platform::EraseFile(path_);
-        return;
-    }
-    platform::File file = platform::File::Create(path_);
-    if (file.IsOpen()) file.Write(before_.data(), before_.size());
+    SafeFile file = SafeFile::At(path_);
+    const bool isWritten = file.IsOpen() && file.Write(bytes.data(), bytes.size()) && file.Commit();
+    return isWritten ? Result::Done : Result::Failed;
 }
 
 void MemoFile::Erase() {
     platform::EraseFile(path_);
-    before_.clear();
     rest_.clear();
-    existed_ = isUnread_ = false;
+    isUnread_ = false;
 }
 
 // What stays behind the text is lost only with the whole file.

@@ -20,7 +20,6 @@ class MemoFile {
     // Replaces the memo by a text that is not empty. False when that failed, which the user was told; the
     // memo is then what it was when it was read. What Read could not show stays behind the text.
     bool Write(platform::Window* owner, const std::wstring& text);
-    // It does not come back when a Write fails.
     void Erase();
 
     // Asked before a text replaces the file. `unseen`: the file holds something that Read did not give and
@@ -33,12 +32,10 @@ class MemoFile {
 
     Result ReadBytes(std::string& bytes);
     Result WriteBytes(const std::wstring& text);
-    void Restore() const;
 
     std::wstring path_;
-    std::string before_;  // the whole file as it was read
-    std::string rest_;    // its part that can't be shown: no text control shows what follows a zero
-    bool existed_ = false;
+    std::string
+        rest_;  // of the file as it was read, what can't be shown: no text control shows what follows a zero
     bool isUnread_ = false;
 };
 

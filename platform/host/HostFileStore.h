@@ -15,7 +15,20 @@ namespace platform::host {
 // Upper case for comparing file names, whatever locale the test machine has: ASCII and Latin-1.
 wchar_t UpperCase(wchar_t unit);
 
-enum class FileCall { Open, Create, Read, Write, List, MakeFolder, DropFolder, Erase, Move, Copy };
+enum class FileCall {
+    Open,
+    Create,
+    Read,
+    Write,
+    Flush,
+    List,
+    MakeFolder,
+    DropFolder,
+    Erase,
+    Move,
+    Copy,
+    Replace
+};
 
 struct FileNode {
     std::wstring name;  // as it was created

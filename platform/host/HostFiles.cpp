@@ -129,6 +129,12 @@ bool File::Size(uint64_t& bytes) {
     return true;
 }
 
+bool File::Flush() {
+    if (impl_ == nullptr || !impl_->writing) return false;
+    impl_->error = FaultAt(FileCall::Flush, impl_->path);
+    return impl_->error == FileError::None;
+}
+
 FileError File::Error() const { return impl_ == nullptr ? openError_ : impl_->error; }
 
 void File::Close() { impl_.reset(); }
@@ -240,6 +246,18 @@ bool CopyFileTo(const std::wstring& from, const std::wstring& to) {
     const std::string bytes = source->bytes;
     File file = File::Create(to);
     return file.IsOpen() && file.Write(bytes.data(), bytes.size());
+}
+
+bool PutInPlace(const std::wstring& from, const std::wstring& to) {
+    HostFileStore& store = Store();
+    const HostFileStore::NodePointer old = store.Find(to);
+    const HostFileStore::NodePointer made = store.Find(from);
+    if (old == nullptr) return MoveEntry(from, to);
+    if (FaultAt(FileCall::Replace, to) != FileError::None || made == nullptr || made->isFolder) return false;
+    if (old->isFolder || IsOpenSomewhere(old) || IsOpenSomewhere(made)) return false;
+    made->name = old->name;
+    store.Nodes()[HostFileStore::KeyOf(to)] = made;
+    return store.Nodes().erase(HostFileStore::KeyOf(from)) != 0;
 }
 
 bool FreeBytes(const std::wstring& folder, uint64_t& bytes) {

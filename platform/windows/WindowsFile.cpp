@@ -124,6 +124,8 @@ bool File::Size(uint64_t& bytes) {
     return true;
 }
 
+bool File::Flush() { return impl_ && impl_->Report(FlushFileBuffers(impl_->handle.get())); }
+
 FileError File::Error() const { return impl_ ? impl_->error : openError_; }
 
 void File::Close() { impl_.reset(); }

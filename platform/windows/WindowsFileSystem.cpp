@@ -73,6 +73,13 @@ void AddRootNames(const std::wstring& pattern, std::vector<FolderEntry>& entries
     }
 }
 
+// A read-only copy can't be opened for that.
+void FlushAsFarAsAllowed(const std::wstring& hostPath) {
+    const windows::OwnedHandle file = windows::OwnFile(
+        CreateFileW(hostPath.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (file) FlushFileBuffers(file.get());
+}
+
 }  // namespace
 
 EntryKind FindEntry(const std::wstring& path) {
@@ -194,8 +201,31 @@ bool CopyFileTo(const std::wstring& from, const std::wstring& to) {
     const std::wstring hostFrom = ToHostPath(from);
     const std::wstring hostTo = ToHostPath(to);
     if (hostFrom.empty() || hostTo.empty()) return false;
-    return windows::TryThroughHolds(
+    const bool isCopied = windows::TryThroughHolds(
         hostTo, [&] { return CopyFileW(hostFrom.c_str(), hostTo.c_str(), FALSE) != FALSE; });
+    if (isCopied) FlushAsFarAsAllowed(hostTo);
+    return isCopied;
+}
+
+bool PutInPlace(const std::wstring& from, const std::wstring& to) {
+    const std::wstring hostFrom = ToHostPath(from);
+    const std::wstring hostTo = ToHostPath(to);
+    if (hostFrom.empty() || hostTo.empty()) return false;
+    return windows::TryThroughHolds(hostTo, [&] {
+        if (ReplaceFileW(hostTo.c_str(), hostFrom.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
+                         nullptr)) {
+            return true;
+        }
+        // Some file systems know no replacing, and one that fails half-way may have taken the old file away:
+        // then the new one is all there is.
+        const DWORD error = GetLastError();
+        const bool canMove = error == ERROR_FILE_NOT_FOUND || error == ERROR_UNABLE_TO_MOVE_REPLACEMENT ||
+                             error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2 || error == ERROR_INVALID_FUNCTION ||
+                             error == ERROR_NOT_SUPPORTED;
+        const DWORD how =
+            MOVEFILE_WRITE_THROUGH | (error == ERROR_FILE_NOT_FOUND ? 0u : DWORD{MOVEFILE_REPLACE_EXISTING});
+        return canMove && MoveFileExW(hostFrom.c_str(), hostTo.c_str(), how) != FALSE;
+    });
 }
 
 bool FreeBytes(const std::wstring& folder, uint64_t& bytes) {

@@ -1,0 +1,74 @@
+#include "app/store/SafeFile.h"
+
+#include <utility>
+
+#include "app/store/StorePaths.h"
+#include "platform/FileSystem.h"
+
+namespace store {
+
+namespace {
+
+// A read-only file, or one that others hold, is not replaced behind their backs.
+bool MayReplace(const std::wstring& path) {
+    uint64_t bytes = 0;
+    return !platform::Exists(path) || platform::CanWriteTo(path, bytes);
+}
+
+}  // namespace
+
+std::wstring SafeFile::PathBeside(const std::wstring& path) {
+    return path.empty() ? path : path.substr(0, path.size() - 1) + L"~";
+}
+
+SafeFile SafeFile::At(const std::wstring& path) {
+    SafeFile made;
+    if (!MayReplace(path)) return made;
+    made.path_ = path;
+    made.file_ = platform::File::Create(PathBeside(path));
+    if (made.file_.IsOpen()) made.beside_ = PathBeside(path);
+    return made;
+}
+
+SafeFile::SafeFile(SafeFile&& other) noexcept
+    : path_(std::move(other.path_)),
+      beside_(std::exchange(other.beside_, {})),
+      file_(std::move(other.file_)) {}
+
+SafeFile::~SafeFile() {
+    file_.Close();
+    if (!beside_.empty()) platform::EraseFile(beside_);
+}
+
+bool SafeFile::Finish() {
+    const bool isOnDisk = file_.Flush();
+    file_.Close();
+    return isOnDisk;
+}
+
+bool SafeFile::Commit() {
+    if (!Finish() || !platform::PutInPlace(beside_, path_)) return false;
+    beside_.clear();
+    return true;
+}
+
+bool SafeFile::CommitToFreePlace() {
+    if (!Finish()) return false;
+    // Somebody may take the name between a look and the move.
+    for (const std::wstring wanted = path_; !platform::MoveEntry(beside_, path_);) {
+        if (!platform::Exists(path_)) return false;
+        path_ = FreeNotePath(wanted);
+    }
+    beside_.clear();
+    return true;
+}
+
+bool CopySafely(const std::wstring& from, const std::wstring& to) {
+    const std::wstring beside = SafeFile::PathBeside(to);
+    if (!MayReplace(to)) return false;
+    if (platform::CopyFileTo(from, beside) && platform::PutInPlace(beside, to)) return true;
+    platform::EraseFile(beside);
+    return false;
+}
+
+}  // namespace store

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+
+#include "ink/ByteStream.h"
+#include "platform/File.h"
+
+namespace store {
+
+// A file that is written beside its place and put there when it is whole and on the disk: whenever the
+// program or the device ends, the place holds what it held before or what was written, never a part. What was
+// not committed is removed.
+class SafeFile : public ink::ByteSink {
+  public:
+    SafeFile() = default;
+    SafeFile(SafeFile&& other) noexcept;
+    SafeFile& operator=(SafeFile&&) = delete;
+    ~SafeFile() override;
+
+    // For the place of this file, which may exist: then it must be one that could be written itself. Not open
+    // when the place takes no file.
+    static SafeFile At(const std::wstring& path);
+
+    bool IsOpen() const { return file_.IsOpen(); }
+    const std::wstring& Path() const { return path_; }
+    bool Write(const void* data, size_t size) override { return file_.Write(data, size); }
+
+    // False leaves the place as it was.
+    bool Commit();
+    // The same for a place that must be free: "name (1)" and so on if it is not.
+    bool CommitToFreePlace();
+
+    // Where the file of this path is written: in its folder, with a name no longer than its own that no
+    // listing of notes shows. What lies there without being written is the rest of a run that was cut short.
+    static std::wstring PathBeside(const std::wstring& path);
+
+  private:
+    bool Finish();
+
+    std::wstring path_;
+    std::wstring beside_;  // what there is to remove
+    platform::File file_;
+};
+
+// Copies a file with its times as safely, over an existing one.
+bool CopySafely(const std::wstring& from, const std::wstring& to);
+
+}  // namespace store
