@@ -19,6 +19,8 @@ class StrokeBand {
         return *records_[index];
     }
 
+    const std::vector<StrokeRecord*>& Records() const { return records_; }
+
   private:
     friend class InkPage;
     std::vector<StrokeRecord*> records_;

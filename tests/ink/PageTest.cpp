@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "ink/PageHistory.h"
+#include "ink/PageJournal.h"
 #include "tests/ink/Sketch.h"
 
 namespace {
@@ -215,9 +215,27 @@ void ChangeAtRandom(ink::PageHistory& history, InkPage& page, Dice& dice) {
     history.EndStep();
 }
 
-struct StepCounter : ink::StepListener {
-    void OnStep(const ink::PageStep&, ink::StepWay) override { ++steps; }
+// Tells another page of every step through a journal.
+struct Mirror : ink::StepListener {
+    explicit Mirror(const InkPage& source) : page(source) {}
+    void OnStep(const ink::PageStep& step, ink::StepWay way) override {
+        ++steps;
+        ends.push_back(journal.size());
+        EXPECT_TRUE(steps == 1 ? AppendPage(journal, page) : AppendStep(journal, step, way, page));
+    }
+    // The whole blocks among the first bytes of the journal, replayed.
+    Lines Replayed(size_t size) const {
+        ink::MemorySource source(journal.data(), size);
+        InkPage copy;
+        uint32_t kind = 0;
+        ink::BlockBytes content;
+        while (NextBlock(source, kind, content)) EXPECT_TRUE(Replay(kind, content, copy));
+        return Whole(copy);
+    }
+    const InkPage& page;
     int steps = 0;
+    ink::BlockBytes journal;
+    std::vector<size_t> ends;  // of the blocks before each step
 };
 
 TEST(PageHistory, EveryStepCanBeTakenBackAndMadeAgain) {
@@ -228,15 +246,15 @@ TEST(PageHistory, EveryStepCanBeTakenBackAndMadeAgain) {
         InkPage page;
         FillAtRandom(page, dice);
         ink::PageHistory history(page, isBounded ? 20000 : ink::PageHistory::kMostBytes);
-        StepCounter counter;
-        history.SetListener(&counter);
+        Mirror mirror(page);
+        history.SetListener(&mirror);
         std::vector<Lines> past{Whole(page)}, future;
         ink::RowSpan rows;
         for (int step = 0; step < 200; ++step) {
             SCOPED_TRACE(testing::Message() << seed << " " << step);
             page.modified = false;
             const int way = dice(0, 3);
-            const int steps = counter.steps;
+            const int steps = mirror.steps;
             if (way == 0 && history.CanUndo()) {
                 ASSERT_EQ(history.Undo(rows), Result::Done);
                 future.push_back(past.back());
@@ -247,12 +265,24 @@ TEST(PageHistory, EveryStepCanBeTakenBackAndMadeAgain) {
                 future.pop_back();
             } else {
                 ChangeAtRandom(history, page, dice);
-                if (counter.steps == steps) continue;
+                if (mirror.steps == steps) continue;
                 past.push_back(Whole(page));
                 future.clear();
             }
-            ASSERT_EQ(counter.steps, steps + 1);
+            ASSERT_EQ(mirror.steps, steps + 1);
             ASSERT_TRUE(Whole(page) == past.back());
+            if (step % 20 == 0) {
+                // Cut off anywhere, or damaged, the last step is missing and nothing else.
+                const Lines before = mirror.Replayed(mirror.ends.back());
+                const size_t last = mirror.journal.size() - 1;
+                const size_t cut = static_cast<size_t>(
+                    dice(static_cast<int32_t>(mirror.ends.back()), static_cast<int32_t>(last)));
+                ASSERT_TRUE(mirror.Replayed(last + 1) == past.back());
+                ASSERT_TRUE(mirror.Replayed(cut) == before);
+                mirror.journal[cut] ^= 4;
+                ASSERT_TRUE(mirror.Replayed(last + 1) == before);
+                mirror.journal[cut] ^= 4;
+            }
             ASSERT_TRUE(page.modified);
             ASSERT_EQ(history.CanRedo(), !future.empty());
             ASSERT_TRUE(isBounded || history.CanUndo() == (past.size() > 1));

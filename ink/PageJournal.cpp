@@ -1,0 +1,204 @@
+#include "ink/PageJournal.h"
+
+#include <algorithm>
+#include <cstring>
+#include <exception>
+
+#include "ink/NoteFile.h"
+
+namespace ink {
+namespace {
+
+constexpr uint32_t kSplices = 0;
+constexpr uint32_t kShift = 1;
+constexpr uint32_t kWholeRecord = 0xFFFFFFFF;  // instead of the number of a record that was there before
+
+void PackRest(BlockPacker& block, const InkPage& page, bool hasMemo) {
+    block.Number(page.background);
+    block.LongNumber(page.SlotCount());
+    block.Number(hasMemo ? 1 : 0);
+    if (hasMemo) block.Text(page.memo);
+}
+
+void PackSplice(BlockPacker& block, const BandSplice& splice, bool isDone) {
+    const std::vector<StrokeRecord*>& out = isDone ? splice.before : splice.after;
+    const std::vector<StrokeRecord*>& in = isDone ? splice.after : splice.before;
+    block.LongNumber(splice.slot);
+    block.LongNumber(splice.index);
+    block.LongNumber(out.size());
+    block.LongNumber(in.size());
+    // What stays in the band keeps its order, so one look along the old list finds it.
+    size_t next = 0;
+    for (const StrokeRecord* record : in) {
+        const auto found = std::find(out.begin() + static_cast<std::ptrdiff_t>(next), out.end(), record);
+        if (found == out.end()) {
+            block.Number(kWholeRecord);
+            block.Raw(record, record->Bytes());
+        } else {
+            next = static_cast<size_t>(found - out.begin());
+            block.Number(static_cast<uint32_t>(next++));
+        }
+    }
+}
+
+void PackChange(BlockPacker& block, const StrokeChange& change, bool isDone) {
+    if (change.rows != 0) {
+        block.Number(kShift);
+        block.LongNumber(static_cast<uint64_t>(change.from));
+        block.Number(static_cast<uint32_t>(change.rows));
+        return;
+    }
+    block.Number(kSplices);
+    block.Number(static_cast<uint32_t>(change.splices.size()));
+    for (const BandSplice& splice : change.splices) PackSplice(block, splice, isDone);
+}
+
+// Where moved strokes met others only the change itself knows their old order.
+bool IsUndoneShift(const PageStep& step, StepWay way) {
+    return way == StepWay::Undone && std::any_of(step.changes.begin(), step.changes.end(),
+                                                 [](const StrokeChange& each) { return each.rows != 0; });
+}
+
+// A new record with what stands in the block, or null.
+StrokeRecord* ReadRecord(BlockParser& block, StrokePool& pool) {
+    const uint8_t* head = block.Raw(sizeof(StrokeRecord));
+    int32_t count = 0;
+    if (head != nullptr) std::memcpy(&count, head, sizeof count);
+    const uint64_t points = count < 0 ? 0 : static_cast<uint64_t>(count) * sizeof(Point);
+    const uint8_t* rest = block.Raw(points);
+    StrokeRecord* record = rest == nullptr || count < 0 ? nullptr : pool.Allocate(count);
+    if (record == nullptr) return nullptr;
+    std::memcpy(static_cast<void*>(record), head, sizeof(StrokeRecord));
+    std::memcpy(record->Points(), rest, static_cast<size_t>(points));
+    return record;
+}
+
+// Adds what the block tells of one slot; false when it does not fit the page.
+bool ReadSplice(BlockParser& block, InkPage& page, StrokeChange& change) {
+    BandSplice splice;
+    const uint64_t slot = block.LongNumber();
+    const uint64_t index = block.LongNumber();
+    const uint64_t out = block.LongNumber();
+    const uint64_t in = block.LongNumber();
+    if (!block.IsGood() || slot > static_cast<uint64_t>(InkPage::kMaxSlot)) return false;
+    const std::vector<StrokeRecord*> none;
+    const StrokeBand* band = page.Band(static_cast<size_t>(slot));
+    const std::vector<StrokeRecord*>& records = band == nullptr ? none : band->Records();
+    if (index > records.size() || out > records.size() - index || in > block.Left()) return false;
+    splice.slot = static_cast<size_t>(slot);
+    splice.index = static_cast<size_t>(index);
+    const auto first = records.begin() + static_cast<std::ptrdiff_t>(index);
+    splice.before.assign(first, first + static_cast<std::ptrdiff_t>(out));
+    size_t next = 0;
+    for (uint64_t i = 0; i < in; ++i) {
+        const uint32_t old = block.Number();
+        if (old == kWholeRecord) {
+            StrokeRecord* record = ReadRecord(block, page.Pool());
+            if (record == nullptr) return false;
+            change.born.push_back(record);
+            splice.after.push_back(record);
+            continue;
+        }
+        if (!block.IsGood() || old < next || old >= splice.before.size()) return false;
+        change.dead.insert(change.dead.end(), splice.before.begin() + static_cast<std::ptrdiff_t>(next),
+                           splice.before.begin() + static_cast<std::ptrdiff_t>(old));
+        splice.after.push_back(splice.before[old]);
+        next = size_t{old} + 1;
+    }
+    change.dead.insert(change.dead.end(), splice.before.begin() + static_cast<std::ptrdiff_t>(next),
+                       splice.before.end());
+    const bool isNewSlot = std::none_of(change.splices.begin(), change.splices.end(),
+                                        [&](const BandSplice& each) { return each.slot == splice.slot; });
+    change.splices.push_back(std::move(splice));
+    return isNewSlot;
+}
+
+bool ReplayChange(BlockParser& block, InkPage& page) {
+    StrokeChange change;
+    if (block.Number() == kShift) {
+        const auto from = static_cast<int64_t>(block.LongNumber());
+        const auto rows = static_cast<int32_t>(block.Number());
+        return block.IsGood() && page.ShiftStrokes(from, rows, change);
+    }
+    const uint32_t splices = block.Number();
+    bool fits = block.IsGood();
+    for (uint32_t i = 0; i < splices && fits; ++i) fits = ReadSplice(block, page, change);
+    const bool isMade = fits && page.Make(change);
+    page.Forget(change, isMade);
+    return isMade;
+}
+
+bool ReplayRest(BlockParser& block, InkPage& page) {
+    const ColorRef background = block.Number();
+    const uint64_t slots = block.LongNumber();
+    const bool hasMemo = block.Number() != 0;
+    std::wstring memo = hasMemo ? block.Text() : page.memo;
+    if (!block.IsGood() || slots > static_cast<uint64_t>(2 * InkPage::kMaxSlot)) return false;
+    page.background = background;
+    page.memo.swap(memo);
+    page.EnsureSlotCount(static_cast<size_t>(slots));
+    page.TrimTrailingBands(static_cast<size_t>(slots));
+    return true;
+}
+
+bool ReplayPage(BlockParser& block, InkPage& page) {
+    const uint64_t size = block.LongNumber();
+    const uint8_t* note = block.Raw(size);
+    if (note == nullptr) return false;
+    MemorySource source(note, static_cast<size_t>(size));
+    NoteFileHeader header;
+    if (!ReadNoteHeader(source, header) || header.bandHeight <= 0) return false;
+    page.bandHeight = header.bandHeight;
+    return ReadNoteBody(source, header, page) == LoadResult::Loaded && ReplayRest(block, page);
+}
+
+}  // namespace
+
+bool AppendPage(BlockBytes& bytes, const InkPage& page) {
+    try {
+        MemorySink note;
+        if (!WriteNote(note, page)) return false;
+        BlockPacker block(kPageBlock);
+        block.LongNumber(note.Bytes().size());
+        block.Raw(note.Bytes().data(), note.Bytes().size());
+        PackRest(block, page, true);
+        const BlockBytes packed = block.Finish();
+        bytes.insert(bytes.end(), packed.begin(), packed.end());
+        return !packed.empty();
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+bool AppendStep(BlockBytes& bytes, const PageStep& step, StepWay way, const InkPage& page) {
+    if (IsUndoneShift(step, way)) return AppendPage(bytes, page);
+    try {
+        const bool isDone = way == StepWay::Done;
+        BlockPacker block(kStepBlock);
+        block.Number(static_cast<uint32_t>(step.changes.size()));
+        for (size_t i = 0; i < step.changes.size(); ++i)
+            PackChange(block, step.changes[isDone ? i : step.changes.size() - 1 - i], isDone);
+        PackRest(block, page, step.memoBefore != step.memoAfter);
+        const BlockBytes packed = block.Finish();
+        bytes.insert(bytes.end(), packed.begin(), packed.end());
+        return !packed.empty();
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+bool Replay(uint32_t kind, const BlockBytes& content, InkPage& page) {
+    try {
+        BlockParser block(content);
+        if (kind == kPageBlock) return ReplayPage(block, page);
+        const uint32_t changes = block.Number();
+        for (uint32_t i = 0; i < changes; ++i) {
+            if (!ReplayChange(block, page)) return false;
+        }
+        return ReplayRest(block, page);
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+}  // namespace ink
