@@ -2,6 +2,7 @@
 
 #include "app/CommandLine.h"
 #include "app/OtherCopies.h"
+#include "app/Recovery.h"
 #include "app/TodayScreen.h"
 #include "app/store/PenSettings.h"
 #include "app/store/StorePaths.h"
@@ -75,6 +76,8 @@ int platform::RunProgram(const std::wstring& commandLine) {
     app::DropMissingTarget(request);
     app::DropTargetOutOfReach(request);
     app::RemoveStalePictures();
+    // Who is called by an alarm is not to be held up.
+    if (!request.alarmMode) app::RestoreUnsavedNotes();
     const bool showsManager = request.manageMode || request.target.empty();
     const int result = showsManager ? app::ShowManager(pen, request) : app::ShowEditor(pen, request);
     store::SaveColors(pen);

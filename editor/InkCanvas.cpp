@@ -7,6 +7,7 @@
 #include "alarms/NoteAlarm.h"
 #include "app/store/NoteFiles.h"
 #include "app/store/StorePaths.h"
+#include "editor/NewNoteFile.h"
 #include "editor/NoteMail.h"
 #include "editor/NoteStorage.h"
 #include "editor/PageScroll.h"
@@ -54,6 +55,8 @@ bool InkCanvas::OnCreate() {
     MakeMenuBar();
     if (!view_.Create()) return OutOfMemory();
     if (store::NamesFile(page_.notePath)) LoadNote(this, page_);
+    history_.SetListener(&journal_);
+    BeginJournal();
     view_.Redraw();
     UpdateScrollRange();
     ShowTitle();
@@ -178,15 +181,15 @@ void InkCanvas::ShowStep(ink::PageHistory::Result result, const ink::RowSpan& ro
 void InkCanvas::EditTextMemo() {
     using options::TextMemoDialog;
     if (!HasFile(page_)) {
-        TextMemoDialog dialog(TextMemoDialog::Mode::Text, page_.memo);
-        if (!dialog.Edit(*this)) return;
-        history_.SetMemo(dialog.Memo());
+        TextMemoDialog dialog(TextMemoDialog::Mode::Text, page_.memo, journal_);
+        if (dialog.Edit(*this)) history_.SetMemo(dialog.Memo());
         history_.EndStep();
-        return;
+        return journal_.MemoClosed();
     }
     const std::wstring path = store::MemoPath(page_.notePath);
     const bool existed = store::IsFile(path);
-    TextMemoDialog(TextMemoDialog::Mode::File, path).Edit(*this);
+    TextMemoDialog(TextMemoDialog::Mode::File, path, journal_).Edit(*this);
+    journal_.MemoClosed();
     if (store::IsFile(path) != existed) storeChanged_ = true;
 }
 
@@ -210,6 +213,7 @@ void InkCanvas::Close() {
         }
         if (discarded) alarmStamp_.clear();
     }
+    journal_.Remove();
     ScheduleAlarm();
     closing_ = false;
     EndModal(platform::kIdOk);
@@ -219,7 +223,7 @@ void InkCanvas::Close() {
 
 // False when the note could not be saved and the user does not want to lose it.
 bool InkCanvas::SaveOrDiscard(bool& discarded) {
-    if (SaveNote(this, Kind(), page_)) return true;
+    if (SaveNote(this, Kind(), page_, journal_)) return true;
     const MessageAnswer answer =
         platform::ShowMessage(this, L"Saving '" + page_.notePath + L"' failed!\nDiscard changes?", L" Error",
                               MessageButtons::YesNo, MessageIcon::Error, DefaultButton::Second);
@@ -246,11 +250,15 @@ void InkCanvas::StartAnew() {
 }
 
 void InkCanvas::ShowNewNote() {
+    journal_.Remove();
     ForgetFile(page_);
+    BeginJournal();
     view_.Redraw();
     UpdateScrollRange();
     ShowTitle();
 }
+
+void InkCanvas::BeginJournal() { journal_.Begin(page_, ProposedNotePath(Kind(), page_.notePath)); }
 
 void InkCanvas::ShowTitle() {
     const std::wstring title = titleOverride_.empty() ? store::NoteName(page_.notePath) : titleOverride_;

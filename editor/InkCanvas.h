@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/store/NoteJournal.h"
 #include "app/store/PenSettings.h"
 #include "editor/EditorTools.h"
 #include "editor/FileNamePattern.h"
@@ -78,6 +79,7 @@ class InkCanvas : public platform::Screen {
     void StartAnew();
     void ShowNewNote();
     void ShowTitle();
+    void BeginJournal();
     NoteKind Kind() const { return titleOverride_.empty() ? NoteKind::Ordinary : NoteKind::Reminder; }
 
     int32_t UpdateScrollRange();
@@ -93,6 +95,7 @@ class InkCanvas : public platform::Screen {
     bool closing_ = false;
     ink::InkPage page_;
     ink::PageHistory history_;
+    store::NoteJournal journal_;
     PageView view_;
     PenInput input_;
 };

@@ -25,6 +25,11 @@ std::wstring FreePath(const std::wstring& folder, const std::wstring& name) {
     return store::FreeNotePath(folder + name + store::kNoteExtension);
 }
 
+std::wstring FolderFor(const std::wstring& notePath) {
+    if (!notePath.empty()) return store::FolderOf(notePath);
+    return store::DefaultRoot() + L"\\" + store::kNewNotesFolder + L"\\";
+}
+
 // A name with a separator would put the note somewhere else than the user sees.
 store::SafeFile CreateNamed(const std::wstring& folder, const std::wstring& name, std::wstring& path) {
     if (name.empty() || name.find(L'\\') != std::wstring::npos) return {};
@@ -34,13 +39,15 @@ store::SafeFile CreateNamed(const std::wstring& folder, const std::wstring& name
 
 }  // namespace
 
+std::wstring ProposedNotePath(NoteKind kind, const std::wstring& notePath) {
+    const std::wstring folder = FolderFor(notePath);
+    return FreePath(folder, ProposedName(kind, folder));
+}
+
 store::SafeFile CreateNewNoteFile(platform::Window* owner, NoteKind kind, std::wstring& notePath) {
-    std::wstring folder = notePath;
-    if (folder.empty()) {
-        folder = store::DefaultRoot() + L"\\" + store::kNewNotesFolder + L"\\";
-    }
+    const std::wstring folder = FolderFor(notePath);
     store::EnsureFolders(folder);
-    const std::wstring proposed = FreePath(folder, ProposedName(kind, folder));
+    const std::wstring proposed = ProposedNotePath(kind, notePath);
     for (;;) {
         SaveAsDialog dialog(store::NoteName(proposed));
         if (dialog.RunModal(owner) != platform::kIdOk) {

@@ -17,4 +17,7 @@ namespace editor {
 // name would have made of it, and the returned file is not open.
 store::SafeFile CreateNewNoteFile(platform::Window* owner, NoteKind kind, std::wstring& notePath);
 
+// Where such a note would go if nobody changed the proposed name; the folder need not exist yet.
+std::wstring ProposedNotePath(NoteKind kind, const std::wstring& notePath);
+
 }  // namespace editor

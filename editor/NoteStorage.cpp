@@ -45,6 +45,44 @@ store::SafeFile OpenNoteFile(platform::Window* owner, NoteKind kind, ink::InkPag
     return store::SafeFile::At(page.notePath);
 }
 
+bool WriteSafely(store::SafeFile file, ink::InkPage& page, store::NoteJournal& journal) {
+    if (!file.IsOpen() || !ink::WriteNote(file, page)) return false;
+    journal.Saving(file.Path());
+    if (!(page.isProposal ? file.CommitToFreePlace() : file.Commit())) return false;
+    page.notePath = file.Path();
+    return true;
+}
+
+// Counts what a note takes.
+struct SizeSink : ink::ByteSink {
+    bool Write(const void*, size_t size) override {
+        bytes += size;
+        return true;
+    }
+    uint64_t bytes = 0;
+};
+
+// Whether the storage has no room for a second version, but the old one's is enough.
+bool FitsOnlyInPlace(const ink::InkPage& page) {
+    SizeSink note;
+    uint64_t old = 0;
+    uint64_t room = 0;
+    return ink::WriteNote(note, page) && platform::CanWriteTo(page.notePath, old) &&
+           platform::FreeBytes(store::WithoutTrailingBackslashes(store::FolderOf(page.notePath)), room) &&
+           room < note.bytes && note.bytes <= room + old;
+}
+
+// The old version is given up only once the journal has the page for good.
+bool WriteInPlace(const ink::InkPage& page, store::NoteJournal& journal) {
+    if (page.isProposal || !FitsOnlyInPlace(page) || !journal.Hold() || !FitsOnlyInPlace(page)) return false;
+    platform::File file = platform::File::Create(page.notePath);
+    store::FileSink sink(file);
+    if (file.IsOpen() && ink::WriteNote(sink, page) && file.Flush()) return true;
+    file.Close();
+    platform::EraseFile(page.notePath);
+    return false;
+}
+
 }  // namespace
 
 void LoadNote(platform::Window* owner, ink::InkPage& page) {
@@ -56,17 +94,15 @@ void LoadNote(platform::Window* owner, ink::InkPage& page) {
 
 bool HasFile(const ink::InkPage& page) { return store::NamesFile(page.notePath) && !page.isProposal; }
 
-bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page) {
+bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page, store::NoteJournal& journal) {
     const platform::WaitCursor wait;
     if (!store::NamesFile(page.notePath)) {
         page.TrimTrailingBands();
         const bool hasMemoFolder = !page.notePath.empty() && !page.memo.empty();
         if (!page.HasInk() && !hasMemoFolder) return true;
     }
-    store::SafeFile file = OpenNoteFile(owner, kind, page);
-    if (!file.IsOpen() || !ink::WriteNote(file, page)) return false;
-    if (!(page.isProposal ? file.CommitToFreePlace() : file.Commit())) return false;
-    page.notePath = file.Path();
+    if (!WriteSafely(OpenNoteFile(owner, kind, page), page, journal) && !WriteInPlace(page, journal))
+        return false;
     // The user is told when the memo fails; the ink is safe all the same.
     if (!page.memo.empty()) store::MemoFile(store::MemoPath(page.notePath)).Write(owner, page.memo);
     return true;

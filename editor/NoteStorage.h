@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/store/NoteJournal.h"
 #include "editor/FileNamePattern.h"
 #include "ink/InkPage.h"
 
@@ -20,8 +21,9 @@ bool HasFile(const ink::InkPage& page);
 // Writes the page to its file; a note without one is named by the user first. A proposed path that somebody
 // else has taken meanwhile gives way to the next free one. An empty new note writes nothing and succeeds. The
 // memo that waits is written beside the note; the page is cleared or gone after that. False when the note is
-// not on disk: then an older version of it is what it was.
-bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page);
+// not on disk: then an older version of it is what it was, or where the storage has room for one of them only
+// the page is in the journal.
+bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page, store::NoteJournal& journal);
 
 // Cuts a note path back to its folder: a path without "\" becomes empty.
 void ForgetFile(ink::InkPage& page);

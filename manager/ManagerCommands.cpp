@@ -92,7 +92,9 @@ void ManagerWindow::EditTextMemo() {
     using options::TextMemoDialog;
     const TreeItem item = tree_.Selection();
     const std::wstring memo = store::MemoPath(folders_.SelectedNotePath());
-    TextMemoDialog(TextMemoDialog::Mode::File, memo).Edit(*this);
+    store::NoteJournal journal;
+    TextMemoDialog(TextMemoDialog::Mode::File, memo, journal).Edit(*this);
+    journal.MemoClosed();
     folders_.ShowMemoMark(item);
     RedrawStrip();
 }

@@ -30,6 +30,8 @@ bool ListFolder(const std::wstring& folder, const std::wstring& pattern, std::ve
 
 // When the file was last written, local time.
 bool LastWriteTime(const std::wstring& path, DateTime& moment);
+// How many bytes the file holds, without opening it.
+bool FileSize(const std::wstring& path, uint64_t& bytes);
 
 // True for any entry that has attributes of its own: also for a path with a trailing "\".
 bool Exists(const std::wstring& path);

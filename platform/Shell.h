@@ -11,6 +11,9 @@ class Window;
 // Full path of the running program's executable, as the notification database is to start it (host path).
 std::wstring ProgramPath();
 
+// Tells this device from others that may see the same files; not empty.
+std::wstring DeviceName();
+
 // A top-level window of another running copy of this program (same executable file, another process).
 struct OtherWindow {
     uintptr_t reference = 0;

@@ -41,6 +41,10 @@ constexpr float kStripShade = -0.12f;
 constexpr ink::ColorRef kDeleteColor = ink::MakeColor(176, 24, 24);
 constexpr ink::ColorRef kBinRibColor = ink::MakeColor(240, 208, 208);
 
+// What is typed is noted down at least so often.
+constexpr int kNoteTimer = 1;
+constexpr uint32_t kNoteMilliseconds = 1000;
+
 struct MenuEntry {
     const wchar_t* text;
     int command;  // 0 = separator
@@ -68,11 +72,16 @@ void DrawDeleteMark(platform::Canvas& canvas) {
 
 }  // namespace
 
-TextMemoDialog::TextMemoDialog(Mode mode, const std::wstring& memo)
-    : Dialog(IDD_TEXT_MEMO), mode_(mode), memo_(memo), file_(mode == Mode::File ? memo : L"") {}
+TextMemoDialog::TextMemoDialog(Mode mode, const std::wstring& memo, store::NoteJournal& journal)
+    : Dialog(IDD_TEXT_MEMO),
+      mode_(mode),
+      memo_(memo),
+      file_(mode == Mode::File ? memo : L""),
+      journal_(journal) {}
 
 bool TextMemoDialog::Edit(platform::Window& owner) {
     caption_ = owner.Title();
+    journal_.MemoOpened(mode_ == Mode::File ? memo_ : L"");
     return RunModal(&owner) == platform::kIdOk;
 }
 
@@ -90,6 +99,8 @@ bool TextMemoDialog::OnCreate() {
         return false;
     }
     Fill();
+    noted_ = ItemText(IDC_MEMO_TEXT);
+    StartTimer(kNoteTimer, kNoteMilliseconds);
     FocusItem(IDC_MEMO_TEXT);
     platform::ShowInputPanel(true);
     return true;
@@ -103,6 +114,13 @@ void TextMemoDialog::Fill() {
     SetItemText(IDC_MEMO_TEXT, L"");
     platform::ShowOutOfMemory(this);
     EndModal(platform::kIdCancel);
+}
+
+void TextMemoDialog::OnTimer(int) {
+    std::wstring text = ItemText(IDC_MEMO_TEXT);
+    if (text == noted_) return;
+    journal_.MemoTyped(text);
+    noted_.swap(text);
 }
 
 void TextMemoDialog::OnDestroy() { platform::ShowInputPanel(false); }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "app/store/MemoFile.h"
+#include "app/store/NoteJournal.h"
 #include "platform/Dialog.h"
 
 namespace options {
@@ -13,7 +14,8 @@ class TextMemoDialog : public platform::Dialog {
     enum class Mode { File, Text };
 
     // `memo` is the memo file's path, or for a note that has no file yet the memo itself.
-    TextMemoDialog(Mode mode, const std::wstring& memo);
+    // `journal` hears of the text while it is typed; the caller tells it when the text needs it no more.
+    TextMemoDialog(Mode mode, const std::wstring& memo, store::NoteJournal& journal);
 
     // Runs over `owner`; true when the user saved. A memo file may be gone in either case.
     bool Edit(platform::Window& owner);
@@ -28,6 +30,7 @@ class TextMemoDialog : public platform::Dialog {
     void OnPenUp(platform::Point place) override;
     void OnCaptureLost() override { dragging_ = false; }
     void OnCommand(int id) override;
+    void OnTimer(int id) override;
     void OnTakeOver() override { Save(); }
     void OnEditHold(int id, platform::Point place) override;
 
@@ -43,6 +46,8 @@ class TextMemoDialog : public platform::Dialog {
     Mode mode_;
     std::wstring memo_;
     store::MemoFile file_;
+    store::NoteJournal& journal_;
+    std::wstring noted_;  // the text that the journal has
     std::wstring caption_;
     platform::Image picture_;  // what lies around the controls
     bool dragging_ = false;

@@ -99,6 +99,8 @@ bool ClearNotification(NotificationHandle handle) {
     return HostDevice::Current().notifications.erase(handle) != 0;
 }
 
+std::wstring DeviceName() { return L"device " + HostDevice::Current().folder; }
+
 std::wstring ProgramPath() { return L"C:\\Program Files\\Inkwright\\inkwright.exe"; }
 
 std::vector<OtherWindow> WindowsOfOtherCopies() {

@@ -4,6 +4,7 @@
 
 #include "platform/File.h"
 #include "platform/FileSystem.h"
+#include "platform/LogFile.h"
 #include "platform/StoragePaths.h"
 #include "platform/host/HostDevice.h"
 
@@ -101,6 +102,27 @@ File File::Create(const std::wstring& path) {
     return file;
 }
 
+struct LogFile::Impl {
+    File file;
+};
+
+LogFile::LogFile() = default;
+LogFile::LogFile(LogFile&&) noexcept = default;
+LogFile& LogFile::operator=(LogFile&&) noexcept = default;
+LogFile::~LogFile() = default;
+
+LogFile LogFile::Create(const std::wstring& path) {
+    LogFile log;
+    File file = Exists(path) ? File() : File::Create(path);
+    if (file.IsOpen()) log.impl_ = std::make_unique<Impl>(Impl{std::move(file)});
+    return log;
+}
+bool LogFile::Append(const void* bytes, size_t size) {
+    return impl_ != nullptr && impl_->file.Write(bytes, size);
+}
+bool LogFile::Flush() { return impl_ != nullptr && impl_->file.Flush(); }
+void LogFile::Close() { impl_.reset(); }
+
 bool File::IsOpen() const { return impl_ != nullptr; }
 
 bool File::Read(void* buffer, size_t size, size_t& got) {
@@ -167,6 +189,13 @@ bool LastWriteTime(const std::wstring& path, DateTime& moment) {
     const HostFileStore::NodePointer node = Store().Find(path);
     if (node == nullptr) return false;
     moment = node->lastWrite;
+    return true;
+}
+
+bool FileSize(const std::wstring& path, uint64_t& bytes) {
+    const HostFileStore::NodePointer node = Store().Find(path);
+    if (node == nullptr || node->isFolder) return false;
+    bytes = node->bytes.size();
     return true;
 }
 

@@ -73,6 +73,11 @@ void AddRootNames(const std::wstring& pattern, std::vector<FolderEntry>& entries
     }
 }
 
+bool FindAttributes(const std::wstring& path, WIN32_FILE_ATTRIBUTE_DATA& found) {
+    const std::wstring host = ToHostPath(path);
+    return !host.empty() && GetFileAttributesExW(host.c_str(), GetFileExInfoStandard, &found);
+}
+
 // A read-only copy can't be opened for that.
 void FlushAsFarAsAllowed(const std::wstring& hostPath) {
     const windows::OwnedHandle file = windows::OwnFile(
@@ -105,10 +110,16 @@ bool ListFolder(const std::wstring& folder, const std::wstring& pattern, std::ve
 }
 
 bool LastWriteTime(const std::wstring& path, DateTime& moment) {
-    const std::wstring host = ToHostPath(path);
     WIN32_FILE_ATTRIBUTE_DATA found{};
-    if (host.empty() || !GetFileAttributesExW(host.c_str(), GetFileExInfoStandard, &found)) return false;
+    if (!FindAttributes(path, found)) return false;
     moment = LocalTime(found.ftLastWriteTime);
+    return true;
+}
+
+bool FileSize(const std::wstring& path, uint64_t& bytes) {
+    WIN32_FILE_ATTRIBUTE_DATA found{};
+    if (!FindAttributes(path, found) || IsFolder(found.dwFileAttributes)) return false;
+    bytes = static_cast<uint64_t>(found.nFileSizeHigh) << 32 | found.nFileSizeLow;
     return true;
 }
 

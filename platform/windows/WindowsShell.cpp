@@ -5,6 +5,7 @@
 #include "platform/TextEncoding.h"
 #include "platform/Window.h"
 #include "platform/windows/Guards.h"
+#include "platform/windows/HandheldPath.h"
 
 namespace platform {
 
@@ -100,6 +101,13 @@ std::wstring ProgramPath() {
     std::wstring path(kLongestPath, L'\0');
     path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
     return path;
+}
+
+std::wstring DeviceName() {
+    wchar_t computer[MAX_COMPUTERNAME_LENGTH + 1] = L"";
+    DWORD size = MAX_COMPUTERNAME_LENGTH + 1;
+    GetComputerNameW(computer, &size);
+    return computer + std::wstring(L" ") + windows::DeviceFolder();
 }
 
 std::vector<OtherWindow> WindowsOfOtherCopies() {

@@ -37,7 +37,8 @@ class TextMemo : public DeskSteps {
         Play(script);
         platform::Screen owner(platform::Screen::ScrollBar::None);
         owner.SetTitle(L"a - Inkwright");
-        TextMemoDialog dialog(mode, memo != nullptr ? *memo : kMemo);
+        store::NoteJournal journal;
+        TextMemoDialog dialog(mode, memo != nullptr ? *memo : kMemo, journal);
         const bool isSaved = dialog.Edit(owner);
         if (memo != nullptr) *memo = dialog.Memo();
         EXPECT_FALSE(Desk().StepWaiting());
