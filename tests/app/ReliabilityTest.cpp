@@ -1,0 +1,184 @@
+// Days of use, each ended in the middle of every one of its calls: after the next start, with every question
+// answered by its default, whatever stood on a page when the pen was lifted last is in a whole note.
+#include <set>
+
+#include "alarms/NoteAlarm.h"
+#include "ink/NoteFile.h"
+#include "platform/ProgramEntry.h"
+#include "res/resource.h"
+#include "tests/support/DeskTest.h"
+
+namespace {
+
+using platform::FileError;
+using platform::host::FileCall;
+using testing_support::Script;
+using testing_support::Step;
+
+const std::wstring kStore = L"\\My Documents\\Inkwright\\";
+
+struct ProgramEnds {};
+
+// A device and the person at it.
+class Life : public testing_support::Steps {
+  public:
+    Life() : Steps(hand), hand(device) { device.desk.screen = {240, 320}; }
+
+    // The same device at the next start; what was not flushed may be gone.
+    void GoOnFrom(Life& before) {
+        for (const auto& [key, node] : before.device.files.Nodes()) {
+            auto copy = std::make_shared<platform::host::FileNode>(*node);
+            copy->writer = false;
+            copy->readers = 0;
+            device.files.Nodes()[key] = std::move(copy);
+        }
+        device.registry = before.device.registry;
+        device.notifications = before.device.notifications;
+    }
+
+    // The program ends at its n-th call; then nothing has an effect any more.
+    void EndAtCall(int nth) {
+        device.files.fault = [this, nth](FileCall, const std::wstring&) {
+            if (hasEnded) return FileError::Other;
+            if (++calls_ < nth) return FileError::None;
+            hasEnded = device.registryFails = device.notificationsFail = true;
+            throw ProgramEnds();
+        };
+    }
+
+    // Stroke number k; from its lift on it is to stay.
+    Step Stroke(int k) {
+        return [this, k] {
+            Steps::Write({{20 + 30 * k, 60 + 40 * k}, {35 + 30 * k, 60 + 40 * k}})();
+            kept.insert(k);
+        };
+    }
+    Step Loses(int k, const Step& step) {
+        return [=] {
+            kept.erase(k);
+            step();
+        };
+    }
+    Step Keeps(int k, const Step& step) {
+        return [=] {
+            step();
+            kept.insert(k);
+        };
+    }
+    Step Shortcut(wchar_t letter) {
+        return [=] {
+            hand.PressShortcut(letter);
+            device.desk.Settle();
+        };
+    }
+    Step Wait() {
+        return [=] { hand.PassTime(2000); };
+    }
+    Step KeepsMemo(const std::wstring& text, const Step& step) {
+        return [=] {
+            step();
+            memo = text;
+        };
+    }
+
+    platform::host::HostDevice device;
+    testing_support::DeskHand hand;
+    bool hasEnded = false;
+    std::set<int> kept;
+    std::wstring memo;  // that is to be somewhere
+
+  private:
+    int calls_ = 0;
+};
+
+using Day = std::function<void(Life&)>;
+
+void Live(Life& life, const std::wstring& line, const Script& script) {
+    life.Play(script);
+    platform::RunProgram(line);
+}
+
+// The strokes in the notes of the store, each once; every file is what it is by its name.
+std::multiset<int> StrokesOf(platform::host::HostDevice& device, bool& hasMemo, const std::wstring& memo) {
+    std::multiset<int> strokes;
+    for (const auto& [key, node] : device.files.Nodes()) {
+        if (node->isFolder) continue;
+        SCOPED_TRACE(std::string(key.begin(), key.end()));
+        const std::wstring extension = key.substr(key.rfind(L'.'));
+        if (extension == L".TXT") {
+            hasMemo = hasMemo || node->bytes == std::string(memo.begin(), memo.end());
+            EXPECT_TRUE(device.files.Has(key.substr(0, key.rfind(L'.')) + L".IKW"))
+                << "a memo without a note";
+            continue;
+        }
+        EXPECT_EQ(std::string(extension.begin(), extension.end()), ".IKW");
+        ink::InkPage page;
+        page.bandHeight = 268;
+        ink::MemorySource source(node->bytes.data(), node->bytes.size());
+        ink::NoteFileHeader header;
+        EXPECT_TRUE(ink::ReadNoteHeader(source, header) &&
+                    ink::ReadNoteBody(source, header, page) == ink::LoadResult::Loaded)
+            << "a part of a note";
+        page.VisitStrokes(0, 5000, [&](const ink::StrokeRecord& record) {
+            strokes.insert((record.Points()[0].x - 20) / 30);
+        });
+    }
+    return strokes;
+}
+
+// Returns how often the day was ended early.
+int EndAtEveryCall(const Day& morning, const Day& day) {
+    for (int nth = 1;; ++nth) {
+        SCOPED_TRACE(nth);
+        Life life;
+        morning(life);
+        life.EndAtCall(nth);
+        try {
+            day(life);
+        } catch (const ProgramEnds&) {
+        }
+        Life next;
+        next.GoOnFrom(life);
+        next.device.desk.answers.assign(9, platform::MessageAnswer::Yes);
+        Live(next, L"", {next.Close()});
+        bool hasMemo = life.memo.empty();
+        const std::multiset<int> found = StrokesOf(next.device, hasMemo, life.memo);
+        for (const int k : life.kept) EXPECT_EQ(found.count(k), 1u) << "stroke " << k;
+        EXPECT_TRUE(hasMemo);
+        for (const auto& entry : next.device.notifications) {
+            const std::wstring& arguments = entry.second.trigger.arguments;
+            EXPECT_TRUE(next.device.files.Has(arguments.substr(1, arguments.find(L'"', 1) - 1)));
+        }
+        if (testing::Test::HasFailure() || !life.hasEnded) return nth - 1;
+    }
+}
+
+TEST(Reliability, AnOpenNote) {
+    const std::wstring note = kStore + L"Work\\a.ikw";
+    const int ends = EndAtEveryCall(
+        [&](Life& life) {
+            life.device.files.Put(note, testing_support::Words({5, 0xFFFFFF, 0, 268}));
+        },
+        [&](Life& life) {
+            Live(life, note,
+                 {life.Stroke(0), life.Stroke(1), life.Press(IDM_ERASER),
+                  life.Loses(0, life.Write({{20, 60}, {35, 60}})), life.Keeps(0, life.Shortcut(L'Z')),
+                  life.Press(IDM_PEN), life.Stroke(2), life.Press(IDM_SPACE_TOOL),
+                  life.Write({{9, 90}, {9, 100}}), life.Shortcut(L'Z'), life.Shortcut(L'Y'), life.Close()});
+        });
+    EXPECT_GT(ends, 25);
+}
+
+TEST(Reliability, ANewNoteWithAMemo) {
+    const int ends = EndAtEveryCall(
+        [](Life&) {},
+        [&](Life& life) {
+            Live(life, kStore + L"New Notes\\",
+                 {life.Stroke(0), life.Press(IDM_TEXT_MEMO), life.TypeInto(IDC_MEMO_TEXT, L"tea"),
+                  life.KeepsMemo(L"tea", life.Wait()), life.Press(IDC_MEMO_SAVE), life.Stroke(1),
+                  life.Close(), life.Press(platform::kIdOk)});
+        });
+    EXPECT_GT(ends, 20);
+}
+
+}  // namespace
