@@ -182,7 +182,10 @@ void InkCanvas::EditTextMemo() {
     using options::TextMemoDialog;
     if (!HasFile(page_)) {
         TextMemoDialog dialog(TextMemoDialog::Mode::Text, page_.memo, journal_);
-        if (dialog.Edit(*this)) history_.SetMemo(dialog.Memo());
+        openMemo_ = &dialog;
+        const bool isSaved = dialog.Edit(*this);
+        openMemo_ = nullptr;
+        if (isSaved) history_.SetMemo(dialog.Memo());
         history_.EndStep();
         return journal_.MemoClosed();
     }
@@ -216,6 +219,20 @@ void InkCanvas::Close() {
     journal_.Remove();
     ScheduleAlarm();
     closing_ = false;
+    EndModal(platform::kIdOk);
+}
+
+// What has no place on the disk stays in the journal.
+void InkCanvas::OnSessionEnd() {
+    input_.Interrupt();
+    if (openMemo_ != nullptr) {
+        openMemo_->OnSessionEnd();
+        history_.SetMemo(openMemo_->Memo());
+        history_.EndStep();
+    }
+    const bool isSaved = !page_.modified || SaveWithoutAsking(Kind(), page_, journal_);
+    isSaved ? journal_.Remove() : journal_.Leave();
+    page_.modified = !isSaved;
     EndModal(platform::kIdOk);
 }
 

@@ -12,6 +12,10 @@
 #include "platform/Screen.h"
 #include "res/resource.h"
 
+namespace options {
+class TextMemoDialog;
+}
+
 namespace editor {
 
 // The note editor: one full-screen window whose client area is the page.
@@ -44,6 +48,7 @@ class InkCanvas : public platform::Screen {
     bool OnShortcut(wchar_t letter) override;
     void OnCommand(int id) override;
     void OnTakeOver() override;
+    void OnSessionEnd() override;
 
   private:
     struct Command;
@@ -93,6 +98,7 @@ class InkCanvas : public platform::Screen {
     const bool openedByAlarm_;
     bool storeChanged_ = false;
     bool closing_ = false;
+    options::TextMemoDialog* openMemo_ = nullptr;  // of a note without a file, while it is edited
     ink::InkPage page_;
     ink::PageHistory history_;
     store::NoteJournal journal_;

@@ -108,6 +108,19 @@ bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page, store:
     return true;
 }
 
+bool SaveWithoutAsking(NoteKind kind, ink::InkPage& page, store::NoteJournal& journal) {
+    if (!HasFile(page)) {
+        if (!page.HasInk() && page.memo.empty()) return true;
+        if (!page.isProposal) page.notePath = ProposedNotePath(kind, page.notePath);
+        page.isProposal = true;
+        store::EnsureFolders(store::FolderOf(page.notePath));
+    }
+    if (!WriteSafely(store::SafeFile::At(page.notePath), page, journal) && !WriteInPlace(page, journal))
+        return false;
+    page.isProposal = false;
+    return page.memo.empty() || store::MemoFile(store::MemoPath(page.notePath)).WriteQuietly(page.memo);
+}
+
 void ForgetFile(ink::InkPage& page) {
     page.notePath = store::FolderOf(page.notePath);
     page.isProposal = false;

@@ -25,6 +25,10 @@ bool HasFile(const ink::InkPage& page);
 // the page is in the journal.
 bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page, store::NoteJournal& journal);
 
+// The same without a word to the user: a new note goes where it would be proposed. Afterwards the page is
+// that of its file.
+bool SaveWithoutAsking(NoteKind kind, ink::InkPage& page, store::NoteJournal& journal);
+
 // Cuts a note path back to its folder: a path without "\" becomes empty.
 void ForgetFile(ink::InkPage& page);
 

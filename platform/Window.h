@@ -113,6 +113,9 @@ class Window {
     // Another copy of the program starts and takes this one's place: the window is to end. Once it has, the
     // one that it was opened over is told as well, and so the whole copy ends. It may stay to lose nothing.
     virtual void OnTakeOver() {}
+    // The user's session ends: what is to be kept is saved at once and without any question, for there is no
+    // later. Every open window is told, whatever lies open over it.
+    virtual void OnSessionEnd() { EndModal(kIdCancel); }
 
   protected:
     std::unique_ptr<Impl> impl_;

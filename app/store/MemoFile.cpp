@@ -69,18 +69,23 @@ MemoFile::Result MemoFile::ReadBytes(std::string& bytes) {
 }
 
 bool MemoFile::Write(platform::Window* owner, const std::wstring& text) {
-    Result result = Result::Done;
-    {
-        const platform::WaitCursor wait;
-        try {
-            result = WriteBytes(text);
-        } catch (const std::bad_alloc&) {
-            result = Result::OutOfMemory;
-        }
-    }
+    const Result result = TryToWrite(text);
     if (result == Result::OutOfMemory) platform::ShowOutOfMemory(owner);
     if (result == Result::Failed) ShowFailure(owner, kSaveFailed);
     return result == Result::Done;
+}
+
+bool MemoFile::WriteQuietly(const std::wstring& text) {
+    return !isUnread_ && TryToWrite(text) == Result::Done;
+}
+
+MemoFile::Result MemoFile::TryToWrite(const std::wstring& text) {
+    const platform::WaitCursor wait;
+    try {
+        return WriteBytes(text);
+    } catch (const std::bad_alloc&) {
+        return Result::OutOfMemory;
+    }
 }
 
 MemoFile::Result MemoFile::WriteBytes(const std::wstring& text) {

@@ -20,6 +20,8 @@ class MemoFile {
     // Replaces the memo by a text that is not empty. False when that failed, which the user was told; the
     // memo is then what it was when it was read. What Read could not show stays behind the text.
     bool Write(platform::Window* owner, const std::wstring& text);
+    // The same without a word to the user, and not over a file that Read could not read.
+    bool WriteQuietly(const std::wstring& text);
     void Erase();
 
     // Asked before a text replaces the file. `unseen`: the file holds something that Read did not give and
@@ -32,6 +34,7 @@ class MemoFile {
 
     Result ReadBytes(std::string& bytes);
     Result WriteBytes(const std::wstring& text);
+    Result TryToWrite(const std::wstring& text);
 
     std::wstring path_;
     std::string

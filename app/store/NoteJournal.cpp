@@ -142,6 +142,12 @@ bool NoteJournal::Hold() {
     }
 }
 
+void NoteJournal::Leave() {
+    log_.Close();
+    path_.clear();
+    isOff_ = true;
+}
+
 void NoteJournal::Remove() {
     log_.Close();
     if (!path_.empty()) platform::EraseFile(path_);

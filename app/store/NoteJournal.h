@@ -35,6 +35,8 @@ class NoteJournal : public ink::StepListener {
 
     // Everything is saved, or not wanted any more.
     void Remove();
+    // What is written so far stays for the next start, and nothing more is written.
+    void Leave();
 
   private:
     bool Open(ink::BlockBytes& bytes);

@@ -99,7 +99,7 @@ bool TextMemoDialog::OnCreate() {
         return false;
     }
     Fill();
-    noted_ = ItemText(IDC_MEMO_TEXT);
+    read_ = noted_ = ItemText(IDC_MEMO_TEXT);
     StartTimer(kNoteTimer, kNoteMilliseconds);
     FocusItem(IDC_MEMO_TEXT);
     platform::ShowInputPanel(true);
@@ -171,6 +171,17 @@ void TextMemoDialog::Save() {
     if (unseen && !MayLoseContents(L"Confirm Text Memo Save")) return;
     if (text.empty()) file_.Erase();
     if (text.empty() || file_.Write(this, text)) EndModal(platform::kIdOk);
+}
+
+// An emptied text may have been meant to be filled again.
+void TextMemoDialog::OnSessionEnd() {
+    const std::wstring text = ItemText(IDC_MEMO_TEXT);
+    if (mode_ == Mode::Text) memo_ = text;
+    if (mode_ == Mode::File && !text.empty() && text != read_ && !file_.WriteQuietly(text)) {
+        journal_.MemoTyped(text);
+        journal_.Leave();
+    }
+    EndModal(platform::kIdOk);
 }
 
 bool TextMemoDialog::MayLoseContents(const wchar_t* caption) {

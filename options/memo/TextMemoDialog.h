@@ -32,6 +32,8 @@ class TextMemoDialog : public platform::Dialog {
     void OnCommand(int id) override;
     void OnTimer(int id) override;
     void OnTakeOver() override { Save(); }
+    // The text goes to the file, or for a note without one to Memo; where that fails the journal keeps it.
+    void OnSessionEnd() override;
     void OnEditHold(int id, platform::Point place) override;
 
   private:
@@ -47,7 +49,8 @@ class TextMemoDialog : public platform::Dialog {
     std::wstring memo_;
     store::MemoFile file_;
     store::NoteJournal& journal_;
-    std::wstring noted_;  // the text that the journal has
+    std::wstring read_;   // the text at first
+    std::wstring noted_;  // and as the journal has it
     std::wstring caption_;
     platform::Image picture_;  // what lies around the controls
     bool dragging_ = false;

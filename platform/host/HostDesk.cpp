@@ -156,6 +156,10 @@ void HostDesk::ShowPage(size_t index) {
     if (!open_.empty() && open_.back()->Handle()->showPage) open_.back()->Handle()->showPage(index);
 }
 
+void HostDesk::EndSession() {
+    for (size_t i = open_.size(); i-- > 0;) open_[i]->OnSessionEnd();
+}
+
 void HostDesk::PassTime(uint32_t milliseconds) {
     HostDevice& device = HostDevice::Current();
     for (uint32_t i = 0; i < milliseconds; ++i) {

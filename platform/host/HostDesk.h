@@ -52,6 +52,8 @@ class HostDesk {
     void Select(int item, size_t start, size_t end);
     void Hold(int item, Point place);  // still, on an edit of many lines
     void ShowPage(size_t index);       // of a property sheet
+    // The user's session ends.
+    void EndSession();
     // Lets time go by; timers of all open windows fire when due.
     void PassTime(uint32_t milliseconds);
     // Handles everything that was posted and paints what was invalidated.

@@ -63,6 +63,9 @@ INT_PTR DialogEvent(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
             if (changed) Guarded(*window, [&] { window->OnControlChanged(static_cast<int>(notice.idFrom)); });
             return FALSE;
         }
+        case WM_ENDSESSION:
+            if (wParam && !state.ended) Guarded(*window, [&] { window->OnSessionEnd(); });
+            return TRUE;
         case WM_DESTROY:
             Guarded(*window, [&] { window->OnDestroy(); });
             return FALSE;

@@ -59,8 +59,7 @@ LRESULT CALLBACK FrameProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM
             DispatchEvent(*window, handle, WM_COMMAND, kIdOk, 0);
             return 0;
         case WM_ENDSESSION:
-            // Whatever lies open over it: there is no later.
-            if (wParam && !state.ended) Guarded(*window, [&] { window->OnCommand(kIdOk); });
+            if (wParam && !state.ended) Guarded(*window, [&] { window->OnSessionEnd(); });
             return 0;
         case WM_DESTROY:
             Guarded(*window, [&] { window->OnDestroy(); });

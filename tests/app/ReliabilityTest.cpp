@@ -169,6 +169,30 @@ TEST(Reliability, AnOpenNote) {
     EXPECT_GT(ends, 25);
 }
 
+// Nobody is asked, nothing waits for the next start.
+TEST(Reliability, TheSessionsEndSavesWhatIsOpen) {
+    const std::wstring work = kStore + L"Work\\";
+    for (const std::wstring& opened : {kStore + L"New Notes\\", work + L"a.ikw"}) {
+        Life life;
+        life.device.files.Put(work + L"a.ikw", testing_support::Words({5, 0xFFFFFF, 0, 268}));
+        Live(life, opened,
+             {life.Stroke(0), life.Press(IDM_TEXT_MEMO), life.TypeInto(IDC_MEMO_TEXT, L"tea"), [&] {
+                  life.device.desk.EndSession();
+                  const std::wstring saved =
+                      opened.back() == L'\\' ? opened + L"New Notes 2007-03-05.ikw" : opened;
+                  EXPECT_NE(life.device.files.Get(saved).size(), 16u);
+                  EXPECT_EQ(life.device.files.Get(saved.substr(0, saved.size() - 3) + L"txt"), "tea");
+              }});
+        Life next;
+        next.GoOnFrom(life);
+        Live(next, L"", {next.Close()});
+        EXPECT_TRUE(life.device.desk.messages.empty() && next.device.desk.messages.empty());
+        bool hasMemo = false;
+        EXPECT_EQ(StrokesOf(next.device, hasMemo, L"tea").count(0), 1u);
+        EXPECT_TRUE(hasMemo);
+    }
+}
+
 TEST(Reliability, ANewNoteWithAMemo) {
     const int ends = EndAtEveryCall(
         [](Life&) {},
