@@ -4,6 +4,7 @@
 #include "app/OtherCopies.h"
 #include "app/Recovery.h"
 #include "app/TodayScreen.h"
+#include "app/store/NoteIntent.h"
 #include "app/store/PenSettings.h"
 #include "app/store/StorePaths.h"
 #include "editor/InkCanvas.h"
@@ -76,6 +77,7 @@ int platform::RunProgram(const std::wstring& commandLine) {
     app::DropMissingTarget(request);
     app::DropTargetOutOfReach(request);
     app::RemoveStalePictures();
+    store::FinishIntents();
     // Who is called by an alarm is not to be held up.
     if (!request.alarmMode) app::RestoreUnsavedNotes();
     const bool showsManager = request.manageMode || request.target.empty();

@@ -103,6 +103,7 @@ void Judge(Unsaved& unsaved) {
             !story.page->memo.empty() &&
             !(unsaved.isInPlace && HoldsMemo(store::MemoPath(unsaved.place), story.page->memo));
     }
+    if (story.hasMemo) EraseRemnants(story.memoPath);
     // An empty text is no reason to take a memo away.
     if (story.hasMemo) unsaved.wantsMemo = !story.memo.empty() && !HoldsMemo(story.memoPath, story.memo);
 }

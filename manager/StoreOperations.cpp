@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "app/store/NoteFiles.h"
+#include "app/store/NoteIntent.h"
 #include "app/store/SafeFile.h"
 #include "app/store/StorePaths.h"
 #include "platform/FileSystem.h"
@@ -41,6 +42,27 @@ CopyResult CopyFile(platform::Window* owner, const std::wstring& source, const s
     return CopyResult::Failed;
 }
 
+CopyResult CopyTree(platform::Window* owner, const std::wstring& source, const std::wstring& destination) {
+    std::vector<platform::FolderEntry> entries;
+    if (!platform::ListFolder(store::WithoutTrailingBackslashes(source), L"*.*", entries)) {
+        ShowCopyFailure(owner, source);
+        return CopyResult::Failed;
+    }
+    for (const platform::FolderEntry& entry : entries) {
+        const std::wstring from = source + entry.name;
+        const std::wstring to = destination + entry.name;
+        CopyResult result = CopyResult::Done;
+        if (entry.isFolder) {
+            platform::MakeFolder(to);
+            result = CopyTree(owner, from + L"\\", to + L"\\");
+        } else {
+            result = CopyFile(owner, from, to);
+        }
+        if (result != CopyResult::Done) return result;
+    }
+    return CopyResult::Done;
+}
+
 }  // namespace
 
 bool MoveNote(platform::Window* owner, const std::wstring& source, std::wstring& destination) {
@@ -49,13 +71,8 @@ bool MoveNote(platform::Window* owner, const std::wstring& source, std::wstring&
         const MessageAnswer answer = platform::ShowMessage(
             owner, L"Destination folder already contains a file with the same name. Overwrite?",
             L" Confirm Overwrite", MessageButtons::YesNoCancel, MessageIcon::Question, DefaultButton::Second);
-        if (answer == MessageAnswer::Yes) {
-            platform::EraseFile(destination);
-        } else if (answer == MessageAnswer::No) {
-            destination = store::FreeNotePath(destination);
-        } else {
-            return false;
-        }
+        if (answer == MessageAnswer::Cancel) return false;
+        if (answer == MessageAnswer::No) destination = store::FreeNotePath(destination);
     }
     const store::NoteMove move = store::MoveNoteFiles(source, destination, store::MemoInTheWay::Replace);
     const std::wstring stayed = !move.isMoved ? source : move.memoStayed ? store::MemoPath(source) : L"";
@@ -94,24 +111,8 @@ std::wstring CreateFolder(const std::wstring& folder) {
 
 CopyResult CopyFolderTree(platform::Window* owner, const std::wstring& source,
                           const std::wstring& destination) {
-    std::vector<platform::FolderEntry> entries;
-    if (!platform::ListFolder(store::WithoutTrailingBackslashes(source), L"*.*", entries)) {
-        ShowCopyFailure(owner, source);
-        return CopyResult::Failed;
-    }
-    for (const platform::FolderEntry& entry : entries) {
-        const std::wstring from = source + entry.name;
-        const std::wstring to = destination + entry.name;
-        CopyResult result = CopyResult::Done;
-        if (entry.isFolder) {
-            platform::MakeFolder(to);
-            result = CopyFolderTree(owner, from + L"\\", to + L"\\");
-        } else {
-            result = CopyFile(owner, from, to);
-        }
-        if (result != CopyResult::Done) return result;
-    }
-    return CopyResult::Done;
+    const store::NoteIntent intent(store::NoteIntent::Kind::CopyFolder, source, destination);
+    return CopyTree(owner, source, destination);
 }
 
 bool MoveFolder(platform::Window* owner, const std::wstring& source, const std::wstring& destination,

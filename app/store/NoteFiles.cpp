@@ -1,6 +1,7 @@
 #include "app/store/NoteFiles.h"
 
 #include "app/store/NoteAlarms.h"
+#include "app/store/NoteIntent.h"
 #include "app/store/StorePaths.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
@@ -46,30 +47,48 @@ bool DeleteTree(const std::wstring& folder) {
 }  // namespace
 
 NoteMove MoveNoteFiles(const std::wstring& from, const std::wstring& to, MemoInTheWay memoInTheWay) {
+    const bool replaces = memoInTheWay == MemoInTheWay::Replace;
+    const NoteIntent intent(replaces ? NoteIntent::Kind::ReplaceNote : NoteIntent::Kind::MoveNote, from, to);
+    if (replaces && IsFile(to)) platform::EraseFile(to);
     if (!platform::MoveEntry(from, to)) return {};
+    return {true, FollowMovedNote(from, to, memoInTheWay)};
+}
+
+bool FollowMovedNote(const std::wstring& from, const std::wstring& to, MemoInTheWay memoInTheWay) {
     MoveNoteAlarms(from, to);
-    return {true, MemoStays(MemoPath(from), MemoPath(to), memoInTheWay)};
+    return MemoStays(MemoPath(from), MemoPath(to), memoInTheWay);
 }
 
 bool DeleteNoteFiles(const std::wstring& notePath) {
+    const NoteIntent intent(NoteIntent::Kind::DeleteNote, notePath, L"");
     if (!platform::EraseFile(notePath)) return false;
-    ClearNoteAlarms(notePath);
-    platform::EraseFile(MemoPath(notePath));
+    FollowDeletedNote(notePath);
     return true;
 }
 
+void FollowDeletedNote(const std::wstring& notePath) {
+    ClearNoteAlarms(notePath);
+    platform::EraseFile(MemoPath(notePath));
+}
+
 bool MoveNoteFolder(const std::wstring& from, const std::wstring& to) {
+    const NoteIntent intent(NoteIntent::Kind::MoveFolder, from, to);
     if (!platform::MoveEntry(from, to)) return false;
+    FollowMovedFolder(from, to);
+    return true;
+}
+
+void FollowMovedFolder(const std::wstring& from, const std::wstring& to) {
     const platform::WaitCursor wait;
     std::vector<std::wstring> oldPaths;
     std::vector<std::wstring> newPaths;
     CollectNotes(from, to, oldPaths, newPaths);
     if (!oldPaths.empty()) MoveNoteAlarms(oldPaths, newPaths);
-    return true;
 }
 
 bool DeleteNoteFolder(const std::wstring& folder) {
     const platform::WaitCursor wait;
+    const NoteIntent intent(NoteIntent::Kind::DeleteFolder, folder, L"");
     const bool isGone = DeleteTree(folder);
     RemoveOrphanAlarms();
     return isGone;

@@ -6,8 +6,8 @@
 #include "app/store/DayFolder.h"
 
 // A note with its memo and its alarms as one thing, and folders of such: whatever moves or deletes them does
-// it here. Nothing is asked and nothing told; nothing is rolled back. Paths of folders have no "\" at their
-// end.
+// it here. Nothing is asked and nothing told; nothing is rolled back, but what a run was ended in is brought
+// to its end by the next one (NoteIntent.h). Paths of folders have no "\" at their end.
 namespace store {
 
 // What becomes of a memo that lies where the note's own is to go: one left behind by another note.
@@ -18,7 +18,8 @@ struct NoteMove {
     bool memoStayed = false;
 };
 
-// Moves or renames a note; nothing may lie at `to`.
+// Moves or renames a note. What lies at `to` goes first if a memo there would be replaced too, else nothing
+// may lie there.
 NoteMove MoveNoteFiles(const std::wstring& from, const std::wstring& to, MemoInTheWay memoInTheWay);
 
 // Deletes a note. False when its file could not be deleted; memo and alarms then stay with it.
@@ -30,6 +31,12 @@ bool MoveNoteFolder(const std::wstring& from, const std::wstring& to);
 // Deletes a folder with all that is in it. False when something of it stays; the alarms of what is gone are
 // cleared in either case.
 bool DeleteNoteFolder(const std::wstring& folder);
+
+// The second halves, for files that are already where they are to be: memo and alarms follow. The first tells
+// whether the memo stayed.
+bool FollowMovedNote(const std::wstring& from, const std::wstring& to, MemoInTheWay memoInTheWay);
+void FollowDeletedNote(const std::wstring& notePath);
+void FollowMovedFolder(const std::wstring& from, const std::wstring& to);
 
 // Removes the folders of days without notes from the folder of all reminders; one that holds anything stays.
 void DropEmptyDays(const std::wstring& reminders, const std::vector<DayFolder>& days);

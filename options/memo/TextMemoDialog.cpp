@@ -169,6 +169,7 @@ void TextMemoDialog::Save() {
     bool unseen = false;
     if (!file_.MayReplace(this, text, unseen)) return;
     if (unseen && !MayLoseContents(L"Confirm Text Memo Save")) return;
+    journal_.MemoTyped(text);
     if (text.empty()) file_.Erase();
     if (text.empty() || file_.Write(this, text)) EndModal(platform::kIdOk);
 }

@@ -3,7 +3,9 @@
 #include <set>
 
 #include "alarms/NoteAlarm.h"
+#include "app/store/NoteFiles.h"
 #include "ink/NoteFile.h"
+#include "manager/StoreOperations.h"
 #include "platform/ProgramEntry.h"
 #include "res/resource.h"
 #include "tests/support/DeskTest.h"
@@ -16,8 +18,6 @@ using testing_support::Script;
 using testing_support::Step;
 
 const std::wstring kStore = L"\\My Documents\\Inkwright\\";
-
-struct ProgramEnds {};
 
 // A device and the person at it.
 class Life : public testing_support::Steps {
@@ -36,13 +36,12 @@ class Life : public testing_support::Steps {
         device.notifications = before.device.notifications;
     }
 
-    // The program ends at its n-th call; then nothing has an effect any more.
+    // From its n-th call on nothing that the program does has an effect any more.
     void EndAtCall(int nth) {
         device.files.fault = [this, nth](FileCall, const std::wstring&) {
-            if (hasEnded) return FileError::Other;
-            if (++calls_ < nth) return FileError::None;
-            hasEnded = device.registryFails = device.notificationsFail = true;
-            throw ProgramEnds();
+            hasEnded = hasEnded || ++calls_ == nth;
+            device.registryFails = device.notificationsFail = hasEnded;
+            return hasEnded ? FileError::Other : FileError::None;
         };
     }
 
@@ -50,19 +49,19 @@ class Life : public testing_support::Steps {
     Step Stroke(int k) {
         return [this, k] {
             Steps::Write({{20 + 30 * k, 60 + 40 * k}, {35 + 30 * k, 60 + 40 * k}})();
-            kept.insert(k);
+            if (!hasEnded) kept.insert(k);
         };
     }
     Step Loses(int k, const Step& step) {
         return [=] {
-            kept.erase(k);
+            if (!hasEnded) kept.erase(k);
             step();
         };
     }
     Step Keeps(int k, const Step& step) {
         return [=] {
             step();
-            kept.insert(k);
+            if (!hasEnded) kept.insert(k);
         };
     }
     Step Shortcut(wchar_t letter) {
@@ -77,7 +76,7 @@ class Life : public testing_support::Steps {
     Step KeepsMemo(const std::wstring& text, const Step& step) {
         return [=] {
             step();
-            memo = text;
+            if (!hasEnded) memo = text;
         };
     }
 
@@ -133,10 +132,7 @@ int EndAtEveryCall(const Day& morning, const Day& day) {
         Life life;
         morning(life);
         life.EndAtCall(nth);
-        try {
-            day(life);
-        } catch (const ProgramEnds&) {
-        }
+        day(life);
         Life next;
         next.GoOnFrom(life);
         next.device.desk.answers.assign(9, platform::MessageAnswer::Yes);
@@ -190,6 +186,45 @@ TEST(Reliability, TheSessionsEndSavesWhatIsOpen) {
         bool hasMemo = false;
         EXPECT_EQ(StrokesOf(next.device, hasMemo, L"tea").count(0), 1u);
         EXPECT_TRUE(hasMemo);
+    }
+}
+
+// A note that holds stroke number k.
+std::string NoteWith(int k) {
+    const int x = 20 + 30 * k;
+    return testing_support::Words({5, 0xFFFFFF, 1, 268, 1, 2, 0, 0, 0, 60, 61, x, 60, x, 61});
+}
+
+TEST(Reliability, WhatTheManagerDoesToNotes) {
+    const std::wstring note = kStore + L"Work\\a.ikw";
+    const std::wstring other = kStore + L"Home\\a.ikw";
+    const struct {
+        std::function<void()> day;
+        std::set<int> kept;
+        std::wstring memo;
+    } kDays[] = {
+        {[&] { store::MoveNoteFiles(note, kStore + L"Work\\b.ikw", store::MemoInTheWay::Keep); },
+         {0, 1},
+         L"tea"},
+        {[&] { store::MoveNoteFiles(note, other, store::MemoInTheWay::Replace); }, {0}, L"tea"},
+        {[&] { store::DeleteNoteFiles(note); }, {1}, L"jam"},
+        {[&] { store::MoveNoteFolder(kStore + L"Work", kStore + L"Home\\Work"); }, {0, 1}, L"tea"},
+        {[&] { store::DeleteNoteFolder(kStore + L"Work"); }, {1}, L"jam"},
+        {[&] { manager::CopyFolderTree(nullptr, kStore + L"Work\\", kStore + L"Home\\"); }, {}, L"tea"}};
+    for (const auto& each : kDays) {
+        const int ends = EndAtEveryCall(
+            [&](Life& life) {
+                life.device.files.Put(note, NoteWith(0));
+                life.device.files.Put(kStore + L"Work\\a.txt", "tea");
+                life.device.files.Put(other, NoteWith(1));
+                life.device.files.Put(kStore + L"Home\\a.txt", "jam");
+                alarms::SetNoteAlarm(note, {2007, 3, 4, 15, 20, 0, 0, 0});
+                life.device.desk.answers.assign(9, platform::MessageAnswer::Yes);
+                life.kept = each.kept;
+                life.memo = each.memo;
+            },
+            [&](Life&) { each.day(); });
+        EXPECT_GT(ends, 4);
     }
 }
 
