@@ -61,9 +61,6 @@ class EditorTest : public DeskSteps {
             Desk().Command(platform::kIdOk);
         };
     }
-    Step ExpectErase(platform::MessageAnswer answer) {
-        return ExpectBox(L"Notes will be completely erased. Continue?", L" Confirm Full Erase", answer);
-    }
     Step ExpectDiscard(const std::wstring& path, platform::MessageAnswer answer) {
         return ExpectBox(L"Saving '" + path + L"' failed!\nDiscard changes?", L" Error", answer);
     }
