@@ -89,8 +89,7 @@ TEST_F(Commands, RemindersComeAndGoWithTheirDays) {
     const Step pick = PickDay(IDC_MONTH_CALENDAR, 2007, 4, 2);
     const Step noDay = [this] { EXPECT_FALSE(Has(L"Reminders\\2007-04-02")); };
     Play({Press(IDM_ADD_NOTE), Press(platform::kIdCancel), ExpectTitle(L"Inkwright"), Press(IDM_ADD_NOTE),
-          Ok(), ExpectTitle(L"Monday, 3/5/2007 - Inkwright"), Close(), Press(IDM_ADD_NOTE), pick,
-          ExpectTitle(L"Monday, 4/2/2007 - Inkwright"), Close(), noDay, ExpectSelected(L"Reminders")});
+          pick, ExpectTitle(L"Monday, 4/2/2007 - Inkwright"), Close(), noDay, ExpectSelected(L"Reminders")});
     RunManager(L"Reminders\\", {Press(IDM_ADD_NOTE), pick, Write({{30, 100}}), Close(), Close(),
                                 ExpectSelected(L"Reminder 2007-04-02"),
                                 ExpectTree(L"Reminders", {L"Monday, April 2, 2007  (1 found) "}),
