@@ -17,6 +17,7 @@ class Memo : public testing_support::DeskTest {
 
 TEST_F(Memo, CapitalsAndSmallLetters) {
     EXPECT_TRUE(Finds("abc", "xx ABC") && Finds("ABC", "xx abc") && Finds("1b", "a1B"));
+    EXPECT_FALSE(Finds("abc", "axc abx xbc"));
     EXPECT_FALSE(Finds("abc", "ABC and later abd")) << "capitals count only where no small letter is left";
     EXPECT_TRUE(Finds("abc", "ABC" + std::string(1024, '.') + "abd")) << "in this window";
     EXPECT_TRUE(Finds("az", "x AZ") && Finds("za", "x ZA"));
