@@ -83,15 +83,12 @@ class EditorTest : public DeskSteps {
     int Position() { return Desk().Top()->GetScroll().position; }
     bool IsChecked(int command) { return hand.Tool(command).checked; }
     // The page from this row on, painted anew.
-    void Paint(ink::PixelSurface& surface, const ink::InkPage& page, int row) {
-        ink::InkPainter painter;
-        painter.SetPen(style_, width_);
-        painter.Repaint(surface, page, row, surface.Bounds());
-    }
     Picture Repainted(const ink::InkPage& page, int row) {
         Picture pixels(kViewWidth * kViewHeight);
         ink::PixelSurface surface{pixels.data(), kViewWidth, kViewHeight, kViewWidth};
-        Paint(surface, page, row);
+        ink::InkPainter painter;
+        painter.SetPen(style_, width_);
+        painter.Repaint(surface, page, row, surface.Bounds());
         return pixels;
     }
 
