@@ -85,9 +85,6 @@ class ManagerTest : public DeskSteps {
     Step ExpectTree(const std::wstring& path, const Texts& texts) {
         return [=] { EXPECT_EQ(Tree().Texts(PathOf(path)), texts); };
     }
-    Step ExpectMenu(const Texts& entries) {
-        return [=] { EXPECT_EQ(hand.Menu(), entries); };
-    }
     Step ExpectStore(const std::wstring& content) {
         return [=] { EXPECT_EQ(Store(), content); };
     }

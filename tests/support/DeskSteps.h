@@ -67,6 +67,9 @@ class DeskSteps : public DeskTest {
     Step Shortcut(wchar_t letter) {
         return [=] { Desk().PressShortcut(letter); };
     }
+    Step ExpectMenu(const Texts& entries) {
+        return [=] { EXPECT_EQ(hand.Menu(), entries); };
+    }
     Step ExpectErase(platform::MessageAnswer answer) {
         return ExpectBox(L"Notes will be completely erased. Continue?", L" Confirm Full Erase", answer);
     }
