@@ -6,13 +6,11 @@ namespace {
 
 using namespace testing_support;
 
-class Alarm : public EditorTest {
-  protected:
-    Alarm() { device.SetSetting(L"RootDirPath", L"\\Ink"); }
-};
+class Alarm : public EditorTest {};
 
 // The dialog proposes the set number of minutes from now, and begins with the alarm that a note is to get.
 TEST_F(Alarm, SetAlarmAndExitNamesTheNoteClosesAndSchedules) {
+    device.SetSetting(L"RootDirPath", L"\\Ink");
     device.SetSetting(L"AlarmTimeOffset", 90);
     device.now = {2007, 3, 1, 5, 23, 10, 45, 0};
     const auto expectPicked = [this](const std::wstring& moment) {
@@ -43,6 +41,7 @@ TEST_F(Alarm, SetAlarmAndExitNamesTheNoteClosesAndSchedules) {
 
 // Nor is one set for a note without a file: nothing was written, or it was given up.
 TEST_F(Alarm, AnAlarmThatNothingWillFireIsReported) {
+    device.SetSetting(L"RootDirPath", L"\\Ink");
     const std::pair<std::wstring, std::wstring> kCases[] = {{L"200703515203000", L" 3/15/2007 8:30:00 PM"},
                                                             {L"200702530203000", L" "},
                                                             {L"2007xx515203000", L" "}};

@@ -49,7 +49,6 @@ TEST_F(Commands, RecentColoursMoveToTheFrontAndPersist) {
             ExpectTitle(L"Color Palette"), TapCell(5, 0), ExpectChecked(IDM_PEN), ExpectSwatches(1847291905),
             Press(IDM_ERASER), Press(IDM_PALETTE_PEN), TapCell(5, 0), ExpectChecked(IDM_PEN)});
     ExpectColors({0xC0C0C0, 0x40FF40, 0xFF4040, 0x808080, 0x4040FF});
-    EXPECT_EQ(device.NumberSetting(L"LastBGColor"), 0xFFFFFFu);
 }
 
 // A grid of greys, colours and tints; the current one is framed, below the grid if that lacks it. It is left
@@ -71,26 +70,20 @@ TEST_F(Commands, ThePalette) {
             WithPictures(1, Press(IDM_PALETTE_PEN))});
 }
 
-// An opened note's paper is the next page's.
-TEST_F(Commands, AnotherBackgroundRepaintsAndIsSaved) {
+TEST_F(Commands, AnotherBackgroundIsSavedAndTheNextPages) {
     Edited({Press(IDM_BACKGROUND_COLOR), TapCell(5, 5)});
     EXPECT_EQ(device.files.Get(kNote), Words({5, 0xFFF4EA, 0, kViewHeight}));
     Run(kNewNotes, {[this] { EXPECT_EQ(Shown().Row(200)[100], 0xEAF4FFu); }, Ok()});
-    device.files.Put(kNote, Words({5, 0x00FFFF, 0, kViewHeight}));
-    Edited({});
-    EXPECT_EQ(device.NumberSetting(L"LastBGColor"), 0x00FFFFu);
 }
 
 // What is greyed in the menu is no less possible when it is posted.
 TEST_F(Commands, TheToolsMenuGreysWhatNeedsInk) {
-    const auto expectMenu = [this](const Texts& entries) {
-        return [=] { EXPECT_TRUE(hand.Menu() == entries && Desk().menuPlace == (Point{220, 300})); };
-    };
     Edited({Picked({L"Send as Email Attachment"}), Press(IDM_TOOLS),
-            expectMenu({L"Edit Text Memo", L"(Set Alarm and Exit)", L"-", L"(Send as Email Attachment)"}),
+            ExpectMenu({L"Edit Text Memo", L"(Set Alarm and Exit)", L"-", L"(Send as Email Attachment)"}),
             ExpectBox(L"Cannot send empty notes!", L" Error"), Press(IDM_SEND_EMAIL), Press(IDM_SET_ALARM),
             Press(platform::kIdCancel), Write({{30, 100}}), Press(IDM_TOOLS),
-            expectMenu({L"Edit Text Memo", L"Set Alarm and Exit", L"-", L"Send as Email Attachment"})});
+            ExpectMenu({L"Edit Text Memo", L"Set Alarm and Exit", L"-", L"Send as Email Attachment"})});
+    EXPECT_EQ(Desk().menuPlace, (Point{220, 300}));
     EXPECT_EQ(device.mailed.size(), 1u);
 }
 

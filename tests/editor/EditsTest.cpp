@@ -4,7 +4,6 @@
 namespace {
 
 using C = platform::ScrollCode;
-using testing::ElementsAre;
 using namespace testing_support;
 
 class Edits : public EditorTest {};
@@ -47,28 +46,24 @@ TEST_F(Edits, ADragThatScrollsErasesWhereThePenWas) {
         Edited({Write(Line({20, 100}, 10)), Write(Line({20, 126}, 10)), Write(Line({20, 250}, 10)),
                 Write({{20, 255}, {90, 255}}), Scroll(C::PageDown), Press(IDM_ERASER), Down({30, 63}),
                 Scroll(C::LineUp), ExpectInk({{50, 89}, {30, 94}}, {{30, 89}}), Up({30, 150})});
-    EXPECT_THAT(Rows(*page), ElementsAre(100, 126, 250, 250, 255));
+    EXPECT_EQ(Rows(*page), (std::vector{100, 126, 250, 250, 255}));
 }
 
 // Strokes on rows 50, 100 and 240 and one from 90 to 130, in a view of 268 rows.
 TEST_F(Edits, SpaceOpensAndClosesRows) {
-    const struct {
-        Trace drag;
-        std::vector<int> rows;
-        int maximum;  // of the scroll bar
-    } kCases[] = {
-        {{{5, 90}, {9, 300}}, {278, 418, 268, 50}, 2 * kViewHeight},  // no further than the view's end
-        {{{5, 200}, {9, 150}}, {50, 100, 190, 90}, kViewHeight},
-        {{{5, 200}, {9, -40}}, {50, 100, 131, 90}, kViewHeight},  // up to the row below the ink above
-        {{{5, 95}, {9, 60}}, {50, 100, 240, 90}, kViewHeight},    // no gap: a tall stroke stands beside
-        {{{5, 250}, {9, 20}}, {50, 100, 240, 90}, kViewHeight},   // nothing below
-        {{{5, 50}, {9, 40}, {3, 60}}, {60, 110, 250, 100}, kViewHeight},
-    };
-    for (const auto& c : kCases) {
+    const std::pair<Trace, std::vector<int>> kCases[] = {
+        {{{5, 90}, {9, 300}}, {278, 418, 268, 50}},  // no further than the view's end
+        {{{5, 200}, {9, 150}}, {50, 100, 190, 90}},
+        {{{5, 200}, {9, -40}}, {50, 100, 131, 90}},  // up to the row below the ink above
+        {{{5, 95}, {9, 60}}, {50, 100, 240, 90}},    // no gap: a tall stroke stands beside
+        {{{5, 250}, {9, 20}}, {50, 100, 240, 90}},   // nothing below
+        {{{5, 50}, {9, 40}, {3, 60}}, {60, 110, 250, 100}}};
+    for (const auto& [drag, rows] : kCases) {
+        const int views = rows[0] < kViewHeight ? 1 : 2;
         Play({Write(Line({20, 50}, 10)), Write(Line({20, 100}, 10)), Write(Line({20, 240}, 10))});
-        const auto page = Written(
-            {Write({{120, 90}, {120, 130}}), Press(IDM_SPACE_TOOL), Write(c.drag), ExpectMaximum(c.maximum)});
-        EXPECT_EQ(Rows(*page), c.rows) << c.drag.front().y << " to " << c.drag.back().y;
+        const auto page = Written({Write({{120, 90}, {120, 130}}), Press(IDM_SPACE_TOOL), Write(drag),
+                                   ExpectMaximum(views * kViewHeight)});
+        EXPECT_EQ(Rows(*page), rows) << drag.front().y << " to " << drag.back().y;
     }
     // Lines of ten pixels reach five rows beyond their points: none lands on another or leaves the page.
     UsePenOf(ink::PenStyle::Smooth, 100);
@@ -76,11 +71,6 @@ TEST_F(Edits, SpaceOpensAndClosesRows) {
         PutNote({100, 200});
         EXPECT_EQ(Rows(*Edited({Press(IDM_SPACE_TOOL), Write({{5, from}, {9, -40}})})), rows);
     }
-    // A page has no room for a stroke that far down.
-    shortages_ = 1;
-    PutNote({10, 2000000000});
-    EXPECT_THAT(Rows(*Edited({Press(IDM_SPACE_TOOL), Write({{5, 5}, {5, 50}})})),
-                ElementsAre(2000000000, 10));
 }
 
 TEST_F(Edits, TheBandOfTheSpaceToolIsInvertedFromItsRowToThePen) {
@@ -107,7 +97,7 @@ TEST_F(Edits, WithoutALiftNothingIsErasedOrMoved) {
             Play({Write(Line({20, 100}, 10)), Press(tool), Down({30, 95}), Move({30, 103}), ending});
             const auto page = Written({Press(platform::Key::Escape), Move({40, 200}), Up({40, 200}),
                                        ExpectInk({{32, 100}}, {{200, 200}, {40, 200}})});
-            EXPECT_THAT(Rows(*page), ElementsAre(100));
+            EXPECT_EQ(Rows(*page), (std::vector{100}));
         }
     }
 }

@@ -59,8 +59,8 @@ TEST_F(Pen, AStrokeInProgressFollowsAScroll) {
     const auto page =
         Edited({Scroll(C::PageDown), ExpectPosition(187), Down({50, 100}), Move({60, 100}), Move({65, 100}),
                 Scroll(C::LineUp), ExpectInk({{50, 126}, {60, 126}}, {{50, 100}, {50, 152}}), Move({68, 126}),
-                ExpectInk({{67, 126}}), Scroll(C::Bottom), Scroll(C::ThumbPosition, 161),
-                ExpectInk({{55, 126}}), Up({70, 126})});
+                ExpectInk({{67, 126}}, {{66, 100}, {67, 100}}), Scroll(C::Bottom),
+                Scroll(C::ThumbPosition, 161), ExpectInk({{55, 126}}), Up({70, 126})});
     EXPECT_EQ(Traces(*page)[0], (Trace{{50, 287}, {60, 287}, {65, 287}, {68, 287}, {70, 287}}));
     EXPECT_EQ(Records(*page)[0]->minY + Records(*page)[0]->maxY, 2 * 287);
 }

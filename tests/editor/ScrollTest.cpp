@@ -41,8 +41,8 @@ TEST_F(Scrolling, WhereARequestLeads) {
 
 TEST_F(Scrolling, ArrowKeysScrollByPagesUpAndDownByLinesLeftAndRight) {
     PutNote({10, kNone, 300, kNone, 600});
-    Edited({Press(Key::Down), ExpectPosition(233), Press(Key::Right), ExpectPosition(259), Press(Key::Up),
-            ExpectPosition(26), Press(Key::Left), ExpectPosition(0), Press(Key::Home), ExpectPosition(0)});
+    Edited({Press(Key::Down), ExpectPosition(233), Press(Key::Left), ExpectPosition(207), Press(Key::Right),
+            ExpectPosition(233), Press(Key::Up), ExpectPosition(0), Press(Key::Home), ExpectPosition(0)});
 }
 
 }  // namespace
