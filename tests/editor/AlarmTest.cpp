@@ -20,6 +20,7 @@ TEST_F(Alarm, SetAlarmAndExitNamesTheNoteClosesAndSchedules) {
         };
     };
     const Step pick = [this] {
+        EXPECT_NEAR(Dialog().WindowRect().left + Dialog().WindowRect().right, 240, 1) << "in the middle";
         Dialog().SetPicked(IDC_ALARM_DATE, {2007, 4, 0, 9, 1, 2, 3, 0});
         Dialog().SetPicked(IDC_ALARM_TIME, {2006, 5, 0, 8, 7, 40, 30, 99});
     };
@@ -37,14 +38,14 @@ TEST_F(Alarm, SetAlarmAndExitNamesTheNoteClosesAndSchedules) {
         EXPECT_TRUE(at.dayOfWeek == 2 && at.milliseconds == 0) << "Monday's stamp digit as it stands";
     }
     Run(L"/newalarm 200703515203000", {Press(IDM_SET_ALARM), expectPicked(L"3/15/2007 8:30:00 PM"), Ok()});
+    Run(L"/newalarm 200702530203000", {Press(IDM_SET_ALARM), expectPicked(L"3/6/2007 12:40:00 AM"), Ok()});
 }
 
 // Nor is one set for a note without a file: nothing was written, or it was given up.
 TEST_F(Alarm, AnAlarmThatNothingWillFireIsReported) {
     device.SetSetting(L"RootDirPath", L"\\Ink");
     const std::pair<std::wstring, std::wstring> kCases[] = {{L"200703515203000", L" 3/15/2007 8:30:00 PM"},
-                                                            {L"200702530203000", L" "},
-                                                            {L"2007xx515203000", L" "}};
+                                                            {L"200702530203000", L" "}};
     for (const auto& [stamp, caption] : kCases) {
         device.keeperCantStart = caption != L" ";
         Run(L"/newalarm " + stamp,
@@ -54,7 +55,7 @@ TEST_F(Alarm, AnAlarmThatNothingWillFireIsReported) {
     Run(L"/newalarm 200703515203000", {Ok()});
     Run(L"/newalarm 200703515203000",
         {Write({{30, 100}}), Ok(),
-         ExpectDiscard(L"\\Ink\\New Notes\\New Notes 2007-03-05 (3).ikw", platform::MessageAnswer::Yes),
+         ExpectDiscard(L"\\Ink\\New Notes\\New Notes 2007-03-05 (2).ikw", platform::MessageAnswer::Yes),
          Press(platform::kIdCancel)});
     EXPECT_TRUE(device.notifications.empty());
 }
@@ -72,6 +73,7 @@ TEST_F(Alarm, ANoteOpenedByItsAlarmPostsANotice) {
     EXPECT_EQ(notice.dialogText, L"Inkwright \u00BB Reminders (Monday, March 5, 2007)\n\nCall");
     for (const auto& [at, text] : {std::pair{L"\\D\\INKWRIGHT\\Work\\a.b.ikw", L"Work\n\na.b"},
                                    {L"\\D\\Inkwright\\Work\\Deep\\a.ikw", L"Alarm\n\na"},
+                                   {L"\\D\\Inkwright\\reminders\\2007-02-31\\a.ikw", L"Reminders\n\na"},
                                    {L"\\D\\Inkwright\\reminders\\someday\\a.ikw", L"Reminders\n\na"}})
         EXPECT_EQ(alarms::AlarmNoticeText(at), std::wstring(L"Inkwright \u00BB ") + text);
 }

@@ -12,7 +12,7 @@ class Commands : public EditorTest {
     Step ExpectChecked(int tool) {
         return [=] {
             for (const auto& button : editor::EditorToolBarLayout().buttons)
-                EXPECT_EQ(IsChecked(button.command), button.command == tool) << button.command;
+                EXPECT_EQ(hand.Tool(button.command).checked, button.command == tool) << button.command;
         };
     }
     // The pictures of the tool bar's buttons.

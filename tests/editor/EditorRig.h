@@ -50,14 +50,14 @@ class EditorTest : public DeskSteps {
             EXPECT_FALSE(Desk().Top()->HasPen());
             // A tap shows when it ends, and so does the end dot of the classic pen.
             const bool isTap = trace.size() == 1;
-            EXPECT_TRUE(!IsChecked(IDM_PEN) || isTap || style_ == ink::PenStyle::Classic ||
+            EXPECT_TRUE(!hand.Tool(IDM_PEN).checked || isTap || style_ == ink::PenStyle::Classic ||
                         live == ShownPixels());
         };
     }
     Step Close() {
         return [this] {
             shown_ = ShownPixels();
-            position_ = Position();
+            position_ = Desk().Top()->GetScroll().position;
             Desk().Command(platform::kIdOk);
         };
     }
@@ -65,7 +65,7 @@ class EditorTest : public DeskSteps {
         return ExpectBox(L"Saving '" + path + L"' failed!\nDiscard changes?", L" Error", answer);
     }
     Step ExpectPosition(int row) {
-        return [=] { EXPECT_EQ(Position(), row); };
+        return [=] { EXPECT_EQ(Desk().Top()->GetScroll().position, row); };
     }
     Step ExpectMaximum(int row) {
         return [=] { EXPECT_EQ(Desk().Top()->GetScroll().maximum, row); };
@@ -80,8 +80,6 @@ class EditorTest : public DeskSteps {
             for (const Point place : notThere) EXPECT_EQ(Shown().Row(place.y)[place.x], 0xFFFFFFu) << place.x;
         };
     }
-    int Position() { return Desk().Top()->GetScroll().position; }
-    bool IsChecked(int command) { return hand.Tool(command).checked; }
     // The page from this row on, painted anew.
     Picture Repainted(const ink::InkPage& page, int row) {
         Picture pixels(kViewWidth * kViewHeight);

@@ -72,11 +72,11 @@ TEST_F(Mail, ThePictureIsAsLargeAsWhatItShows) {
 
 TEST_F(Mail, WhatCannotBeSent) {
     const Step cannot = ExpectBox(L"Creating temporary file failed!", L" Memory Error");
-    const Step send = Press(IDM_SEND_EMAIL);
     PutNote({60});
     for (const FileCall call : {FileCall::Create, FileCall::Write})
-        Edited({cannot, Fail({call}), send, [this] { EXPECT_FALSE(device.files.Has(kPicture)); }, Fail({})});
-    Edited({cannot, WithPictures(0, send)});
+        Edited({cannot, Fail({call}), Press(IDM_SEND_EMAIL),
+                [this] { EXPECT_FALSE(device.files.Has(kPicture)); }, Fail({})});
+    Edited({cannot, WithPictures(0, Press(IDM_SEND_EMAIL))});
     EXPECT_TRUE(device.mailed.empty());
 }
 

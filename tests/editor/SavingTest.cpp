@@ -81,6 +81,7 @@ TEST_F(Saving, ANoteIsWrittenBackWithItsNewInk) {
                                            Words({2, 0, 0x8080, 0x80, 100, 110, 30, 100, 40, 110}));
     EXPECT_EQ(Desk().waitCursors, 2) << "reading and writing";
     Edited({Fail({FileCall::Create})});  // an untouched note is not written
+    Run(kNote, {Press(IDM_NEW_NOTE), ExpectTitle(L"[new] - Inkwright"), Ok()});
 }
 
 // Whatever call fails: a note is read whole or not at all, and then it stays as it is while a new one begins.
