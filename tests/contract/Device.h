@@ -33,19 +33,13 @@ class Device {
     void SetLastWrite(const std::wstring& path, const platform::DateTime& universal);
     // How many hours later the clock of this place shows in summer than in winter.
     int SummerHours() const;
-    // How many lines a notch of the wheel scrolls.
-    int WheelLines() const;
-    // 0 = Monday; -1 where the port draws no calendar.
-    int FirstDayShown(int item);
-    // A value below the machine's part of the registry.
-    void SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value);
 
   private:
     struct Impl;
     std::unique_ptr<Impl> impl_;
 };
 
-// Keys of the current user and of the machine that do not exist when a test begins.
+// A key of the current user that does not exist when a test begins, nor ever among the machine's.
 constexpr wchar_t kTestKey[] = L"Software\\Larkspur Works\\Inkwright Contract Test";
 
 }  // namespace contract

@@ -14,6 +14,7 @@ namespace contract {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing_support::Hand;
 using testing_support::Script;
 using testing_support::Step;
 using testing_support::Texts;
@@ -27,25 +28,21 @@ class Recording : public Kind {
     std::vector<std::string> log;
     std::function<bool()> create;
     std::function<void(int)> command;
-    std::function<void()> penMove;
-    bool capturesPen = false;
     bool leaves = true;  // when another copy takes over
 
     bool OnCreate() override { return !create || create(); }
-    void OnDestroy() override { log.emplace_back("destroy"); }
+    void OnDestroy() override { Write("destroy"); }
     void OnPenDown(platform::Point place) override {
-        if (capturesPen) this->CapturePen();
         Write("down", place.x, place.y);
         lastPlace_ = place;
     }
     void OnPenMove(platform::Point place) override {
         if (place == lastPlace_) return;  // a system may repeat the last position
         Write("move", place.x, place.y);
-        if (penMove) penMove();
         lastPlace_ = place;
     }
     void OnPenUp(platform::Point place) override { Write("up", place.x, place.y); }
-    void OnCaptureLost() override { log.emplace_back("lost"); }
+    void OnCaptureLost() override { Write("lost"); }
     void OnTimer(int id) override { Write("timer", id); }
     void OnScroll(platform::ScrollCode code, int position) override {
         Write("scroll", static_cast<int>(code), position);
@@ -67,17 +64,19 @@ class Recording : public Kind {
         Write("private", static_cast<int>(code), static_cast<int>(payload));
     }
     void OnTakeOver() override {
-        log.emplace_back("take over");
+        Write("take over");
         if (leaves) this->EndModal(9);
+    }
+
+  protected:
+    template <typename... Numbers>
+    void Write(std::string event, Numbers... numbers) {
+        ((event += " " + std::to_string(numbers)), ...);
+        log.push_back(event);
     }
 
   private:
     platform::Point lastPlace_;
-
-    void Write(const std::string& what, int number) { log.push_back(what + " " + std::to_string(number)); }
-    void Write(const std::string& what, int first, int second) {
-        Write(what + " " + std::to_string(first), second);
-    }
 };
 
 using TestScreen = Recording<platform::Screen>;
@@ -102,12 +101,18 @@ class Contract : public testing::Test, protected HasDevice, public testing_suppo
         Play(script);
         return dialog.RunModal(nullptr);
     }
+    // Runs a screen over which this is done at once.
+    void RunOnce(const std::function<void(TestScreen&)>& act) {
+        TestScreen screen(platform::Screen::ScrollBar::None);
+        screen.command = [&](int) { act(screen); };
+        Run(screen, {Post(screen, 1)});
+    }
     Step Post(platform::Window& window, int command) {
         return [&window, command] { window.PostCommand(command); };
     }
     // A step of the hand alone, as a short name: Do(&Hand::TapTree, item).
     template <typename... Wanted, typename... Given>
-    Step Do(void (testing_support::Hand::*act)(Wanted...), Given... given) {
+    Step Do(void (Hand::*act)(Wanted...), Given... given) {
         return [=] { (hand_.*act)(given...); };
     }
     Step ExpectPixel(platform::Point place, uint32_t color) {

@@ -20,12 +20,10 @@ TEST_F(RegistryContract, ValuesReadAsNumbersAndTexts) {
         uint32_t number;
         bool isNumber;
         std::wstring readText;
-    } kCases[] = {{{}, 0xFFEE0102, true, {L'\x0102', static_cast<wchar_t>(0xFFEE)}},
-                  {{}, 0x00420041, true, L"AB"},  // no terminator in the data
+    } kCases[] = {{{}, 0x00420041, true, L"AB"},  // no terminator in the data
                   {{}, 0x41, true, L"A"},
                   {L"A", 0x41, true, L"A"},
                   {L"", 0, true, L""},  // two bytes leave the others zero
-                  {L"AB", 0, false, L"AB"},
                   {L"%FN \u00FC", 0, false, L"%FN \u00FC"}};
     for (const RegistryType type : {RegistryType::Number, RegistryType::Binary, RegistryType::Text}) {
         for (const auto& each : kCases) {
@@ -59,9 +57,6 @@ TEST_F(RegistryContract, WhatIsNotThereFailsQuietly) {
     EXPECT_EQ(number, 77u) << "a failed query leaves the value alone";
     EXPECT_FALSE(closed.SetNumber(L"Value", RegistryType::Number, 1));
     EXPECT_FALSE(RegistryKey::OpenMachine(kTestKey).IsOpen()) << "machine keys are not made";
-    device_.SetMachineNumber(kTestKey, L"Enabled", 1);
-    EXPECT_TRUE(RegistryKey::OpenMachine(kTestKey).QueryNumber(L"Enabled", number));
-    EXPECT_EQ(number, 1u);
 }
 
 }  // namespace

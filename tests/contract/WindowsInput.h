@@ -1,18 +1,79 @@
-// Real input, as a pen, a mouse and a keyboard would give it.
+// Real input, as a pen, a mouse and a keyboard would give it, and what a menu of the system says.
 #pragma once
 
-#include "platform/Window.h"
+#include <vector>
+
+#include "platform/PopupMenu.h"
 #include "platform/windows/SystemHeaders.h"
 
 namespace contract {
 
-void SendMouse(POINT desktop, DWORD flags);
-void Click(POINT desktop);
+inline void SendMouse(POINT desktop, DWORD flags, DWORD data = 0) {
+    // 16 bits of a side of the desktop, so that the system's own rounding comes out at the same pixel.
+    const auto absolute = [](LONG place, int metric) {
+        const LONG side = GetSystemMetrics(metric);
+        return static_cast<DWORD>((place * 65536 + side - 1) / side);
+    };
+    mouse_event(MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | flags, absolute(desktop.x, SM_CXSCREEN),
+                absolute(desktop.y, SM_CYSCREEN), data, 0);
+}
+
+inline void Click(POINT desktop) {
+    SendMouse(desktop, MOUSEEVENTF_LEFTDOWN);
+    SendMouse(desktop, MOUSEEVENTF_LEFTUP);
+}
+
+inline void SendKey(WORD code) {
+    keybd_event(static_cast<BYTE>(code), 0, 0, 0);
+    keybd_event(static_cast<BYTE>(code), 0, KEYEVENTF_KEYUP, 0);
+}
+
 // The middle of a rectangle of the window's client area, as a place of the desktop.
-POINT MiddleOf(HWND window, const RECT& area);
-void SendKey(WORD code);
-void SendShortcut(WORD code);  // with Ctrl
-void SendWheel(int turn);
-WORD KeyCode(platform::Key key);
+inline POINT MiddleOf(HWND window, const RECT& area) {
+    POINT middle{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+    ClientToScreen(window, &middle);
+    return middle;
+}
+
+inline POINT MiddleOf(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
+
+// What a person sees of a menu: "&&" stands for the sign.
+inline platform::PopupMenu MenuOf(HMENU menu) {
+    platform::PopupMenu result;
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+        const auto at = static_cast<UINT>(i);
+        wchar_t raw[64] = L"";
+        GetMenuStringW(menu, at, raw, 64, MF_BYPOSITION);
+        std::wstring text = raw;
+        for (size_t sign = 0; (sign = text.find(L"&&", sign)) != std::wstring::npos; ++sign)
+            text.erase(sign, 1);
+        if (const HMENU submenu = GetSubMenu(menu, i)) {
+            result.AddSubmenu(text, MenuOf(submenu));
+        } else {
+            const UINT state = GetMenuState(menu, at, MF_BYPOSITION);
+            result.Add(static_cast<int>(GetMenuItemID(menu, i)), text, (state & MF_GRAYED) == 0);
+        }
+    }
+    return result;
+}
+
+// Adds the keys that lead from the first entry of the menu to the command. False when it is not in there.
+inline bool FindEntry(HMENU menu, int command, std::vector<WORD>& keys) {
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+        const HMENU submenu = GetSubMenu(menu, i);
+        const size_t before = keys.size();
+        keys.push_back(submenu ? VK_RIGHT : VK_RETURN);
+        if (submenu ? FindEntry(submenu, command, keys) : static_cast<int>(GetMenuItemID(menu, i)) == command)
+            return true;
+        keys.resize(before);
+        const UINT state = GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION);
+        if (submenu || (state & MF_SEPARATOR) == 0) keys.push_back(VK_DOWN);
+    }
+    return false;
+}
 
 }  // namespace contract
