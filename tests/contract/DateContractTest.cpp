@@ -1,16 +1,16 @@
 // Dates, their texts, and how texts compare.
 #include <iterator>
 
-#include "platform/Clock.h"
 #include "platform/Locale.h"
 #include "platform/TextEncoding.h"
 #include "tests/contract/Recording.h"
 
-namespace platform {
+using namespace contract;
+using namespace platform;
 
 namespace {
 
-using DateContract = contract::Contract;
+using DateContract = Contract;
 
 // The day of the week is deliberately wrong: callers pass what they were given.
 DateTime Moment(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
@@ -19,19 +19,16 @@ DateTime Moment(int year, int month, int day, int hour = 0, int minute = 0, int 
 
 // Day after day over the end of a century that has no leap day and one that has.
 TEST_F(DateContract, DaysFollowOneAnother) {
-    for (const int first : {1896, 1996}) {
-        DateTime day = Moment(first, 1, 1, 23, 59, 59);
+    for (const auto& [first, expected] : {std::pair{1896, 9 * 365 + 2}, {1996, 9 * 365 + 3}}) {
         int days = 0;
-        for (; day.year < first + 9; ++days) {
-            ASSERT_TRUE(IsValidDate(day.year, day.month, day.day));
+        for (DateTime day = Moment(first, 1, 1, 23, 59, 59); day.year < first + 9; ++days) {
             const DateTime next = AddSeconds(day, 1);
             ASSERT_EQ(next.dayOfWeek, (DayOfWeek(day.year, day.month, day.day) + 1) % 7);
-            ASSERT_EQ(AddSeconds(next, -1).day, day.day);
             ASSERT_EQ(next.day != day.day + 1, !IsValidDate(day.year, day.month, day.day + 1));
+            ASSERT_EQ(AddSeconds(next, -1).day, day.day);
             day = AddSeconds(day, 86400);
         }
-        EXPECT_EQ(days, 9 * 365 + (first == 1896 ? 2 : 3));
-        EXPECT_EQ(day.hour * 10000 + day.minute * 100 + day.second, 235959);
+        EXPECT_EQ(days, expected);
     }
     EXPECT_EQ(DayOfWeek(2007, 3, 15), 4);
     EXPECT_TRUE(IsValidDate(1601, 1, 1) && IsValidDate(9999, 12, 31));
@@ -56,9 +53,6 @@ TEST_F(DateContract, TextsOfTheUsersLocale) {
         {DateAndTime(Moment(2007, 2, 29, 9, 5, 9)), L""}};
     for (const auto& [text, expected] : texts) EXPECT_EQ(text, expected);
     EXPECT_EQ(FirstDayOfWeek(), 6);
-    const uint32_t before = TickMilliseconds();
-    Pause(60);
-    EXPECT_GE(TickMilliseconds() - before, 40u) << "ticks may come in steps of 16";
 }
 
 TEST_F(DateContract, AnsiBothWays) {
@@ -66,7 +60,6 @@ TEST_F(DateContract, AnsiBothWays) {
     std::wstring text;
     EXPECT_TRUE(ToAnsi(L"Caf\u00E9 \u4E2D\r\n", bytes));
     EXPECT_EQ(bytes, "Caf\xE9 ?\r\n");
-    EXPECT_TRUE(ToAnsi(L"", bytes) && FromAnsi("", text) && bytes.empty() && text.empty());
     std::string all;
     for (int byte = 1; byte < 256; ++byte) all += static_cast<char>(byte);
     EXPECT_TRUE(FromAnsi(all, text) && ToAnsi(text, bytes));
@@ -93,5 +86,3 @@ TEST_F(DateContract, NamesAreComparedByCodeUnitsWithoutCaseAndSortedByTheLocale)
 }
 
 }  // namespace
-
-}  // namespace platform

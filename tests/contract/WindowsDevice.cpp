@@ -1,6 +1,8 @@
 // The device of a test is a folder of the host.
+#include <filesystem>
 #include <thread>
 
+#include "platform/windows/HandheldPath.h"
 #include "platform/windows/SystemTimes.h"
 #include "tests/contract/Device.h"
 #include "tests/contract/WindowsHand.h"
@@ -11,15 +13,6 @@ namespace {
 
 constexpr DWORD kHoldFileMilliseconds = 100;
 
-void EraseTree(const std::wstring& folder) {
-    const std::wstring list = folder + std::wstring(1, L'\0');  // of one name, ended by a second zero
-    SHFILEOPSTRUCTW erase{};
-    erase.wFunc = FO_DELETE;
-    erase.pFrom = list.c_str();
-    erase.fFlags = FOF_NO_UI;
-    SHFileOperationW(&erase);
-}
-
 HANDLE OpenAlone(const std::wstring& handheldPath, DWORD access) {
     const std::wstring path = platform::windows::ToHostPath(handheldPath);
     return CreateFileW(path.c_str(), access, 0, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -28,17 +21,15 @@ HANDLE OpenAlone(const std::wstring& handheldPath, DWORD access) {
 }  // namespace
 
 struct Device::Impl {
-    std::wstring folder;
+    std::filesystem::path folder;
     WindowsHand hand;
     std::thread holder;  // of a file, for a moment
 };
 
 Device::Device() : impl_(std::make_unique<Impl>()) {
-    wchar_t temporary[MAX_PATH] = L"";
-    GetTempPathW(MAX_PATH, temporary);
-    impl_->folder = temporary + (L"contract " + std::to_wstring(GetCurrentProcessId()));
+    const std::string name = "contract " + std::to_string(GetCurrentProcessId());
+    impl_->folder = std::filesystem::temp_directory_path() / name;
     SetEnvironmentVariableW(L"INKWRIGHT_DEVICE", impl_->folder.c_str());
-    CreateDirectoryW(impl_->folder.c_str(), nullptr);
     InsertCard(L"My Documents");
     RegDeleteTreeW(HKEY_CURRENT_USER, kTestKey);
     SystemParametersInfoW(SPI_SETWHEELSCROLLLINES, 1, nullptr, 0);  // as on the headless port
@@ -46,17 +37,17 @@ Device::Device() : impl_(std::make_unique<Impl>()) {
 
 Device::~Device() {
     if (impl_->holder.joinable()) impl_->holder.join();
-    EraseTree(impl_->folder);
+    std::filesystem::remove_all(impl_->folder);
 }
 
 testing_support::Hand& Device::Hand() { return impl_->hand; }
 
 void Device::InsertCard(const std::wstring& name) {
-    CreateDirectoryW((impl_->folder + L"\\" + name).c_str(), nullptr);
+    std::filesystem::create_directories(impl_->folder / name);
 }
 
 void Device::BecomeDevice(const std::wstring& ending) {
-    std::wstring folder = impl_->folder + ending;
+    std::wstring folder = impl_->folder.wstring() + ending;
     CharUpperBuffW(folder.data(), static_cast<DWORD>(folder.size()));
     SetEnvironmentVariableW(L"INKWRIGHT_DEVICE", folder.c_str());
 }

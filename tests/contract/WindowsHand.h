@@ -6,8 +6,6 @@
 #include <cstring>
 #include <deque>
 
-#include "platform/windows/HandheldPath.h"
-#include "platform/windows/ShellHeaders.h"
 #include "platform/windows/SystemText.h"
 #include "platform/windows/WindowImpl.h"
 #include "tests/contract/WindowsInput.h"
@@ -26,9 +24,7 @@ class WindowsHand : public testing_support::Hand {
     ~WindowsHand() override { DestroyWindow(ticker_); }
 
     void Then(testing_support::Step step) override { steps_.push_back(std::move(step)); }
-    bool IsDone() const override {
-        return steps_.empty() && answers_.empty() && entries_.empty() && folders_.empty();
-    }
+    bool IsDone() const override { return steps_.empty() && answers_.empty() && entries_.empty(); }
     // Of a property sheet the page that is shown.
     platform::Window* Top() override {
         const HWND active = GetActiveWindow();
@@ -90,9 +86,8 @@ class WindowsHand : public testing_support::Hand {
         SendMessageW(Item(item), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
     }
     void Choose(int item, int index) override {
-        const auto list = reinterpret_cast<LPARAM>(Item(item));
-        SendMessageW(Item(item), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-        SendMessageW(Frame(), WM_COMMAND, MAKEWPARAM(item, CBN_SELCHANGE), list);
+        SendMessageW(Item(item), CB_SETCURSEL, static_cast<WPARAM>(index - 1), 0);
+        SendMessageW(Item(item), WM_KEYDOWN, VK_DOWN, 0);
     }
     void Select(int item, size_t start, size_t end) override {
         SendMessageW(Item(item), EM_SETSEL, start, static_cast<LPARAM>(end));
@@ -141,7 +136,10 @@ class WindowsHand : public testing_support::Hand {
     void ChooseEntries(const testing_support::Texts& texts) override {
         entries_.assign(texts.begin(), texts.end());
     }
-    void ChooseFolder(const std::wstring& folder) override { folders_.push_back(folder); }
+    // Of the chooser the folder that it opens at, or none.
+    void ChooseFolder(const std::wstring& folder) override {
+        Answer(folder.empty() ? platform::MessageAnswer::Cancel : platform::MessageAnswer::Ok);
+    }
 
   private:
     static constexpr UINT kTickMilliseconds = 10;
@@ -176,18 +174,11 @@ class WindowsHand : public testing_support::Hand {
     POINT OnPage(Point place) {
         return MiddleOf(Top()->Handle()->page, {place.x, place.y, place.x, place.y});
     }
-    // The middle of the item's text, or the empty part of the tree below all items.
     POINT PlaceOf(TreeItem item) {
-        RECT area{};
-        GetClientRect(Tree(), &area);
-        area.top = area.bottom - 4;
-        if (item != 0) {
-            static_assert(sizeof item <= sizeof area,
-                          "the control takes the item where it puts the rectangle");
-            std::memcpy(&area, &item, sizeof item);
-            SendMessageW(Tree(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&area));
-        }
-        return MiddleOf(Tree(), area);
+        RECT text{};  // where the control takes the item and puts the rectangle
+        std::memcpy(&text, &item, sizeof item);
+        SendMessageW(Tree(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&text));
+        return MiddleOf(Tree(), text);
     }
 
     // True when the program asks something through a window of the system, answered or not.
@@ -198,18 +189,13 @@ class WindowsHand : public testing_support::Hand {
         }
         const HWND dialog = GetActiveWindow();
         if (!platform::windows::IsOfClass(dialog, L"#32770") || Top()) return false;
-        if (!folders_.empty()) {
-            AnswerChooser(dialog);
-        } else if (!answers_.empty()) {
-            AnswerBox(dialog);
-        }
+        if (!answers_.empty()) AnswerBox(dialog);
         return true;
     }
     void AnswerMenu(HMENU menu) {
-        const int command = ReadMenu(MenuOf(menu).Items(), entries_.front());
-        entries_.pop_front();
         std::vector<WORD> keys{VK_DOWN};
-        if (command == 0 || !FindEntry(menu, command, keys)) keys = {VK_ESCAPE};
+        if (!FindEntry(menu, entries_.front(), keys)) keys = {VK_ESCAPE};
+        entries_.pop_front();
         for (const WORD key : keys) SendKey(key);
     }
     void AnswerBox(HWND box) {
@@ -224,20 +210,11 @@ class WindowsHand : public testing_support::Hand {
                      0);
         answers_.pop_front();
     }
-    void AnswerChooser(HWND chooser) {
-        const std::wstring folder = platform::windows::ToShellPath(folders_.front());
-        const bool isCancelled = folders_.front().empty();
-        folders_.pop_front();
-        if (!isCancelled)
-            SendMessageW(chooser, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(folder.c_str()));
-        PostMessageW(chooser, WM_COMMAND, isCancelled ? IDCANCEL : IDOK, 0);
-    }
 
     HWND ticker_ = CreateWindowW(L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
     std::deque<testing_support::Step> steps_;
     std::deque<platform::MessageAnswer> answers_;
     std::deque<std::wstring> entries_;  // of menus
-    std::deque<std::wstring> folders_;  // empty to cancel
     std::vector<testing_support::SeenBox> boxes_;
 };
 

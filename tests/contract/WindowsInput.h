@@ -1,9 +1,9 @@
-// Real input, as a pen, a mouse and a keyboard would give it, and what a menu of the system says.
+// Real input, as a pen, a mouse and a keyboard would give it, and the way to an entry of a menu.
 #pragma once
 
+#include <string>
 #include <vector>
 
-#include "platform/PopupMenu.h"
 #include "platform/windows/SystemHeaders.h"
 
 namespace contract {
@@ -41,37 +41,22 @@ inline POINT MiddleOf(HWND window) {
     return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
 }
 
-// What a person sees of a menu: "&&" stands for the sign.
-inline platform::PopupMenu MenuOf(HMENU menu) {
-    platform::PopupMenu result;
+// Adds the keys that lead from the first entry of the menu to the one with this text. False when it is not in
+// there or greyed.
+inline bool FindEntry(HMENU menu, const std::wstring& wanted, std::vector<WORD>& keys) {
     for (int i = 0; i < GetMenuItemCount(menu); ++i) {
-        const auto at = static_cast<UINT>(i);
-        wchar_t raw[64] = L"";
-        GetMenuStringW(menu, at, raw, 64, MF_BYPOSITION);
-        std::wstring text = raw;
-        for (size_t sign = 0; (sign = text.find(L"&&", sign)) != std::wstring::npos; ++sign)
-            text.erase(sign, 1);
-        if (const HMENU submenu = GetSubMenu(menu, i)) {
-            result.AddSubmenu(text, MenuOf(submenu));
-        } else {
-            const UINT state = GetMenuState(menu, at, MF_BYPOSITION);
-            result.Add(static_cast<int>(GetMenuItemID(menu, i)), text, (state & MF_GRAYED) == 0);
-        }
-    }
-    return result;
-}
-
-// Adds the keys that lead from the first entry of the menu to the command. False when it is not in there.
-inline bool FindEntry(HMENU menu, int command, std::vector<WORD>& keys) {
-    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+        wchar_t shown[64] = L"";
+        GetMenuStringW(menu, static_cast<UINT>(i), shown, 64, MF_BYPOSITION);
+        std::wstring text = shown;
+        for (size_t at = 0; (at = text.find(L"&&", at)) != std::wstring::npos; ++at) text.erase(at, 1);
+        const UINT state = GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION);
         const HMENU submenu = GetSubMenu(menu, i);
         const size_t before = keys.size();
         keys.push_back(submenu ? VK_RIGHT : VK_RETURN);
-        if (submenu ? FindEntry(submenu, command, keys) : static_cast<int>(GetMenuItemID(menu, i)) == command)
+        if (submenu ? FindEntry(submenu, wanted, keys) : text == wanted && (state & MF_GRAYED) == 0)
             return true;
         keys.resize(before);
-        const UINT state = GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION);
-        if (submenu || (state & MF_SEPARATOR) == 0) keys.push_back(VK_DOWN);
+        if (!text.empty()) keys.push_back(VK_DOWN);
     }
     return false;
 }
