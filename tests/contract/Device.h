@@ -10,7 +10,7 @@
 
 namespace contract {
 
-// A fresh device: an empty file system but for the documents folder, no keys of a test. Lives as long as one
+// A fresh device: an empty file system but for the documents folder, no key of a test. Lives as long as one
 // test.
 class Device {
   public:
@@ -23,9 +23,6 @@ class Device {
 
     // A storage card with this name.
     void InsertCard(const std::wstring& name);
-    // From now on the program belongs to the device whose folder is named so behind its name: another one, or
-    // with "\" the same in another spelling.
-    void BecomeDevice(const std::wstring& ending);
     // Another program has the file for itself, and lets go of it a tenth of a second later. Nothing where no
     // other program is.
     void HoldForAMoment(const std::wstring& path);

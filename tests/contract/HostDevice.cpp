@@ -15,9 +15,6 @@ Device::~Device() = default;
 
 testing_support::Hand& Device::Hand() { return impl_->hand; }
 void Device::InsertCard(const std::wstring& name) { impl_->device.files.PutFolder(L"\\" + name); }
-void Device::BecomeDevice(const std::wstring& ending) {
-    impl_->device.folder = ending == L"\\" ? L"" : ending;
-}
 void Device::HoldForAMoment(const std::wstring&) {}
 void Device::SetLastWrite(const std::wstring& path, const platform::DateTime& universal) {
     impl_->device.files.Find(path)->lastWrite = universal;

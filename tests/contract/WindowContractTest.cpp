@@ -55,22 +55,18 @@ TEST_F(WindowContract, KeysShortcutsAndTheWheel) {
 }
 
 TEST_F(WindowContract, ScrollBars) {
-    const struct {
-        ScrollState set;
-        int page;
-        int position;
-    } kCases[] = {{{0, 588, 589, 100}, 589, 0},
-                  {{0, 1176, 589, 900}, 589, 588},
-                  {{0, 1176, 589, -5}, 589, 0},
-                  {{0, 10, 50, 3}, 11, 0},
-                  {{0, 100000, 101, 99900}, 101, 99900}};
+    const std::pair<ScrollState, ScrollState> states[] = {{{0, 588, 589, 100}, {0, 588, 589, 0}},
+                                                          {{0, 1176, 589, 900}, {0, 1176, 589, 588}},
+                                                          {{0, 1176, 589, -5}, {0, 1176, 589, 0}},
+                                                          {{0, 10, 50, 3}, {0, 10, 11, 0}},
+                                                          {{0, 100000, 101, 99900}, {0, 100000, 101, 99900}}};
     std::vector<std::string> expected;
     const auto scroll = [&] {
-        for (const auto& each : kCases) {
-            screen_.SetScroll(each.set);
+        for (const auto& [set, wanted] : states) {
+            screen_.SetScroll(set);
             const ScrollState got = screen_.GetScroll();
-            EXPECT_EQ(got.maximum, each.set.maximum);
-            EXPECT_TRUE(got.page == each.page && got.position == each.position) << got.page << got.position;
+            EXPECT_TRUE(got.maximum == wanted.maximum && got.page == wanted.page) << got.page;
+            EXPECT_EQ(got.position, wanted.position);
         }
         screen_.SetScrollPosition(200000);
         EXPECT_EQ(screen_.GetScroll().position, 99900);
@@ -85,15 +81,12 @@ TEST_F(WindowContract, ScrollBars) {
 }
 
 TEST_F(WindowContract, TimersGoOnUntilStopped) {
-    Script script{[&] { EXPECT_TRUE(screen_.StartTimer(1, 20)); }};
-    for (int i = 0; i < 20; ++i) {
-        script.push_back([&] {
-            hand_.PassTime(25);
-            if (screen_.log.size() >= 3) screen_.StopTimer(1);
-        });
-    }
-    Run(screen_, script);
-    EXPECT_THAT(screen_.log, ElementsAre("timer 1", "timer 1", "timer 1", "destroy"));
+    const Step wait = [&] {
+        hand_.PassTime(25);
+        if (screen_.log.size() == 2) screen_.StopTimer(1);
+    };
+    Run(screen_, {[&] { EXPECT_TRUE(screen_.StartTimer(1, 20)); }, wait, wait, wait, wait, wait, wait});
+    EXPECT_THAT(screen_.log, ElementsAre("timer 1", "timer 1", "destroy"));
 }
 
 // The window on top hears of it first, and each below when the one above has gone; one that stays keeps the
@@ -128,27 +121,19 @@ TEST_F(WindowContract, ShownPixels) {
 TEST_F(WindowContract, WorkersReachAWindowByItsPrivateMessages) {
     Worker worker;
     std::vector<std::string> afterSending;
-    const auto sendLater = [&] {
-        ASSERT_TRUE(worker.Create([&] {
-            screen_.PostPrivateMessage(7, 10);
-            screen_.SendPrivateMessage(2, 20);
-            afterSending = screen_.log;
-        }));
-        EXPECT_FALSE(worker.Create([] {}));
-        EXPECT_THAT(screen_.log, IsEmpty()) << "it has not been resumed";
-        worker.Resume();
+    const auto work = [&] {
+        screen_.PostPrivateMessage(7, 10);
+        screen_.SendPrivateMessage(2, 20);
+        afterSending = screen_.log;
     };
-    // Waited for at once: what it sends is handled all the same.
-    const auto sendAndWait = [&] {
-        worker.Wait();
-        ASSERT_TRUE(worker.Create([&] { screen_.SendPrivateMessage(4, 40); }));
-        worker.Resume();
-        worker.Wait();
-    };
-    Run(screen_, {sendLater, sendAndWait});
+    Run(screen_, {[&] {
+            ASSERT_TRUE(worker.Create(work) && !worker.Create(work));
+            EXPECT_THAT(screen_.log, IsEmpty()) << "it has not been resumed";
+            worker.Resume();
+            worker.Wait();  // what it sends is handled all the same
+        }});
     EXPECT_THAT(afterSending, testing::Contains("private 2 20"));
-    EXPECT_THAT(screen_.log,
-                testing::UnorderedElementsAre("private 7 10", "private 2 20", "private 4 40", "destroy"));
+    EXPECT_THAT(screen_.log, testing::UnorderedElementsAre("private 7 10", "private 2 20", "destroy"));
 }
 
 // A screen that takes the pen for each stroke and reads what the system merged.

@@ -46,12 +46,6 @@ void Device::InsertCard(const std::wstring& name) {
     std::filesystem::create_directories(impl_->folder / name);
 }
 
-void Device::BecomeDevice(const std::wstring& ending) {
-    std::wstring folder = impl_->folder.wstring() + ending;
-    CharUpperBuffW(folder.data(), static_cast<DWORD>(folder.size()));
-    SetEnvironmentVariableW(L"INKWRIGHT_DEVICE", folder.c_str());
-}
-
 void Device::HoldForAMoment(const std::wstring& path) {
     if (impl_->holder.joinable()) impl_->holder.join();
     impl_->holder = std::thread([file = OpenAlone(path, GENERIC_READ)] {
