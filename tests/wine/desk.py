@@ -69,8 +69,8 @@ class Case(unittest.TestCase):
 
     def start_display(self):
         reader, writer = os.pipe()
-        display = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1024x768x24", "-nolisten", "tcp"],
-                                   pass_fds=[writer], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        display = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1024x768x24"], pass_fds=[writer],
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.addCleanup(display.wait)
         self.addCleanup(display.terminate)
         os.close(writer)
