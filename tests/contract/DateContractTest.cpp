@@ -67,13 +67,11 @@ TEST_F(DateContract, AnsiBothWays) {
 }
 
 TEST_F(DateContract, NamesAreComparedByCodeUnitsWithoutCaseAndSortedByTheLocale) {
-    const std::tuple<const wchar_t*, const wchar_t*, bool> pairs[] = {
-        {L"\\My Documents\\A.IKW", L"\\my documents\\a.ikw", true},
-        {L"\u00C9t\u00E9", L"\u00E9T\u00C9", true},
-        {L"a.ikw", L"a.ikwz", false},
-        {L"co-op", L"coop", false},
-        {L"e\u0301", L"\u00E9", false}};
-    for (const auto& [a, b, areEqual] : pairs) {
+    for (const auto& [a, b, areEqual] :
+         {std::tuple{L"\\My \u00C9t\u00E9\\A.IKW", L"\\my \u00E9T\u00C9\\a.ikw", true},
+          {L"a.ikw", L"a.ikwz", false},
+          {L"co-op", L"coop", false},
+          {L"e\u0301", L"\u00E9", false}}) {
         EXPECT_EQ(EqualNoCase(a, b), areEqual) << a;
         EXPECT_EQ(LowerCase(a) == LowerCase(b), areEqual) << a;
     }
@@ -81,7 +79,6 @@ TEST_F(DateContract, NamesAreComparedByCodeUnitsWithoutCaseAndSortedByTheLocale)
     for (size_t i = 0; i + 1 < std::size(sorted); ++i) {
         EXPECT_LT(CompareNames(sorted[i], sorted[i + 1]), 0) << sorted[i];
         EXPECT_GT(CompareNames(sorted[i + 1], sorted[i]), 0) << sorted[i];
-        EXPECT_EQ(CompareNames(sorted[i], sorted[i]), 0);
     }
 }
 

@@ -28,18 +28,23 @@ class Recording : public Kind {
     std::vector<std::string> log;
     std::function<bool()> create;
     std::function<void(int)> command;
-    bool leaves = true;  // when another copy takes over
+    bool leaves = true;     // when another copy takes over
+    size_t penSamples = 0;  // takes the pen and reads so many of what the system merged into a move
+    std::vector<platform::Point> samples;
+    std::vector<platform::Point> moves;  // a system may repeat the last position
 
     bool OnCreate() override { return !create || create(); }
     void OnDestroy() override { Write("destroy"); }
     void OnPenDown(platform::Point place) override {
+        if (penSamples > 0) this->CapturePen();
         Write("down", place.x, place.y);
-        lastPlace_ = place;
     }
     void OnPenMove(platform::Point place) override {
-        if (place == lastPlace_) return;  // a system may repeat the last position
-        Write("move", place.x, place.y);
-        lastPlace_ = place;
+        if (!this->HasPen()) return;
+        const size_t before = samples.size();
+        samples.resize(before + penSamples);
+        samples.resize(before + this->PenSamples(samples.data() + before, penSamples));
+        moves.push_back(place);
     }
     void OnPenUp(platform::Point place) override { Write("up", place.x, place.y); }
     void OnCaptureLost() override { Write("lost"); }
@@ -74,9 +79,6 @@ class Recording : public Kind {
         ((event += " " + std::to_string(numbers)), ...);
         log.push_back(event);
     }
-
-  private:
-    platform::Point lastPlace_;
 };
 
 using TestScreen = Recording<platform::Screen>;
@@ -91,21 +93,20 @@ class Contract : public testing::Test, protected HasDevice, public testing_suppo
     Contract() : Steps(device_.Hand()) {}
     void TearDown() override { EXPECT_TRUE(hand_.IsDone()) << "a window ended before its script"; }
 
-    // Runs the window with the script and then closes it.
-    int Run(platform::Screen& screen, const Script& script) {
+    // Runs the screen with the script and then closes it.
+    void Run(const Script& script) {
         Play(script);
-        hand_.Then([&screen] { screen.EndModal(100); });
-        return screen.RunModal(nullptr);
+        hand_.Then([this] { screen_.EndModal(0); });
+        screen_.RunModal(nullptr);
     }
     int RunDialog(platform::Dialog& dialog, const Script& script) {
         Play(script);
         return dialog.RunModal(nullptr);
     }
-    // Runs a screen over which this is done at once.
-    void RunOnce(const std::function<void(TestScreen&)>& act) {
-        TestScreen screen(platform::Screen::ScrollBar::None);
-        screen.command = [&](int) { act(screen); };
-        Run(screen, {Post(screen, 1)});
+    // Runs the screen with this in a command.
+    void RunCommand(const std::function<void()>& act) {
+        screen_.command = [&](int) { act(); };
+        Run({Post(screen_, 1)});
     }
     Step Post(platform::Window& window, int command) {
         return [&window, command] { window.PostCommand(command); };
@@ -118,6 +119,8 @@ class Contract : public testing::Test, protected HasDevice, public testing_suppo
     Step ExpectPixel(platform::Point place, uint32_t color) {
         return [=] { EXPECT_EQ(hand_.PixelAt(place), color) << place.x << " " << place.y; };
     }
+
+    TestScreen screen_{platform::Screen::ScrollBar::Vertical};
 };
 
 }  // namespace contract

@@ -70,7 +70,6 @@ class TreeContract : public Contract, private TreeView::Events {
         EXPECT_TRUE(Offset(kPlace, 0, kBarHeight).Contains(place)) << place.x << " " << place.y;
     }
 
-    TestScreen screen_{Screen::ScrollBar::None};
     TreeView tree_;
     TreeItem work_ = 0;
     TreeItem home_ = 0;
@@ -86,30 +85,29 @@ TEST_F(TreeContract, ItemsKeepWhatTheyAreGivenAndTheirOrder) {
         return tree_.Text(a).compare(tree_.Text(b));
     };
     const auto byData = [](TreeItem, intptr_t a, TreeItem, intptr_t b) { return static_cast<int>(b - a); };
-    Run(screen_, {[&] {
-            const TreeItem note = notes_[1];
-            const std::wstring text = L"A & B \u00BB  (2 found) " + std::wstring(255, L'w');
-            EXPECT_EQ(tree_.Image(note), 3);
-            tree_.SetImage(note, 7);
-            tree_.SetText(note, text);
-            EXPECT_EQ(tree_.Text(note), text);
-            EXPECT_TRUE(tree_.Image(note) == 7 && tree_.Data(note) == 12);
-            EXPECT_TRUE(tree_.NextSibling(work_) == home_ && tree_.Parent(notes_[2]) == work_);
-            EXPECT_EQ(tree_.NextSibling(home_) + tree_.Parent(work_) + tree_.FirstChild(home_), 0u);
-            EXPECT_TRUE(tree_.HasChildren(work_) && !tree_.HasChildren(home_) && !tree_.HasChildren(note));
-            for (const wchar_t* name : {L"m", L"a", L"z"})
-                tree_.Insert(home_, TreeView::Where::Sorted, name, 3, 0);
-            EXPECT_THAT(Children(home_), ElementsAre(L"a", L"m", L"z"));
-            tree_.SortChildren(work_, byText);
-            EXPECT_THAT(Children(work_), ElementsAre(text, L"Note 1", L"Note 3"));
-            tree_.SortChildren(0, byData);
-            EXPECT_EQ(tree_.NextSibling(home_), work_);
-        }});
+    Run({[&] {
+        const TreeItem note = notes_[1];
+        const std::wstring text = L"A & B \u00BB  (2 found) " + std::wstring(255, L'w');
+        EXPECT_EQ(tree_.Image(note), 3);
+        tree_.SetImage(note, 7);
+        tree_.SetText(note, text);
+        EXPECT_EQ(tree_.Text(note), text);
+        EXPECT_TRUE(tree_.Image(note) == 7 && tree_.Data(note) == 12);
+        EXPECT_TRUE(tree_.NextSibling(work_) == home_ && tree_.Parent(notes_[2]) == work_);
+        EXPECT_EQ(tree_.NextSibling(home_) + tree_.Parent(work_) + tree_.FirstChild(home_), 0u);
+        EXPECT_TRUE(tree_.HasChildren(work_) && !tree_.HasChildren(home_) && !tree_.HasChildren(note));
+        for (const wchar_t* name : {L"m", L"a", L"z"})
+            tree_.Insert(home_, TreeView::Where::Sorted, name, 3, 0);
+        EXPECT_THAT(Children(home_), ElementsAre(L"a", L"m", L"z"));
+        tree_.SortChildren(work_, byText);
+        EXPECT_THAT(Children(work_), ElementsAre(text, L"Note 1", L"Note 3"));
+        tree_.SortChildren(0, byData);
+        EXPECT_EQ(tree_.NextSibling(home_), work_);
+    }});
 }
 
 TEST_F(TreeContract, SelectionsAreTold) {
-    Run(screen_,
-        {Select(home_), Select(home_), [&] { EXPECT_FALSE(tree_.IsExpanded(work_)); }, Select(notes_[1]),
+    Run({Select(home_), Select(home_), [&] { EXPECT_FALSE(tree_.IsExpanded(work_)); }, Select(notes_[1]),
          [&] {
              EXPECT_TRUE(tree_.IsExpanded(work_)) << "what is selected is shown";
              EXPECT_TRUE(tree_.IsSelected(notes_[1]) && !tree_.IsSelected(home_));
@@ -119,8 +117,7 @@ TEST_F(TreeContract, SelectionsAreTold) {
 }
 
 TEST_F(TreeContract, AClosedBranchGivesTheSelectionToItsItem) {
-    Run(screen_,
-        {Select(notes_[1]), [&] { afterSelection_ = [this] { EXPECT_TRUE(tree_.IsExpanded(work_)); }; },
+    Run({Select(notes_[1]), [&] { afterSelection_ = [this] { EXPECT_TRUE(tree_.IsExpanded(work_)); }; },
          OnItem(&Hand::CloseBranch, work_),
          [&] {
              EXPECT_FALSE(tree_.IsExpanded(work_));
@@ -131,36 +128,36 @@ TEST_F(TreeContract, AClosedBranchGivesTheSelectionToItsItem) {
 
 // Next, before, parent; whoever hears of a removal may remove more.
 TEST_F(TreeContract, RemovedItemsAreToldOnceAndLeaveAnHeir) {
-    Run(screen_, {[&] {
-            tree_.Select(notes_[1]);
-            for (const auto& [gone, heir] :
-                 {std::pair{&notes_[1], &notes_[2]}, {&notes_[2], &notes_[0]}, {&notes_[0], &work_}}) {
-                tree_.Remove(*gone);
-                EXPECT_EQ(tree_.Selection(), *heir);
-            }
-            EXPECT_THAT(deleted_, ElementsAre(12, 13, 11));
-            for (const TreeItem* selected : {&home_, &notes_[0]}) {
-                Fill();
-                tree_.Expand(work_);
-                EXPECT_TRUE(tree_.IsExpanded(work_));
-                tree_.Select(*selected);
-                tree_.CollapseAndDrop(work_);
-                EXPECT_FALSE(tree_.HasChildren(work_) || tree_.IsExpanded(work_));
-                EXPECT_EQ(tree_.Selection(), selected == &home_ ? home_ : work_);
-            }
+    Run({[&] {
+        tree_.Select(notes_[1]);
+        for (const auto& [gone, heir] :
+             {std::pair{&notes_[1], &notes_[2]}, {&notes_[2], &notes_[0]}, {&notes_[0], &work_}}) {
+            tree_.Remove(*gone);
+            EXPECT_EQ(tree_.Selection(), *heir);
+        }
+        EXPECT_THAT(deleted_, ElementsAre(12, 13, 11));
+        for (const TreeItem* selected : {&home_, &notes_[0]}) {
             Fill();
-            tree_.Select(notes_[0]);
-            afterSelection_ = [this] { tree_.CollapseAndDrop(work_); };
-            tree_.Remove(notes_[0]);
-            EXPECT_EQ(deleted_.size(), 12u);
-            Fill();
-            tree_.Select(notes_[1]);
-            afterSelection_ = [this] { tree_.Remove(work_); };
+            tree_.Expand(work_);
+            EXPECT_TRUE(tree_.IsExpanded(work_));
+            tree_.Select(*selected);
             tree_.CollapseAndDrop(work_);
-            EXPECT_EQ(deleted_.size(), 16u);
-            tree_.RemoveAll();
-            EXPECT_TRUE(tree_.Selection() == 0 && deleted_.size() == 17);
-        }});
+            EXPECT_FALSE(tree_.HasChildren(work_) || tree_.IsExpanded(work_));
+            EXPECT_EQ(tree_.Selection(), selected == &home_ ? home_ : work_);
+        }
+        Fill();
+        tree_.Select(notes_[0]);
+        afterSelection_ = [this] { tree_.CollapseAndDrop(work_); };
+        tree_.Remove(notes_[0]);
+        EXPECT_EQ(deleted_.size(), 12u);
+        Fill();
+        tree_.Select(notes_[1]);
+        afterSelection_ = [this] { tree_.Remove(work_); };
+        tree_.CollapseAndDrop(work_);
+        EXPECT_EQ(deleted_.size(), 16u);
+        tree_.RemoveAll();
+        EXPECT_TRUE(tree_.Selection() == 0 && deleted_.size() == 17);
+    }});
 }
 
 TEST_F(TreeContract, LabelsAreEditedInPlace) {
@@ -168,20 +165,20 @@ TEST_F(TreeContract, LabelsAreEditedInPlace) {
     const auto expectEdited = [&](const std::optional<std::wstring>& label) {
         return [=] { EXPECT_EQ(hand_.EditedLabel(), label); };
     };
-    Run(screen_, {edit, expectEdited(L"Plan"), [&] { hand_.EndEditing(L"Garden"); }, expectEdited({}), edit,
-                  [&] { hand_.EndEditing(std::nullopt); }, expectEdited({}), [&] { allowsEditing_ = false; },
-                  edit, expectEdited({}),
-                  [&] { EXPECT_EQ(tree_.Text(home_), L"Home") << "the text is the handler's to change"; }});
+    Run({edit, expectEdited(L"Plan"), [&] { hand_.EndEditing(L"Garden"); }, expectEdited({}), edit,
+         [&] { hand_.EndEditing(std::nullopt); }, expectEdited({}), [&] { allowsEditing_ = false; }, edit,
+         expectEdited({}),
+         [&] { EXPECT_EQ(tree_.Text(home_), L"Home") << "the text is the handler's to change"; }});
     EXPECT_THAT(log_, ElementsAre("begin 2", "end Garden 2", "begin 2", "begin 2"));
     EXPECT_THAT(screen_.log, ElementsAre("destroy")) << "the keys that end editing are no commands";
 }
 
 // A key that was handled does nothing else; what to select when an item is held is the handler's choice.
 TEST_F(TreeContract, ItemsAreActivatedAndHeldAndKeysAreTold) {
-    Run(screen_, {Select(notes_[0]), OnItem(&Hand::DoubleTapTree, notes_[1]), [&] { tree_.Focus(); },
-                  Do(&Hand::PressInTree, Key::Enter), Do(&Hand::PressInTree, Key::F2),
-                  Do(&Hand::PressInTree, Key::Down), Do(&Hand::PressShortcut, L'N'),
-                  OnItem(&Hand::HoldTree, home_), OnItem(&Hand::TapTree, work_)});
+    Run({Select(notes_[0]), OnItem(&Hand::DoubleTapTree, notes_[1]), [&] { tree_.Focus(); },
+         Do(&Hand::PressInTree, Key::Enter), Do(&Hand::PressInTree, Key::F2),
+         Do(&Hand::PressInTree, Key::Down), Do(&Hand::PressShortcut, L'N'), OnItem(&Hand::HoldTree, home_),
+         OnItem(&Hand::TapTree, work_)});
     EXPECT_THAT(log_, ElementsAre("select 11", "select 12", "activate 12", "activate 12", "key 11", "key 3",
                                   "hold 2", "select 1"));
     EXPECT_THAT(screen_.log, testing::Contains("shortcut 78"));
@@ -192,7 +189,7 @@ TEST_F(TreeContract, HiddenTreesStayHidden) {
         tree_.SetVisible(false);
         for (const bool isFrozen : {true, true, false, false}) tree_.Freeze(isFrozen);
     };
-    Run(screen_, {change, Down({100, 100}), Up({100, 100})});
+    Run({change, Down({100, 100}), Up({100, 100})});
     EXPECT_THAT(screen_.log, ElementsAre("down 100 100", "up 100 100", "destroy")) << "nothing is in the way";
 }
 

@@ -9,10 +9,7 @@ using namespace platform;
 
 namespace {
 
-class WindowContract : public Contract {
-  protected:
-    TestScreen screen_{Screen::ScrollBar::Vertical};
-};
+using WindowContract = Contract;
 
 TEST_F(WindowContract, ScreensRunAndOpenOverScreens) {
     const ScreenSize handheld = HandheldScreen();
@@ -23,7 +20,7 @@ TEST_F(WindowContract, ScreensRunAndOpenOverScreens) {
         EXPECT_EQ(inner.ClientHeight(), handheld.height - 2 * kBarHeight);
     };
     screen_.command = [&](int) { results.push_back(inner.RunModal(&screen_)); };
-    Run(screen_, {Post(screen_, 3), Post(inner, 4), Post(screen_, 3), expectSizes, Do(&Hand::PressClose)});
+    Run({Post(screen_, 3), Post(inner, 4), Post(screen_, 3), expectSizes, Do(&Hand::PressClose)});
     EXPECT_THAT(results, ElementsAre(4, kIdOk)) << "a window object can run again";
     inner.create = [&] { return inner.EndModal(5), false; };
     EXPECT_EQ(inner.RunModal(nullptr), 5) << "it refused to open";
@@ -49,7 +46,7 @@ TEST_F(WindowContract, KeysShortcutsAndTheWheel) {
         hand_.Then(Press(static_cast<Key>(key)));
         expected.push_back("key " + std::to_string(key));
     }
-    Run(screen_, {Do(&Hand::PressShortcut, L'E'), Do(&Hand::TurnWheel, 2), Do(&Hand::TurnWheel, -1)});
+    Run({Do(&Hand::PressShortcut, L'E'), Do(&Hand::TurnWheel, 2), Do(&Hand::TurnWheel, -1)});
     expected.insert(expected.end(), {"shortcut 69", "scroll 0 0", "scroll 0 0", "scroll 1 0", "destroy"});
     EXPECT_EQ(screen_.log, expected);
 }
@@ -75,7 +72,7 @@ TEST_F(WindowContract, ScrollBars) {
             expected.push_back("scroll " + std::to_string(code) + " 0");
         }
     };
-    Run(screen_, {scroll, Do(&Hand::DropThumb, 1234)});
+    Run({scroll, Do(&Hand::DropThumb, 1234)});
     expected.insert(expected.end(), {"scroll 4 1234", "destroy"});
     EXPECT_EQ(screen_.log, expected);
 }
@@ -85,7 +82,7 @@ TEST_F(WindowContract, TimersGoOnUntilStopped) {
         hand_.PassTime(25);
         if (screen_.log.size() == 2) screen_.StopTimer(1);
     };
-    Run(screen_, {[&] { EXPECT_TRUE(screen_.StartTimer(1, 20)); }, wait, wait, wait, wait, wait, wait});
+    Run({[&] { EXPECT_TRUE(screen_.StartTimer(1, 20)); }, wait, wait, wait, wait, wait, wait});
     EXPECT_THAT(screen_.log, ElementsAre("timer 1", "timer 1", "destroy"));
 }
 
@@ -109,11 +106,11 @@ TEST_F(WindowContract, ShownPixels) {
     const Step showPart = [&] { screen_.Show(image, {10, 10, 500, 500}); };
     const Step showAt = [&] { screen_.ShowAt(image, {40, -1}); };
     const Step invert = [&] { screen_.InvertPixels({10, 13, 12, 14}); };
-    Run(screen_, {showPart, ExpectPixel({10, 10}, 0x0010200A), ExpectPixel({63, 63}, 0x0010203F),
-                  [&] { screen_.ScrollPixels(-8); }, ExpectPixel({10, 10}, 0x00102012),
-                  [&] { screen_.ScrollPixels(3); }, ExpectPixel({10, 13}, 0x00102012), invert,
-                  ExpectPixel({11, 13}, 0x00EFDFED), ExpectPixel({12, 13}, 0x00102012), showAt,
-                  ExpectPixel({40, 0}, 0x00102001), ExpectPixel({39, 13}, 0x00102012)});
+    Run({showPart, ExpectPixel({10, 10}, 0x0010200A), ExpectPixel({63, 63}, 0x0010203F),
+         [&] { screen_.ScrollPixels(-8); }, ExpectPixel({10, 10}, 0x00102012),
+         [&] { screen_.ScrollPixels(3); }, ExpectPixel({10, 13}, 0x00102012), invert,
+         ExpectPixel({11, 13}, 0x00EFDFED), ExpectPixel({12, 13}, 0x00102012), showAt,
+         ExpectPixel({40, 0}, 0x00102001), ExpectPixel({39, 13}, 0x00102012)});
     for (const auto& [width, height] : {std::pair{0, 5}, {-1, 5}, {1 << 20, 1 << 20}})
         EXPECT_FALSE(Image::Make(width, height).IsValid()) << width << " x " << height;
 }
@@ -126,60 +123,28 @@ TEST_F(WindowContract, WorkersReachAWindowByItsPrivateMessages) {
         screen_.SendPrivateMessage(2, 20);
         afterSending = screen_.log;
     };
-    Run(screen_, {[&] {
-            ASSERT_TRUE(worker.Create(work) && !worker.Create(work));
-            EXPECT_THAT(screen_.log, IsEmpty()) << "it has not been resumed";
-            worker.Resume();
-            worker.Wait();  // what it sends is handled all the same
-        }});
+    Run({[&] {
+        ASSERT_TRUE(worker.Create(work) && !worker.Create(work));
+        EXPECT_THAT(screen_.log, IsEmpty()) << "it has not been resumed";
+        worker.Resume();
+        worker.Wait();  // what it sends is handled all the same
+    }});
     EXPECT_THAT(afterSending, testing::Contains("private 2 20"));
     EXPECT_THAT(screen_.log, testing::UnorderedElementsAre("private 7 10", "private 2 20", "destroy"));
 }
 
-// A screen that takes the pen for each stroke and reads what the system merged.
-class WritingScreen : public TestScreen {
-  public:
-    using TestScreen::TestScreen;
-
-    std::vector<Point> samples;
-    size_t room = 64;
-
-    void OnPenDown(Point place) override {
-        CapturePen();
-        TestScreen::OnPenDown(place);
-    }
-    void OnPenMove(Point place) override {
-        if (!HasPen()) return;
-        Point merged[64];
-        const size_t count = PenSamples(merged, room);
-        samples.insert(samples.end(), merged, merged + count);
-        TestScreen::OnPenMove(place);
-    }
-};
-
-class PenContract : public Contract {
-  protected:
-    Step ExpectPen(bool isHeld) {
-        return [=] { EXPECT_EQ(screen_.HasPen(), isHeld); };
-    }
-    Step MoveAtOnce(const std::vector<Point>& places) { return Do(&Hand::PenMove, places); }
-
-    WritingScreen screen_{Screen::ScrollBar::Vertical};
-    const Step release_ = [this] { screen_.ReleasePen(); };
-};
-
-TEST_F(PenContract, AStrokeThatLeavesTheWindowAndOneThatIsTakenAway) {
-    Run(screen_, {Down({50, 5}), Move({-6, -4}), Up({-6, -4}), ExpectPen(true), release_, ExpectPen(false),
-                  Down({50, 60}), Do(&Hand::TakePenAway), ExpectPen(false), release_, Up({50, 60})});
-    EXPECT_THAT(screen_.log, ElementsAre("down 50 5", "move -6 -4", "up -6 -4", "lost", "down 50 60", "lost",
-                                         "up 50 60", "destroy"));
-    EXPECT_THAT(screen_.samples, IsEmpty());
-}
-
-TEST_F(PenContract, SamplesOfMergedMoves) {
-    Run(screen_, {MoveAtOnce({{10, 10}, {20, 20}, {30, 30}}), Down({50, 60}),
-                  MoveAtOnce({{60, 60}, {70, 65}, {60, 60}, {80, 70}}), [&] { screen_.room = 1; },
-                  MoveAtOnce({{110, 70}, {120, 70}, {140, 70}}), Up({140, 70}), release_});
+TEST_F(WindowContract, AStrokeThatLeavesTheWindowAndOneThatIsTakenAway) {
+    const auto moveAtOnce = [&](const std::vector<Point>& places) { return Do(&Hand::PenMove, places); };
+    const auto expectPen = [&](bool isHeld) { return [=] { EXPECT_EQ(screen_.HasPen(), isHeld); }; };
+    const Step release = [&] { screen_.ReleasePen(); };
+    screen_.penSamples = 64;
+    Run({moveAtOnce({{10, 10}, {20, 20}, {30, 30}}), Down({50, 60}),
+         moveAtOnce({{60, 60}, {70, 65}, {60, 60}, {80, 70}}), [&] { screen_.penSamples = 1; },
+         moveAtOnce({{110, 70}, {120, 70}, {-6, -4}}), Up({-6, -4}), expectPen(true), release,
+         expectPen(false), Down({50, 60}), Do(&Hand::TakePenAway), expectPen(false), release, Up({50, 60})});
+    EXPECT_THAT(screen_.log,
+                ElementsAre("down 50 60", "up -6 -4", "lost", "down 50 60", "lost", "up 50 60", "destroy"));
+    EXPECT_THAT(screen_.moves, testing::Contains(Point{-6, -4}));
     EXPECT_THAT(screen_.samples, testing::SizeIs(4))
         << "no more than there is room, none from before the press";
     screen_.samples.resize(3);

@@ -1,6 +1,7 @@
-// A hand that gives real input to real windows. Steps run in the program's own thread, from a timer: the
-// system reports a timer only when nothing else waits, so a step comes when what went before it has been
-// handled, in whatever loop the program is waiting: its own, a message box's or a menu's.
+// A hand that gives real input to real windows, as a pen, a mouse and a keyboard would. Steps run in the
+// program's own thread, from a timer: the system reports a timer only when nothing else waits, so a step
+// comes when what went before it has been handled, in whatever loop the program is waiting: its own, a
+// message box's or a menu's.
 #pragma once
 
 #include <cstring>
@@ -8,13 +9,45 @@
 
 #include "platform/windows/SystemText.h"
 #include "platform/windows/WindowImpl.h"
-#include "tests/contract/WindowsInput.h"
 #include "tests/support/Steps.h"
 
 namespace contract {
 
 using platform::Point;
 using platform::TreeItem;
+
+inline void SendMouse(POINT desktop, DWORD flags, DWORD data = 0) {
+    // 16 bits of a side of the desktop, so that the system's own rounding comes out at the same pixel.
+    const auto absolute = [](LONG place, int metric) {
+        const LONG side = GetSystemMetrics(metric);
+        return static_cast<DWORD>((place * 65536 + side - 1) / side);
+    };
+    mouse_event(MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | flags, absolute(desktop.x, SM_CXSCREEN),
+                absolute(desktop.y, SM_CYSCREEN), data, 0);
+}
+
+inline void Click(POINT desktop) {
+    SendMouse(desktop, MOUSEEVENTF_LEFTDOWN);
+    SendMouse(desktop, MOUSEEVENTF_LEFTUP);
+}
+
+inline void SendKey(WORD code) {
+    keybd_event(static_cast<BYTE>(code), 0, 0, 0);
+    keybd_event(static_cast<BYTE>(code), 0, KEYEVENTF_KEYUP, 0);
+}
+
+// The middle of a rectangle of the window's client area, as a place of the desktop.
+inline POINT MiddleOf(HWND window, const RECT& area) {
+    POINT middle{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+    ClientToScreen(window, &middle);
+    return middle;
+}
+
+inline POINT MiddleOf(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
 
 class WindowsHand : public testing_support::Hand {
   public:
@@ -24,7 +57,7 @@ class WindowsHand : public testing_support::Hand {
     ~WindowsHand() override { DestroyWindow(ticker_); }
 
     void Then(testing_support::Step step) override { steps_.push_back(std::move(step)); }
-    bool IsDone() const override { return steps_.empty() && answers_.empty() && entries_.empty(); }
+    bool IsDone() const override { return steps_.empty() && answers_.empty(); }
     // Of a property sheet the page that is shown.
     platform::Window* Top() override {
         const HWND active = GetActiveWindow();
@@ -133,9 +166,7 @@ class WindowsHand : public testing_support::Hand {
 
     void Answer(platform::MessageAnswer answer) override { answers_.push_back(answer); }
     std::vector<testing_support::SeenBox> Boxes() const override { return boxes_; }
-    void ChooseEntries(const testing_support::Texts& texts) override {
-        entries_.assign(texts.begin(), texts.end());
-    }
+    void ChooseEntries(const testing_support::Texts&) override {}  // no test here opens a menu
     // Of the chooser the folder that it opens at, or none.
     void ChooseFolder(const std::wstring& folder) override {
         Answer(folder.empty() ? platform::MessageAnswer::Cancel : platform::MessageAnswer::Ok);
@@ -183,20 +214,10 @@ class WindowsHand : public testing_support::Hand {
 
     // True when the program asks something through a window of the system, answered or not.
     bool AnswerQuestion() {
-        if (const HWND menu = FindWindowW(L"#32768", nullptr)) {
-            if (!entries_.empty()) AnswerMenu(reinterpret_cast<HMENU>(SendMessageW(menu, MN_GETHMENU, 0, 0)));
-            return true;
-        }
         const HWND dialog = GetActiveWindow();
         if (!platform::windows::IsOfClass(dialog, L"#32770") || Top()) return false;
         if (!answers_.empty()) AnswerBox(dialog);
         return true;
-    }
-    void AnswerMenu(HMENU menu) {
-        std::vector<WORD> keys{VK_DOWN};
-        if (!FindEntry(menu, entries_.front(), keys)) keys = {VK_ESCAPE};
-        entries_.pop_front();
-        for (const WORD key : keys) SendKey(key);
     }
     void AnswerBox(HWND box) {
         constexpr int kTextId = 0xFFFF;
@@ -214,7 +235,6 @@ class WindowsHand : public testing_support::Hand {
     HWND ticker_ = CreateWindowW(L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
     std::deque<testing_support::Step> steps_;
     std::deque<platform::MessageAnswer> answers_;
-    std::deque<std::wstring> entries_;  // of menus
     std::vector<testing_support::SeenBox> boxes_;
 };
 
