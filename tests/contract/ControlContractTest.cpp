@@ -44,11 +44,11 @@ TEST_F(ControlContract, DialogsTellWhatTheUserDoesAndNotWhatTheProgramFillsIn) {
         EXPECT_EQ(dialog.ItemText(IDC_FILE_NAME), L"A & B \u00BB");
     };
     const auto disable = [&] { dialog.EnableItem(IDC_DEFAULT_NAME, false); };
-    const int result =
+    EXPECT_EQ(
         RunDialog(dialog, {ExpectTitle(L" Inkwright - Save As"), fill, TypeInto(IDC_FILE_NAME, L"Meeting"),
                            Press(IDC_DEFAULT_NAME), disable, Press(IDC_DEFAULT_NAME), Press(Key::Escape),
-                           Do(&Hand::PressClose), Press(kIdOk)});
-    EXPECT_EQ(result, 3);
+                           Do(&Hand::PressClose), Press(kIdOk)}),
+        3);
     // A port may give the dialog keys and taps that its controls did not use.
     std::vector<std::string> log;
     std::copy_if(dialog.log.begin(), dialog.log.end(), std::back_inserter(log),

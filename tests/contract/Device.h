@@ -10,8 +10,7 @@
 
 namespace contract {
 
-// A fresh device: an empty file system but for the documents folder, no key of a test. Lives as long as one
-// test.
+// A fresh device for one test: an empty file system but for the documents folder, no key of a test.
 class Device {
   public:
     Device();
@@ -23,8 +22,7 @@ class Device {
 
     // A storage card with this name.
     void InsertCard(const std::wstring& name);
-    // Another program has the file for itself, and lets go of it a tenth of a second later. Nothing where no
-    // other program is.
+    // Another program, if there is any, has the file for itself for a tenth of a second.
     void HoldForAMoment(const std::wstring& path);
     // When the file was last written, in universal time.
     void SetLastWrite(const std::wstring& path, const platform::DateTime& universal);

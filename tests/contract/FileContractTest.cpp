@@ -36,8 +36,7 @@ using FileContract = Contract;
 
 TEST_F(FileContract, FilesKeepTheirBytes) {
     const std::string bytes("\0\r\n\x1a\xff end", 9);
-    ASSERT_TRUE(WriteWhole(L"\\note.ikw", "a long text that is replaced") &&
-                WriteWhole(L"\\NOTE.IKW", bytes));
+    ASSERT_TRUE(WriteWhole(L"\\note.ikw", "replaced as a whole") && WriteWhole(L"\\NOTE.IKW", bytes));
     EXPECT_THAT(Names(L"\\", L"*.ikw"), ElementsAre(L"note.ikw"));
     File first = File::OpenForReading(L"\\note.ikw");
     File file = std::move(first);

@@ -51,7 +51,7 @@ class TreeContract : public Contract, private TreeView::Events {
         Write("select", selected);
         if (const auto act = std::exchange(afterSelection_, nullptr)) act();
     }
-    void OnTreeItemDeleted(TreeItem, intptr_t data) override { deleted_.push_back(static_cast<int>(data)); }
+    void OnTreeItemDeleted(TreeItem, intptr_t data) override { deleted_.push_back(data); }
     bool OnTreeEditBegins(TreeItem item, std::wstring& text) override {
         Write("begin", item);
         text = L"Plan";
@@ -75,7 +75,7 @@ class TreeContract : public Contract, private TreeView::Events {
     TreeItem home_ = 0;
     TreeItem notes_[3]{};
     std::vector<std::string> log_;
-    std::vector<int> deleted_;
+    std::vector<intptr_t> deleted_;
     bool allowsEditing_ = true;
     std::function<void()> afterSelection_;
 };
@@ -107,22 +107,17 @@ TEST_F(TreeContract, ItemsKeepWhatTheyAreGivenAndTheirOrder) {
 }
 
 TEST_F(TreeContract, SelectionsAreTold) {
+    const Step expectShown = [&] { EXPECT_TRUE(tree_.IsExpanded(work_) && tree_.IsSelected(notes_[1])); };
     Run({Select(home_), Select(home_), [&] { EXPECT_FALSE(tree_.IsExpanded(work_)); }, Select(notes_[1]),
-         [&] {
-             EXPECT_TRUE(tree_.IsExpanded(work_)) << "what is selected is shown";
-             EXPECT_TRUE(tree_.IsSelected(notes_[1]) && !tree_.IsSelected(home_));
-         },
-         OnItem(&Hand::TapTree, notes_[2]), OnItem(&Hand::TapTree, home_), [&] { tree_.Select(0); }});
+         expectShown, OnItem(&Hand::TapTree, notes_[2]), OnItem(&Hand::TapTree, home_),
+         [&] { tree_.Select(0); }});
     EXPECT_THAT(log_, ElementsAre("select 2", "select 12", "select 13", "select 2", "select -"));
 }
 
 TEST_F(TreeContract, AClosedBranchGivesTheSelectionToItsItem) {
     Run({Select(notes_[1]), [&] { afterSelection_ = [this] { EXPECT_TRUE(tree_.IsExpanded(work_)); }; },
          OnItem(&Hand::CloseBranch, work_),
-         [&] {
-             EXPECT_FALSE(tree_.IsExpanded(work_));
-             EXPECT_EQ(Children(work_).size(), 3u) << "they are only out of sight";
-         }});
+         [&] { EXPECT_TRUE(!tree_.IsExpanded(work_) && Children(work_).size() == 3); }});
     EXPECT_THAT(log_, ElementsAre("select 12", "select 1"));
 }
 
