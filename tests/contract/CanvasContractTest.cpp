@@ -1,18 +1,11 @@
 // Drawing into images.
-#include <algorithm>
-
 #include "platform/Canvas.h"
 #include "tests/contract/Recording.h"
 
-namespace contract {
+using namespace contract;
+using namespace platform;
 
 namespace {
-
-using platform::Canvas;
-using platform::Font;
-using platform::Image;
-using platform::ImageList;
-using platform::Rect;
 
 constexpr uint32_t kPaperPixel = 0x00FAF0E6u;
 
@@ -24,11 +17,11 @@ class CanvasContract : public Contract {
     // The smallest rectangle around what is not paper.
     Rect Drawn() {
         Rect drawn;
-        for (int y = 0; y < 60; ++y) {
-            for (int x = 0; x < 120; ++x) {
-                EXPECT_LE(At(x, y), 0x00FFFFFFu);
-                if (At(x, y) != kPaperPixel) drawn = Unite(drawn, {x, y, x + 1, y + 1});
-            }
+        for (int i = 0; i < 60 * 120; ++i) {
+            const int x = i % 120;
+            const int y = i / 120;
+            EXPECT_LE(At(x, y), 0x00FFFFFFu);
+            if (At(x, y) != kPaperPixel) drawn = Unite(drawn, {x, y, x + 1, y + 1});
         }
         return drawn;
     }
@@ -42,32 +35,20 @@ TEST_F(CanvasContract, Text) {
     canvas_.Text(L"March 2007 wwwwwwwwwwwwwwww", {30, 12}, {100, true}, 0, {20, 10, 60, 40});
     EXPECT_TRUE(DrawsWithin({30, 12, 60, 40}));
     Clear();
-    canvas_.Text(L"x", {30, 12}, {}, 0, {});
-    EXPECT_TRUE(Drawn().IsEmpty()) << "an empty clipping shows nothing";
-    const auto width = [](const wchar_t* text) { return Canvas::TextSize(text, {80, false}).right; };
-    const Rect size = Canvas::TextSize(L"Aqua", {80, false});
+    const Rect size = Canvas::TextSize(L"A & a", {80, false});
     EXPECT_TRUE(size.left == 0 && size.top == 0 && size.right > 15 && size.bottom > 9 && size.bottom < 20);
-    canvas_.Text(L"Aqua", {10, 10}, {80, false}, 0, {0, 0, 120, 60});
+    canvas_.Text(L"A & a", {10, 10}, {80, false}, 0, {0, 0, 120, 60});
     EXPECT_TRUE(DrawsWithin({9, 10, 11 + size.right, 10 + size.bottom}));
-    EXPECT_TRUE(width(L"Aqua Aqua") > size.right && width(L"") == 0);
-    EXPECT_GT(Canvas::TextSize(L"Aqua", {160, false}).bottom, size.bottom);
-    EXPECT_GT(width(L"Aqua & Co"), width(L"Aqua  Co")) << "no character is a prefix";
+    EXPECT_GT(size.right, Canvas::TextSize(L"A  a", {80, false}).right) << "no character is a prefix";
+    EXPECT_GT(Canvas::TextSize(L"A & a", {160, false}).bottom, size.bottom);
 }
 
-TEST_F(CanvasContract, ShapesAndPictures) {
-    EXPECT_TRUE(Drawn().IsEmpty()) << "what lies outside is cut off";
-    canvas_.Fill({100, 50, 400, 55}, ink::MakeColor(1, 2, 3));
-    canvas_.Fill({5, 5, 5, 50}, 0);
-    EXPECT_EQ(Drawn(), (Rect{100, 50, 120, 55}));
-    EXPECT_EQ(At(119, 52), 0x00010203u);
-    Clear();
+TEST_F(CanvasContract, Pictures) {
     const Image small = Image::Make(10, 10);
-    small.Surface().Row(9)[9] = 0x00123456u;
-    canvas_.Draw(small, {105, 45});
+    small.Surface().Row(0)[0] = 0x00123456u;
     canvas_.Draw(small, {115, 55});
-    canvas_.Draw(Image(), {0, 0});
-    EXPECT_EQ(Drawn(), (Rect{105, 45, 120, 60}));
-    EXPECT_EQ(At(114, 54), 0x00123456u);
+    EXPECT_EQ(Drawn(), (Rect{115, 55, 120, 60})) << "what lies outside is cut off";
+    EXPECT_EQ(At(115, 55), 0x00123456u);
     EXPECT_EQ(At(119, 59), 0u) << "images begin black, copies are not transparent";
 }
 
@@ -76,22 +57,15 @@ TEST_F(CanvasContract, ImagesAndTheirTransparency) {
     const Image strip = Image::FromResource(IDB_TREE_IMAGES);
     ASSERT_TRUE(images.IsValid() && strip.IsValid());
     EXPECT_FALSE(ImageList::FromResource(9999, 16, 0).IsValid() || Image::FromResource(9999).IsValid());
-    for (const int index : {0, 3, 13}) {
-        Clear();
-        canvas_.Draw(images, index, {30, 20});
-        EXPECT_TRUE(DrawsWithin({30, 20, 46, 36})) << index;
-        for (int i = 0; i < 256; ++i) {
-            const uint32_t source = strip.Surface().Row(i / 16)[index * 16 + i % 16];
-            ASSERT_EQ(At(30 + i % 16, 20 + i / 16), source == 0x0000FF00u ? kPaperPixel : source)
-                << index << " " << i;
-        }
+    canvas_.Draw(images, 13, {30, 20});
+    EXPECT_TRUE(DrawsWithin({30, 20, 46, 36}));
+    for (int i = 0; i < 256; ++i) {
+        const uint32_t source = strip.Surface().Row(i / 16)[13 * 16 + i % 16];
+        EXPECT_EQ(At(30 + i % 16, 20 + i / 16), source == 0x0000FF00u ? kPaperPixel : source) << i;
     }
     Clear();
     canvas_.Draw(images, 0, {-8, 55});
-    canvas_.Draw(ImageList(), 0, {50, 0});
     EXPECT_TRUE(DrawsWithin({0, 55, 8, 60}));
 }
 
 }  // namespace
-
-}  // namespace contract

@@ -5,72 +5,50 @@
 #include "platform/PropertyDialog.h"
 #include "tests/contract/Recording.h"
 
-namespace contract {
+using namespace contract;
+using namespace platform;
 
 namespace {
 
-using platform::DateTime;
-using platform::Dialog;
-using platform::EditAction;
-using platform::MessageAnswer;
-using platform::MessageButtons;
-using platform::MessageIcon;
-using platform::Popup;
-using platform::Rect;
-using platform::Screen;
-using testing_support::Hand;
-
-class ControlContract : public Contract {};
+using ControlContract = Contract;
 
 TEST_F(ControlContract, ToolBars) {
-    const platform::ToolBarLayout layout{
-        IDB_EDITOR_TOOLS,
-        12,
-        14,
-        {{IDM_NEW_NOTE, L"New"}, {0, nullptr}, {IDM_PEN, L"Pen"}, {IDM_ERASER, L"Eraser"}}};
-    TestScreen screen(Screen::ScrollBar::Vertical);
-    screen.command = [](int) {};
-    platform::ToolBar& tools = screen.Tools();
-    Run(screen, {[&] {
-                     tools.SetEnabled(IDM_PEN, false);  // there is no tool bar yet
-                     ASSERT_TRUE(screen.CreateMenuBar(layout));
-                     EXPECT_TRUE(hand_.Tool(IDM_PEN).enabled && !hand_.Tool(IDM_TOOLS).enabled);
-                     tools.SetChecked(IDM_PEN, true);
-                     tools.SetPressed(IDM_PEN, true);
-                     tools.SetEnabled(IDM_PEN, false);
-                     const auto [checked, pressed, enabled] = hand_.Tool(IDM_PEN);
-                     EXPECT_TRUE(checked && pressed && !enabled);
-                     tools.SetChecked(IDM_PEN, false);
-                     EXPECT_TRUE(!hand_.Tool(IDM_PEN).checked && hand_.Tool(IDM_PEN).pressed);
-                     tools.SetChecked(IDM_TOOLS, true);
-                     EXPECT_FALSE(hand_.Tool(IDM_TOOLS).checked);
-                 },
-                 Press(IDM_ERASER), Press(IDM_PEN), Press(IDM_NEW_NOTE)});
-    EXPECT_THAT(screen.log, ElementsAre("command 32709", "command 32701", "destroy"));
+    const std::vector<ToolBarButton> buttons{
+        {IDM_NEW_NOTE, L"New"}, {0, nullptr}, {IDM_PEN, L"Pen"}, {IDM_ERASER, L"Eraser"}};
+    const auto make = [&] {
+        ToolBar& tools = screen_.Tools();
+        tools.SetEnabled(IDM_PEN, false);  // there is no tool bar yet
+        ASSERT_TRUE(screen_.CreateMenuBar({IDB_EDITOR_TOOLS, 12, 14, buttons}));
+        EXPECT_TRUE(hand_.Tool(IDM_PEN).enabled && !hand_.Tool(IDM_TOOLS).enabled);
+        tools.SetChecked(IDM_PEN, true);
+        tools.SetPressed(IDM_PEN, true);
+        tools.SetEnabled(IDM_PEN, false);
+        const auto [checked, pressed, enabled] = hand_.Tool(IDM_PEN);
+        EXPECT_TRUE(checked && pressed && !enabled);
+        tools.SetChecked(IDM_PEN, false);
+        EXPECT_TRUE(!hand_.Tool(IDM_PEN).checked && hand_.Tool(IDM_PEN).pressed);
+    };
+    screen_.command = [](int) {};
+    Run({make, Press(IDM_ERASER), Press(IDM_PEN), Press(IDM_NEW_NOTE)});
+    EXPECT_THAT(screen_.log, ElementsAre("command 32709", "command 32701", "destroy"));
 }
 
 TEST_F(ControlContract, DialogsTellWhatTheUserDoesAndNotWhatTheProgramFillsIn) {
     TestDialog dialog(IDD_SAVE_AS);
-    dialog.create = [&] {
-        dialog.Place({20, 30, 220, 150});
-        return true;
-    };
     dialog.command = [&](int id) {
-        if (id == platform::kIdOk) dialog.EndModal(3);
+        if (id == kIdOk) dialog.EndModal(3);
     };
-    const int result = RunDialog(
-        dialog, {ExpectTitle(L" Inkwright - Save As"),
-                 [&] {
-                     EXPECT_TRUE((dialog.WindowRect() == Rect{20, 30, 220, 150}));
-                     EXPECT_TRUE(dialog.ItemRect(4711).IsEmpty() && dialog.ItemText(4711).empty());
-                     dialog.SetItemText(IDC_FILE_NAME, L"A & B \u00BB");
-                     EXPECT_EQ(dialog.ItemText(IDC_FILE_NAME), L"A & B \u00BB");
-                 },
-                 TypeInto(IDC_FILE_NAME, L"Meeting"), Press(IDC_DEFAULT_NAME),
-                 [&] { dialog.EnableItem(IDC_DEFAULT_NAME, false); }, Press(IDC_DEFAULT_NAME),
-                 Press(platform::Key::Escape), Do(&Hand::PressClose),
-                 [&] { EXPECT_EQ(dialog.ItemText(IDC_FILE_NAME), L"Meeting"); }, Press(platform::kIdOk)});
-    EXPECT_EQ(result, 3);
+    const auto fill = [&] {
+        EXPECT_TRUE(dialog.ItemRect(4711).IsEmpty() && dialog.ItemText(4711).empty());
+        dialog.SetItemText(IDC_FILE_NAME, L"A & B \u00BB");
+        EXPECT_EQ(dialog.ItemText(IDC_FILE_NAME), L"A & B \u00BB");
+    };
+    const auto disable = [&] { dialog.EnableItem(IDC_DEFAULT_NAME, false); };
+    EXPECT_EQ(
+        RunDialog(dialog, {ExpectTitle(L" Inkwright - Save As"), fill, TypeInto(IDC_FILE_NAME, L"Meeting"),
+                           Press(IDC_DEFAULT_NAME), disable, Press(IDC_DEFAULT_NAME), Press(Key::Escape),
+                           Do(&Hand::PressClose), Press(kIdOk)}),
+        3);
     // A port may give the dialog keys and taps that its controls did not use.
     std::vector<std::string> log;
     std::copy_if(dialog.log.begin(), dialog.log.end(), std::back_inserter(log),
@@ -79,39 +57,27 @@ TEST_F(ControlContract, DialogsTellWhatTheUserDoesAndNotWhatTheProgramFillsIn) {
 }
 
 TEST_F(ControlContract, PickersAndCalendars) {
-    const auto number = [](int a, int b, int c) { return a * 10000 + b * 100 + c; };
     const DateTime moment{2007, 3, 4, 15, 20, 30, 5, 0};
+    const auto pick = [&](Dialog& dialog, int item) {
+        dialog.SetPicked(item, moment);
+        const DateTime day = dialog.PickedDate(item);
+        EXPECT_EQ(day.year * 100000 + day.month * 1000 + day.day * 10 + day.dayOfWeek, 200703154);
+    };
     TestDialog pickers(IDD_ALARM_TIME);
-    pickers.command = [&](int id) { pickers.EndModal(id); };
-    EXPECT_EQ(RunDialog(pickers,
-                        {[&] {
-                             pickers.SetPicked(IDC_ALARM_DATE, moment);
-                             pickers.SetPicked(IDC_ALARM_TIME, moment);
-                             pickers.SetPicked(IDC_ALARM_DATE, {2007, 2, 0, 30, 0, 0, 0, 0});  // no such day
-                             const DateTime date = pickers.PickedDate(IDC_ALARM_DATE);
-                             const DateTime time = pickers.PickedTime(IDC_ALARM_TIME);
-                             EXPECT_EQ(number(date.year, date.month, date.day), 20070315);
-                             EXPECT_EQ(date.dayOfWeek, 4);
-                             EXPECT_EQ(number(time.hour, time.minute, time.second), 203005);
-                             EXPECT_EQ(pickers.PickedDate(4711).year, 0);
-                         },
-                         Press(platform::kIdCancel)}),
-              platform::kIdCancel);
+    const auto pickMoment = [&] {
+        pick(pickers, IDC_ALARM_DATE);
+        pickers.SetPicked(IDC_ALARM_TIME, moment);
+        const DateTime time = pickers.PickedTime(IDC_ALARM_TIME);
+        EXPECT_EQ(time.hour * 10000 + time.minute * 100 + time.second, 203005);
+        EXPECT_EQ(pickers.PickedDate(4711).year, 0);
+    };
+    RunDialog(pickers, {pickMoment, Press(kIdCancel)});
     EXPECT_THAT(pickers.log, ElementsAre("command 2", "destroy"));
 
     Dialog calendar(IDD_DATE_PICKER);
-    EXPECT_EQ(RunDialog(calendar, {[&] {
-                                       calendar.SetPicked(IDC_MONTH_CALENDAR, moment);
-                                       const DateTime date = calendar.PickedDate(IDC_MONTH_CALENDAR);
-                                       EXPECT_EQ(number(date.year, date.month, date.day), 20070315);
-                                       for (const int day : {0, 3, 6, 7, -1}) {
-                                           calendar.SetFirstDayOfWeek(IDC_MONTH_CALENDAR, day);
-                                           EXPECT_THAT(device_.FirstDayShown(IDC_MONTH_CALENDAR),
-                                                       testing::AnyOf(-1, day == 7 || day == -1 ? 6 : day));
-                                       }
-                                   },
+    EXPECT_EQ(RunDialog(calendar, {[&] { pick(calendar, IDC_MONTH_CALENDAR); },
                                    Do(&Hand::DoubleTapDay, IDC_MONTH_CALENDAR)}),
-              platform::kIdOk);
+              kIdOk);
 }
 
 class EditingDialog : public TestDialog {
@@ -119,211 +85,135 @@ class EditingDialog : public TestDialog {
     EditingDialog() : TestDialog(IDD_TEXT_MEMO) {
         create = [this] {
             Place({20, 52, 230, 222});
-            return MakeTextEdit(IDC_MEMO_TEXT, kEdit, true);
+            return MakeTextEdit(IDC_MEMO_TEXT, {6, 26, 204, 141}, true);
         };
     }
-    void OnEditHold(int id, platform::Point place) override {
-        log.push_back("hold " + std::to_string(id) + " " + std::to_string(place.x) + " " +
-                      std::to_string(place.y));
-    }
-    std::string Offered() const {
-        std::string offered;
-        for (const char* letter = "UCYPDA"; *letter != 0; ++letter)
-            offered += CanEdit(IDC_MEMO_TEXT, static_cast<EditAction>(offered.size())) ? *letter : '-';
-        return offered;
-    }
-    // Does one action after another and tells the text after the last.
+    void OnEditHold(int id, Point place) override { Write("hold", id, place.x, place.y); }
+    // Does one action after another: the text after the last, and which actions are offered then.
     std::wstring After(const std::vector<EditAction>& actions) {
         for (const EditAction action : actions) Edit(IDC_MEMO_TEXT, action);
-        return ItemText(IDC_MEMO_TEXT);
+        std::wstring text = ItemText(IDC_MEMO_TEXT) + L"|";
+        for (int action = 0; action < 6; ++action)
+            text += CanEdit(IDC_MEMO_TEXT, static_cast<EditAction>(action)) ? L"UCYPDA"[action] : L'-';
+        return text;
     }
-    static constexpr Rect kEdit{6, 26, 204, 141};
 };
 
 TEST_F(ControlContract, EditsOfManyLines) {
     EditingDialog dialog;
-    RunDialog(dialog,
-              {[&] {
-                   EXPECT_EQ(dialog.ClientWidth() * 1000 + dialog.ClientHeight(), 210170);
-                   dialog.PlaceItem(IDC_MEMO_SAVE, {100, 145, 150, 165});
-                   EXPECT_TRUE((dialog.ItemRect(IDC_MEMO_SAVE) == Rect{120, 197, 170, 217}));
-                   EXPECT_TRUE((dialog.ItemRect(IDC_MEMO_TEXT) == Rect{26, 78, 224, 193}));
-                   std::wstring longText;
-                   for (int i = 0; i < 20000; ++i) longText += L"many words of text\r\n";
-                   for (const std::wstring& text :
-                        {longText, std::wstring(L"a\nb\rc\r\n\td \u20AC"), std::wstring()}) {
-                       dialog.SetItemText(IDC_MEMO_TEXT, text);
-                       EXPECT_TRUE(dialog.MakeTextEdit(IDC_MEMO_TEXT, EditingDialog::kEdit, text.empty()));
-                       EXPECT_EQ(dialog.ItemText(IDC_MEMO_TEXT), text) << "it is carried over";
-                   }
-                   EXPECT_EQ(dialog.Offered().substr(4), "--");
-                   EXPECT_FALSE(dialog.CanEdit(IDC_MEMO_SAVE, EditAction::Cut));
-                   dialog.SetItemText(IDC_MEMO_TEXT, L"one two");
-                   hand_.Select(IDC_MEMO_TEXT, 0, 4);
-                   EXPECT_EQ(dialog.After({EditAction::Cut}), L"two");
-                   EXPECT_EQ(dialog.Offered(), "U--P-A");
-                   EXPECT_EQ(dialog.After({EditAction::Undo, EditAction::SelectAll}), L"one two");
-                   EXPECT_EQ(dialog.Offered(), "UCYPDA");
-                   EXPECT_EQ(dialog.After({EditAction::Delete}), L"");
-                   EXPECT_EQ(dialog.After({EditAction::Paste, EditAction::SelectAll, EditAction::Copy,
-                                           EditAction::Paste, EditAction::Paste}),
-                             L"one one ");
-                   dialog.log.clear();
-               },
-               Do(&Hand::HoldEdit, IDC_MEMO_TEXT), [&] { dialog.EndModal(1); }});
+    const auto edit = [&] {
+        dialog.PlaceItem(IDC_MEMO_SAVE, {100, 145, 150, 165});
+        EXPECT_TRUE((dialog.ItemRect(IDC_MEMO_SAVE) == Rect{120, 197, 170, 217}));
+        EXPECT_TRUE((dialog.ItemRect(IDC_MEMO_TEXT) == Rect{26, 78, 224, 193}));
+        // The control's usual limit is 32,767 characters.
+        std::wstring text = L"a\nb\rc\r\n\td \u20AC";
+        while (text.size() < 40000) text += L"many words\r\n";
+        dialog.SetItemText(IDC_MEMO_TEXT, text);
+        EXPECT_TRUE(dialog.MakeTextEdit(IDC_MEMO_TEXT, {6, 26, 204, 141}, false));
+        EXPECT_EQ(dialog.ItemText(IDC_MEMO_TEXT), text) << "it is carried over";
+        dialog.SetItemText(IDC_MEMO_TEXT, L"one two");
+        hand_.Select(IDC_MEMO_TEXT, 0, 4);
+        EXPECT_EQ(dialog.After({EditAction::Cut}), L"two|U--P-A");
+        EXPECT_EQ(dialog.After({EditAction::Undo, EditAction::SelectAll}), L"one two|UCYPDA");
+        dialog.After({EditAction::Delete, EditAction::Paste, EditAction::SelectAll, EditAction::Copy});
+        EXPECT_EQ(dialog.After({EditAction::Paste, EditAction::Paste}).substr(0, 9), L"one one |");
+        dialog.log.clear();
+    };
+    RunDialog(dialog, {edit, Do(&Hand::HoldEdit, IDC_MEMO_TEXT), [&] { dialog.EndModal(1); }});
     EXPECT_THAT(dialog.log, ElementsAre("hold 1016 125 135", "destroy"));
 }
 
-class RecordingPage : public Recording<platform::PropertyPage> {
+class RecordingPage : public Recording<PropertyPage> {
   public:
     using Recording::Recording;
-    void OnApply() override { log.emplace_back("apply"); }
+    void OnApply() override { Write("apply"); }
 };
 
 TEST_F(ControlContract, PropertyDialogsShowTheirPages) {
-    for (const int button : {platform::kIdOk, platform::kIdCancel}) {
-        RecordingPage first(IDD_OPTIONS_MISC);
-        RecordingPage second(IDD_OPTIONS_FILE_NAME);
+    for (const int button : {kIdOk, kIdCancel}) {
+        RecordingPage first(IDD_OPTIONS_FILE_NAME);
+        RecordingPage second(IDD_OPTIONS_MISC);
         RecordingPage unseen(IDD_OPTIONS_MISC);
-        second.command = [](int) {};
-        Play({[&] { EXPECT_FALSE(second.Exists()) << "nobody has seen it"; }, Do(&Hand::ShowPage, size_t{1}),
-              Press(IDC_NOTE_PATTERN_DEFAULT),
-              [&] {
-                  EXPECT_TRUE(second.IsItemChecked(IDC_NOTE_PATTERN_DEFAULT));
-                  second.CheckItem(IDC_NOTE_PATTERN_DEFAULT, false);
-                  EXPECT_FALSE(second.IsItemChecked(IDC_NOTE_PATTERN_DEFAULT));
-              },
-              Do(&Hand::ShowPage, size_t{0}), Press(button)});
-        EXPECT_EQ(platform::PropertyDialog(L"Pages", {&first, &second, &unseen}).RunModal(nullptr), button);
-        std::vector<std::string> log{"command 1033", "apply", "destroy"};
-        if (button == platform::kIdCancel) log.erase(log.begin() + 1);
+        first.command = [](int) {};
+        const auto check = [&] {
+            EXPECT_TRUE(first.IsItemChecked(IDC_NOTE_PATTERN_DEFAULT));
+            first.CheckItem(IDC_NOTE_PATTERN_DEFAULT, false);
+            EXPECT_FALSE(first.IsItemChecked(IDC_NOTE_PATTERN_DEFAULT));
+        };
+        const auto fill = [&] {
+            second.SetChoices(IDC_PEN_STYLE, {L"b", L"a", L"c"});
+            for (const int index : {2, 3, 0, -1, 1}) {
+                second.Choose(IDC_PEN_STYLE, index);
+                EXPECT_EQ(second.Choice(IDC_PEN_STYLE), index < 3 ? index : -1);
+            }
+            second.SetSpinRange(IDC_ALARM_OFFSET_SPIN, 7, 32000);
+            for (const int value : {1, 20000, 32767, -1}) {
+                second.SetSpin(IDC_ALARM_OFFSET_SPIN, static_cast<int16_t>(value));
+                EXPECT_EQ(second.Spin(IDC_ALARM_OFFSET_SPIN),
+                          static_cast<unsigned>(std::clamp(value, 7, 32000)));
+            }
+            EXPECT_THAT(second.log, IsEmpty()) << "what the program fills in is no change by the user";
+        };
+        Play({Press(IDC_NOTE_PATTERN_DEFAULT), check, Do(&Hand::ShowPage, size_t{1}), fill,
+              Do(&Hand::Choose, IDC_PEN_STYLE, 2), [&] { EXPECT_EQ(second.Choice(IDC_PEN_STYLE), 2); },
+              Press(button)});
+        EXPECT_EQ(PropertyDialog(L"Pages", {&first, &second, &unseen}).RunModal(nullptr), button);
+        std::vector<std::string> log{"changed 1021", "apply", "destroy"};
+        if (button == kIdCancel) log.erase(log.begin() + 1);
         EXPECT_EQ(second.log, log);
-        EXPECT_TRUE(unseen.log.empty());
+        EXPECT_EQ(first.log.front(), "command 1033");
+        EXPECT_THAT(unseen.log, IsEmpty());
     }
-}
-
-TEST_F(ControlContract, ListsAndSpinButtons) {
-    RecordingPage page(IDD_OPTIONS_MISC);
-    Play({[&] {
-              page.SetChoices(IDC_PEN_STYLE, {L"b", L"a", L"c"});
-              EXPECT_EQ(page.Choice(IDC_PEN_STYLE), -1);
-              for (const int index : {2, 3, 0, -1, 1}) {
-                  page.Choose(IDC_PEN_STYLE, index);
-                  EXPECT_EQ(page.Choice(IDC_PEN_STYLE), index < 3 ? index : -1);
-              }
-              page.SetSpinRange(IDC_PEN_SIZE_SPIN, 1, 10);
-              page.SetSpinRange(IDC_ALARM_OFFSET_SPIN, 0, 32767);
-              const std::tuple<int, int16_t, unsigned> spins[] = {
-                  {IDC_PEN_SIZE_SPIN, int16_t{0}, 1u},      {IDC_PEN_SIZE_SPIN, int16_t{7}, 7u},
-                  {IDC_PEN_SIZE_SPIN, int16_t{11}, 10u},    {IDC_ALARM_OFFSET_SPIN, int16_t{32767}, 32767u},
-                  {IDC_ALARM_OFFSET_SPIN, int16_t{-1}, 0u}, {IDC_ALARM_OFFSET_SPIN, int16_t{1234}, 1234u}};
-              for (const auto& [item, set, got] : spins) {
-                  page.SetSpin(item, set);
-                  EXPECT_EQ(page.Spin(item), got);
-              }
-              EXPECT_EQ(page.Choice(4711), -1);
-              EXPECT_TRUE(page.log.empty()) << "what the program fills in is no change by the user";
-          },
-          Do(&Hand::Choose, IDC_PEN_STYLE, 2), [&] { EXPECT_EQ(page.Choice(IDC_PEN_STYLE), 2); },
-          Press(platform::kIdOk)});
-    platform::PropertyDialog(L"Pages", {&page}).RunModal(nullptr);
-    EXPECT_THAT(page.log, ElementsAre("changed 1021", "apply", "destroy"));
 }
 
 // By itself a pop-up takes what another copy sends to close windows as a refusal to choose.
 TEST_F(ControlContract, PopUps) {
-    TestScreen screen(Screen::ScrollBar::Vertical);
     Recording<Popup> popup;
     Popup plain;
-    Popup* shown = &popup;
     std::vector<int> results;
     popup.create = [&] { return popup.ClientWidth() == 120 && popup.ClientHeight() == 80; };
-    screen.command = [&](int) {
-        results.push_back(shown->RunModal(&screen, L"Colours", {200, 300}, 120, 80));
+    screen_.command = [&](int id) {
+        Popup& shown = id == 1 ? popup : plain;
+        results.push_back(shown.RunModal(&screen_, L"Colours", {200, 300}, 120, 80));
     };
-    Run(screen, {Post(screen, 1), Down({119, 79}), Up({119, 79}), [&] { popup.EndModal(8); }, Post(screen, 1),
-                 Press(platform::Key::Escape), [&] { shown = &plain; }, Post(screen, 1),
-                 Post(plain, platform::kIdOk)});
-    EXPECT_THAT(results, ElementsAre(8, platform::kIdCancel, platform::kIdCancel));
+    Run({Post(screen_, 1), Down({119, 79}), Up({119, 79}), [&] { popup.EndModal(8); }, Post(screen_, 1),
+         Press(Key::Escape), Post(screen_, 2), Post(plain, kIdOk)});
+    EXPECT_THAT(results, ElementsAre(8, kIdCancel, kIdCancel));
     EXPECT_THAT(popup.log,
                 ElementsAre("down 119 79", "up 119 79", "destroy", "key 9", "command 2", "destroy"));
 }
 
-TEST_F(ControlContract, Menus) {
-    platform::PopupMenu inner;
-    inner.Add(37002, L"Inner");
-    inner.Add(37003, L"Inner too", false);
-    platform::PopupMenu middle;
-    middle.Add(37001, L"Middle");
-    middle.AddSubmenu(L"More", inner);
-    const std::pair<const wchar_t*, int> choices[] = {
-        {L"R&D", 37000}, {L"Middle", 37001}, {L"Inner", 37002}, {L"Inner too", 0}, {L"nothing", 0}};
-    for (const auto& [entry, command] : choices) {
-        TestScreen screen(Screen::ScrollBar::None);
-        int chosen = -1;
-        screen.command = [&](int) {
-            platform::PopupMenu menu;
-            menu.Add(37000, L"R&D");
-            menu.Add(32908, L"Set Alarm and Exit", false);
-            menu.AddSeparator();
-            menu.AddSubmenu(L"R&D && more", middle);
-            const platform::ScreenSize handheld = platform::HandheldScreen();
-            chosen = menu.Choose(screen, {handheld.width - 20, handheld.height - 20});
-            screen.EndModal(1);
-        };
-        Play({Picked({entry}), Post(screen, 1)});
-        screen.RunModal(nullptr);
-        EXPECT_EQ(chosen, command) << entry;
-    }
-    EXPECT_EQ(hand_.Menu(), (Texts{L"R&D", L"(Set Alarm and Exit)", L"-", L"R&D && more", L"Middle", L"More",
-                                   L"Inner", L"(Inner too)"}));
-}
-
 TEST_F(ControlContract, FoldersAreChosen) {
-    ASSERT_TRUE(platform::MakeFolder(L"\\Notes") && platform::MakeFolder(L"\\Notes\\Old ones"));
-    for (const wchar_t* folder : {L"\\Notes\\Old ones", L"\\My Documents", L""}) {
-        TestScreen screen(Screen::ScrollBar::None);
-        screen.command = [&](int) {
-            std::wstring chosen;
-            EXPECT_EQ(platform::ChooseFolder(&screen, L"Note folder", L"\\Notes", chosen), *folder != 0);
-            EXPECT_EQ(chosen, folder);
-            screen.EndModal(1);
-        };
+    ASSERT_TRUE(MakeFolder(L"\\Notes") && MakeFolder(L"\\Notes\\Old ones"));
+    for (const wchar_t* folder : {L"\\Notes\\Old ones", L""}) {
         hand_.ChooseFolder(folder);
-        Play({Post(screen, 1)});
-        screen.RunModal(nullptr);
+        RunCommand([&] {
+            std::wstring chosen;
+            EXPECT_EQ(ChooseFolder(&screen_, L"Note folder", L"\\Notes\\Old ones", chosen), *folder != 0);
+            EXPECT_EQ(chosen, folder);
+        });
     }
 }
 
 TEST_F(ControlContract, MessageAnswers) {
-    const struct {
-        MessageButtons buttons;
-        MessageAnswer answer;
-        MessageAnswer counted;  // what it means when it is not on the box
-    } kCases[] = {{MessageButtons::Ok, MessageAnswer::Ok, MessageAnswer::Ok},
-                  {MessageButtons::YesNo, MessageAnswer::Yes, MessageAnswer::Yes},
-                  {MessageButtons::YesNo, MessageAnswer::Ok, MessageAnswer::No},
-                  {MessageButtons::YesNoCancel, MessageAnswer::Cancel, MessageAnswer::Cancel},
-                  {MessageButtons::YesNoCancel, MessageAnswer::Ok, MessageAnswer::Cancel}};
-    TestScreen screen(Screen::ScrollBar::None);
-    screen.command = [&](int id) {
-        const bool isSecond = id % 2 == 1;
-        const auto& each = kCases[id];
-        const MessageAnswer got = platform::ShowMessage(
-            id == 2 ? &screen : nullptr, L"Saving failed!\nDiscard changes?", L" Error", each.buttons,
-            MessageIcon::Error, isSecond ? platform::DefaultButton::Second : platform::DefaultButton::First);
-        EXPECT_EQ(got, each.counted) << id;
-        EXPECT_EQ(hand_.Boxes().back().isSecondDefault, isSecond) << id;
-    };
-    Script script;
-    for (int id = 0; id < 5; ++id) {
-        script.push_back(ExpectBox(L"Saving failed!\nDiscard changes?", L" Error", kCases[id].answer));
-        script.push_back(Post(screen, id));
+    using Answer = MessageAnswer;
+    // The answer, and what it means when it is not on the box.
+    const std::tuple<MessageButtons, Answer, Answer, DefaultButton> boxes[] = {
+        {MessageButtons::Ok, Answer::Ok, Answer::Ok, DefaultButton::First},
+        {MessageButtons::YesNo, Answer::Yes, Answer::Yes, DefaultButton::Second},
+        {MessageButtons::YesNo, Answer::Ok, Answer::No, DefaultButton::First},
+        {MessageButtons::YesNoCancel, Answer::Cancel, Answer::Cancel, DefaultButton::Second}};
+    for (const auto& box : boxes) {
+        Play({ExpectBox(L"Saving failed!\nDiscard?", L" Error", std::get<1>(box))});
+        RunCommand([&] {
+            const auto& [buttons, answer, counted, focus] = box;
+            EXPECT_EQ(ShowMessage(&screen_, L"Saving failed!\nDiscard?", L" Error", buttons,
+                                  MessageIcon::Error, focus),
+                      counted);
+            EXPECT_EQ(hand_.Boxes().back().isSecondDefault, focus == DefaultButton::Second);
+        });
     }
-    Run(screen, script);
     CheckBoxes();
 }
 
 }  // namespace
-
-}  // namespace contract

@@ -1,17 +1,16 @@
 // Dates, their texts, and how texts compare.
-#include <algorithm>
 #include <iterator>
 
-#include "platform/Clock.h"
 #include "platform/Locale.h"
 #include "platform/TextEncoding.h"
 #include "tests/contract/Recording.h"
 
-namespace platform {
+using namespace contract;
+using namespace platform;
 
 namespace {
 
-using DateContract = contract::Contract;
+using DateContract = Contract;
 
 // The day of the week is deliberately wrong: callers pass what they were given.
 DateTime Moment(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
@@ -20,25 +19,16 @@ DateTime Moment(int year, int month, int day, int hour = 0, int minute = 0, int 
 
 // Day after day over the end of a century that has no leap day and one that has.
 TEST_F(DateContract, DaysFollowOneAnother) {
-    constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    for (const int first : {1896, 1996}) {
-        DateTime day = Moment(first, 1, 1, 23, 59, 59);
-        for (int year = first; year < first + 9; ++year) {
-            const bool isLeap = year % 4 == 0 && year != 1900;
-            for (int month = 1; month <= 12; ++month) {
-                const int last = kDays[month - 1] + (isLeap && month == 2 ? 1 : 0);
-                for (int date = 1; date <= last; ++date) {
-                    ASSERT_EQ(day.year * 10000 + day.month * 100 + day.day,
-                              year * 10000 + month * 100 + date);
-                    const DateTime next = AddSeconds(day, 1);
-                    ASSERT_EQ(next.dayOfWeek, (DayOfWeek(year, month, date) + 1) % 7);
-                    ASSERT_EQ(AddSeconds(next, -1).day, date);
-                    day = AddSeconds(day, 86400);
-                }
-                ASSERT_TRUE(IsValidDate(year, month, last) && !IsValidDate(year, month, last + 1));
-            }
+    for (const auto& [first, expected] : {std::pair{1896, 9 * 365 + 2}, {1996, 9 * 365 + 3}}) {
+        int days = 0;
+        for (DateTime day = Moment(first, 1, 1, 23, 59, 59); day.year < first + 9; ++days) {
+            const DateTime next = AddSeconds(day, 1);
+            ASSERT_EQ(next.dayOfWeek, (DayOfWeek(day.year, day.month, day.day) + 1) % 7);
+            ASSERT_EQ(next.day != day.day + 1, !IsValidDate(day.year, day.month, day.day + 1));
+            ASSERT_EQ(AddSeconds(next, -1).day, day.day);
+            day = AddSeconds(day, 86400);
         }
-        EXPECT_EQ(day.hour * 10000 + day.minute * 100 + day.second, 235959);
+        EXPECT_EQ(days, expected);
     }
     EXPECT_EQ(DayOfWeek(2007, 3, 15), 4);
     EXPECT_TRUE(IsValidDate(1601, 1, 1) && IsValidDate(9999, 12, 31));
@@ -52,8 +42,7 @@ TEST_F(DateContract, TextsOfTheUsersLocale) {
     const std::pair<std::wstring, const wchar_t*> texts[] = {
         {ShortDate(day), L"3/5/2007"},
         {LongDate(day), L"Monday, March 5, 2007"},
-        {DatePicture(day, L"dddd',' "), L"Monday, "},
-        {DatePicture(day, L"d.M.yy ddd MMM yyyy-MM-dd"), L"5.3.07 Mon Mar 2007-03-05"},
+        {DatePicture(day, L"d.M.yy ddd',' MMM yyyy-MM-dd dddd"), L"5.3.07 Mon, Mar 2007-03-05 Monday"},
         {ShortDate(Moment(2004, 2, 30)) + LongDate(DateTime()) + YearAndMonth(2026, 13), L""},
         {YearAndMonth(2007, 3), L"March 2007"},
         {DayName(0) + DayName(6) + ShortDayName(0) + ShortDayName(6), L"MondaySundayMonSun"},
@@ -64,11 +53,6 @@ TEST_F(DateContract, TextsOfTheUsersLocale) {
         {DateAndTime(Moment(2007, 2, 29, 9, 5, 9)), L""}};
     for (const auto& [text, expected] : texts) EXPECT_EQ(text, expected);
     EXPECT_EQ(FirstDayOfWeek(), 6);
-    const uint32_t before = TickMilliseconds();
-    Pause(60);
-    EXPECT_GE(TickMilliseconds() - before, 40u) << "ticks may come in steps of 16";
-    const DateTime now = LocalNow();
-    EXPECT_EQ(now.dayOfWeek, DayOfWeek(now.year, now.month, now.day));
 }
 
 TEST_F(DateContract, AnsiBothWays) {
@@ -76,40 +60,26 @@ TEST_F(DateContract, AnsiBothWays) {
     std::wstring text;
     EXPECT_TRUE(ToAnsi(L"Caf\u00E9 \u4E2D\r\n", bytes));
     EXPECT_EQ(bytes, "Caf\xE9 ?\r\n");
-    EXPECT_TRUE(ToAnsi(L"", bytes) && FromAnsi("", text) && bytes.empty() && text.empty());
     std::string all;
     for (int byte = 1; byte < 256; ++byte) all += static_cast<char>(byte);
     EXPECT_TRUE(FromAnsi(all, text) && ToAnsi(text, bytes));
-    EXPECT_EQ(text.size(), all.size());
     EXPECT_EQ(bytes, all) << "every byte of the code page comes back";
 }
 
 TEST_F(DateContract, NamesAreComparedByCodeUnitsWithoutCaseAndSortedByTheLocale) {
-    const struct {
-        const wchar_t* a;
-        const wchar_t* b;
-        bool areEqual;
-    } kCases[] = {{L"\\My Documents\\A.IKW", L"\\my documents\\a.ikw", true},
-                  {L"\u00C9t\u00E9", L"\u00E9T\u00C9", true},
-                  {L"a.ikw", L"a.ikwz", false},
-                  {L"co-op", L"coop", false},
-                  {L"e\u0301", L"\u00E9", false}};
-    for (const auto& each : kCases) {
-        EXPECT_EQ(EqualNoCase(each.a, each.b), each.areEqual) << each.a;
-        EXPECT_EQ(LowerCase(each.a) == LowerCase(each.b), each.areEqual) << each.a;
-    }
-    for (wchar_t unit = 1; unit < 0x0500; ++unit) {
-        const std::wstring name(1, unit);
-        EXPECT_TRUE(EqualNoCase(name, LowerCase(name))) << static_cast<int>(unit);
+    for (const auto& [a, b, areEqual] :
+         {std::tuple{L"\\My \u00C9t\u00E9\\A.IKW", L"\\my \u00E9T\u00C9\\a.ikw", true},
+          {L"a.ikw", L"a.ikwz", false},
+          {L"co-op", L"coop", false},
+          {L"e\u0301", L"\u00E9", false}}) {
+        EXPECT_EQ(EqualNoCase(a, b), areEqual) << a;
+        EXPECT_EQ(LowerCase(a) == LowerCase(b), areEqual) << a;
     }
     const wchar_t* const sorted[] = {L"2007-03-05", L"2007-03-15", L"apple", L"Apple", L"banana", L"Zebra"};
     for (size_t i = 0; i + 1 < std::size(sorted); ++i) {
         EXPECT_LT(CompareNames(sorted[i], sorted[i + 1]), 0) << sorted[i];
         EXPECT_GT(CompareNames(sorted[i + 1], sorted[i]), 0) << sorted[i];
     }
-    EXPECT_EQ(CompareNames(L"Work", L"Work"), 0);
 }
 
 }  // namespace
-
-}  // namespace platform

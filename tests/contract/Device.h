@@ -10,8 +10,7 @@
 
 namespace contract {
 
-// A fresh device: an empty file system but for the documents folder, no keys of a test. Lives as long as one
-// test.
+// A fresh device for one test: an empty file system but for the documents folder, no key of a test.
 class Device {
   public:
     Device();
@@ -23,29 +22,19 @@ class Device {
 
     // A storage card with this name.
     void InsertCard(const std::wstring& name);
-    // From now on the program belongs to the device whose folder is named so behind its name: another one, or
-    // with "\" the same in another spelling.
-    void BecomeDevice(const std::wstring& ending);
-    // Another program has the file for itself, and lets go of it a tenth of a second later. Nothing where no
-    // other program is.
+    // Another program, if there is any, has the file for itself for a tenth of a second.
     void HoldForAMoment(const std::wstring& path);
     // When the file was last written, in universal time.
     void SetLastWrite(const std::wstring& path, const platform::DateTime& universal);
     // How many hours later the clock of this place shows in summer than in winter.
     int SummerHours() const;
-    // How many lines a notch of the wheel scrolls.
-    int WheelLines() const;
-    // 0 = Monday; -1 where the port draws no calendar.
-    int FirstDayShown(int item);
-    // A value below the machine's part of the registry.
-    void SetMachineNumber(const std::wstring& path, const std::wstring& name, uint32_t value);
 
   private:
     struct Impl;
     std::unique_ptr<Impl> impl_;
 };
 
-// Keys of the current user and of the machine that do not exist when a test begins.
+// A key of the current user that does not exist when a test begins, nor ever among the machine's.
 constexpr wchar_t kTestKey[] = L"Software\\Larkspur Works\\Inkwright Contract Test";
 
 }  // namespace contract

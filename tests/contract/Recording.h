@@ -14,6 +14,7 @@ namespace contract {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing_support::Hand;
 using testing_support::Script;
 using testing_support::Step;
 using testing_support::Texts;
@@ -27,25 +28,26 @@ class Recording : public Kind {
     std::vector<std::string> log;
     std::function<bool()> create;
     std::function<void(int)> command;
-    std::function<void()> penMove;
-    bool capturesPen = false;
-    bool leaves = true;  // when another copy takes over
+    bool leaves = true;     // when another copy takes over
+    size_t penSamples = 0;  // takes the pen and reads so many of what the system merged into a move
+    std::vector<platform::Point> samples;
+    std::vector<platform::Point> moves;  // a system may repeat the last position
 
     bool OnCreate() override { return !create || create(); }
-    void OnDestroy() override { log.emplace_back("destroy"); }
+    void OnDestroy() override { Write("destroy"); }
     void OnPenDown(platform::Point place) override {
-        if (capturesPen) this->CapturePen();
+        if (penSamples > 0) this->CapturePen();
         Write("down", place.x, place.y);
-        lastPlace_ = place;
     }
     void OnPenMove(platform::Point place) override {
-        if (place == lastPlace_) return;  // a system may repeat the last position
-        Write("move", place.x, place.y);
-        if (penMove) penMove();
-        lastPlace_ = place;
+        if (!this->HasPen()) return;
+        const size_t before = samples.size();
+        samples.resize(before + penSamples);
+        samples.resize(before + this->PenSamples(samples.data() + before, penSamples));
+        moves.push_back(place);
     }
     void OnPenUp(platform::Point place) override { Write("up", place.x, place.y); }
-    void OnCaptureLost() override { log.emplace_back("lost"); }
+    void OnCaptureLost() override { Write("lost"); }
     void OnTimer(int id) override { Write("timer", id); }
     void OnScroll(platform::ScrollCode code, int position) override {
         Write("scroll", static_cast<int>(code), position);
@@ -67,16 +69,15 @@ class Recording : public Kind {
         Write("private", static_cast<int>(code), static_cast<int>(payload));
     }
     void OnTakeOver() override {
-        log.emplace_back("take over");
+        Write("take over");
         if (leaves) this->EndModal(9);
     }
 
-  private:
-    platform::Point lastPlace_;
-
-    void Write(const std::string& what, int number) { log.push_back(what + " " + std::to_string(number)); }
-    void Write(const std::string& what, int first, int second) {
-        Write(what + " " + std::to_string(first), second);
+  protected:
+    template <typename... Numbers>
+    void Write(std::string event, Numbers... numbers) {
+        ((event += " " + std::to_string(numbers)), ...);
+        log.push_back(event);
     }
 };
 
@@ -92,27 +93,34 @@ class Contract : public testing::Test, protected HasDevice, public testing_suppo
     Contract() : Steps(device_.Hand()) {}
     void TearDown() override { EXPECT_TRUE(hand_.IsDone()) << "a window ended before its script"; }
 
-    // Runs the window with the script and then closes it.
-    int Run(platform::Screen& screen, const Script& script) {
+    // Runs the screen with the script and then closes it.
+    void Run(const Script& script) {
         Play(script);
-        hand_.Then([&screen] { screen.EndModal(100); });
-        return screen.RunModal(nullptr);
+        hand_.Then([this] { screen_.EndModal(0); });
+        screen_.RunModal(nullptr);
     }
     int RunDialog(platform::Dialog& dialog, const Script& script) {
         Play(script);
         return dialog.RunModal(nullptr);
+    }
+    // Runs the screen with this in a command.
+    void RunCommand(const std::function<void()>& act) {
+        screen_.command = [&](int) { act(); };
+        Run({Post(screen_, 1)});
     }
     Step Post(platform::Window& window, int command) {
         return [&window, command] { window.PostCommand(command); };
     }
     // A step of the hand alone, as a short name: Do(&Hand::TapTree, item).
     template <typename... Wanted, typename... Given>
-    Step Do(void (testing_support::Hand::*act)(Wanted...), Given... given) {
+    Step Do(void (Hand::*act)(Wanted...), Given... given) {
         return [=] { (hand_.*act)(given...); };
     }
     Step ExpectPixel(platform::Point place, uint32_t color) {
         return [=] { EXPECT_EQ(hand_.PixelAt(place), color) << place.x << " " << place.y; };
     }
+
+    TestScreen screen_{platform::Screen::ScrollBar::Vertical};
 };
 
 }  // namespace contract

@@ -4,17 +4,10 @@
 #include "platform/TreeView.h"
 #include "tests/contract/Recording.h"
 
-namespace contract {
+using namespace contract;
+using namespace platform;
 
 namespace {
-
-using platform::Key;
-using platform::Point;
-using platform::Rect;
-using platform::TreeItem;
-using platform::TreeView;
-using testing::UnorderedElementsAre;
-using testing_support::Hand;
 
 constexpr auto kLast = TreeView::Where::Last;
 constexpr Rect kPlace{10, 20, 210, 320};
@@ -37,19 +30,12 @@ class TreeContract : public Contract, private TreeView::Events {
         for (int i = 0; i < 3; ++i)
             notes_[i] = tree_.Insert(work_, kLast, L"Note " + std::to_wstring(3 - i), 3, 11 + i);
     }
-    void RunTree(const Script& script) {
-        EXPECT_EQ(Run(screen_, script), 100) << "the tree could not be made";
-    }
-
     // Items come to be when the script runs.
     Step OnItem(void (Hand::*act)(TreeItem), const TreeItem& item) {
         return [this, act, &item] { (hand_.*act)(item); };
     }
     Step Select(const TreeItem& item) {
         return [&] { tree_.Select(item); };
-    }
-    Step Focus() {
-        return [this] { tree_.Focus(); };
     }
     Texts Children(TreeItem item) const {
         Texts texts;
@@ -58,202 +44,148 @@ class TreeContract : public Contract, private TreeView::Events {
         return texts;
     }
 
-    void OnTreeSelection(TreeItem old, TreeItem selected) override {
-        log_.push_back("select " + Name(old) + " " + Name(selected));
+    void Write(const std::string& event, TreeItem item) {
+        log_.push_back(event + " " + (item == 0 ? "-" : std::to_string(tree_.Data(item))));
+    }
+    void OnTreeSelection(TreeItem, TreeItem selected) override {
+        Write("select", selected);
         if (const auto act = std::exchange(afterSelection_, nullptr)) act();
     }
-    void OnTreeItemDeleted(TreeItem, intptr_t data) override { deleted_.push_back(static_cast<int>(data)); }
+    void OnTreeItemDeleted(TreeItem, intptr_t data) override { deleted_.push_back(data); }
     bool OnTreeEditBegins(TreeItem item, std::wstring& text) override {
-        log_.push_back("begin " + Name(item));
+        Write("begin", item);
         text = L"Plan";
         return allowsEditing_;
     }
     void OnTreeEditEnds(TreeItem item, const std::wstring& text) override {
-        log_.push_back("end " + Name(item) + " " + std::string(text.begin(), text.end()));
+        Write("end " + std::string(text.begin(), text.end()), item);
     }
-    void OnTreeActivated(TreeItem item) override { log_.push_back("activate " + Name(item)); }
+    void OnTreeActivated(TreeItem item) override { Write("activate", item); }
     bool OnTreeKey(Key key) override {
         if (key != Key::Other) log_.push_back("key " + std::to_string(static_cast<int>(key)));
-        return takesKeys_;
+        return true;
     }
     void OnTreeHold(TreeItem item, Point place) override {
-        log_.push_back("hold " + Name(item));
-        EXPECT_TRUE(Offset(kPlace, 0, platform::kBarHeight).Contains(place)) << place.x << " " << place.y;
+        Write("hold", item);
+        EXPECT_TRUE(Offset(kPlace, 0, kBarHeight).Contains(place)) << place.x << " " << place.y;
     }
-    std::string Name(TreeItem item) const { return item == 0 ? "-" : std::to_string(tree_.Data(item)); }
 
-    TestScreen screen_{platform::Screen::ScrollBar::None};
     TreeView tree_;
     TreeItem work_ = 0;
     TreeItem home_ = 0;
     TreeItem notes_[3]{};
     std::vector<std::string> log_;
-    std::vector<int> deleted_;
+    std::vector<intptr_t> deleted_;
     bool allowsEditing_ = true;
-    bool takesKeys_ = true;
     std::function<void()> afterSelection_;
 };
 
-TEST_F(TreeContract, ItemsKeepWhatTheyAreGiven) {
-    RunTree({[&] {
+TEST_F(TreeContract, ItemsKeepWhatTheyAreGivenAndTheirOrder) {
+    const auto byText = [&](TreeItem a, intptr_t, TreeItem b, intptr_t) {
+        return tree_.Text(a).compare(tree_.Text(b));
+    };
+    const auto byData = [](TreeItem, intptr_t a, TreeItem, intptr_t b) { return static_cast<int>(b - a); };
+    Run({[&] {
         const TreeItem note = notes_[1];
+        const std::wstring text = L"A & B \u00BB  (2 found) " + std::wstring(255, L'w');
         EXPECT_EQ(tree_.Image(note), 3);
-        tree_.SetOverlay(note, true);
-        tree_.SetBold(note);
         tree_.SetImage(note, 7);
-        for (const std::wstring& text :
-             {std::wstring(L"A & B \u00BB  (2 found) "), std::wstring(255, L'w')}) {
-            tree_.SetText(note, text);
-            EXPECT_EQ(tree_.Text(note), text);
-        }
-        EXPECT_EQ(tree_.Image(note), 7);
-        EXPECT_EQ(tree_.Data(note), 12);
-        EXPECT_EQ(tree_.NextSibling(work_), home_);
-        EXPECT_EQ(tree_.Parent(notes_[2]), work_);
+        tree_.SetText(note, text);
+        EXPECT_EQ(tree_.Text(note), text);
+        EXPECT_TRUE(tree_.Image(note) == 7 && tree_.Data(note) == 12);
+        EXPECT_TRUE(tree_.NextSibling(work_) == home_ && tree_.Parent(notes_[2]) == work_);
         EXPECT_EQ(tree_.NextSibling(home_) + tree_.Parent(work_) + tree_.FirstChild(home_), 0u);
         EXPECT_TRUE(tree_.HasChildren(work_) && !tree_.HasChildren(home_) && !tree_.HasChildren(note));
-        for (const wchar_t* text : {L"m", L"a", L"z", L"f"})
-            tree_.Insert(home_, TreeView::Where::Sorted, text, 3, 0);
-        EXPECT_THAT(Children(home_), ElementsAre(L"a", L"f", L"m", L"z"));
-        tree_.SetText(0, L"x");
-        EXPECT_EQ(tree_.Image(0), -1) << "no item reads as empty";
-        EXPECT_FALSE(tree_.IsSelected(0) || tree_.IsExpanded(0));
+        for (const wchar_t* name : {L"m", L"a", L"z"})
+            tree_.Insert(home_, TreeView::Where::Sorted, name, 3, 0);
+        EXPECT_THAT(Children(home_), ElementsAre(L"a", L"m", L"z"));
+        tree_.SortChildren(work_, byText);
+        EXPECT_THAT(Children(work_), ElementsAre(text, L"Note 1", L"Note 3"));
+        tree_.SortChildren(0, byData);
+        EXPECT_EQ(tree_.NextSibling(home_), work_);
     }});
 }
 
 TEST_F(TreeContract, SelectionsAreTold) {
-    RunTree({Select(home_), Select(home_), [&] { EXPECT_FALSE(tree_.IsExpanded(work_)); }, Select(notes_[1]),
-             [&] {
-                 EXPECT_TRUE(tree_.IsExpanded(work_)) << "what is selected is shown";
-                 EXPECT_TRUE(tree_.IsSelected(notes_[1]) && !tree_.IsSelected(home_));
-             },
-             OnItem(&Hand::TapTree, notes_[2]), OnItem(&Hand::TapTree, home_), [&] { tree_.Select(0); }});
-    EXPECT_THAT(log_, ElementsAre("select - 2", "select 2 12", "select 12 13", "select 13 2", "select 2 -"));
+    const Step expectShown = [&] { EXPECT_TRUE(tree_.IsExpanded(work_) && tree_.IsSelected(notes_[1])); };
+    Run({Select(home_), Select(home_), [&] { EXPECT_FALSE(tree_.IsExpanded(work_)); }, Select(notes_[1]),
+         expectShown, OnItem(&Hand::TapTree, notes_[2]), OnItem(&Hand::TapTree, home_),
+         [&] { tree_.Select(0); }});
+    EXPECT_THAT(log_, ElementsAre("select 2", "select 12", "select 13", "select 2", "select -"));
 }
 
 TEST_F(TreeContract, AClosedBranchGivesTheSelectionToItsItem) {
-    const auto expectClosed = [&] {
-        EXPECT_EQ(tree_.Selection(), work_);
-        EXPECT_FALSE(tree_.IsExpanded(work_));
-        EXPECT_EQ(Children(work_).size(), 3u) << "they are only out of sight";
-    };
-    RunTree({Select(notes_[1]),
-             [&] {
-                 afterSelection_ = [this] {
-                     EXPECT_TRUE(tree_.IsExpanded(work_)) << "told before it closes";
-                 };
-             },
-             OnItem(&Hand::CloseBranch, work_), expectClosed, Select(notes_[1]), [&] { takesKeys_ = false; },
-             Focus(), Do(&Hand::PressInTree, Key::Left), Do(&Hand::PressInTree, Key::Left), expectClosed});
-    EXPECT_THAT(log_,
-                ElementsAre("select - 12", "select 12 1", "select 1 12", "key 0", "select 12 1", "key 0"));
+    Run({Select(notes_[1]), [&] { afterSelection_ = [this] { EXPECT_TRUE(tree_.IsExpanded(work_)); }; },
+         OnItem(&Hand::CloseBranch, work_),
+         [&] { EXPECT_TRUE(!tree_.IsExpanded(work_) && Children(work_).size() == 3); }});
+    EXPECT_THAT(log_, ElementsAre("select 12", "select 1"));
 }
 
 // Next, before, parent; whoever hears of a removal may remove more.
 TEST_F(TreeContract, RemovedItemsAreToldOnceAndLeaveAnHeir) {
-    RunTree({[&] {
+    Run({[&] {
         tree_.Select(notes_[1]);
-        tree_.Remove(notes_[1]);
-        EXPECT_EQ(tree_.Selection(), notes_[2]);
-        tree_.Remove(notes_[2]);
-        EXPECT_EQ(tree_.Selection(), notes_[0]);
-        tree_.Remove(notes_[0]);
-        EXPECT_EQ(tree_.Selection(), work_);
+        for (const auto& [gone, heir] :
+             {std::pair{&notes_[1], &notes_[2]}, {&notes_[2], &notes_[0]}, {&notes_[0], &work_}}) {
+            tree_.Remove(*gone);
+            EXPECT_EQ(tree_.Selection(), *heir);
+        }
         EXPECT_THAT(deleted_, ElementsAre(12, 13, 11));
-        Fill();
-        tree_.Select(notes_[0]);
-        afterSelection_ = [this] { tree_.CollapseAndDrop(work_); };
-        tree_.Remove(notes_[0]);
-        EXPECT_THAT(Children(work_), IsEmpty());
-        EXPECT_EQ(deleted_.size(), 6u);
-        Fill();
-        tree_.Select(notes_[1]);
-        afterSelection_ = [this] { tree_.Remove(work_); };
-        tree_.CollapseAndDrop(work_);
-        EXPECT_EQ(deleted_.size(), 10u);
-        tree_.RemoveAll();
-        EXPECT_EQ(tree_.Selection(), 0u);
-        EXPECT_EQ(deleted_.size(), 11u);
-    }});
-}
-
-TEST_F(TreeContract, DroppedChildrenCanComeBack) {
-    RunTree({[&] {
-        tree_.CollapseAndDrop(work_);
-        EXPECT_THAT(deleted_, UnorderedElementsAre(11, 12, 13)) << "it was not even open";
-        tree_.Expand(work_);
-        EXPECT_FALSE(tree_.IsExpanded(work_)) << "there is nothing in it";
-        for (const TreeItem* selected : {&notes_[0], &notes_[1], &home_}) {
+        for (const TreeItem* selected : {&home_, &notes_[0]}) {
             Fill();
             tree_.Expand(work_);
             EXPECT_TRUE(tree_.IsExpanded(work_));
             tree_.Select(*selected);
             tree_.CollapseAndDrop(work_);
-            EXPECT_THAT(Children(work_), IsEmpty());
             EXPECT_FALSE(tree_.HasChildren(work_) || tree_.IsExpanded(work_));
             EXPECT_EQ(tree_.Selection(), selected == &home_ ? home_ : work_);
         }
-    }});
-}
-
-TEST_F(TreeContract, SortingComparesItemsAndData) {
-    RunTree({[&] {
-        tree_.SortChildren(work_, [&](TreeItem a, intptr_t, TreeItem b, intptr_t) {
-            return tree_.Text(a).compare(tree_.Text(b));
-        });
-        EXPECT_THAT(Children(work_), ElementsAre(L"Note 1", L"Note 2", L"Note 3"));
-        const auto downwards = [](TreeItem, intptr_t a, TreeItem, intptr_t b) {
-            return static_cast<int>(b - a);
-        };
-        for (const TreeItem parent : {work_, TreeItem{0}}) tree_.SortChildren(parent, downwards);
-        EXPECT_THAT(Children(work_), ElementsAre(L"Note 1", L"Note 2", L"Note 3"));
-        EXPECT_EQ(tree_.NextSibling(home_), work_);
+        Fill();
+        tree_.Select(notes_[0]);
+        afterSelection_ = [this] { tree_.CollapseAndDrop(work_); };
+        tree_.Remove(notes_[0]);
+        EXPECT_EQ(deleted_.size(), 12u);
+        Fill();
+        tree_.Select(notes_[1]);
+        afterSelection_ = [this] { tree_.Remove(work_); };
+        tree_.CollapseAndDrop(work_);
+        EXPECT_EQ(deleted_.size(), 16u);
+        tree_.RemoveAll();
+        EXPECT_TRUE(tree_.Selection() == 0 && deleted_.size() == 17);
     }});
 }
 
 TEST_F(TreeContract, LabelsAreEditedInPlace) {
-    const auto edit = [&] { tree_.EditLabel(home_); };
-    const auto expectEdited = [&](bool isEdited) {
-        return [this, isEdited] {
-            EXPECT_EQ(hand_.EditedLabel(), isEdited ? std::optional(L"Plan") : std::nullopt);
-        };
+    const Step edit = [&] { tree_.EditLabel(home_); };
+    const auto expectEdited = [&](const std::optional<std::wstring>& label) {
+        return [=] { EXPECT_EQ(hand_.EditedLabel(), label); };
     };
-    RunTree({edit, expectEdited(true), [&] { hand_.EndEditing(L"Garden"); }, expectEdited(false), edit,
-             [&] { hand_.EndEditing(std::nullopt); }, expectEdited(false), [&] { allowsEditing_ = false; },
-             edit, expectEdited(false),
-             [&] { EXPECT_EQ(tree_.Text(home_), L"Home") << "the text is the handler's to change"; }});
-    EXPECT_THAT(log_, ElementsAre("begin 2", "end 2 Garden", "begin 2", "begin 2"));
+    Run({edit, expectEdited(L"Plan"), [&] { hand_.EndEditing(L"Garden"); }, expectEdited({}), edit,
+         [&] { hand_.EndEditing(std::nullopt); }, expectEdited({}), [&] { allowsEditing_ = false; }, edit,
+         expectEdited({}),
+         [&] { EXPECT_EQ(tree_.Text(home_), L"Home") << "the text is the handler's to change"; }});
+    EXPECT_THAT(log_, ElementsAre("begin 2", "end Garden 2", "begin 2", "begin 2"));
     EXPECT_THAT(screen_.log, ElementsAre("destroy")) << "the keys that end editing are no commands";
 }
 
 // A key that was handled does nothing else; what to select when an item is held is the handler's choice.
 TEST_F(TreeContract, ItemsAreActivatedAndHeldAndKeysAreTold) {
-    RunTree({Select(notes_[0]), OnItem(&Hand::DoubleTapTree, notes_[1]), Focus(),
-             Do(&Hand::PressInTree, Key::Enter), Do(&Hand::PressInTree, Key::F2),
-             Do(&Hand::PressInTree, Key::Down), Do(&Hand::PressShortcut, L'N'),
-             OnItem(&Hand::HoldTree, work_), OnItem(&Hand::RightClickTree, home_), [&] { hand_.HoldTree(0); },
-             OnItem(&Hand::TapTree, work_)});
-    EXPECT_THAT(log_, ElementsAre("select - 11", "select 11 12", "activate 12", "activate 12", "key 11",
-                                  "key 3", "hold 1", "hold 2", "hold -", "select 12 1"));
+    Run({Select(notes_[0]), OnItem(&Hand::DoubleTapTree, notes_[1]), [&] { tree_.Focus(); },
+         Do(&Hand::PressInTree, Key::Enter), Do(&Hand::PressInTree, Key::F2),
+         Do(&Hand::PressInTree, Key::Down), Do(&Hand::PressShortcut, L'N'), OnItem(&Hand::HoldTree, home_),
+         OnItem(&Hand::TapTree, work_)});
+    EXPECT_THAT(log_, ElementsAre("select 11", "select 12", "activate 12", "activate 12", "key 11", "key 3",
+                                  "hold 2", "select 1"));
     EXPECT_THAT(screen_.log, testing::Contains("shortcut 78"));
 }
 
 TEST_F(TreeContract, HiddenTreesStayHidden) {
-    platform::Image red = platform::Image::Make(300, 400);
-    for (int y = 0; y < 400; ++y) std::fill_n(red.Surface().Row(y), 300, 0x00FF0000u);
-    RunTree({[&] {
-                 tree_.SetVisible(false);
-                 tree_.Freeze(true);
-                 tree_.Freeze(true);
-                 tree_.RemoveAll();
-                 tree_.Freeze(false);
-                 tree_.Insert(0, kLast, L"Work", 1, 1);
-                 tree_.Freeze(false);
-                 screen_.Show(red, {0, 0, 300, 400});
-             },
-             ExpectPixel({kPlace.left + 50, kPlace.top + 100}, 0x00FF0000)});
+    const Step change = [&] {
+        tree_.SetVisible(false);
+        for (const bool isFrozen : {true, true, false, false}) tree_.Freeze(isFrozen);
+    };
+    Run({change, Down({100, 100}), Up({100, 100})});
+    EXPECT_THAT(screen_.log, ElementsAre("down 100 100", "up 100 100", "destroy")) << "nothing is in the way";
 }
 
 }  // namespace
-
-}  // namespace contract

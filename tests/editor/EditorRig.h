@@ -50,25 +50,22 @@ class EditorTest : public DeskSteps {
             EXPECT_FALSE(Desk().Top()->HasPen());
             // A tap shows when it ends, and so does the end dot of the classic pen.
             const bool isTap = trace.size() == 1;
-            EXPECT_TRUE(!IsChecked(IDM_PEN) || isTap || style_ == ink::PenStyle::Classic ||
+            EXPECT_TRUE(!hand.Tool(IDM_PEN).checked || isTap || style_ == ink::PenStyle::Classic ||
                         live == ShownPixels());
         };
     }
     Step Close() {
         return [this] {
             shown_ = ShownPixels();
-            position_ = Position();
+            position_ = Desk().Top()->GetScroll().position;
             Desk().Command(platform::kIdOk);
         };
-    }
-    Step ExpectErase(platform::MessageAnswer answer) {
-        return ExpectBox(L"Notes will be completely erased. Continue?", L" Confirm Full Erase", answer);
     }
     Step ExpectDiscard(const std::wstring& path, platform::MessageAnswer answer) {
         return ExpectBox(L"Saving '" + path + L"' failed!\nDiscard changes?", L" Error", answer);
     }
     Step ExpectPosition(int row) {
-        return [=] { EXPECT_EQ(Position(), row); };
+        return [=] { EXPECT_EQ(Desk().Top()->GetScroll().position, row); };
     }
     Step ExpectMaximum(int row) {
         return [=] { EXPECT_EQ(Desk().Top()->GetScroll().maximum, row); };
@@ -83,18 +80,13 @@ class EditorTest : public DeskSteps {
             for (const Point place : notThere) EXPECT_EQ(Shown().Row(place.y)[place.x], 0xFFFFFFu) << place.x;
         };
     }
-    int Position() { return Desk().Top()->GetScroll().position; }
-    bool IsChecked(int command) { return hand.Tool(command).checked; }
     // The page from this row on, painted anew.
-    void Paint(ink::PixelSurface& surface, const ink::InkPage& page, int row) {
-        ink::InkPainter painter;
-        painter.SetPen(style_, width_);
-        painter.Repaint(surface, page, row, surface.Bounds());
-    }
     Picture Repainted(const ink::InkPage& page, int row) {
         Picture pixels(kViewWidth * kViewHeight);
         ink::PixelSurface surface{pixels.data(), kViewWidth, kViewHeight, kViewWidth};
-        Paint(surface, page, row);
+        ink::InkPainter painter;
+        painter.SetPen(style_, width_);
+        painter.Repaint(surface, page, row, surface.Bounds());
         return pixels;
     }
 

@@ -1,26 +1,25 @@
 // The manager on a device in memory, and a hand on its tree.
 #pragma once
 
+#include <sstream>
+
 #include "alarms/NoteAlarm.h"
 #include "app/store/PenSettings.h"
 #include "manager/ManagerWindow.h"
 #include "platform/host/HostTreeView.h"
-#include "platform/host/HostWindow.h"
 #include "res/resource.h"
-#include "tests/support/DeskTest.h"
+#include "tests/support/DeskSteps.h"
 
 namespace testing_support {
 
 const std::wstring kRoot = L"\\My Documents\\Inkwright\\";
+const std::wstring kMonday = L"Monday, March 5, 2007";
 
 // A store of the folders Home and Work; in Work a note "a" with a memo and an alarm. Items of the tree are
 // named by their texts without counts: L"Notes\\Work\\a".
-class ManagerTest : public DeskTest {
+class ManagerTest : public DeskSteps {
   protected:
-    using Texts = testing_support::Texts;
-
     ManagerTest() { PutWork(); }
-    void TearDown() override { CheckBoxes(); }
 
     void PutWork() {
         PutNote(L"Work\\a.ikw");
@@ -43,29 +42,21 @@ class ManagerTest : public DeskTest {
         return text;
     }
 
-    // Runs the manager on a path below the root, and closes it after the script.
-    void RunManager(const std::wstring& below, const Script& script) {
-        RunManagerOn(below.empty() ? L"" : kRoot + below, script);
-    }
-    void RunManagerOn(const std::wstring& path, const Script& script) {
+    // Runs the manager on a path, below the root when it begins without "\\", and closes it after the script.
+    void RunManager(const std::wstring& path, const Script& script) {
         store::PenSettings pen = store::LoadPenSettings();
-        manager::ManagerWindow window(pen, path);
+        manager::ManagerWindow window(pen, path.empty() || path.front() == L'\\' ? path : kRoot + path);
         window_ = &window;
-        Play(script);
-        Then(Close());
+        Play(All({script, {Close()}}));
         window.RunModal(nullptr);
         EXPECT_FALSE(Desk().StepWaiting());
     }
 
     platform::TreeView& TreeControl() { return *window_->Handle()->tree; }
     platform::host::HostTree Tree() { return platform::host::HostTree(TreeControl()); }
-    platform::TreeItem Item(const std::wstring& path) { return Tree().Find(PathOf(path)); }
 
     Step Tap(const std::wstring& path) {
         return [=] { Tree().Tap(PathOf(path)); };
-    }
-    Step DoubleTap(const std::wstring& path) {
-        return [=] { Tree().Activate(PathOf(path)); };
     }
     // Chooses the entries of the menu that the item has, and of those that follow.
     Step Hold(const std::wstring& path, const Texts& entries) {
@@ -94,33 +85,40 @@ class ManagerTest : public DeskTest {
     Step ExpectTree(const std::wstring& path, const Texts& texts) {
         return [=] { EXPECT_EQ(Tree().Texts(PathOf(path)), texts); };
     }
-    Step ExpectMenu(const Texts& entries) {
-        return [=] { EXPECT_EQ(hand.Menu(), entries); };
-    }
     Step ExpectStore(const std::wstring& content) {
         return [=] { EXPECT_EQ(Store(), content); };
     }
+    // Folders that are listed from now on are counted.
+    Step CountLists() {
+        return [=] {
+            lists_ = 0;
+            device.files.fault = [this](platform::host::FileCall call, const std::wstring&) {
+                lists_ += call == platform::host::FileCall::List ? 1 : 0;
+                return platform::FileError::None;
+            };
+        };
+    }
+    Step ExpectLists(int count) {
+        return [=] { EXPECT_EQ(lists_, count); };
+    }
+
+    int lists_ = 0;
 
   private:
     // Full texts from the top.
     Texts PathOf(const std::wstring& path) {
         Texts texts;
-        platform::TreeItem above = 0;
-        for (size_t at = 0; at < path.size();) {
-            const size_t end = std::min(path.find(L'\\', at), path.size());
-            const std::wstring name = path.substr(at, end - at);
-            platform::TreeItem item = above == 0 ? Tree().First() : TreeControl().FirstChild(above);
-            while (item != 0 && WithoutCount(TreeControl().Text(item)) != name)
-                item = TreeControl().NextSibling(item);
-            EXPECT_NE(item, 0u) << "no such item";
-            texts.push_back(TreeControl().Text(item));
-            above = item;
-            at = end + 1;
+        std::wistringstream names(path);
+        for (std::wstring name; std::getline(names, name, L'\\');) {
+            const Texts shown = Tree().Texts(texts);
+            const auto at = std::find_if(shown.begin(), shown.end(), [&name](const std::wstring& text) {
+                return text.substr(0, text.find(L"  (")) == name;
+            });
+            EXPECT_NE(at, shown.end()) << "no such item";
+            texts.push_back(at == shown.end() ? name : *at);
         }
         return texts;
     }
-
-    static std::wstring WithoutCount(const std::wstring& text) { return text.substr(0, text.find(L"  (")); }
 
     manager::ManagerWindow* window_ = nullptr;
 };

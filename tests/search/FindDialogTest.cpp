@@ -1,5 +1,4 @@
 // The dialog over the real manager, on a device in memory.
-#include "app/store/Settings.h"
 #include "search/TreeWalk.h"
 #include "tests/manager/ManagerRig.h"
 
@@ -7,12 +6,11 @@ namespace {
 
 using platform::kIdCancel;
 using platform::kIdOk;
-using testing_support::kRoot;
-using testing_support::Step;
+using namespace testing_support;
 
-constexpr wchar_t kFinished[] = L"Finished searching for files/folders.";
+constexpr int kControls[] = {IDC_FIND_FIRST, IDC_FIND_NEXT, IDC_SEARCH_TEXT, IDC_SEARCH_MEMOS};
 
-class Find : public testing_support::ManagerTest {
+class Find : public ManagerTest {
   protected:
     Find() {
         for (const wchar_t* note :
@@ -20,93 +18,100 @@ class Find : public testing_support::ManagerTest {
             PutNote(note);
         device.files.Put(kRoot + L"Work\\Plan.txt", "Ring Ann about the garden");
     }
-    platform::Dialog& Dialog() { return dynamic_cast<platform::Dialog&>(*Desk().Top()); }
-    Step Open() {
-        return [this] { Desk().PressShortcut(L'F'); };
-    }
-    Step Search(const std::wstring& text) { return TypeInto(IDC_SEARCH_TEXT, text); }
     Step ExpectFound(const std::wstring& text, int focused = IDC_FIND_NEXT) {
         return [=] {
             ExpectSelected(text)();
             EXPECT_EQ(Dialog().Handle()->focusedItem, focused);
-            for (const int id : {IDC_FIND_FIRST, IDC_FIND_NEXT, IDC_SEARCH_TEXT, IDC_SEARCH_MEMOS})
-                EXPECT_TRUE(IsItemEnabled(id)) << "the search has ended";
+            for (const int id : kControls) EXPECT_TRUE(IsItemEnabled(id)) << "the search has ended";
         };
     }
-    Step ExpectNotice(const std::wstring& text) { return ExpectBox(text, L" Inkwright"); }
 };
 
+// Everything from the top on, in the order of the tree. Capitals match in memos only.
 TEST_F(Find, OneMatchAfterAnotherUntilTheEnd) {
-    device.SetSetting(L"SearchOpt", 7);
-    RunManager(
-        L"", {Open(), Search(L"garden"), Press(IDC_FIND_FIRST), ExpectFound(L"Garden"), Press(IDC_FIND_NEXT),
-              ExpectFound(L"Plan"), ExpectNotice(kFinished), Press(IDC_FIND_NEXT), Search(L"call"),
-              Press(IDC_FIND_NEXT), ExpectFound(L"Call"), Press(kIdCancel)});
-}
-
-TEST_F(Find, OptionsAndTheLastTextAreKept) {
-    const std::pair<uint32_t, uint32_t> kCases[] = {{0, 1}, {1, 1}, {2, 2},    {4, 4},
-                                                    {6, 6}, {7, 7}, {0xF8, 1}, {0x102, 2}};
-    for (const auto& [stored, kept] : kCases) {
-        device.SetSetting(L"SearchOpt", stored);
-        const auto expectOptions = [this, options = kept] {
-            EXPECT_EQ(Dialog().IsItemChecked(IDC_SEARCH_NOTES), (options & 1) != 0);
-            EXPECT_EQ(Dialog().IsItemChecked(IDC_SEARCH_FOLDERS), (options & 2) != 0);
-            EXPECT_EQ(Dialog().IsItemChecked(IDC_SEARCH_MEMOS), (options & 4) != 0);
-            EXPECT_EQ(Dialog().WindowRect().right, Desk().screen.width);
-            EXPECT_GT(Dialog().WindowRect().Width(), 100);
-            EXPECT_EQ(Dialog().WindowRect().bottom, Desk().screen.height);
-        };
-        RunManager(L"", {Open(), expectOptions, Press(kIdCancel)});
-        EXPECT_EQ(device.NumberSetting(L"SearchOpt"), kept);
+    for (const wchar_t* note : {L"Home\\Deep\\planet.ikw", L"Home\\Plain\\x.ikw", L"Home\\Plain\\y.ikw"})
+        PutNote(note);
+    device.files.Put(kRoot + L"Home\\Plain\\y.txt", "PLANTS");
+    const struct {
+        uint32_t options;
+        std::wstring text;
+        Texts found;
+    } kCases[] = {{1, L"pla", {L"planet", L"Plan"}},
+                  {1, L"call", {L"Call"}},
+                  {1, L"Plan", {}},
+                  {2, L"pla", {L"Plain  (2 found) "}},
+                  {2, L"th", {L"Thursday, March 8, 2007  (1 found) "}},
+                  {2, L"e", {L"Home  (1 found) ", L"Deep  (1 found) "}},  // the top ones are no folders
+                  {4, L"Plan", {L"y"}},
+                  {6, L"arden", {L"Plan"}},
+                  {7, L"pla", {L"planet", L"Plain  (2 found) ", L"y", L"Plan"}}};
+    const Step expectTree = [this] {
+        EXPECT_EQ(TreeControl().Text(TreeControl().Selection()).find(L"Alarms"), std::wstring::npos);
+    };
+    for (const auto& each : kCases) {
+        device.SetSetting(L"SearchOpt", each.options);
+        Play({Shortcut(L'F'), TypeInto(IDC_SEARCH_TEXT, each.text)});
+        int button = IDC_FIND_FIRST;
+        for (const std::wstring& found : each.found) {
+            Play({Press(button), ExpectFound(found)});
+            button = IDC_FIND_NEXT;
+        }
+        RunManager(L"", {ExpectBox(L"Finished searching for files/folders.", L" Inkwright"), Press(button),
+                         expectTree, Press(kIdCancel)});
     }
-    EXPECT_FALSE(device.HasSetting(L"SearchLastText")) << "an empty text is not stored";
-    const auto expectText = [this] { EXPECT_EQ(Dialog().ItemText(IDC_SEARCH_TEXT), L"ann"); };
-    RunManager(L"",
-               {Open(), Search(L"ann"), Press(IDC_SEARCH_NOTES), Press(IDC_SEARCH_FOLDERS), Press(kIdCancel),
-                Open(), expectText, Search(L""), Press(kIdCancel), Open(), expectText, Press(kIdCancel)});
-    EXPECT_EQ(device.NumberSetting(L"SearchOpt"), 1u);
 }
 
 TEST_F(Find, WithoutATextOrAThreadNothingStarts) {
-    const auto takeThreads = [this] { Desk().workersFail = true; };
-    RunManager(L"", {Open(), ExpectNotice(L"Please enter some text to search for."), Press(IDC_FIND_FIRST),
-                     ExpectFound(L"Notes", IDC_SEARCH_TEXT), takeThreads, Search(L"garden"),
-                     Press(IDC_FIND_FIRST), ExpectFound(L"Notes", IDC_SEARCH_TEXT), Press(kIdCancel)});
-    EXPECT_EQ(Desk().outOfMemoryBoxes, 1);
+    device.notifications.clear();  // the last item of the tree is "Alarms" then
+    const Step noThread = [this] { Desk().workersFail = true; };
+    shortages_ = 1;
+    RunManager(L"", {Shortcut(L'F'), ExpectBox(L"Please enter some text to search for.", L" Inkwright"),
+                     Press(IDC_FIND_FIRST), ExpectFound(L"Notes", IDC_SEARCH_TEXT), noThread,
+                     TypeInto(IDC_SEARCH_TEXT, L"garden"), Press(IDC_FIND_FIRST),
+                     ExpectFound(L"Notes", IDC_SEARCH_TEXT), Press(kIdCancel), Tap(L"Alarms"), Shortcut(L'F'),
+                     ExpectBox(L"Finished searching for files/folders.", L" Inkwright"), Press(IDC_FIND_NEXT),
+                     Press(kIdCancel)});
+}
+
+TEST_F(Find, OptionsAndTheLastTextAreKept) {
+    for (const auto& [stored, kept] : {std::pair{0u, 1u}, {2u, 2u}, {4u, 4u}, {7u, 7u}, {0x102u, 2u}}) {
+        device.SetSetting(L"SearchOpt", stored);
+        const Step expectOptions = [this, options = kept] {
+            EXPECT_EQ(Dialog().IsItemChecked(IDC_SEARCH_NOTES), (options & 1) != 0);
+            EXPECT_EQ(Dialog().IsItemChecked(IDC_SEARCH_FOLDERS), (options & 2) != 0);
+            EXPECT_EQ(Dialog().IsItemChecked(IDC_SEARCH_MEMOS), (options & 4) != 0);
+            const platform::Rect place = Dialog().WindowRect();
+            EXPECT_TRUE(place.right == 240 && place.bottom == 320 && place.Width() > 100 &&
+                        place.Height() < 200);
+        };
+        RunManager(L"", {Shortcut(L'F'), ExpectFocus(IDC_SEARCH_TEXT), expectOptions, Press(kIdCancel)});
+        EXPECT_EQ(device.NumberSetting(L"SearchOpt"), kept);
+    }
+    EXPECT_FALSE(device.HasSetting(L"SearchLastText")) << "an empty text is not stored";
+    RunManager(L"", {Shortcut(L'F'), TypeInto(IDC_SEARCH_TEXT, L"ann"), Press(IDC_SEARCH_FOLDERS),
+                     Press(kIdCancel), Shortcut(L'F'), TypeInto(IDC_SEARCH_TEXT, L""), Press(kIdCancel),
+                     Shortcut(L'F'), ExpectItem(IDC_SEARCH_TEXT, L"ann"), Press(kIdCancel)});
+    EXPECT_EQ(device.NumberSetting(L"SearchOpt"), 1u);
 }
 
 // Pressed, closed and lied to from within the memo that is being read. A cancelled search tells nothing.
 TEST_F(Find, CancelOnlyAsksAndClosingWaits) {
+    device.SetSetting(L"SearchOpt", 4);
     for (const int command : {kIdCancel, kIdOk}) {
-        device.SetSetting(L"SearchOpt", 4);
         int reads = 0;
-        const auto disturb = [this, command, &reads] {
-            device.files.fault = [this, command, &reads](platform::host::FileCall call, const std::wstring&) {
-                if (call != platform::host::FileCall::Read || reads++ != 0) return platform::FileError::None;
-                Desk().PrivateMessage(static_cast<uint32_t>(search::WalkCode::Done));
-                Desk().PrivateMessage(static_cast<uint32_t>(search::WalkCode::RelativePath), 12345);
-                for (const int id : {IDC_FIND_FIRST, IDC_FIND_NEXT, IDC_SEARCH_TEXT, IDC_SEARCH_MEMOS})
-                    EXPECT_FALSE(IsItemEnabled(id)) << "the worker still runs";
-                for (const int id : {IDC_FIND_FIRST, IDC_FIND_NEXT, command}) Desk().Top()->OnCommand(id);
-                return platform::FileError::None;
-            };
+        device.files.fault = [this, command, &reads](platform::host::FileCall call, const std::wstring&) {
+            if (call != platform::host::FileCall::Read || reads++ != 0) return platform::FileError::None;
+            Desk().PrivateMessage(static_cast<uint32_t>(search::WalkCode::Done));
+            Desk().PrivateMessage(static_cast<uint32_t>(search::WalkCode::RelativePath), 12345);
+            for (const int id : kControls) EXPECT_FALSE(IsItemEnabled(id)) << "the worker still runs";
+            for (const int id : {IDC_FIND_FIRST, IDC_FIND_NEXT, command}) Desk().Top()->OnCommand(id);
+            return platform::FileError::None;
         };
-        testing_support::Script script{Open(), Search(L"nowhere"), disturb, Press(IDC_FIND_FIRST)};
-        if (command == kIdCancel)
-            script.insert(script.end(), {ExpectFound(L"Work  (2 found) "), Press(kIdCancel)});
-        RunManager(L"", script);
-        device.files.fault = nullptr;
+        Play({Shortcut(L'F'), TypeInto(IDC_SEARCH_TEXT, L"nowhere"), Press(IDC_FIND_FIRST)});
+        if (command == kIdCancel) Play({ExpectFound(L"Work  (2 found) "), Press(kIdCancel)});
+        RunManager(L"", {});
         EXPECT_EQ(reads, 1);
     }
-}
-
-TEST_F(Find, IsNotThereInTheCalendar) {
-    const auto expectTool = [this](bool isEnabled) {
-        return [=] { EXPECT_EQ(hand.Tool(IDM_FIND).enabled, isEnabled); };
-    };
-    const auto send = [this] { Desk().Top()->OnCommand(IDM_FIND); };
-    RunManager(L"", {expectTool(true), Press(IDM_CALENDAR), expectTool(false), send});
 }
 
 }  // namespace

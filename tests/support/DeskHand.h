@@ -25,9 +25,9 @@ class DeskHand : public Hand {
     void PressKey(platform::Key key) override { desk_.Press(key); }
     void PressShortcut(wchar_t letter) override { desk_.PressShortcut(letter); }
     void TurnWheel(int notches) override { desk_.TurnWheel(notches); }
-    void Scroll(platform::ScrollCode code, int position) override { desk_.Scroll(code, position); }
+    void DropThumb(int position) override { desk_.Scroll(platform::ScrollCode::ThumbPosition, position); }
     void PressClose() override;
-    void SendPrivateMessage(uint32_t code, intptr_t payload) override { desk_.PrivateMessage(code, payload); }
+    void TakeOver() override { desk_.PrivateMessage(platform::kTakeOver); }
     void PassTime(uint32_t milliseconds) override { desk_.PassTime(milliseconds); }
     uint32_t PixelAt(platform::Point place) override;
 
@@ -41,7 +41,6 @@ class DeskHand : public Hand {
     void TapTree(platform::TreeItem item) override { Tree().Tap(PathOf(item)); }
     void DoubleTapTree(platform::TreeItem item) override { Tree().Activate(PathOf(item)); }
     void HoldTree(platform::TreeItem item) override;
-    void RightClickTree(platform::TreeItem item) override { HoldTree(item); }
     void CloseBranch(platform::TreeItem item) override { Tree().CloseBranch(PathOf(item)); }
     void PressInTree(platform::Key key) override { Tree().PressKey(key); }
     std::optional<std::wstring> EditedLabel() override;

@@ -53,9 +53,9 @@ class Hand {
     virtual void PressKey(platform::Key key) = 0;
     virtual void PressShortcut(wchar_t letter) = 0;  // with Ctrl
     virtual void TurnWheel(int notches) = 0;         // up when positive
-    virtual void Scroll(platform::ScrollCode code, int position) = 0;
-    virtual void PressClose() = 0;  // the title bar's button
-    virtual void SendPrivateMessage(uint32_t code, intptr_t payload) = 0;
+    virtual void DropThumb(int position) = 0;        // of the scroll bar
+    virtual void PressClose() = 0;                   // the title bar's button
+    virtual void TakeOver() = 0;                     // as another copy of the program
     virtual void PassTime(uint32_t milliseconds) = 0;
     virtual uint32_t PixelAt(platform::Point place) = 0;  // 0x00RRGGBB of what is shown
 
@@ -71,8 +71,7 @@ class Hand {
     virtual void TapTree(platform::TreeItem item) = 0;
     virtual void DoubleTapTree(platform::TreeItem item) = 0;
     virtual void HoldTree(platform::TreeItem item) = 0;
-    virtual void RightClickTree(platform::TreeItem item) = 0;
-    virtual void CloseBranch(platform::TreeItem item) = 0;  // by its button
+    virtual void CloseBranch(platform::TreeItem item) = 0;  // of the root, by its button
     virtual void PressInTree(platform::Key key) = 0;
     virtual std::optional<std::wstring> EditedLabel() = 0;
     virtual void EndEditing(const std::optional<std::wstring>& text) = 0;  // nothing: given up

@@ -1,22 +1,17 @@
 """Runs the contract tests of the Windows port."""
 import subprocess
-import unittest
 
-import case
 import desk
 
 
-class Contract(unittest.TestCase):
+class Contract(desk.Case):
     def test_windows_port(self):
-        table = desk.Desk()
-        self.addCleanup(table.close)
-        run = subprocess.run(["wine", str(desk.PROGRAMS / "contract_test.exe")], text=True,
-                             # A zone that keeps summer time.
-                             env={**table.environment, "TZ": "Europe/Berlin"},
-                             stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, timeout=250, check=False)
-        print(run.stdout)
+        # A zone that keeps summer time.
+        run = self.start(desk.PROGRAMS / "contract_test.exe", environment={"TZ": "Europe/Berlin"},
+                         stdout=subprocess.PIPE, text=True)
+        print(run.communicate(timeout=250)[0])
         self.assertEqual(run.returncode, 0)
 
 
 if __name__ == "__main__":
-    case.main()
+    desk.main()

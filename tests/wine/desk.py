@@ -1,106 +1,98 @@
-"""A desk for the real program: a display and a Wine prefix of its own, a hand on the pointer and the keyboard,
-and eyes on its windows. Nothing here sleeps for a guessed time: everything waits for what it needs, with a
-deadline."""
+"""A desk for each test of the real program: a display of its own, a hand on the pointer and the keyboard, and eyes on
+the program's windows. Nothing here sleeps for a guessed time: everything waits for what it needs, with a deadline."""
 import json
 import os
 import pathlib
 import shutil
+import struct
 import subprocess
+import sys
 import tempfile
 import time
+import unittest
 
 DEADLINE_SECONDS = 20
-POLL_SECONDS = 0.01
-STATE = pathlib.Path(os.environ["INKWRIGHT_WINE_STATE"])
 PROGRAMS = pathlib.Path(os.environ["INKWRIGHT_WINDOWS_BUILD"])
-
-WM_CLOSE = 0x0010
-WM_ENDSESSION = 0x0016
-WM_COMMAND = 0x0111
-TB_GETSTATE = 0x0400 + 18
-CHECKED, ENABLED = 1, 4
+PREFIX = os.environ.get("WINEPREFIX", os.environ["INKWRIGHT_WINE_STATE"])
+TOOLS = pathlib.Path(__file__).resolve().parent.parent.parent / "tools"
+SETTINGS = "HKCU\\Software\\Larkspur Works\\Inkwright"
 ROOT = "\\My Documents\\Inkwright"
+WM_CLOSE, WM_ENDSESSION, WM_COMMAND = 0x0010, 0x0016, 0x0111
+MESSAGE_TEXT = 0xFFFF
+WHITE, GREY = 0xFFFFFF, 0x808080
 
 
 def wait_for(what, condition):
     """Polls until the condition gives something true, and returns that."""
     end = time.monotonic() + DEADLINE_SECONDS
-    while True:
-        result = condition()
-        if result:
-            return result
+    while not (result := condition()):
         if time.monotonic() > end:
             raise AssertionError(f"waited {DEADLINE_SECONDS} s in vain for {what}")
-        time.sleep(POLL_SECONDS)
+        time.sleep(0.01)
+    return result
 
 
-class Desk:
-    def __init__(self):
-        self.programs = PROGRAMS
+def windows_path(path):
+    return "Z:" + str(pathlib.Path(path).resolve()).replace("/", "\\")
+
+
+def note_bytes(height, strokes=()):
+    """A note file of grey strokes in one band, each the page positions of its points."""
+    data = struct.pack("<IIii", 5, WHITE, 1 if strokes else 0, height)
+    if strokes:
+        data += struct.pack("<I", len(strokes))
+    for points in strokes:
+        rows = [y for _, y in points]
+        data += struct.pack("<6i", len(points), 0, GREY & 0xFFFF, GREY >> 16, min(rows), max(rows))
+        data += b"".join(struct.pack("<2i", *point) for point in points)
+    return data
+
+
+class Case(unittest.TestCase):
+    """An empty device and empty settings for each test."""
+
+    def setUp(self):
         self.device = pathlib.Path(tempfile.mkdtemp(prefix="inkwright-device-"))
+        self.addCleanup(shutil.rmtree, self.device, ignore_errors=True)
         self.root = self.device / "My Documents" / "Inkwright"
         self.environment = dict(os.environ, WINEDEBUG="-all", WINEDLLOVERRIDES="mscoree=;mshtml=", LC_ALL="C.UTF-8",
-                                WINEPREFIX=os.environ.get("WINEPREFIX", str(STATE / "prefix")))
-        self.environment["INKWRIGHT_DEVICE"] = self.windows_path(self.device)
+                                WINEPREFIX=PREFIX, INKWRIGHT_DEVICE=windows_path(self.device))
+        self.start_display()
         self.running = []
-        self._probe = None
-        self._start_display()
-        try:
-            self._prepare_prefix()
-            self._start_probe()
-        except BaseException:
-            self.close()
-            raise
+        self.addCleanup(self.stop_wine)
+        subprocess.run(["bash", "-c", '. "$0" && use_wine_prefix "$1" && let_wine_manage_windows yes',
+                        TOOLS / "environment.sh", PREFIX], env=self.environment, check=True)
+        # Alarms of an earlier test would fire in this one.
+        self.finish(self.start("reg", "delete", SETTINGS.rpartition("\\")[0], "/f"))
+        self.finish(self.start("reg", "add", SETTINGS, "/v", "RootDirPath", "/d", ROOT))
+        self.probe = self.start(PROGRAMS / "wine_probe.exe", stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
 
-    def _start_probe(self):
-        self._probe = subprocess.Popen(["wine", str(PROGRAMS / "wine_probe.exe")], env=self.environment, text=True,
-                                       stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-        self.ask("clean")
-        self.ask("settext RootDirPath " + ROOT)
-
-    def _start_display(self):
+    def start_display(self):
         reader, writer = os.pipe()
-        self._display = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writer), "-screen", "0", "1024x768x24", "-nolisten", "tcp"],
-            pass_fds=[writer], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        display = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1024x768x24"], pass_fds=[writer],
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.addCleanup(display.wait)
+        self.addCleanup(display.terminate)
         os.close(writer)
         with os.fdopen(reader) as number:
             self.environment["DISPLAY"] = ":" + number.readline().strip()
 
-    def _prepare_prefix(self):
-        prefix = pathlib.Path(self.environment["WINEPREFIX"])
-        if (prefix / ".ready").exists():
-            return
-        prefix.mkdir(parents=True, exist_ok=True)
-        for command in (["wineboot", "--init"], ["wineserver", "--wait"]):
-            subprocess.run(command, env=self.environment, check=True, stdout=subprocess.DEVNULL,
-                           stderr=subprocess.DEVNULL)
-        (prefix / ".ready").touch()
-
-    def windows_path(self, path):
-        return "Z:" + str(pathlib.Path(path).resolve()).replace("/", "\\")
-
-    def close(self):
-        subprocess.run(["wineserver", "--kill"], env=self.environment, check=False, stderr=subprocess.DEVNULL)
-        for program in self.running + ([self._probe] if self._probe else []):
-            program.wait(DEADLINE_SECONDS)
-        if self._probe:
-            self._probe.stdin.close()
-            self._probe.stdout.close()
-        self._display.terminate()
-        self._display.wait()
-        shutil.rmtree(self.device, ignore_errors=True)
+    def stop_wine(self):
+        subprocess.run(["wineserver", "--kill"], env=self.environment, check=False)
+        for program in self.running:
+            with program:  # waits for it and closes its pipes
+                pass
 
     # Seeing
 
     def ask(self, command):
-        self._probe.stdin.write(command + "\n")
-        self._probe.stdin.flush()
-        return json.loads(self._probe.stdout.readline())
+        self.probe.stdin.write(command + "\n")
+        self.probe.stdin.flush()
+        return json.loads(self.probe.stdout.readline())
 
-    def windows(self):
-        """The visible top-level windows of the program."""
-        return [w for w in self.ask("windows") if w["program"].lower() == "inkwright.exe" and w["visible"]]
+    def windows(self, program="inkwright.exe"):
+        """The visible top-level windows of a program."""
+        return [w for w in self.ask("windows") if w["program"].lower() == program and w["visible"]]
 
     def window(self, title):
         return wait_for(f"a window titled {title!r}",
@@ -111,18 +103,14 @@ class Desk:
         return wait_for(f"a control with {wanted}", lambda: next(
             (c for c in self.ask(f"children {parent['handle']}") if all(c[k] == v for k, v in wanted.items())), None))
 
-    def page(self, frame):
-        return self.child(frame, **{"class": "InkwrightPage"})
+    def page(self, title):
+        return self.child(self.window(title), **{"class": "InkwrightPage"})
 
     def pixel(self, page, x, y):
         return self.ask(f"pixel {page['handle']} {x} {y}")
 
-    def tool_state(self, frame, command):
-        bar = self.child(frame, **{"class": "ToolbarWindow32"})
-        return self.ask(f"send {bar['handle']} {TB_GETSTATE} {command} 0")
-
-    def text_setting(self, name):
-        return bytes(self.ask("setting " + name)[1]).decode("utf-16-le").rstrip("\0")
+    def wait_for_menu(self):
+        wait_for("a menu", lambda: [w for w in self.windows() if w["class"] == "#32768"])
 
     def wait_until_gone(self, window):
         wait_for(f"{window['text']!r} to go away",
@@ -130,47 +118,58 @@ class Desk:
 
     # Doing
 
-    def start(self, arguments="", **environment):
-        """Starts the program; `arguments` reach it exactly as they are written."""
-        program = subprocess.Popen(["wine", str(self.programs / "inkwright.exe"), *arguments.split()],
-                                   env={**self.environment, **environment}, stdout=subprocess.DEVNULL,
-                                   stderr=subprocess.DEVNULL)
+    def start(self, *command, environment=None, stdout=subprocess.DEVNULL, **options):
+        program = subprocess.Popen(["wine", *map(str, command)], env={**self.environment, **(environment or {})},
+                                   stdout=stdout, stderr=subprocess.DEVNULL, **options)
         self.running.append(program)
         return program
 
+    def open(self, *arguments, **environment):
+        """Starts the program."""
+        return self.start(PROGRAMS / "inkwright.exe", *arguments, environment=environment)
+
     def finish(self, program):
         """Waits for the program's own end and returns its exit code."""
-        code = program.wait(DEADLINE_SECONDS)
-        self.running.remove(program)
-        return code
+        return program.wait(DEADLINE_SECONDS)
+
+    def put_note(self, name, data=note_bytes(588)):
+        path = self.root / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_bytes(data)
+        return path
+
+    def close(self, program, title):
+        self.post(self.window(title), WM_CLOSE)
+        self.assertEqual(self.finish(program), 0)
+
+    def post(self, window, message, wparam=0):
+        self.ask(f"post {window['handle']} {message} {wparam} 0")
 
     def xdotool(self, *arguments):
         subprocess.run(["xdotool", *map(str, arguments)], env=self.environment, check=True)
 
-    def key(self, name):
-        self.xdotool("key", name)
-
-    def click(self, place):
-        left, top, right, bottom = place
-        self.xdotool("mousemove", (left + right) // 2, (top + bottom) // 2, "click", 1)
-
-    def post_command(self, window, command):
-        self.ask(f"post {window['handle']} {WM_COMMAND} {command} 0")
+    def keys(self, *names):
+        for name in names:
+            self.xdotool("key", name)
 
     def stroke(self, page, points):
-        """Writes with the pointer."""
-        paper = self.pixel(page, *points[-1])
-        self.drag(page, points, lambda x, y: self.pixel(page, x, y) != paper)
-
-    def drag(self, page, points, is_shown):
-        """Moves the pointer with its button down. Each step is waited for until it shows: the system merges moves
-        that nobody fetches, and messages sent by hand overtake the pointer's."""
+        """Writes with the pointer. Each step is waited for until it shows: the system merges moves that nobody fetches,
+        and messages sent by hand overtake the pointer's."""
         left, top = page["client"][:2]
         has_pen = lambda: self.ask(f"haspen {page['handle']}")
         self.xdotool("mousemove", left + points[0][0], top + points[0][1], "mousedown", 1)
         wait_for("the pen to be down", has_pen)
         for x, y in points[1:]:
             self.xdotool("mousemove", left + x, top + y)
-            wait_for(f"the step to {x}, {y} to show", lambda: is_shown(x, y))
+            wait_for(f"the step to {x}, {y} to show", lambda: self.pixel(page, x, y) != WHITE)
         self.xdotool("mouseup", 1)
         wait_for("the pen to be up", lambda: not has_pen())
+
+
+def main():
+    needed = [PROGRAMS / name for name in ("inkwright.exe", "wine_probe.exe", "contract_test.exe")]
+    missing = [str(path) for path in needed if not path.exists()]
+    if missing:
+        print("Skipped: not built:", *missing)
+        sys.exit(77)
+    unittest.main(module="__main__", verbosity=2)

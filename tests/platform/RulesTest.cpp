@@ -1,0 +1,171 @@
+// When alarms fire, where windows go, and what they make of the pen and the wheel.
+#include <gmock/gmock.h>
+
+#include "ink/Geometry.h"
+#include "platform/keeper/AlarmSchedule.h"
+#include "platform/keeper/NoticePlace.h"
+#include "platform/windows/NotificationEntry.h"
+#include "platform/windows/PenHistory.h"
+#include "platform/windows/WheelTurns.h"
+
+namespace platform::windows {
+
+namespace {
+
+using ink::Rect;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(Rules, WhatIsDueIsFiredOnceAndTriedAgainInMinutes) {
+    constexpr uint64_t kRetry = AlarmSchedule::kRetryMilliseconds;
+    AlarmSchedule schedule;
+    std::vector<ScheduledEntry> entries{{1, 90, {1}, false},
+                                        {2, 100, {2}, false},
+                                        {3, 130, {3}, false},
+                                        {4, 120, {4}, false},
+                                        {5, 80, {5}, true}};
+    const AlarmSchedule::Plan plan = schedule.Make(entries, 100, 1000);
+    EXPECT_THAT(plan.fire, ElementsAre(1, 2)) << "another process is at the last one";
+    EXPECT_TRUE(plan.next == 3 && plan.lookAgain);
+    entries[1].isBeingFired = true;
+    EXPECT_THAT(schedule.Make(entries, 100, 1001).fire, IsEmpty());
+    entries[1].isBeingFired = false;
+    EXPECT_THAT(schedule.Make(entries, 100, 1000 + kRetry - 1).fire, IsEmpty());
+    entries[0].bytes = {9};
+    EXPECT_THAT(schedule.Make(entries, 100, 1000 + kRetry - 1).fire, ElementsAre(1)) << "it was rewritten";
+    EXPECT_THAT(schedule.Make(entries, 100, 1000 + kRetry).fire, ElementsAre(2));
+    entries[4].isBeingFired = false;
+    EXPECT_THAT(schedule.Make(entries, 100, 1000 + kRetry).fire, ElementsAre(5)) << "that process is gone";
+    const AlarmSchedule::Plan idle = schedule.Make({entries[2]}, 100, 1000);
+    EXPECT_TRUE(!idle.lookAgain && idle.next == 0 && !schedule.Make({}, 100, 1000).next);
+}
+
+TEST(Rules, AnEntryKeepsWhatItWasSetUnder) {
+    NotificationEntry entry;
+    entry.trigger = {L"C:\\p.exe", L"\"\\a.ikw\" /alarm", {2099, 3, 4, 15, 20, 30, 5, 0}, {}};
+    entry.notification = {true, false, L"title", L"text \u20AC"};
+    entry.device = L"D:\\Device";
+    entry.screen = L"240x320";
+    NotificationEntry read;
+    const std::vector<uint8_t> whole = EncodeEntry(entry);
+    ASSERT_TRUE(DecodeEntry(whole, read));
+    EXPECT_EQ(EncodeEntry(read), whole);
+    EXPECT_EQ(read.device + read.screen + read.notification.dialogText, L"D:\\Device240x320text \u20AC");
+    std::vector<uint8_t> part = whole;
+    part.push_back(0);
+    for (size_t length = part.size(); length > 0; --length, part.pop_back()) {
+        EXPECT_EQ(DecodeEntry(part, read), length == whole.size()) << length;
+        // What earlier releases wrote ends before the screen.
+        part[0] = 1;
+        EXPECT_EQ(DecodeEntry(part, read), length == whole.size() - 4 - 2 * 7) << length;
+        part[0] = whole[0];
+    }
+}
+
+TEST(Rules, DialogsStayOnTheirMonitor) {
+    const Rect kLeftAndAbove{-1280, -1024, 0, -40};  // a work area, the task bar below it
+    for (const auto& [wanted, placed] :
+         {std::pair{Rect{-600, -600, -400, -500}, Rect{-600, -600, -400, -500}},
+          {{-100, -100, 100, 0}, {-200, -140, 0, -40}},
+          {{-1400, -1100, -1200, -1000}, {-1280, -1024, -1080, -924}},
+          {{-2000, -2000, 2000, 2000}, {-1280, -1024, 2720, 2976}}})
+        EXPECT_TRUE(ink::MovedInto(wanted, kLeftAndAbove) == placed);
+}
+
+TEST(Rules, TheWheelScrollsAsTheSystemSays) {
+    const struct {
+        uint32_t linesPerNotch;
+        std::vector<int> turns;
+        ScrollCode code;  // of the last turn
+        int count;        // of all together
+        int rest;
+    } kCases[] = {
+        {3, {-240}, ScrollCode::LineDown, -6, 0},
+        {1, {50, 50, 50}, ScrollCode::LineUp, 1, 30},
+        {1, {100, -110}, ScrollCode::LineDown, 0, -110},  // turned back: what was begun counts no more
+        {0, {120, 1200}, ScrollCode::LineUp, 0, 0},
+        {kWheelTurnsPages, {-120}, ScrollCode::PageDown, -1, 0},
+        {100000, {120}, ScrollCode::LineUp, 100, 0}};
+    for (const auto& c : kCases) {
+        int rest = 0;
+        int count = 0;
+        ScrollCode code = ScrollCode::Other;
+        for (const int turn : c.turns) {
+            const auto steps = StepsOfTurn(turn, c.linesPerNotch, rest);
+            count += steps.count;
+            code = steps.code;
+        }
+        EXPECT_TRUE(code == c.code && count == c.count && rest == c.rest) << c.linesPerNotch << " " << rest;
+    }
+}
+
+TEST(Rules, NoticesStackAndThenStandBeside) {
+    const Rect work{0, 0, 700, 500};
+    std::vector<Rect> shown;
+    const auto put = [&](int height) {
+        const Point place = PlaceNotice(work, 300, height, shown);
+        shown.push_back({place.x, place.y, place.x + 300, place.y + height});
+        return place;
+    };
+    EXPECT_EQ(put(200), (Point{386, 286}));
+    EXPECT_EQ(put(200), (Point{386, 72}));
+    EXPECT_EQ(put(400), (Point{72, 86}));
+    EXPECT_EQ(put(40), (Point{386, 18}));
+    EXPECT_EQ(put(40), (Point{72, 32})) << "the highest free place of the next column";
+    EXPECT_NE(put(400), put(400)) << "one never hides another whole";
+    EXPECT_GE(PlaceNotice(work, 300, 900, {}).y, 0);
+}
+
+struct Sample {
+    int place;  // in both directions
+    uint32_t time;
+};
+
+PointerTrail TrailOf(const std::vector<Sample>& newestFirst) {
+    PointerTrail trail;
+    for (const auto& [place, time] : newestFirst)
+        trail.samples[static_cast<size_t>(trail.count++)] = {{place, place}, time};
+    return trail;
+}
+
+// A press, the samples that a later message brings, and what is new of them. The window's client area begins
+// at the desktop's (-100, 10).
+TEST(Rules, WhatIsNewOfThePenSinceTheMessageBefore) {
+    const struct {
+        std::vector<Sample> press;
+        std::vector<Sample> move;
+        std::vector<int> places;
+        bool sentDirectly = false;
+    } kCases[] = {
+        {{{0, 10}}, {{9, 40}, {5, 30}, {2, 20}, {0, 10}, {7, 5}}, {2, 5}},   // merged moves, oldest first
+        {{{0, 10}}, {{9, 10}, {5, 10}, {0, 10}, {4, 10}}, {5}},              // within one tick
+        {{{0, 10}}, {{9, 40}, {9, 39}, {5, 30}, {0, 11}, {0, 10}}, {5}},     // repeated by the system
+        {{{0, 10}}, {{0, 10}, {5, 10}}, {}},                                 // the last position once more
+        {{{0, 10}}, {{9, 40}, {5, 30}, {3, 9}}, {5}},                        // the press has left the trail
+        {{{0, ~15u}}, {{9, 20}, {5, 5}, {0, ~15u}, {1, 0xFFFFFF00u}}, {5}},  // times wrap
+        {{{0, 10}}, {{9, 40}, {5, 30}}, {}, true},                           // sent straight to the window
+        {{}, {{9, 40}, {5, 30}}, {}},
+        {{{0, 10}}, {}, {}}};
+    for (const auto& each : kCases) {
+        PenHistory history;
+        Point samples[64];
+        std::vector<Point> expected;
+        for (const int place : each.places) expected.push_back({place + 100, place - 10});
+        history.Begin(TrailOf(each.press));
+        history.Arrive(TrailOf(each.move), each.sentDirectly);
+        const size_t count = history.Samples({-100, 10}, samples, 64);
+        EXPECT_EQ(std::vector<Point>(samples, samples + count), expected);
+        if (count > 1) {
+            EXPECT_EQ(history.Samples({-100, 10}, samples, 1), 1u);
+            EXPECT_EQ(samples[0], expected.back()) << "the newest";
+        }
+        history.Leave();
+        EXPECT_EQ(history.Samples({-100, 10}, samples, 64), 0u) << "between messages there are none";
+        history.Arrive(TrailOf(each.move), false);
+        EXPECT_EQ(each.sentDirectly, history.Samples({-100, 10}, samples, 64) != 0) << "handled already";
+    }
+}
+
+}  // namespace
+
+}  // namespace platform::windows
