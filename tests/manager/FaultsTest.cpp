@@ -5,7 +5,6 @@
 
 namespace {
 
-using platform::host::FileCall;
 using namespace testing_support;
 
 const std::wstring kWork = kRoot + L"Work\\";
@@ -16,17 +15,16 @@ class Faults : public ManagerTest {
     // For each file call that the operation makes, what its failure leaves and tells; the last is for none.
     Texts Outcomes(const std::function<void()>& operation) {
         Texts outcomes;
-        SweepFaults([&](Fault& fault) {
+        SweepFiles({}, [&](Fault&) {
+            const auto fault = std::exchange(device.files.fault, nullptr);
             device.files.Nodes().clear();
+            device.files.PutFolder(kRoot + L"Temp");
             device.notifications.clear();
             PutWork();
             device.files.Put(kHome + L"a.txt", "of another note");
             Desk().answers.assign(4, platform::MessageAnswer::Yes);
-            device.files.fault = [&fault](FileCall, const std::wstring&) {
-                return fault.Strikes() ? platform::FileError::Other : platform::FileError::None;
-            };
+            device.files.fault = fault;
             operation();
-            device.files.fault = nullptr;
             std::wstring outcome = Store();
             for (const auto& box : Desk().messages)
                 outcome += box.caption == L" Error" ? L"| " + box.text : L"";
@@ -68,7 +66,8 @@ TEST_F(Faults, OfEveryCallOfEveryOperation) {
           L"HOME\\A.TXT " + deleting, L"HOME\\A.TXT "}},
         {[] { manager::CopyFolderTree(nullptr, kWork, kHome); },
          {whole + copying(L""), whole + copying(L"a.ikw"), whole + copying(L"a.ikw"),
-          copied + copying(L"a.ikw"), copied + copying(L"a.txt"), copied + copying(L"a.txt"),
+          whole + copying(L"a.ikw"), whole + copying(L"a.ikw"), copied + copying(L"a.txt"),
+          copied + copying(L"a.txt"), copied + copying(L"a.txt"), copied + copying(L"a.txt"),
           copied + copying(L"a.txt"), copied}}};
     for (const auto& each : kCases) EXPECT_EQ(Outcomes(each.operation), each.outcomes);
 }

@@ -107,29 +107,36 @@ class DeskSteps : public DeskTest {
         return [=] { EXPECT_EQ(Dialog().ItemText(item), text); };
     }
     // From now on so many calls of these kinds fail, for files whose path contains the text; Fail({}) mends
-    // all.
+    // all. What is written down for the next start (".ikj", ".iki") is a net: it has tests of its own.
     Step Fail(const std::vector<platform::host::FileCall>& failing, int times = 1 << 30,
               const std::wstring& in = L"") {
         return [=] {
-            device.files.fault = [=, left = times](platform::host::FileCall call,
-                                                   const std::wstring& path) mutable {
+            FailWhere([=, left = times](platform::host::FileCall call, const std::wstring& path) mutable {
                 const bool isMeant = std::find(failing.begin(), failing.end(), call) != failing.end();
-                const bool fails = isMeant && path.find(in) != std::wstring::npos && left-- > 0;
-                return fails ? platform::FileError::Other : platform::FileError::None;
-            };
+                return isMeant && path.find(in) != std::wstring::npos && left-- > 0;
+            });
         };
     }
-    // Runs with every file call of these kinds failing in turn, see SweepFaults.
+    // Runs with every file call of these kinds failing in turn, see SweepFaults; of no kinds, with every
+    // call.
     int SweepFiles(const std::vector<platform::host::FileCall>& kinds,
                    const std::function<void(Fault&)>& run) {
         return SweepFaults([&](Fault& fault) {
-            device.files.fault = [&](platform::host::FileCall call, const std::wstring&) {
+            FailWhere([&](platform::host::FileCall call, const std::wstring&) {
                 const bool isMeant = std::find(kinds.begin(), kinds.end(), call) != kinds.end();
-                return isMeant && fault.Strikes() ? platform::FileError::Other : platform::FileError::None;
-            };
+                return (kinds.empty() || isMeant) && fault.Strikes();
+            });
             run(fault);
             device.files.fault = nullptr;
         });
+    }
+    void FailWhere(std::function<bool(platform::host::FileCall, const std::wstring&)> fails) {
+        device.files.fault = [fails = std::move(fails)](platform::host::FileCall call,
+                                                        const std::wstring& path) mutable {
+            const bool isNet = path.find(L".ik", path.size() - 4) != std::wstring::npos &&
+                               path.back() != L'w' && path.back() != L'~';
+            return !isNet && fails(call, path) ? platform::FileError::Other : platform::FileError::None;
+        };
     }
     // All memory for pictures but for some is in use until the step is over.
     Step WithPictures(int left, const Step& step) {
