@@ -110,6 +110,7 @@ TEST_F(Find, CancelOnlyAsksAndClosingWaits) {
         Play({Shortcut(L'F'), TypeInto(IDC_SEARCH_TEXT, L"nowhere"), Press(IDC_FIND_FIRST)});
         if (command == kIdCancel) Play({ExpectFound(L"Work  (2 found) "), Press(kIdCancel)});
         RunManager(L"", {});
+        device.files.fault = nullptr;
         EXPECT_EQ(reads, 1);
     }
 }
