@@ -68,7 +68,8 @@ TEST_F(Alarm, ANoteOpenedByItsAlarmPostsANotice) {
     ASSERT_EQ(device.notifications.size(), 1u);
     const auto& [trigger, notice, folder] = device.notifications.begin()->second;
     EXPECT_TRUE(trigger.application.empty() && notice.showDialog && notice.flashLed);
-    EXPECT_TRUE(trigger.start.day == 6 && trigger.start.second == 5) << "in ten seconds";
+    for (const platform::DateTime& at : {trigger.start, trigger.end})
+        EXPECT_EQ(platform::DateAndTime(at), L"3/6/2007 12:00:05 AM") << "in ten seconds";
     EXPECT_EQ(notice.dialogTitle, L"Inkwright \u00BB Alarm");
     EXPECT_EQ(notice.dialogText, L"Inkwright \u00BB Reminders (Monday, March 5, 2007)\n\nCall");
     for (const auto& [at, text] : {std::pair{L"\\D\\INKWRIGHT\\Work\\a.b.ikw", L"Work\n\na.b"},

@@ -15,7 +15,6 @@ class Commands : public EditorTest {
                 EXPECT_EQ(hand.Tool(button.command).checked, button.command == tool) << button.command;
         };
     }
-    // The pictures of the tool bar's buttons.
     Step ExpectSwatches(uint32_t golden) {
         return [=] { EXPECT_EQ(Hash(Desk().Top()->Handle()->tools->Handle()->images), golden); };
     }
