@@ -15,7 +15,7 @@ bool HasInk(const ink::InkPage& page) { return page.HasInk(); }
 
 struct InkCanvas::Command {
     int id = 0;
-    wchar_t letter = 0;  // with Ctrl
+    wchar_t letter = 0;  // with Ctrl; a small one with Shift too
     void (InkCanvas::*handle)() = nullptr;
     // Of the menu's entry only, null: always. One that is posted is carried out all the same: sending an
     // empty note tells the user why it can't be, and an alarm may be set before the first stroke.
@@ -36,6 +36,7 @@ const InkCanvas::Command InkCanvas::kCommands[] = {
     {IDM_FULL_ERASE, 0, &InkCanvas::FullErase},
     {IDM_UNDO, L'Z', &InkCanvas::Undo},
     {IDM_REDO, L'Y', &InkCanvas::Redo},
+    {IDM_REDO, L'z', &InkCanvas::Redo},
     {IDM_TOOLS, 0, &InkCanvas::ShowToolsMenu},
     {IDM_TEXT_MEMO, 0, &InkCanvas::EditTextMemo},
     {IDM_SET_ALARM, 0, &InkCanvas::SetAlarmAndExit, HasInk},

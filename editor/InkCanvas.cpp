@@ -53,6 +53,8 @@ bool InkCanvas::OnCreate() {
     page_.canvasHeight = ClientHeight();
     page_.bandHeight = page_.canvasHeight;
     MakeMenuBar();
+    AddToFrameMenu(IDM_UNDO, L"Undo\tCtrl+Z");
+    AddToFrameMenu(IDM_REDO, L"Redo\tCtrl+Y");
     if (!view_.Create()) return OutOfMemory();
     if (store::NamesFile(page_.notePath)) LoadNote(this, page_);
     history_.SetListener(&journal_);
@@ -174,7 +176,8 @@ void InkCanvas::ShowStep(ink::PageHistory::Result result, const ink::RowSpan& ro
     const int32_t allowed = UpdateScrollRange();
     const bool isInSight = rows.top > rows.bottom ||
                            (rows.bottom >= page_.scroll && rows.top < page_.scroll + page_.canvasHeight);
-    ScrollTo(isInSight ? allowed : std::clamp(rows.top - kRowsAbove, 0, GetScroll().maximum));
+    const int32_t last = std::max(0, GetScroll().maximum - page_.canvasHeight);
+    ScrollTo(isInSight ? allowed : std::clamp(rows.top - kRowsAbove, 0, last));
 }
 
 // A note without a file keeps its memo until it is saved.

@@ -46,6 +46,9 @@ class InkCanvas : public platform::Screen {
     void OnScroll(platform::ScrollCode code, int thumbPosition) override;
     bool OnKeyDown(platform::Key key) override;
     bool OnShortcut(wchar_t letter) override;
+    bool OffersInFrame(int command) override {
+        return command == IDM_UNDO ? history_.CanUndo() : history_.CanRedo();
+    }
     void OnCommand(int id) override;
     void OnTakeOver() override;
     void OnSessionEnd() override;

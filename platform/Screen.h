@@ -29,6 +29,12 @@ class Screen : public Window {
     // meanwhile. Returns EndModal's result, -1 when the window could not be made, which the user was told.
     int RunModal(Window* owner);
 
+    // An entry above "Close" in the frame's own menu, where the desktop has one; further ones come below it.
+    // Its command is a multiple of 16 below 0xF000, and may be chosen whenever OffersInFrame says so.
+    void AddToFrameMenu(int command, const std::wstring& text);
+    // Asked when the frame's menu opens.
+    virtual bool OffersInFrame(int /*command*/) { return true; }
+
     // The menu bar at the bottom with its tool bar; false when it can't be made.
     bool CreateMenuBar(const ToolBarLayout& layout);
     ToolBar& Tools() { return tools_; }

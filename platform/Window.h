@@ -103,8 +103,8 @@ class Window {
     // system is set to, or a page.
     virtual void OnScroll(ScrollCode, int /*thumb position*/) {}
     virtual bool OnKeyDown(Key) { return false; }  // false: default handling
-    // Ctrl and a letter, 'A' to 'Z', wherever in the window the keyboard is except in text that is being
-    // edited.
+    // Ctrl and a letter, 'A' to 'Z', with Shift 'a' to 'z', wherever in the window the keyboard is except in
+    // text that is being edited.
     virtual bool OnShortcut(wchar_t) { return false; }  // false: default handling
     virtual void OnCommand(int) {}
     virtual void OnControlChanged(int) {}  // a control's content was changed by the user

@@ -107,6 +107,14 @@ void HostDesk::Press(Key key) {
 
 void HostDesk::PressShortcut(wchar_t letter) { Target().OnShortcut(letter); }
 
+void HostDesk::OpenFrameMenu() {
+    std::vector<PopupMenu::Item> items = Target().Handle()->frameMenu;
+    for (PopupMenu::Item& item : items)
+        item.enabled = dynamic_cast<Screen&>(Target()).OffersInFrame(item.command);
+    const int command = chooseFromMenu ? chooseFromMenu(items) : 0;
+    if (command != 0) Target().OnCommand(command);
+}
+
 void HostDesk::TurnWheel(int notches) {
     Window& window = Target();
     if (!window.Handle()->hasScrollBar) return;

@@ -43,7 +43,8 @@ class HostDesk {
     void Command(int id);  // a tool bar button, a dialog's button; disabled ones do nothing
     void Scroll(ScrollCode code, int position = 0);
     void Press(Key key);
-    void PressShortcut(wchar_t letter);  // with Ctrl
+    void PressShortcut(wchar_t letter);  // with Ctrl; a small letter with Shift too
+    void OpenFrameMenu();                // answered like a pop-up menu
     void TurnWheel(int notches);         // up when positive
     void PrivateMessage(uint32_t code, intptr_t payload = 0);
     void Type(int item, const std::wstring& text);

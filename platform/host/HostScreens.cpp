@@ -63,6 +63,10 @@ int Screen::RunModal(Window*) {
     return HostDevice::Current().desk.RunModal(*this);
 }
 
+void Screen::AddToFrameMenu(int command, const std::wstring& text) {
+    impl_->frameMenu.push_back({command, text, true, nullptr});
+}
+
 bool Screen::CreateMenuBar(const ToolBarLayout& layout) {
     if (!Exists() || HostDevice::Current().desk.menuBarFails) return false;
     tools_.Handle() = std::make_unique<ToolBar::Impl>();

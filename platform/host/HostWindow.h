@@ -9,6 +9,7 @@
 
 #include "platform/DateTime.h"
 #include "platform/Image.h"
+#include "platform/PopupMenu.h"
 #include "platform/Window.h"
 #include "platform/host/HostResources.h"
 
@@ -62,6 +63,7 @@ struct Window::Impl {
     std::function<void(size_t)> showPage;  // of a property sheet
 
     // Screens
+    std::vector<PopupMenu::Item> frameMenu;
     class ToolBar* tools = nullptr;
     class TreeView* tree = nullptr;
 

@@ -185,7 +185,8 @@ bool TakeShortcut(Window& window, const MSG& message) {
         message.hwnd == state.frame || message.hwnd == state.page || message.hwnd == state.control;
     // Ctrl with Alt writes characters on some keyboards.
     const bool hasCtrl = GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
-    return isOurs && hasCtrl && window.OnShortcut(static_cast<wchar_t>(message.wParam));
+    const WPARAM small = GetKeyState(VK_SHIFT) < 0 ? 'a' - 'A' : 0;
+    return isOurs && hasCtrl && window.OnShortcut(static_cast<wchar_t>(message.wParam + small));
 }
 
 bool DispatchEvent(Window& window, HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {

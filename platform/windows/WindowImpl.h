@@ -1,6 +1,7 @@
 #pragma once
 
 #include <new>
+#include <vector>
 
 #include "platform/MessageBox.h"
 #include "platform/Window.h"
@@ -16,7 +17,8 @@ struct Window::Impl {
     HDC paintDc = nullptr;   // while OnPaint runs
     HWND control = nullptr;  // a child of the page that has the keyboard whenever the frame is active
     bool hasScrollBar = false;
-    int wheelRest = 0;  // of turns that are not a whole notch yet
+    std::vector<int> frameCommands;  // that the program has put into the frame's own menu
+    int wheelRest = 0;               // of turns that are not a whole notch yet
     bool holdsPen = false;
     bool holdsPointer = false;     // a pop-up keeps the capture even when its own handlers release the pen
     bool fillingControls = false;  // changes that the program makes are no news to it

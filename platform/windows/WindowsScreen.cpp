@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "platform/Screen.h"
 #include "platform/windows/HandheldPlace.h"
 #include "platform/windows/ModalRun.h"
@@ -43,6 +45,16 @@ void RememberWindow(HWND handle, LPARAM lParam) {
     Attach(handle, static_cast<Window*>(creation->lpCreateParams));
 }
 
+void EnableFrameEntries(Screen& screen) {
+    const Window::Impl& state = *screen.Handle();
+    for (const int command : state.frameCommands) {
+        bool isOffered = false;
+        Guarded(screen, [&] { isOffered = screen.OffersInFrame(command); });
+        EnableMenuItem(GetSystemMenu(state.frame, FALSE), static_cast<UINT>(command),
+                       static_cast<UINT>(MF_BYCOMMAND | (isOffered ? MF_ENABLED : MF_GRAYED)));
+    }
+}
+
 LRESULT CALLBACK FrameProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_GETMINMAXINFO) AllowAnySize(lParam);
     if (message == WM_NCCREATE) RememberWindow(handle, lParam);
@@ -58,6 +70,16 @@ LRESULT CALLBACK FrameProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM
         case WM_CLOSE:
             DispatchEvent(*window, handle, WM_COMMAND, kIdOk, 0);
             return 0;
+        case WM_INITMENUPOPUP:
+            if (HIWORD(lParam) != 0) EnableFrameEntries(static_cast<Screen&>(*window));
+            break;
+        case WM_SYSCOMMAND: {
+            const int command = static_cast<int>(wParam & 0xFFF0);  // the system uses the lowest bits
+            const auto& commands = state.frameCommands;
+            if (std::find(commands.begin(), commands.end(), command) == commands.end()) break;
+            DispatchEvent(*window, handle, WM_COMMAND, static_cast<WPARAM>(command), 0);
+            return 0;
+        }
         case WM_ENDSESSION:
             if (wParam && !state.ended) Guarded(*window, [&] { window->OnSessionEnd(); });
             return 0;
@@ -183,6 +205,15 @@ int Screen::RunModal(Window* owner) {
         opens ? windows::RunToEnd(*this, ownerFrame, windows::KeyNavigation::None) : windows::GiveUp(*this);
     tools_.Handle().reset();
     return result;
+}
+
+void Screen::AddToFrameMenu(int command, const std::wstring& text) {
+    const HMENU menu = impl_->frame ? GetSystemMenu(impl_->frame, FALSE) : nullptr;
+    if (!menu) return;
+    const auto place = static_cast<UINT>(impl_->frameCommands.size());
+    if (place == 0) InsertMenuW(menu, 0, MF_BYPOSITION | MF_SEPARATOR, 0, nullptr);
+    InsertMenuW(menu, place, MF_BYPOSITION | MF_STRING, static_cast<UINT_PTR>(command), text.c_str());
+    impl_->frameCommands.push_back(command);
 }
 
 bool Screen::CreateMenuBar(const ToolBarLayout& layout) {

@@ -1,6 +1,7 @@
 #include "platform/Clock.h"
 #include "platform/File.h"
 #include "platform/FileSystem.h"
+#include "platform/LogFile.h"
 #include "tests/contract/Recording.h"
 
 using namespace contract;
@@ -50,6 +51,34 @@ TEST_F(FileContract, FilesKeepTheirBytes) {
         read.append(part, got);
     }
     EXPECT_EQ(read, bytes);
+}
+
+TEST_F(FileContract, AFileIsPutInPlaceWholeOrNotAtAll) {
+    ASSERT_TRUE(WriteWhole(L"\\note.ikw", "old") && WriteWhole(L"\\note.ik~", "new one"));
+    {
+        const File held = File::OpenForReading(L"\\note.ikw");
+        EXPECT_FALSE(PutInPlace(L"\\note.ik~", L"\\note.ikw"));
+    }
+    EXPECT_EQ(ReadWhole(L"\\note.ikw") + ReadWhole(L"\\note.ik~"), "oldnew one");
+    uint64_t size = 0;
+    for (const wchar_t* place : {L"\\note.ikw", L"\\free.ikw"}) {
+        ASSERT_TRUE(WriteWhole(L"\\note.ik~", "new one") && PutInPlace(L"\\note.ik~", place));
+        EXPECT_TRUE(FileSize(place, size) && size == 7 && ReadWhole(place) == "new one");
+    }
+    EXPECT_THAT(Names(L"\\", L"*.ik~"), IsEmpty());
+    EXPECT_THAT(Names(L"\\", L"*.ikw"), UnorderedElementsAre(L"note.ikw", L"free.ikw"));
+    EXPECT_FALSE(PutInPlace(L"\\note.ik~", L"\\note.ikw") || FileSize(L"\\My Documents", size));
+}
+
+TEST_F(FileContract, ALogIsItsOwnersAloneAndReadAfterwards) {
+    LogFile log = LogFile::Create(L"\\a.log");
+    EXPECT_TRUE(log.Append("ab", 2) && log.Flush() && log.Append("cd", 2));
+    EXPECT_FALSE(LogFile::Create(L"\\A.log").IsOpen() || File::OpenForReading(L"\\a.log").IsOpen() ||
+                 EraseFile(L"\\a.log"));
+    log.Close();
+    EXPECT_FALSE(log.Append("e", 1) || LogFile::Create(L"\\a.log").IsOpen());
+    EXPECT_EQ(ReadWhole(L"\\a.log"), "abcd");
+    EXPECT_FALSE(LogFile::Create(L"\\no folder\\a.log").IsOpen());
 }
 
 TEST_F(FileContract, NamesThatNoFileMayHave) {

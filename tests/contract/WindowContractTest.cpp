@@ -46,8 +46,10 @@ TEST_F(WindowContract, KeysShortcutsAndTheWheel) {
         hand_.Then(Press(static_cast<Key>(key)));
         expected.push_back("key " + std::to_string(key));
     }
-    Run({Do(&Hand::PressShortcut, L'E'), Do(&Hand::TurnWheel, 2), Do(&Hand::TurnWheel, -1)});
-    expected.insert(expected.end(), {"shortcut 69", "scroll 0 0", "scroll 0 0", "scroll 1 0", "destroy"});
+    Run({Do(&Hand::PressShortcut, L'E'), Do(&Hand::PressShortcut, L'z'), Do(&Hand::TurnWheel, 2),
+         Do(&Hand::TurnWheel, -1)});
+    expected.insert(expected.end(),
+                    {"shortcut 69", "shortcut 122", "scroll 0 0", "scroll 0 0", "scroll 1 0", "destroy"});
     EXPECT_EQ(screen_.log, expected);
 }
 

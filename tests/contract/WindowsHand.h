@@ -94,8 +94,11 @@ class WindowsHand : public testing_support::Hand {
         SendKey(kCodes[static_cast<size_t>(key)]);
     }
     void PressShortcut(wchar_t letter) override {
+        const bool withShift = letter >= L'a';
         keybd_event(VK_CONTROL, 0, 0, 0);
-        SendKey(letter);
+        if (withShift) keybd_event(VK_SHIFT, 0, 0, 0);
+        SendKey(withShift ? letter - L'a' + L'A' : letter);
+        if (withShift) keybd_event(VK_SHIFT, 0, KEYEVENTF_KEYUP, 0);
         keybd_event(VK_CONTROL, 0, KEYEVENTF_KEYUP, 0);
     }
     void TurnWheel(int notches) override {

@@ -40,6 +40,34 @@ TEST_F(Edits, ThePageShrinksToWhatIsLeft) {
     EXPECT_EQ(Edited({Press(IDM_SPACE_TOOL), closeUp, ExpectMaximum(kViewHeight)})->SlotCount(), 1u);
 }
 
+// Every step comes into sight where it is undone and done again; a note that was undone to nothing is saved
+// so.
+TEST_F(Edits, StepsAreUndoneAndDoneAgainWhereTheyHappened) {
+    const auto key = [this](wchar_t letter) { return Shortcut(letter); };
+    const Step undo = key(L'Z');
+    std::vector<Picture> seen;
+    const Step look = [&] { seen.push_back(ShownPixels()); };
+    const Step compare = [&] {
+        EXPECT_TRUE(ShownPixels() == seen.back());
+        seen.pop_back();
+    };
+    const auto expectMenu = [this](const Texts& texts) {
+        return [=] {
+            hand.ChooseEntries({texts.front()});
+            Desk().OpenFrameMenu();
+            EXPECT_EQ(hand.Menu(), texts);
+        };
+    };
+    const Texts none{L"(Undo\tCtrl+Z)", L"(Redo\tCtrl+Y)"};
+    Play({expectMenu(none), look, Write(Line({20, 100}, 60)), look, Press(IDM_ERASER)});
+    Play({Write(Line({40, 100}, 3)), look, Press(IDM_SPACE_TOOL), Write({{9, 90}, {9, 120}}), undo, compare});
+    Play({undo, compare, expectMenu({L"Undo\tCtrl+Z", L"Redo\tCtrl+Y"}), compare, key(L'Y'), key(L'z')});
+    Play({Press(IDM_PEN), Scroll(C::PageDown), Write(Line({20, 200}, 9)), Scroll(C::Top), Down({9, 9})});
+    const auto page = Edited({undo, undo, ExpectPosition(268), undo, ExpectPosition(0),
+                              ExpectInk({{46, 100}}), key(L'Y'), ExpectInk({}, {{46, 100}})});
+    EXPECT_EQ(Rows(*page).size(), 2u);
+}
+
 // By 187 rows, and in the middle of the drag back by 26: what was swept by then is cut, and shown so.
 TEST_F(Edits, ADragThatScrollsErasesWhereThePenWas) {
     const auto page =
