@@ -235,6 +235,7 @@ void RestoreUnsavedNotes() {
     }
     if (found.empty()) return;
     std::vector<std::wstring> lines;
+    lines.reserve(found.size());
     for (const Unsaved& unsaved : found) lines.push_back(LineOf(unsaved));
     const MessageAnswer answer = platform::ShowMessage(
         nullptr,

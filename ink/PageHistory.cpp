@@ -19,7 +19,7 @@ size_t BytesOf(const PageStep& step) {
         bytes += sizeof change + std::max(BytesOf(change.born), BytesOf(change.dead));
         size_t listed = change.born.size() + change.dead.size() + change.moved.size();
         for (const BandSplice& splice : change.splices) listed += splice.before.size() + splice.after.size();
-        bytes += change.splices.size() * sizeof(BandSplice) + listed * sizeof(StrokeRecord*);
+        bytes += change.splices.size() * sizeof(BandSplice) + listed * sizeof(void*);
     }
     return bytes;
 }

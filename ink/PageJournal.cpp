@@ -62,14 +62,15 @@ bool IsUndoneShift(const PageStep& step, StepWay way) {
 // A new record with what stands in the block, or null.
 StrokeRecord* ReadRecord(BlockParser& block, StrokePool& pool) {
     const uint8_t* head = block.Raw(sizeof(StrokeRecord));
+    if (head == nullptr) return nullptr;
     int32_t count = 0;
-    if (head != nullptr) std::memcpy(&count, head, sizeof count);
-    const uint64_t points = count < 0 ? 0 : static_cast<uint64_t>(count) * sizeof(Point);
+    std::memcpy(&count, head, sizeof count);
+    const size_t points = static_cast<size_t>(std::max(count, 0)) * sizeof(Point);
     const uint8_t* rest = block.Raw(points);
-    StrokeRecord* record = rest == nullptr || count < 0 ? nullptr : pool.Allocate(count);
+    StrokeRecord* record = rest == nullptr ? nullptr : pool.Allocate(count);
     if (record == nullptr) return nullptr;
     std::memcpy(static_cast<void*>(record), head, sizeof(StrokeRecord));
-    std::memcpy(record->Points(), rest, static_cast<size_t>(points));
+    if (points != 0) std::memcpy(record->Points(), rest, points);
     return record;
 }
 

@@ -22,7 +22,7 @@ class LogFile {
     // On return the system has all bytes, and they survive the end of this program; within a second, without
     // anybody waiting for it, they are on the disk.
     bool Append(const void* bytes, size_t size);
-    // On the disk on return.
+    // On the disk on return; at once when it is there already.
     bool Flush();
     void Close();
 

@@ -123,9 +123,11 @@ void NoteJournal::MemoClosed() {
 
 void NoteJournal::Saving(const std::wstring& path) {
     try {
+        if (!log_.IsOpen()) return;
         ink::BlockPacker block(kSavingBlock);
         block.Text(path);
-        if (log_.IsOpen()) Append(block.Finish());
+        if (path != notePath_) Append(block.Finish());
+        log_.Flush();
     } catch (const std::exception&) {
         isOff_ = true;
     }

@@ -28,7 +28,7 @@ class NoteJournal : public ink::StepListener {
     void MemoTyped(const std::wstring& text);
     void MemoClosed();
 
-    // A new note is about to be put there.
+    // The note is about to be put there. After a power cut the journal is not to look older than the note.
     void Saving(const std::wstring& path);
     // Puts the whole page on the disk; false when that failed.
     bool Hold();

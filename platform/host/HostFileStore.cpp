@@ -1,6 +1,9 @@
 #include "platform/host/HostFileStore.h"
 
+#include <algorithm>
+
 #include "platform/StoragePaths.h"
+#include "platform/host/HostDevice.h"
 
 namespace platform::host {
 
@@ -21,6 +24,7 @@ void HostFileStore::Put(const std::wstring& path, const std::string& bytes) {
     auto node = std::make_shared<FileNode>();
     node->name = path.substr(path.rfind(L'\\') + 1);
     node->bytes = bytes;
+    node->onDisk = bytes.size();
     nodes_[KeyOf(path)] = node;
 }
 
@@ -84,6 +88,14 @@ bool HostFileStore::IsStorage(const std::wstring& key) { return !key.empty() && 
 bool HostFileStore::Answers(const std::wstring& key) const {
     const std::wstring gone = KeyOf(unreachable);
     return gone.empty() || (key + L"\\").compare(0, gone.size() + 1, gone + L"\\") != 0;
+}
+
+std::string HostFileStore::BytesOnDisk(const FileNode& node) {
+    constexpr uint32_t kFlushedAfter = 1000;  // milliseconds, see LogFile
+    const uint32_t now = HostDevice::Current().ticks;
+    size_t flushed = 0;
+    while (flushed < node.later.size() && now - node.later[flushed] >= kFlushedAfter) ++flushed;
+    return node.bytes.substr(0, std::max(flushed, node.onDisk));
 }
 
 uint64_t HostFileStore::UsedBytes() const {

@@ -38,6 +38,8 @@ struct FileNode {
     int readers = 0;
     bool sharedReaders = false;
     bool writer = false;
+    size_t onDisk = 0;            // so many of its bytes were flushed
+    std::vector<uint32_t> later;  // of a log: the tick of each byte that flushes itself
 };
 
 // The device's files, in memory: case-insensitive names, no sharing unless asked for, the handheld's
@@ -68,6 +70,8 @@ class HostFileStore {
     // The entry of this key names a whole storage: nobody makes it.
     static bool IsStorage(const std::wstring& key);
     uint64_t UsedBytes() const;
+    // What is left of a file when the device loses its power now.
+    static std::string BytesOnDisk(const FileNode& node);
     FileError Fault(FileCall call, const std::wstring& path) const;
     std::map<std::wstring, NodePointer>& Nodes() { return nodes_; }
     const std::map<std::wstring, NodePointer>& Nodes() const { return nodes_; }

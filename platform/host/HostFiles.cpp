@@ -92,6 +92,7 @@ File File::Create(const std::wstring& path) {
         node = store.Find(path);
     }
     node->bytes.clear();
+    node->onDisk = 0;
     node->lastWrite = HostDevice::Current().now;
     node->writer = true;
     file.openError_ = FileError::None;
@@ -104,6 +105,7 @@ File File::Create(const std::wstring& path) {
 
 struct LogFile::Impl {
     File file;
+    HostFileStore::NodePointer node;
 };
 
 LogFile::LogFile() = default;
@@ -114,11 +116,13 @@ LogFile::~LogFile() = default;
 LogFile LogFile::Create(const std::wstring& path) {
     LogFile log;
     File file = Exists(path) ? File() : File::Create(path);
-    if (file.IsOpen()) log.impl_ = std::make_unique<Impl>(Impl{std::move(file)});
+    if (file.IsOpen()) log.impl_ = std::make_unique<Impl>(Impl{std::move(file), Store().Find(path)});
     return log;
 }
 bool LogFile::Append(const void* bytes, size_t size) {
-    return impl_ != nullptr && impl_->file.Write(bytes, size);
+    if (impl_ == nullptr || !impl_->file.Write(bytes, size)) return false;
+    impl_->node->later.insert(impl_->node->later.end(), size, HostDevice::Current().ticks);
+    return true;
 }
 bool LogFile::Flush() { return impl_ != nullptr && impl_->file.Flush(); }
 void LogFile::Close() { impl_.reset(); }
@@ -154,6 +158,7 @@ bool File::Size(uint64_t& bytes) {
 bool File::Flush() {
     if (impl_ == nullptr || !impl_->writing) return false;
     impl_->error = FaultAt(FileCall::Flush, impl_->path);
+    if (impl_->error == FileError::None) impl_->node->onDisk = impl_->node->bytes.size();
     return impl_->error == FileError::None;
 }
 
@@ -274,7 +279,9 @@ bool CopyFileTo(const std::wstring& from, const std::wstring& to) {
         return false;
     const std::string bytes = source->bytes;
     File file = File::Create(to);
-    return file.IsOpen() && file.Write(bytes.data(), bytes.size());
+    const bool isCopied = file.IsOpen() && file.Write(bytes.data(), bytes.size());
+    if (isCopied) store.Find(to)->onDisk = bytes.size();
+    return isCopied;
 }
 
 bool PutInPlace(const std::wstring& from, const std::wstring& to) {

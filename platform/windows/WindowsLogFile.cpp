@@ -1,4 +1,5 @@
 #include <atomic>
+#include <mutex>
 
 #include "platform/LogFile.h"
 #include "platform/windows/Guards.h"
@@ -18,6 +19,8 @@ struct LogFile::Impl {
     windows::OwnedHandle flushing;
     PTP_TIMER timer = nullptr;
     std::atomic<bool> isFlushDue{false};
+    std::atomic<bool> isDirty{false};
+    std::mutex flushes;
 
     ~Impl() {
         if (!timer) return;
@@ -29,10 +32,18 @@ struct LogFile::Impl {
     static void CALLBACK FlushNow(PTP_CALLBACK_INSTANCE, void* context, PTP_TIMER) {
         auto* log = static_cast<Impl*>(context);
         log->isFlushDue = false;
-        FlushFileBuffers(log->flushing.get());
+        log->Flush(log->flushing.get());
+    }
+
+    bool Flush(HANDLE handle) {
+        const std::lock_guard<std::mutex> oneAtATime(flushes);
+        if (!isDirty.exchange(false) || FlushFileBuffers(handle)) return true;
+        isDirty = true;
+        return false;
     }
 
     void FlushSoon() {
+        isDirty = true;
         if (!timer || isFlushDue.exchange(true)) return;
         LARGE_INTEGER due{};
         due.QuadPart = kFlushDelay;
@@ -72,7 +83,7 @@ bool LogFile::Append(const void* bytes, size_t size) {
     return true;
 }
 
-bool LogFile::Flush() { return impl_ && FlushFileBuffers(impl_->file.get()); }
+bool LogFile::Flush() { return impl_ && impl_->Flush(impl_->file.get()); }
 
 void LogFile::Close() { impl_.reset(); }
 

@@ -4,6 +4,7 @@
 
 #include "alarms/NoteAlarm.h"
 #include "app/store/NoteFiles.h"
+#include "ink/Blocks.h"
 #include "ink/NoteFile.h"
 #include "manager/StoreOperations.h"
 #include "platform/ProgramEntry.h"
@@ -19,21 +20,30 @@ using testing_support::Step;
 
 const std::wstring kStore = L"\\My Documents\\Inkwright\\";
 
+// A program is killed: what it wrote stays. A device without power keeps what is on its disk, and of files
+// that were being written a part; whoever writes has waited a second.
+enum class End { Kill, PowerCut };
+
 // A device and the person at it.
 class Life : public testing_support::Steps {
   public:
-    Life() : Steps(hand), hand(device) { device.desk.screen = {240, 320}; }
+    explicit Life(End end = End::Kill) : Steps(hand), hand(device), end_(end) {
+        device.desk.screen = {240, 320};
+    }
 
-    // The same device at the next start; what was not flushed may be gone.
-    void GoOnFrom(Life& before) {
+    // The same device at the next start.
+    explicit Life(Life& before) : Life() {
         for (const auto& [key, node] : before.device.files.Nodes()) {
             auto copy = std::make_shared<platform::host::FileNode>(*node);
             copy->writer = false;
             copy->readers = 0;
+            device.ticks = before.device.ticks;
+            if (before.end_ == End::PowerCut) copy->bytes = platform::host::HostFileStore::BytesOnDisk(*copy);
             device.files.Nodes()[key] = std::move(copy);
         }
         device.registry = before.device.registry;
         device.notifications = before.device.notifications;
+        device.desk.answers.assign(9, platform::MessageAnswer::Yes);
     }
 
     // From its n-th call on nothing that the program does has an effect any more.
@@ -49,6 +59,7 @@ class Life : public testing_support::Steps {
     Step Stroke(int k) {
         return [this, k] {
             Steps::Write({{20 + 30 * k, 60 + 40 * k}, {35 + 30 * k, 60 + 40 * k}})();
+            if (end_ == End::PowerCut) hand.PassTime(1000);
             if (!hasEnded) kept.insert(k);
         };
     }
@@ -87,6 +98,7 @@ class Life : public testing_support::Steps {
     std::wstring memo;  // that is to be somewhere
 
   private:
+    const End end_;
     int calls_ = 0;
 };
 
@@ -126,16 +138,14 @@ std::multiset<int> StrokesOf(platform::host::HostDevice& device, bool& hasMemo, 
 }
 
 // Returns how often the day was ended early.
-int EndAtEveryCall(const Day& morning, const Day& day) {
+int EndAtEveryCall(const Day& morning, const Day& day, End end = End::Kill) {
     for (int nth = 1;; ++nth) {
         SCOPED_TRACE(nth);
-        Life life;
+        Life life(end);
         morning(life);
         life.EndAtCall(nth);
         day(life);
-        Life next;
-        next.GoOnFrom(life);
-        next.device.desk.answers.assign(9, platform::MessageAnswer::Yes);
+        Life next(life);
         Live(next, L"", {next.Close()});
         bool hasMemo = life.memo.empty();
         const std::multiset<int> found = StrokesOf(next.device, hasMemo, life.memo);
@@ -145,8 +155,15 @@ int EndAtEveryCall(const Day& morning, const Day& day) {
             const std::wstring& arguments = entry.second.trigger.arguments;
             EXPECT_TRUE(next.device.files.Has(arguments.substr(1, arguments.find(L'"', 1) - 1)));
         }
-        if (testing::Test::HasFailure() || !life.hasEnded) return nth - 1;
+        if (testing::Test::HasFailure() || !life.hasEnded)
+            return end == End::Kill ? nth - 1 + EndAtEveryCall(morning, day, End::PowerCut) : nth - 1;
     }
+}
+
+// A note that holds stroke number k.
+std::string NoteWith(int k) {
+    const int x = 20 + 30 * k;
+    return testing_support::Words({5, 0xFFFFFF, 1, 268, 1, 2, 0, 0, 0, 60, 61, x, 60, x, 61});
 }
 
 TEST(Reliability, AnOpenNote) {
@@ -162,7 +179,86 @@ TEST(Reliability, AnOpenNote) {
                   life.Press(IDM_PEN), life.Stroke(2), life.Press(IDM_SPACE_TOOL),
                   life.Write({{9, 90}, {9, 100}}), life.Shortcut(L'Z'), life.Shortcut(L'Y'), life.Close()});
         });
-    EXPECT_GT(ends, 25);
+    EXPECT_GT(ends, 50);
+}
+
+// The files of the folder "Work": notes by their strokes, memos by their texts.
+std::string Work(platform::host::HostDevice& device) {
+    std::string text;
+    for (const auto& [key, node] : device.files.Nodes()) {
+        if (key.find(L"\\WORK\\") == std::wstring::npos) continue;
+        const size_t strokes = node->bytes.size() < 20 ? 0 : static_cast<size_t>(node->bytes[16]);
+        const bool isNote = node->name.back() == L'w';
+        text += std::string(node->name.begin(), node->name.end()) + "=" +
+                (isNote ? std::to_string(strokes) : node->bytes) + " ";
+    }
+    return text;
+}
+
+// A stroke and a memo come back over the note, beside it, or not at all; nothing is asked twice.
+TEST(Reliability, WhatIsRestoredWhere) {
+    using platform::MessageAnswer;
+    const std::wstring note = kStore + L"Work\\a.ikw";
+    const struct {
+        std::function<void(platform::host::HostDevice&)> meanwhile;
+        std::vector<MessageAnswer> answers;
+        const char* left;
+        int questions;  // at the next two starts
+    } kCases[] = {{[](auto&) {}, {MessageAnswer::Yes, MessageAnswer::Ok}, "a.ikw=2 a.txt=tea ", 1},
+                  {[&](auto& device) {
+                       device.files.Put(note, testing_support::Words({5, 0, 0, 268}));
+                   },
+                   {MessageAnswer::Yes, MessageAnswer::Ok},
+                   "a (restored).ikw=2 a (restored).txt=tea a.ikw=0 ",
+                   1},
+                  {[&](auto& device) { device.files.Nodes().erase(device.files.KeyOf(note)); },
+                   {MessageAnswer::Yes, MessageAnswer::Ok},
+                   "a (restored).ikw=2 a (restored).txt=tea ",
+                   1},
+                  {[&](auto& device) { device.files.Put(kStore + L"Work\\a.txt", "jam"); },
+                   {MessageAnswer::Yes, MessageAnswer::Ok},
+                   "a (restored).ikw=2 a (restored).txt=tea a.ikw=2 a.txt=jam ",
+                   1},
+                  {[](auto&) {}, {MessageAnswer::No, MessageAnswer::Yes}, "a.ikw=1 ", 1},
+                  {[](auto&) {}, {MessageAnswer::No, MessageAnswer::No}, "a.ikw=1 ", 2},
+                  {[](auto& device) { device.folder = L"X"; }, {}, "a.ikw=1 ", 0}};
+    for (const auto& c : kCases) {
+        SCOPED_TRACE(&c - kCases);
+        Life life;
+        life.device.files.Put(note, NoteWith(0));
+        Live(life, note,
+             {life.Stroke(1), life.Press(IDM_TEXT_MEMO), life.TypeInto(IDC_MEMO_TEXT, L"tea"), life.Wait(),
+              [&] { life.EndAtCall(1); }});
+        Life next(life);
+        c.meanwhile(next.device);
+        next.device.desk.answers.assign(c.answers.begin(), c.answers.end());
+        int questions = 0;
+        const auto start = [&questions](Life& each) {
+            Live(each, L"", {each.Close()});
+            for (const auto& box : each.device.desk.messages)
+                questions += box.text.find(L"before these notes were saved:\n\na, ") != std::wstring::npos;
+        };
+        start(next);
+        EXPECT_EQ(Work(next.device), c.left);
+        Life after(next);
+        after.device.folder = next.device.folder;
+        start(after);
+        EXPECT_EQ(questions, c.questions);
+    }
+}
+
+TEST(Reliability, AJournalOfAnotherVersionIsNamedAndLeftAlone) {
+    Life life;
+    ink::BlockPacker head(16);
+    head.Text(L"Inkwright journal");
+    head.Number(2);
+    const ink::BlockBytes bytes = head.Finish();
+    const std::wstring journal = kStore + L"Temp\\unsaved 1.ikj";
+    life.device.files.Put(journal, std::string(bytes.begin(), bytes.end()));
+    Live(life, L"", {life.Close()});
+    ASSERT_EQ(life.device.desk.messages.size(), 1u);
+    EXPECT_NE(life.device.desk.messages[0].text.find(journal), std::wstring::npos);
+    EXPECT_TRUE(life.device.files.Has(journal));
 }
 
 // Nobody is asked, nothing waits for the next start.
@@ -179,20 +275,13 @@ TEST(Reliability, TheSessionsEndSavesWhatIsOpen) {
                   EXPECT_NE(life.device.files.Get(saved).size(), 16u);
                   EXPECT_EQ(life.device.files.Get(saved.substr(0, saved.size() - 3) + L"txt"), "tea");
               }});
-        Life next;
-        next.GoOnFrom(life);
+        Life next(life);
         Live(next, L"", {next.Close()});
         EXPECT_TRUE(life.device.desk.messages.empty() && next.device.desk.messages.empty());
         bool hasMemo = false;
         EXPECT_EQ(StrokesOf(next.device, hasMemo, L"tea").count(0), 1u);
         EXPECT_TRUE(hasMemo);
     }
-}
-
-// A note that holds stroke number k.
-std::string NoteWith(int k) {
-    const int x = 20 + 30 * k;
-    return testing_support::Words({5, 0xFFFFFF, 1, 268, 1, 2, 0, 0, 0, 60, 61, x, 60, x, 61});
 }
 
 TEST(Reliability, WhatTheManagerDoesToNotes) {
@@ -224,7 +313,7 @@ TEST(Reliability, WhatTheManagerDoesToNotes) {
                 life.memo = each.memo;
             },
             [&](Life&) { each.day(); });
-        EXPECT_GT(ends, 4);
+        EXPECT_GT(ends, 8);
     }
 }
 
@@ -237,7 +326,7 @@ TEST(Reliability, ANewNoteWithAMemo) {
                   life.KeepsMemo(L"tea", life.Wait()), life.Press(IDC_MEMO_SAVE), life.Stroke(1),
                   life.Close(), life.Press(platform::kIdOk)});
         });
-    EXPECT_GT(ends, 20);
+    EXPECT_GT(ends, 40);
 }
 
 }  // namespace
