@@ -209,23 +209,24 @@ TEST(Reliability, WhatIsRestoredWhere) {
                        device.files.Put(note, testing_support::Words({5, 0, 0, 268}));
                    },
                    {MessageAnswer::Yes, MessageAnswer::Ok},
-                   "a (restored).ikw=2 a (restored).txt=tea a.ikw=0 ",
+                   "a (restored).ikw=2 a (restored).txt=tea a.ikw=0 a.txt=old ",
                    1},
                   {[&](auto& device) { device.files.Nodes().erase(device.files.KeyOf(note)); },
                    {MessageAnswer::Yes, MessageAnswer::Ok},
-                   "a (restored).ikw=2 a (restored).txt=tea ",
+                   "a (restored).ikw=2 a (restored).txt=tea a.txt=old ",
                    1},
-                  {[&](auto& device) { device.files.Put(kStore + L"Work\\a.txt", "jam"); },
+                  {[&](auto& device) { device.files.Put(kStore + L"Work\\a.txt", "other"); },
                    {MessageAnswer::Yes, MessageAnswer::Ok},
-                   "a (restored).ikw=2 a (restored).txt=tea a.ikw=2 a.txt=jam ",
+                   "a (restored).ikw=2 a (restored).txt=tea a.ikw=2 a.txt=other ",
                    1},
-                  {[](auto&) {}, {MessageAnswer::No, MessageAnswer::Yes}, "a.ikw=1 ", 1},
-                  {[](auto&) {}, {MessageAnswer::No, MessageAnswer::No}, "a.ikw=1 ", 2},
-                  {[](auto& device) { device.folder = L"X"; }, {}, "a.ikw=1 ", 0}};
+                  {[](auto&) {}, {MessageAnswer::No, MessageAnswer::Yes}, "a.ikw=1 a.txt=old ", 1},
+                  {[](auto&) {}, {MessageAnswer::No, MessageAnswer::No}, "a.ikw=1 a.txt=old ", 2},
+                  {[](auto& device) { device.folder = L"X"; }, {}, "a.ikw=1 a.txt=old ", 0}};
     for (const auto& c : kCases) {
         SCOPED_TRACE(&c - kCases);
         Life life;
         life.device.files.Put(note, NoteWith(0));
+        life.device.files.Put(kStore + L"Work\\a.txt", "old");
         Live(life, note,
              {life.Stroke(1), life.Press(IDM_TEXT_MEMO), life.TypeInto(IDC_MEMO_TEXT, L"tea"), life.Wait(),
               [&] { life.EndAtCall(1); }});
@@ -236,7 +237,8 @@ TEST(Reliability, WhatIsRestoredWhere) {
         const auto start = [&questions](Life& each) {
             Live(each, L"", {each.Close()});
             for (const auto& box : each.device.desk.messages)
-                questions += box.text.find(L"before these notes were saved:\n\na, ") != std::wstring::npos;
+                questions +=
+                    box.text.find(L"before these notes were saved:\n\na, 2 strokes, ") != std::wstring::npos;
         };
         start(next);
         EXPECT_EQ(Work(next.device), c.left);
