@@ -95,7 +95,10 @@ void Judge(Unsaved& unsaved) {
     store::JournalStory& story = unsaved.story;
     if (store::NamesFile(story.notePath)) EraseRemnants(story.notePath);
     if (!story.savingPath.empty()) EraseRemnants(story.savingPath);
-    if (story.page != nullptr) {
+    // A new note that was emptied again was none.
+    const bool isNote = story.page != nullptr && (store::NamesFile(story.notePath) || story.page->HasInk() ||
+                                                  !story.page->memo.empty());
+    if (isNote) {
         unsaved.note = BytesOf(*story.page);
         FindPlace(unsaved);
         EraseRemnants(unsaved.place);

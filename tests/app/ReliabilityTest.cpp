@@ -249,6 +249,15 @@ TEST(Reliability, WhatIsRestoredWhere) {
     }
 }
 
+TEST(Reliability, ANewNoteThatWasEmptiedAgainIsNone) {
+    Life life;
+    Live(life, kStore + L"New Notes\\", {life.Stroke(0), life.Shortcut(L'Z'), [&] { life.EndAtCall(1); }});
+    Life next(life);
+    Live(next, L"", {next.Close()});
+    EXPECT_TRUE(next.device.desk.messages.empty() &&
+                next.device.files.NamesIn(kStore + L"New Notes").empty());
+}
+
 TEST(Reliability, AJournalOfAnotherVersionIsNamedAndLeftAlone) {
     Life life;
     ink::BlockPacker head(16);
