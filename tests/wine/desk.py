@@ -64,7 +64,7 @@ class Case(unittest.TestCase):
                         TOOLS / "environment.sh", PREFIX], env=self.environment, check=True)
         # Alarms of an earlier test would fire in this one.
         self.finish(self.start("reg", "delete", SETTINGS.rpartition("\\")[0], "/f"))
-        self.finish(self.start("reg", "add", SETTINGS, "/v", "RootDirPath", "/d", ROOT))
+        self.assertEqual(self.finish(self.start("reg", "add", SETTINGS, "/v", "RootDirPath", "/d", ROOT)), 0)
         self.probe = self.start(PROGRAMS / "wine_probe.exe", stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
 
     def start_display(self):

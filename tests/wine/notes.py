@@ -1,6 +1,7 @@
 """Notes with the real pointer and keyboard: written, named, saved and opened again."""
 import desk
 
+TEXT_MEMO, MEMO_TEXT = 32911, 1016
 LINES = ([(300, 200), (300, 260), (340, 300)], [(60, 120), (100, 130), (140, 120)])
 
 
@@ -36,6 +37,22 @@ class Notes(desk.Case):
         self.post(self.window("Outside - Inkwright"), desk.WM_ENDSESSION, 1)
         self.assertEqual(self.finish(program), 0)
         self.assertEqual(outside.read_bytes(), desk.note_bytes(268, LINES[1:]))
+
+    def test_the_sessions_end_names_a_new_note_and_saves_the_memo_being_typed(self):
+        program = self.open("/newnotes")
+        self.stroke(self.page("[new] - Inkwright"), LINES[1])
+        editor = self.window("[new] - Inkwright")
+        self.post(editor, desk.WM_COMMAND, TEXT_MEMO)
+        memo = desk.wait_for("the memo", lambda: next((w for w in self.windows() if w["handle"] != editor["handle"]), None))
+        self.child(memo, id=MEMO_TEXT)
+        self.xdotool("type", "tea")
+        desk.wait_for("the text", lambda: self.child(memo, id=MEMO_TEXT)["text"] == "tea")
+        for window in (editor, memo):
+            self.post(window, desk.WM_ENDSESSION, 1)
+        self.assertEqual(self.finish(program), 0)
+        (note,) = (self.root / "New Notes").glob("*.ikw")
+        self.assertEqual(note.read_bytes(), desk.note_bytes(588, LINES[1:]))
+        self.assertEqual(note.with_suffix(".txt").read_bytes(), b"tea")
 
 
 if __name__ == "__main__":
