@@ -1,5 +1,7 @@
 #include "app/store/FileStamp.h"
 
+#include <tuple>
+
 #include "platform/FileSystem.h"
 
 namespace store {
@@ -11,11 +13,12 @@ FileStamp StampOf(const std::wstring& path) {
 }
 
 bool operator==(const FileStamp& a, const FileStamp& b) {
-    const auto numberOf = [](const platform::DateTime& time) {
-        const int64_t days = (int64_t{time.year} * 12 + time.month) * 31 + time.day;
-        return (((days * 24 + time.hour) * 60 + time.minute) * 60 + time.second) * 1000 + time.milliseconds;
+    const auto valueOf = [](const FileStamp& stamp) {
+        const platform::DateTime& time = stamp.lastWrite;
+        return std::make_tuple(stamp.exists, stamp.size, time.year, time.month, time.day, time.hour,
+                               time.minute, time.second, time.milliseconds);
     };
-    return a.exists == b.exists && a.size == b.size && numberOf(a.lastWrite) == numberOf(b.lastWrite);
+    return valueOf(a) == valueOf(b);
 }
 
 }  // namespace store

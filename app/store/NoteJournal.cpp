@@ -61,9 +61,11 @@ bool NoteJournal::Open(ink::BlockBytes& bytes) {
     return page_ == nullptr || ink::AppendPage(bytes, *page_);
 }
 
+bool NoteJournal::NeedsNewFile() const { return !log_.IsOpen() || size_ >= kLongest; }
+
 // Makes the file unless there is one, with all that is to be told so far.
 bool NoteJournal::Start() {
-    if (isOff_ || (log_.IsOpen() && size_ < kLongest)) return !isOff_;
+    if (!NeedsNewFile()) return true;
     const std::wstring former = path_;
     log_.Close();
     ink::BlockBytes bytes;
@@ -80,18 +82,26 @@ void NoteJournal::Append(const ink::BlockBytes& bytes) {
     if (isOff_) log_.Close();
 }
 
-void NoteJournal::OnStep(const ink::PageStep& step, ink::StepWay way) {
-    hasSteps_ = true;
+// Short memory ends the journal as a full disk does.
+template <typename Write>
+void NoteJournal::Guarded(Write&& write) {
     try {
-        // The page that begins a journal has taken the step.
-        const uint64_t before = log_.IsOpen() && size_ < kLongest ? size_ : 0;
-        if (!Start() || before == 0) return;
-        ink::BlockBytes bytes;
-        isOff_ = !ink::AppendStep(bytes, step, way, *page_);
-        Append(bytes);
+        if (!isOff_) write();
     } catch (const std::exception&) {
         isOff_ = true;
     }
+}
+
+void NoteJournal::OnStep(const ink::PageStep& step, ink::StepWay way) {
+    hasSteps_ = true;
+    Guarded([&] {
+        // The page that begins a journal has taken the step.
+        const bool isNew = NeedsNewFile();
+        if (!Start() || isNew) return;
+        ink::BlockBytes bytes;
+        isOff_ = !ink::AppendStep(bytes, step, way, *page_);
+        Append(bytes);
+    });
 }
 
 void NoteJournal::MemoOpened(const std::wstring& path) {
@@ -100,48 +110,42 @@ void NoteJournal::MemoOpened(const std::wstring& path) {
 }
 
 void NoteJournal::MemoTyped(const std::wstring& text) {
-    try {
+    Guarded([&] {
         if (!Start()) return;
         ink::BlockPacker block(kMemoBlock);
         block.Text(memoPath_);
         PackStamp(block, memoStamp_);
         block.Text(text);
         Append(block.Finish());
-    } catch (const std::exception&) {
-        isOff_ = true;
-    }
+    });
 }
 
 void NoteJournal::MemoClosed() {
     if (!hasSteps_) return Remove();
-    try {
+    Guarded([&] {
         if (log_.IsOpen()) Append(ink::BlockPacker(kMemoClosedBlock).Finish());
-    } catch (const std::exception&) {
-        isOff_ = true;
-    }
+    });
 }
 
 void NoteJournal::Saving(const std::wstring& path) {
-    try {
+    Guarded([&] {
         if (!log_.IsOpen()) return;
         ink::BlockPacker block(kSavingBlock);
         block.Text(path);
         if (path != notePath_) Append(block.Finish());
         log_.Flush();
-    } catch (const std::exception&) {
-        isOff_ = true;
-    }
+    });
 }
 
 bool NoteJournal::Hold() {
-    try {
+    bool isHeld = false;
+    Guarded([&] {
         ink::BlockBytes bytes;
-        if (page_ == nullptr || !Start() || !ink::AppendPage(bytes, *page_)) return false;
+        if (page_ == nullptr || !Start() || !ink::AppendPage(bytes, *page_)) return;
         Append(bytes);
-        return !isOff_ && log_.Flush();
-    } catch (const std::exception&) {
-        return false;
-    }
+        isHeld = log_.Flush();
+    });
+    return isHeld;
 }
 
 void NoteJournal::Leave() {

@@ -40,7 +40,10 @@ class NoteJournal : public ink::StepListener {
 
   private:
     bool Open(ink::BlockBytes& bytes);
+    bool NeedsNewFile() const;
     bool Start();
+    template <typename Write>
+    void Guarded(Write&& write);
     void Append(const ink::BlockBytes& bytes);
 
     const ink::InkPage* page_ = nullptr;
