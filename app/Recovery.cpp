@@ -24,7 +24,6 @@ using platform::MessageButtons;
 using platform::MessageIcon;
 
 constexpr wchar_t kCaption[] = L" Restore Notes";
-constexpr size_t kMostLines = 12;  // of a message
 
 // A journal without an owner; open, and so ours alone, while it lives.
 struct Unsaved {
@@ -42,24 +41,9 @@ std::vector<uint8_t> BytesOf(const ink::InkPage& page) {
     return ink::WriteNote(sink, page) ? sink.Bytes() : std::vector<uint8_t>();
 }
 
-bool Holds(const std::wstring& path, const std::vector<uint8_t>& bytes) {
-    platform::File file = platform::File::OpenForReading(path, platform::File::Share::Read);
-    uint64_t size = 0;
-    if (!file.IsOpen() || !file.Size(size) || size != bytes.size()) return false;
-    std::vector<uint8_t> content(bytes.size());
-    size_t got = 0;
-    return file.Read(content.data(), content.size(), got) && got == size && content == bytes;
-}
-
-// Of a new note, or of one that can't be brought up to date: the first place that is free, or has it already.
+// Of a new note, or of one that can't be brought up to date.
 void FindPlaceFor(Unsaved& unsaved, const std::wstring& wanted) {
-    const std::wstring base = wanted.substr(0, wanted.rfind(L'.'));
-    unsaved.place = wanted;
-    for (int n = 1; platform::Exists(unsaved.place); ++n) {
-        unsaved.isInPlace = Holds(unsaved.place, unsaved.note);
-        if (unsaved.isInPlace) return;
-        unsaved.place = base + L" (" + std::to_wstring(n) + L")" + store::kNoteExtension;
-    }
+    unsaved.place = store::PlaceFor(wanted, unsaved.note, unsaved.isInPlace);
 }
 
 std::wstring RestoredPath(const std::wstring& notePath) {
@@ -73,7 +57,7 @@ void FindPlace(Unsaved& unsaved) {
         return FindPlaceFor(unsaved, isNamed ? story.savingPath : story.proposedPath);
     }
     unsaved.place = story.notePath;
-    unsaved.isInPlace = Holds(story.notePath, unsaved.note);
+    unsaved.isInPlace = store::Holds(story.notePath, unsaved.note);
     if (unsaved.isInPlace || (story.noteStamp.exists && store::StampOf(story.notePath) == story.noteStamp))
         return;
     FindPlaceFor(unsaved, RestoredPath(story.notePath));
@@ -173,14 +157,6 @@ std::wstring LineOf(const Unsaved& unsaved) {
     return line;
 }
 
-// No message grows out of the screen.
-std::wstring Joined(const std::vector<std::wstring>& lines) {
-    std::wstring text;
-    for (size_t i = 0; i < lines.size() && i < kMostLines; ++i) text += L"\n" + lines[i];
-    if (lines.size() > kMostLines) text += L"\n...";
-    return text;
-}
-
 bool WriteSafely(const std::wstring& path, const std::vector<uint8_t>& bytes) {
     store::EnsureFolders(store::FolderOf(path));
     store::SafeFile file = store::SafeFile::At(path);
@@ -222,7 +198,7 @@ void Restore(std::vector<Unsaved>& found) {
         if (isRestored) Forget(unsaved);
         lines.push_back(isRestored ? unsaved.place : L"Restoring '" + unsaved.place + L"' failed!");
     }
-    platform::ShowMessage(nullptr, L"Restored:" + Joined(lines), kCaption, MessageButtons::Ok,
+    platform::ShowMessage(nullptr, L"Restored:" + platform::MessageLines(lines), kCaption, MessageButtons::Ok,
                           MessageIcon::Information);
 }
 
@@ -232,18 +208,20 @@ void RestoreUnsavedNotes() {
     std::vector<std::wstring> unread;
     std::vector<Unsaved> found = FindUnsaved(unread);
     if (!unread.empty()) {
-        platform::ShowMessage(nullptr,
-                              L"Another version of Inkwright left unsaved notes behind:\n" + Joined(unread),
-                              kCaption, MessageButtons::Ok, MessageIcon::Information);
+        platform::ShowMessage(
+            nullptr,
+            L"Another version of Inkwright left unsaved notes behind:\n" + platform::MessageLines(unread),
+            kCaption, MessageButtons::Ok, MessageIcon::Information);
     }
     if (found.empty()) return;
     std::vector<std::wstring> lines;
     lines.reserve(found.size());
     for (const Unsaved& unsaved : found) lines.push_back(LineOf(unsaved));
-    const MessageAnswer answer = platform::ShowMessage(
-        nullptr,
-        L"Inkwright was ended before these notes were saved:\n" + Joined(lines) + L"\n\nRestore them now?",
-        kCaption, MessageButtons::YesNo, MessageIcon::Question);
+    const MessageAnswer answer =
+        platform::ShowMessage(nullptr,
+                              L"Inkwright was ended before these notes were saved:\n" +
+                                  platform::MessageLines(lines) + L"\n\nRestore them now?",
+                              kCaption, MessageButtons::YesNo, MessageIcon::Question);
     if (answer == MessageAnswer::Yes) return Restore(found);
     const MessageAnswer deletes =
         platform::ShowMessage(nullptr, L"Delete what was not saved for good?", kCaption,

@@ -11,6 +11,7 @@
 
 #include "ink/InkPainter.h"
 #include "ink/NoteFile.h"
+#include "ink/NoteSalvage.h"
 #include "ink/NoteScanner.h"
 #include "ink/PageHistory.h"
 
@@ -118,6 +119,20 @@ ink::LoadResult Load(const void* data, size_t size, ink::InkPage& page) {
                                                : ink::LoadResult::Damaged;
 }
 
+// What is kept of a damaged note is a note like any other, and as large as its bytes at most.
+void Salvage(const uint8_t* data, size_t size, Care care) {
+    ink::MemorySource source(data, size);
+    ink::InkPage page, copy;
+    const bool isKept = ink::SalvageNote(source, page);
+    Require(page.Pool().Capacity() <= 4 * size + kFixedMemory, "memory in proportion to the file");
+    if (!isKept) return Require(page.SlotCount() == 0, "nothing on the page");
+    copy.bandHeight = page.bandHeight;
+    const std::vector<uint8_t> saved = Save(page);
+    Require(Load(saved.data(), saved.size(), copy) == ink::LoadResult::Loaded && Save(copy) == saved,
+            "what was kept is a whole note");
+    if (care == Care::Thorough && page.SlotCount() <= kMostSlots) PaintViews(page, care);
+}
+
 void LoadAndSave(const uint8_t* data, size_t size, int32_t bandHeight, Care care) {
     ink::MemorySource source(data, size);
     ink::NoteFileHeader header;
@@ -139,6 +154,7 @@ void LoadAndSave(const uint8_t* data, size_t size, int32_t bandHeight, Care care
 }
 
 void TryNote(const uint8_t* data, size_t size, Care care) {
+    Salvage(data, size, care);
     for (const int32_t bandHeight : {0, 268, 1}) LoadAndSave(data, size, bandHeight, care);
 }
 

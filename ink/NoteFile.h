@@ -32,6 +32,9 @@ enum class LoadResult { Loaded, Damaged, OutOfMemory };
 // the source is not asked again after that.
 LoadResult ReadNoteBody(ByteSource& source, const NoteFileHeader& header, InkPage& page);
 
+// The same, but the page keeps the strokes that were read before any result but Loaded.
+LoadResult ReadWhatIsWhole(ByteSource& source, const NoteFileHeader& header, InkPage& page);
+
 // Writes header, bands and strokes. False at the first failed write.
 bool WriteNote(ByteSink& sink, const InkPage& page);
 

@@ -11,6 +11,7 @@ namespace {
 #endif
 
 LoadResult ReadBands(ByteSource& source, const NoteFileHeader& header, InkPage& page) {
+    if (header.bandCount <= 0) return LoadResult::Loaded;
     const bool sameHeight = header.bandHeight == page.bandHeight;
     NoteScanner scanner(source, header, page.bandHeight, page.Pool(), NoteScanner::Mode::Keep);
     StrokeRecord* record = nullptr;
@@ -41,11 +42,14 @@ bool ReadNoteHeader(ByteSource& source, NoteFileHeader& header) {
     return true;
 }
 
-LoadResult ReadNoteBody(ByteSource& source, const NoteFileHeader& header, InkPage& page) {
+LoadResult ReadWhatIsWhole(ByteSource& source, const NoteFileHeader& header, InkPage& page) {
     page.Clear();
     if (header.HasBackground()) page.background = header.backgroundColor;
-    if (header.bandCount <= 0) return LoadResult::Loaded;
-    const LoadResult result = ReadBands(source, header, page);
+    return ReadBands(source, header, page);
+}
+
+LoadResult ReadNoteBody(ByteSource& source, const NoteFileHeader& header, InkPage& page) {
+    const LoadResult result = ReadWhatIsWhole(source, header, page);
     if (result != LoadResult::Loaded) page.Clear();
     return result;
 }

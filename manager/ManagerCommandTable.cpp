@@ -39,6 +39,7 @@ const ManagerWindow::Command ManagerWindow::kCommands[] = {
     {IDM_REFRESH_ALARMS, &ManagerWindow::RefreshAlarms, OnAlarms},
     {IDM_DELETE_ALARM, &ManagerWindow::DeleteAlarm, OnAlarm},
     {IDM_OPTIONS, &ManagerWindow::ShowOptions},
+    {IDM_CHECK_NOTES, &ManagerWindow::CheckAllNotes},
     {IDM_ABOUT, &ManagerWindow::ShowAbout},
     {IDM_OTHER_FOLDER, &ManagerWindow::ChooseOtherFolder},
 };

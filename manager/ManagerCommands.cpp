@@ -4,6 +4,7 @@
 #include "app/store/NoteFiles.h"
 #include "app/store/Settings.h"
 #include "app/store/StorePaths.h"
+#include "manager/CheckNotes.h"
 #include "manager/ContextMenu.h"
 #include "manager/DatePickerDialog.h"
 #include "manager/FolderPicker.h"
@@ -273,6 +274,7 @@ void ManagerWindow::ShowToolsMenu() {
     platform::PopupMenu menu;
     menu.Add(IDM_OPTIONS, L"Options...");
     menu.AddSubmenu(L"Storage", storage);
+    menu.Add(IDM_CHECK_NOTES, L"Check Notes\u2026");
     menu.AddSeparator();
     menu.Add(IDM_ABOUT, L"About Inkwright");
     const platform::ScreenSize screen = platform::HandheldScreen();
@@ -285,6 +287,13 @@ void ManagerWindow::ShowOptions() {
     calendar_.ReadFirstDayOfWeek();
     RedrawStrip();
     calendar_.Refresh(SelectedDay());
+}
+
+// Notes that were made show at once; what is selected stays so.
+void ManagerWindow::CheckAllNotes() {
+    if (!CheckNotes(*this, folders_.RootPrefix())) return;
+    const std::wstring note = folders_.SelectedNotePath();
+    ShowStore(note.empty() ? folders_.FolderPath(tree_.Selection()) : note);
 }
 
 void ManagerWindow::ShowAbout() {

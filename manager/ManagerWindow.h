@@ -75,6 +75,7 @@ class ManagerWindow : public platform::Screen,
     void Find();
     void ShowToolsMenu();
     void ShowOptions();
+    void CheckAllNotes();
     void ShowAbout();
     void ChooseOtherFolder();
     void UseStorage(int index);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace platform {
 
@@ -19,6 +20,10 @@ MessageAnswer CountedAnswer(MessageButtons buttons, MessageAnswer answer);
 MessageAnswer ShowMessage(Window* owner, const std::wstring& text, const std::wstring& caption,
                           MessageButtons buttons, MessageIcon icon,
                           DefaultButton defaultButton = DefaultButton::First);
+
+// Each on a line of its own after a line break, at most 12 and then "...": no message grows out of the
+// screen.
+std::wstring MessageLines(const std::vector<std::wstring>& lines);
 
 // The shell's own out-of-memory box; needs no memory to speak of.
 void ShowOutOfMemory(Window* owner);

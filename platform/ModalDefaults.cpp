@@ -22,6 +22,14 @@ MessageAnswer CountedAnswer(MessageButtons buttons, MessageAnswer answer) {
     return buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Cancel;
 }
 
+std::wstring MessageLines(const std::vector<std::wstring>& lines) {
+    constexpr size_t kMostLines = 12;
+    std::wstring text;
+    for (size_t i = 0; i < lines.size() && i < kMostLines; ++i) text += L"\n" + lines[i];
+    if (lines.size() > kMostLines) text += L"\n...";
+    return text;
+}
+
 void PopupMenu::Add(int command, const std::wstring& text, bool enabled) {
     items_.push_back({command, text, enabled, nullptr});
 }

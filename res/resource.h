@@ -17,6 +17,7 @@
 #define IDD_FIND 174
 #define IDD_OPTIONS_FILE_NAME 175
 #define IDD_OPTIONS_MISC 177
+#define IDD_CHECK_NOTES 178
 
 // Controls; the same number may stand for others in another dialog
 #define IDC_LABEL -1
@@ -47,6 +48,7 @@
 #define IDC_SEARCH_NOTES 1032
 #define IDC_SEARCH_FOLDERS 1033
 #define IDC_SEARCH_MEMOS 1034
+#define IDC_CHECK_PROGRESS 1036
 
 // Commands of the editor
 #define IDM_NEW_NOTE 32701
@@ -89,5 +91,6 @@
 #define IDM_OPTIONS 33001
 #define IDM_ABOUT 33002
 #define IDM_OTHER_FOLDER 33003
+#define IDM_CHECK_NOTES 33004
 #define IDM_STORAGE 36000
 #define IDM_COPY_TO 37000

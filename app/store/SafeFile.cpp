@@ -63,6 +63,27 @@ bool SafeFile::CommitToFreePlace() {
     return true;
 }
 
+bool Holds(const std::wstring& path, const std::vector<uint8_t>& bytes) {
+    platform::File file = platform::File::OpenForReading(path, platform::File::Share::Read);
+    uint64_t size = 0;
+    if (!file.IsOpen() || !file.Size(size) || size != bytes.size()) return false;
+    std::vector<uint8_t> content(bytes.size());
+    size_t got = 0;
+    return file.Read(content.data(), content.size(), got) && got == size && content == bytes;
+}
+
+std::wstring PlaceFor(const std::wstring& notePath, const std::vector<uint8_t>& bytes, bool& isThere) {
+    const std::wstring base = notePath.substr(0, notePath.rfind(L'.'));
+    std::wstring place = notePath;
+    isThere = false;
+    for (int n = 1; platform::Exists(place); ++n) {
+        isThere = Holds(place, bytes);
+        if (isThere) break;
+        place = base + L" (" + std::to_wstring(n) + L")" + kNoteExtension;
+    }
+    return place;
+}
+
 bool CopySafely(const std::wstring& from, const std::wstring& to) {
     const std::wstring beside = SafeFile::PathBeside(to);
     if (!MayReplace(to)) return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "ink/ByteStream.h"
 #include "platform/File.h"
@@ -41,6 +42,11 @@ class SafeFile : public ink::ByteSink {
     std::wstring beside_;  // what there is to remove
     platform::File file_;
 };
+
+// Whether the file holds these bytes and no others.
+bool Holds(const std::wstring& path, const std::vector<uint8_t>& bytes);
+// The first of `notePath`, "name (1)", "name (2)", ... that is free, or has these bytes already (`isThere`).
+std::wstring PlaceFor(const std::wstring& notePath, const std::vector<uint8_t>& bytes, bool& isThere);
 
 // Copies a file with its times as safely, over an existing one.
 bool CopySafely(const std::wstring& from, const std::wstring& to);

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <filesystem>
 
+#include "ink/NoteSalvage.h"
 #include "ink/NoteScanner.h"
 #include "tests/ink/Sketch.h"
 
@@ -157,6 +159,58 @@ TEST(NoteFile, NothingOfADamagedFileIsKept) {
         for (size_t size = 0; size < whole.size(); size += whole.size() / 500 + 1)
             TryToLoad(whole, size, none, false);
         testing_support::SweepFaults([&](Fault& fault) { TryToLoad(whole, whole.size(), fault, true); });
+    }
+}
+
+// Where each stroke of a whole note file ends, in bytes.
+std::vector<size_t> StrokeEnds(const Bytes& note) {
+    const auto number = [&note](size_t at) {
+        int32_t value = 0;
+        std::memcpy(&value, &note[at], sizeof value);
+        return value;
+    };
+    std::vector<size_t> ends;
+    size_t at = 16;
+    for (int32_t band = number(8); band > 0; --band) {
+        int32_t strokes = number(at);
+        for (at += 4; strokes > 0; --strokes) ends.push_back(at += 24 + 8 * static_cast<size_t>(number(at)));
+    }
+    return ends;
+}
+
+TEST(NoteFile, SalvageKeepsExactlyTheStrokesThatAreWhole) {
+    InkPage large;
+    FillWithMuchInk(large, 60);
+    for (const Bytes& note :
+         {sketch::ReadFixture("version-3"), sketch::ReadFixture("offset"), sketch::Save(large)}) {
+        InkPage whole;
+        std::memcpy(&whole.bandHeight, &note[12], sizeof whole.bandHeight);
+        ASSERT_EQ(sketch::Load(note, whole), LoadResult::Loaded);
+        const Lines strokes = sketch::Describe(whole);
+        const std::vector<size_t> ends = StrokeEnds(note);
+        ASSERT_EQ(ends.size(), strokes.size());
+        for (size_t cut = 0; cut <= note.size(); cut += note.size() / 500 + 1) {
+            SCOPED_TRACE(cut);
+            Fault none;
+            CheckedSource source(note, cut, none);
+            InkPage page;
+            sketch::Add(page, {{1, 1}, {2, 2}});
+            const auto kept = std::upper_bound(ends.begin(), ends.end(), cut) - ends.begin();
+            EXPECT_EQ(ink::SalvageNote(source, page), kept > 0);
+            EXPECT_EQ(sketch::Describe(page), Lines(strokes.begin(), strokes.begin() + kept));
+            EXPECT_TRUE(kept == 0 ||
+                        (page.background == whole.background && page.bandHeight == whole.bandHeight));
+        }
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(FIXTURES)) {
+        const std::string name = entry.path().stem().string();
+        if (name.rfind("damaged-", 0) != 0) continue;
+        const Bytes bytes = sketch::ReadFile(entry.path());
+        ink::MemorySource source(bytes.data(), bytes.size());
+        InkPage page;
+        const Lines stroke{"0: 0 808080 2..2 (1,2)"};
+        EXPECT_EQ(ink::SalvageNote(source, page), bytes.size() == 52) << name << " holds one whole stroke";
+        EXPECT_EQ(sketch::Describe(page), bytes.size() == 52 ? stroke : Lines()) << name;
     }
 }
 

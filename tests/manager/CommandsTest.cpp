@@ -123,7 +123,7 @@ TEST_F(Commands, TheToolsMenu) {
         L"", {ExpectBox(L"Inkwright 1.1\nA notebook for handwriting.\n\nLarkspur Works", L" About Inkwright"),
               PickTool({L"About Inkwright"}),
               ExpectMenu({L"Options...", L"Storage", L"Main Memory", L"Storage Card", L"-",
-                          L"Other Folder...", L"-", L"About Inkwright"}),
+                          L"Other Folder...", L"Check Notes\u2026", L"-", L"About Inkwright"}),
               PickTool({L"Storage Card"}), ExpectTree(L"Notes", {}), PickTool({L"Main Memory"}),
               ExpectTree(L"Notes", {L"Home", L"Work"}), chooseFolder(L"\\Elsewhere\\"),
               ExpectTree(L"Notes", {}), ExpectBox(L"'\\" + refused, L" Error"), chooseFolder(L"\\"),

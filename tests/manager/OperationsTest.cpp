@@ -5,6 +5,7 @@
 namespace {
 
 using platform::MessageAnswer;
+using platform::host::FileCall;
 using namespace testing_support;
 
 class Operations : public ManagerTest {
@@ -207,6 +208,43 @@ TEST_F(Operations, Copying) {
     EXPECT_EQ(copy({MessageAnswer::Ok}), "newoldold");
     EXPECT_EQ(copy({MessageAnswer::No, MessageAnswer::No, MessageAnswer::Yes}), "newoldnew");
     EXPECT_TRUE(device.files.Has(card + L"Deep\\d.ikw"));
+}
+
+// What is whole of a damaged note goes beside it, once. Pictures on their way are no notes.
+TEST_F(Operations, CheckingNotes) {
+    const std::string whole = NoteOfDots({10, 20, 30}, 268);
+    for (const wchar_t* note : {L"Home\\torn.ikw", L"Reminders\\2007-03-05\\bare.ikw", L"Temp\\x.ikw"})
+        device.files.Put(kRoot + note, whole.substr(0, *note == L'H' ? whole.size() - 1 : 15));
+    const Step check = PickTool({L"Check Notes\u2026"});
+    const auto expect = [this](const std::wstring& lines, int count) {
+        return ExpectBox(lines + L"\nNotes checked: " + std::to_wstring(count), L" Check Notes");
+    };
+    const std::wstring damaged = L"These notes can't be read whole:\n";
+    const std::wstring refused = damaged + L"Home\\torn\n    Writing 'Home\\torn (salvaged)' failed!\n";
+    const std::wstring kept = damaged + L"Home\\torn\n    whole strokes: Home\\torn (salvaged)\n";
+    const std::wstring bare = L"Reminders\\2007-03-05\\bare\n";
+    const Step mend = [=] {
+        device.files.Put(kRoot + L"Home\\torn.ikw", whole);
+        Erase(L"Reminders\\2007-03-05\\bare.ikw")();
+    };
+    const Script cancelled{check,
+                           Wait(10),
+                           ExpectItem(IDC_CHECK_PROGRESS, L"Notes checked: 1\nReminders\\2007-03-05\\"),
+                           expect(kept, 1),
+                           Press(platform::kIdCancel),
+                           ExpectTree(L"Notes\\Home", {L"torn", L"torn (salvaged)"})};
+    const Script closedByAnotherCopy{check, Wait(10), Ok(), ExpectTitle(L"Inkwright")};
+    RunManager(
+        L"Home\\",
+        All({{Fail({FileCall::Create}), check, expect(refused + bare, 3), Wait(20), Fail({})},
+             cancelled,
+             closedByAnotherCopy,
+             {check, expect(kept + bare, 4), Wait(20),
+              ExpectStore(L"HOME\\TORN (SALVAGED).IKW HOME\\TORN.IKW REMINDERS\\2007-03-05\\BARE.IKW "
+                          L"TEMP\\X.IKW WORK\\A.IKW WORK\\A.TXT | Work\\a.ikw"),
+              mend, check, expect(L"All notes can be read.", 3), Wait(20), Fail({FileCall::List}), check,
+              expect(damaged + L"Reading '" + kRoot + L"' failed!\n", 0), Wait(10), Fail({})}}));
+    EXPECT_EQ(Rows(*ReadBack(kRoot + L"Home\\torn (salvaged).ikw")), (std::vector<int>{20, 10}));
 }
 
 }  // namespace

@@ -31,8 +31,8 @@ class DeskSteps : public DeskTest {
             const auto begins = [&box](const wchar_t* text) { return box.text.find(text) == 0; };
             const bool asks = box.buttons != platform::MessageButtons::Ok || box.caption == L" Inkwright";
             const bool discards = box.text.find(L"Discard changes?") != std::wstring::npos;
-            const bool isDone =
-                begins(L"Alarm is successfully set!") || begins(L"Done!") || begins(L"Inkwright");
+            const bool isDone = begins(L"Alarm is successfully set!") || begins(L"Done!") ||
+                                begins(L"Inkwright") || begins(L"All notes can be read.");
             EXPECT_EQ(box.icon == platform::MessageIcon::Question, asks && !discards);
             EXPECT_EQ(box.icon == platform::MessageIcon::Information, isDone);
             EXPECT_EQ(box.defaultButton == platform::DefaultButton::Second,
