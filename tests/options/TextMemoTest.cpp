@@ -104,17 +104,12 @@ TEST_F(TextMemo, WhatTheButtonsAndFailuresLeave) {
         EXPECT_EQ(Run(c.script), c.isSaved);
         ExpectStored(c.left)();
     }
-    Put(nullptr);
-    device.files.capacity = device.files.UsedBytes() + 2;
-    EXPECT_FALSE(Run({Type(L"tea"), failed, Save(), ExpectStored(nullptr), Cancel()}))
-        << "half a memo is none";
     std::wstring memo = L"kept by the page";
     const Step erase = Write({{200, 10}});
     EXPECT_TRUE(
         Run({ExpectItem(IDC_MEMO_TEXT, memo), deleting, erase, ExpectItem(IDC_MEMO_TEXT, L""), tea, Save()},
             &memo));
     EXPECT_EQ(memo, L"tea");
-    EXPECT_FALSE(device.files.Has(kMemo));
 }
 
 TEST_F(TextMemo, HowItLooks) {
