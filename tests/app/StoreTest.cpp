@@ -1,4 +1,5 @@
 #include "app/store/DayFolder.h"
+#include "app/store/FileStreams.h"
 #include "app/store/JournalReader.h"
 #include "app/store/NoteJournal.h"
 #include "app/store/PenSettings.h"
@@ -88,24 +89,28 @@ TEST_F(Store, AJournalIsReadToItsFirstGap) {
     journal.Begin(page, L"\\b.ikw");
     journal.MemoOpened(L"\\a.txt");
     other.MemoTyped(L"in a journal of its own");
-    for (const wchar_t* text : {L"tea", L"coffee", L"milk"}) {
-        device.files.fault = [text](platform::host::FileCall call, const std::wstring&) {
-            const bool fails = call == platform::host::FileCall::Write && text == std::wstring(L"coffee");
-            return fails ? platform::FileError::Other : platform::FileError::None;
-        };
-        journal.MemoTyped(text);
-    }
-    ASSERT_EQ(store::JournalFiles().size(), 2u);
-    const std::string bytes = device.files.Get(store::JournalFiles()[1]);
-    ink::MemorySource source(bytes.data(), bytes.size());
-    store::JournalStory story;
-    ASSERT_TRUE(store::ReadJournal(source, story));
-    EXPECT_EQ(story.proposedPath + story.memoPath + story.memo, L"\\b.ikw\\a.txttea");
-    EXPECT_TRUE(story.memoStamp.exists && story.memoStamp == store::StampOf(L"\\a.txt"));
-    journal.MemoClosed();
-    EXPECT_EQ(store::JournalFiles().size(), 1u) << "without steps nothing is left to tell";
     journal.MemoTyped(L"tea");
-    EXPECT_EQ(store::JournalFiles().size(), 2u);
+    journal.Saving(L"\\c.ikw");
+    const uint64_t room = std::exchange(device.files.capacity, device.files.UsedBytes());
+    journal.MemoTyped(L"coffee");
+    device.files.capacity = room;
+    journal.MemoTyped(L"milk");
+    const auto expectLast = [](const std::wstring& told) {
+        ASSERT_EQ(store::JournalFiles().size(), 2u);
+        platform::File file = platform::File::OpenForReading(store::JournalFiles()[1]);
+        store::FileSource source(file);
+        store::JournalStory story;
+        ASSERT_TRUE(store::ReadJournal(source, story));
+        EXPECT_EQ(story.proposedPath + story.memoPath + story.memo + story.savingPath, told);
+        EXPECT_TRUE(story.memoStamp.exists && story.memoStamp == store::StampOf(story.memoPath));
+    };
+    expectLast(L"\\b.ikw\\a.txttea\\c.ikw");
+    journal.Begin(page, L"\\d.ikw");
+    journal.MemoTyped(L"milk");
+    journal.Leave();
+    expectLast(L"\\d.ikw\\a.txtmilk");
+    other.MemoClosed();
+    EXPECT_EQ(store::JournalFiles().size(), 1u) << "without steps nothing is left to tell";
 }
 
 }  // namespace
