@@ -63,16 +63,10 @@ class Life : public testing_support::Steps {
             if (!hasEnded) kept.insert(k);
         };
     }
-    Step Loses(int k, const Step& step) {
+    // What is to stay from now on.
+    Step Expects(const std::function<void()>& change) {
         return [=] {
-            if (!hasEnded) kept.erase(k);
-            step();
-        };
-    }
-    Step Keeps(int k, const Step& step) {
-        return [=] {
-            step();
-            if (!hasEnded) kept.insert(k);
+            if (!hasEnded) change();
         };
     }
     Step Shortcut(wchar_t letter) {
@@ -84,13 +78,6 @@ class Life : public testing_support::Steps {
     Step Wait() {
         return [=] { hand.PassTime(2000); };
     }
-    Step KeepsMemo(const std::wstring& text, const Step& step) {
-        return [=] {
-            step();
-            if (!hasEnded) memo = text;
-        };
-    }
-
     platform::host::HostDevice device;
     testing_support::DeskHand hand;
     bool hasEnded = false;
@@ -175,9 +162,10 @@ TEST(Reliability, AnOpenNote) {
         [&](Life& life) {
             Live(life, note,
                  {life.Stroke(0), life.Stroke(1), life.Press(IDM_ERASER),
-                  life.Loses(0, life.Write({{20, 60}, {35, 60}})), life.Keeps(0, life.Shortcut(L'Z')),
-                  life.Press(IDM_PEN), life.Stroke(2), life.Press(IDM_SPACE_TOOL),
-                  life.Write({{9, 90}, {9, 100}}), life.Shortcut(L'Z'), life.Shortcut(L'Y'), life.Close()});
+                  life.Expects([&] { life.kept.erase(0); }), life.Write({{20, 60}, {35, 60}}),
+                  life.Shortcut(L'Z'), life.Expects([&] { life.kept.insert(0); }), life.Press(IDM_PEN),
+                  life.Stroke(2), life.Press(IDM_SPACE_TOOL), life.Write({{9, 90}, {9, 100}}),
+                  life.Shortcut(L'Z'), life.Shortcut(L'Y'), life.Close()});
         });
     EXPECT_GT(ends, 50);
 }
@@ -198,35 +186,35 @@ std::string Work(platform::host::HostDevice& device) {
 // A stroke and a memo come back over the note, beside it, or not at all; nothing is asked twice.
 TEST(Reliability, WhatIsRestoredWhere) {
     using platform::MessageAnswer;
+    using Device = platform::host::HostDevice;
     const std::wstring note = kStore + L"Work\\a.ikw";
+    const auto nothing = [](Device&) {};
+    const auto otherNote = [&](Device& device) {
+        device.files.Put(note, testing_support::Words({5, 0, 0, 268}));
+    };
+    const auto otherMemo = [](Device& device) {
+        ++device.files.Nodes()[device.files.KeyOf(kStore + L"Work\\a.txt")]->lastWrite.milliseconds;
+    };
+    const auto noNote = [&](Device& device) { device.files.Nodes().erase(device.files.KeyOf(note)); };
+    const auto otherDevice = [](Device& device) { device.folder = L"X"; };
+    const std::vector<MessageAnswer> yes{MessageAnswer::Yes, MessageAnswer::Ok};
     const struct {
-        std::function<void(platform::host::HostDevice&)> meanwhile;
+        std::function<void(Device&)> meanwhile;
         std::vector<MessageAnswer> answers;
         const char* left;
         int questions;  // at the next two starts
-    } kCases[] = {{[](auto&) {}, {MessageAnswer::Yes, MessageAnswer::Ok}, "a.ikw=2 a.txt=tea ", 1},
-                  {[&](auto& device) {
-                       device.files.Put(note, testing_support::Words({5, 0, 0, 268}));
-                   },
-                   {MessageAnswer::Yes, MessageAnswer::Ok},
-                   "a (restored).ikw=2 a (restored).txt=tea a.ikw=0 a.txt=old ",
-                   1},
-                  {[&](auto& device) { device.files.Nodes().erase(device.files.KeyOf(note)); },
-                   {MessageAnswer::Yes, MessageAnswer::Ok},
-                   "a (restored).ikw=2 a (restored).txt=tea a.txt=old ",
-                   1},
-                  {[&](auto& device) { device.files.Put(kStore + L"Work\\a.txt", "other"); },
-                   {MessageAnswer::Yes, MessageAnswer::Ok},
-                   "a (restored).ikw=2 a (restored).txt=tea a.ikw=2 a.txt=other ",
-                   1},
-                  {[](auto&) {}, {MessageAnswer::No, MessageAnswer::Yes}, "a.ikw=1 a.txt=old ", 1},
-                  {[](auto&) {}, {MessageAnswer::No, MessageAnswer::No}, "a.ikw=1 a.txt=old ", 2},
-                  {[](auto& device) { device.folder = L"X"; }, {}, "a.ikw=1 a.txt=old ", 0}};
+    } kCases[] = {{nothing, yes, "a.ikw=2 a.txt=tea ", 1},
+                  {otherNote, yes, "a (restored).ikw=2 a (restored).txt=tea a.ikw=0 a.txt=jam ", 1},
+                  {noNote, yes, "a (restored).ikw=2 a (restored).txt=tea a.txt=jam ", 1},
+                  {otherMemo, yes, "a (restored).ikw=2 a (restored).txt=tea a.ikw=2 a.txt=jam ", 1},
+                  {nothing, {MessageAnswer::No, MessageAnswer::Yes}, "a.ikw=1 a.txt=jam ", 1},
+                  {nothing, {MessageAnswer::No, MessageAnswer::No}, "a.ikw=1 a.txt=jam ", 2},
+                  {otherDevice, {}, "a.ikw=1 a.txt=jam ", 0}};
     for (const auto& c : kCases) {
         SCOPED_TRACE(&c - kCases);
         Life life;
         life.device.files.Put(note, NoteWith(0));
-        life.device.files.Put(kStore + L"Work\\a.txt", "old");
+        life.device.files.Put(kStore + L"Work\\a.txt", "jam");
         Live(life, note,
              {life.Stroke(1), life.Press(IDM_TEXT_MEMO), life.TypeInto(IDC_MEMO_TEXT, L"tea"), life.Wait(),
               [&] { life.EndAtCall(1); }});
@@ -334,8 +322,8 @@ TEST(Reliability, ANewNoteWithAMemo) {
         [&](Life& life) {
             Live(life, kStore + L"New Notes\\",
                  {life.Stroke(0), life.Press(IDM_TEXT_MEMO), life.TypeInto(IDC_MEMO_TEXT, L"tea"),
-                  life.KeepsMemo(L"tea", life.Wait()), life.Press(IDC_MEMO_SAVE), life.Stroke(1),
-                  life.Close(), life.Press(platform::kIdOk)});
+                  life.Wait(), life.Expects([&] { life.memo = L"tea"; }), life.Press(IDC_MEMO_SAVE),
+                  life.Stroke(1), life.Close(), life.Press(platform::kIdOk)});
         });
     EXPECT_GT(ends, 40);
 }

@@ -1,8 +1,13 @@
 #include <gtest/gtest.h>
 
 #include "ink/Color.h"
+#include "ink/PaletteBitmap.h"
+#include "tests/ink/Sketch.h"
 
 namespace {
+
+using ink::PaletteBitmap;
+using Start = PaletteBitmap::Start;
 
 // Notes and pictures made elsewhere carry such colours: not one may come out differently. The digest is that
 // of the formulas in double precision, with every product and quotient rounded to single.
@@ -15,10 +20,56 @@ TEST(Color, ShadesAreEqualToTheBit) {
         }
     }
     EXPECT_EQ(digest, 3183317167u);
-    EXPECT_EQ(ink::Shade(0xF0E0D0, -0.15f), 0xDFC09Eu);
     EXPECT_EQ(ink::FineShade(0xFFFFFF, 0.8f), 0xCACACAu) << "on beyond white: 459 is 256 + 203";
     EXPECT_EQ(ink::FineShade(0xF0E0D0, -1e30f), 0u) << "far beyond any byte";
     EXPECT_EQ(ink::Shade(0xF0E0D0, -1e9f), 0u);
+}
+
+TEST(PaletteBitmap, CopiesTheRowsThatFitAndHasNoSizeThatNoFileCanHave) {
+    sketch::Picture picture(11, 7);
+    for (size_t i = 0; i < picture.pixels.size(); ++i)
+        picture.pixels[i] = static_cast<uint32_t>(i / 2) * 0x050301;
+    PaletteBitmap bitmap;
+    ASSERT_TRUE(bitmap.Create(10, 9, Start::GreyRamp));
+    for (const int32_t top : {-2, 4}) bitmap.CopyRows(picture.surface, top);
+    for (int32_t y = 0; y < 9; ++y) {
+        for (int32_t x = 0; x < 10; ++x) {
+            const uint32_t wanted = picture.surface.Row(y < 4 ? y + 2 : y - 4)[x];
+            EXPECT_EQ(ink::PixelOf(bitmap.PixelColor(x, y)), wanted) << x << "," << y;
+        }
+    }
+    for (const auto& [width, height] : {std::pair{0, 5}, {5, 0}, {-1, 5}, {2147483647, 2147483647}}) {
+        EXPECT_FALSE(bitmap.Create(width, height, Start::GreyRamp));
+        EXPECT_EQ(bitmap.PixelIndex(3, 3), 0);
+    }
+}
+
+TEST(PaletteBitmap, HandsOutEachColourOnceAndThenTheNearest) {
+    PaletteBitmap bitmap;
+    ASSERT_TRUE(bitmap.Create(4, 4, Start::DefaultTable));
+    EXPECT_EQ(bitmap.Entry(215), 0xFFFFFFu) << "the end of the cube";
+    EXPECT_EQ(bitmap.Entry(216 + 13), 0x555555u) << "a third of the ramp";
+    EXPECT_EQ(bitmap.Entry(6 + 2), ink::MakeColor(0, 51, 102));
+    for (uint32_t i = 0; i < 256; ++i) {
+        for (int again = 0; again < 2; ++again) EXPECT_EQ(bitmap.PaletteIndex(0xFF000302 + (i << 16)), i);
+        EXPECT_EQ(bitmap.Used(), static_cast<int>(i) + 1);
+    }
+    EXPECT_EQ(bitmap.PaletteIndex(0x00640302), 100);
+    EXPECT_EQ(bitmap.PaletteIndex(0x00133456), 19);
+    EXPECT_EQ(bitmap.Used(), 256);
+}
+
+// At the edge, what lies outside is left out.
+TEST(PaletteBitmap, SoftDotsDarkenTheirNeighbours) {
+    PaletteBitmap bitmap;
+    ASSERT_TRUE(bitmap.Create(4, 4, Start::GreyRamp));
+    bitmap.CopyRows(sketch::Picture(4, 4).surface, 0);
+    bitmap.SoftDot(2, 2, 0x0000FF);
+    bitmap.SoftDot(0, 0, 0x0000FF);
+    std::string seen;
+    for (int32_t i = 0; i < 16; ++i)
+        seen += std::to_string(ink::Green(bitmap.PixelColor(i % 4, i / 4))) + " ";
+    EXPECT_EQ(seen, "0 229 255 255 229 229 229 242 255 229 0 229 255 242 229 242 ");
 }
 
 }  // namespace

@@ -121,25 +121,6 @@ TEST(MemoryShortage, AStepIsTakenBackWholeOrNotAtAll) {
     EXPECT_GT(allocations, 4);
 }
 
-TEST(MemoryShortage, SavingNeedsNoneAndTellsOfEveryWriteThatFails) {
-    InkPage page;
-    page.bandHeight = 300;
-    sketch::Dice dice(8);
-    for (int i = 0; i < 100; ++i)
-        sketch::Add(page, dice.Line(i == 95 ? 3000 : 100, 9, {0, i * 9, 240, i * 9 + 200}));
-    const sketch::Bytes wanted = sketch::Save(page);
-    for (const bool isShort : {false, true}) {
-        const int writes = SweepFaults([&](Fault& fault) {
-            sketch::FaultySink sink(fault);
-            Fault shortOf = isShort ? Fault(1) : Fault();
-            const bool written = With(shortOf, [&] { return ink::WriteNote(sink, page); });
-            EXPECT_EQ(written, !fault.HasStruck());
-            EXPECT_EQ(sink.Bytes() == wanted, written);
-        });
-        EXPECT_EQ(writes < 10, !isShort) << "few large ones";
-    }
-}
-
 // Moving the pen takes no memory: it could not tell that there is none.
 TEST(MemoryShortage, PainterReportsItAndGoesOnLater) {
     InkPage page;

@@ -43,13 +43,9 @@ TEST(NoteFile, ReadsEveryVersionAndWhateverElseAFileMayHold) {
         {"version-3-extremes", 240, false, 1, extremes},
         {"version-4 version-6 version-garbage bytes-behind", 268, false, 6, usual},
         {"version-5", 268, true, 6, usual},
-        {"version-5", 240, false, 7, Usual({"0: 0", "0: 0", "2: 0", "2: 0", "6: 0"})},
-        {"offset", 268, true, 6, Usual({"0: 7", "0: 7", "1: 7", "2: 7", "5: 7"})},
         {"offset-overflow", 268, true, 1, {"0: 2147483647 ff 0..200 (0,-2) (50,-1) (60,39)"}},
         {"negative-bands", 268, false, 0, {}},
-        {"no-bands", 268, true, 0, {}},
         {"empty-bands", 268, true, 4, {}},
-        {"empty-bands", 240, false, 0, {}},
         {"no-points", 268, true, 1, {"0: 0 808080 0..0", "0: 0 ff 2..2 (1,2)"}},
         {"above-page", 240, false, 1, {"0: 0 808080 -700..-690 (3,-700) (4,-690)"}},
         {"far-below", 268, true, 1, {"0: 0 808080 1073741824..1073741824 (1,2)"}},
@@ -149,9 +145,9 @@ void TryToLoad(const Bytes& bytes, size_t size, Fault& fault, bool isWhole) {
 TEST(NoteFile, NothingOfADamagedFileIsKept) {
     Fault none;
     for (const auto& entry : std::filesystem::directory_iterator(FIXTURES)) {
-        const Bytes bytes = sketch::ReadFile(entry.path());
-        if (entry.path().stem().string().rfind("damaged-", 0) == 0)
-            TryToLoad(bytes, bytes.size(), none, false);
+        const std::string name = entry.path().stem().string();
+        const Bytes bytes = sketch::ReadFixture(name);
+        if (name.rfind("damaged-", 0) == 0) TryToLoad(bytes, bytes.size(), none, false);
     }
     InkPage large;
     FillWithMuchInk(large, 100);

@@ -92,13 +92,11 @@ inline void File(ink::InkPage& page, const Stroke& stroke) {
         throw std::runtime_error("no slot");
 }
 
-// The bytes of a file, which must be there.
-inline Bytes ReadFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) throw std::runtime_error("no " + path);
+inline Bytes ReadFixture(const std::string& name) {
+    std::ifstream file(FIXTURES "/" + name + ".ikw", std::ios::binary);
+    if (!file) throw std::runtime_error("no " + name);
     return Bytes(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
 }
-inline Bytes ReadFixture(const std::string& name) { return ReadFile(FIXTURES "/" + name + ".ikw"); }
 
 // Nothing when not even the header could be read.
 inline std::optional<ink::LoadResult> Load(ink::ByteSource& source, ink::InkPage& page) {
@@ -114,15 +112,6 @@ inline Bytes Save(const ink::InkPage& page) {
     ink::MemorySink sink;
     return ink::WriteNote(sink, page) ? sink.Bytes() : Bytes();
 }
-
-struct FaultySink : ink::MemorySink {
-    explicit FaultySink(testing_support::Fault& f) : fault(f) {}
-    bool Write(const void* data, size_t size) override {
-        EXPECT_FALSE(fault.HasStruck()) << "written after a failure";
-        return !fault.Strikes() && MemorySink::Write(data, size);
-    }
-    testing_support::Fault& fault;
-};
 
 // Has exactly as much memory as the rows need, so that a sanitizer sees what goes beyond.
 struct Picture {

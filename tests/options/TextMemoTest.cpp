@@ -31,16 +31,16 @@ class TextMemo : public DeskSteps {
     Step ExpectLosing(MessageAnswer answer, const wchar_t* caption = L"Confirm Text Memo Save") {
         return ExpectBox(L"Contents will permanently be lost! Continue?", caption, answer);
     }
-    platform::HostItem& Edit() { return Dialog().Handle()->items[IDC_MEMO_TEXT]; }
-    bool Run(const Script& script, TextMemoDialog::Mode mode = TextMemoDialog::Mode::File,
-             std::wstring* memo = nullptr) {
+    // Edits the file, or this memo of a page.
+    bool Run(const Script& script, std::wstring* memo = nullptr) {
+        using Mode = TextMemoDialog::Mode;
         Play(script);
         platform::Screen owner(platform::Screen::ScrollBar::None);
         owner.SetTitle(L"a - Inkwright");
         store::NoteJournal journal;
-        TextMemoDialog dialog(mode, memo != nullptr ? *memo : kMemo, journal);
+        TextMemoDialog dialog(memo ? Mode::Text : Mode::File, memo ? *memo : kMemo, journal);
         const bool isSaved = dialog.Edit(owner);
-        if (memo != nullptr) *memo = dialog.Memo();
+        if (memo) *memo = dialog.Memo();
         EXPECT_FALSE(Desk().StepWaiting());
         return isSaved;
     }
@@ -78,6 +78,7 @@ TEST_F(TextMemo, WhatTheButtonsAndFailuresLeave) {
     const Step failed = ExpectBox(
         L"Saving Text Memo Failed! Please make sure that the selected storage device has enough free space.",
         L"Error");
+    const Step endSession = [this] { Desk().EndSession(); };
     const auto failOnce = [this](FileCall call) { return Fail({call}, 1); };
     const struct {
         const char* stored;
@@ -90,21 +91,13 @@ TEST_F(TextMemo, WhatTheButtonsAndFailuresLeave) {
         {"jam", nullptr, true, {}, {Type(L""), Save()}},
         {"jam", "tea", true, {}, {tea, TakeOver()}},
         {"jam", "jam", false, {}, {tea, Cancel()}},
-        {"jam",
-         nullptr,
-         false,
-         {},
-         {deleting, Write({{200, 10}}), tea, Fail({FileCall::Write}), failed, Save(), Cancel()}},
         {"jam", "jam", false, {failOnce(FileCall::Open)}, {tea, no, Save(), Cancel()}},
         {"jam", "tea", true, {failOnce(FileCall::Open)}, {tea, yes, Save()}},
+        {"jam", "tea", true, {}, {tea, endSession}},
+        {"jam", "jam", true, {failOnce(FileCall::Open)}, {tea, endSession}},
         {"", "tea", true, {failOnce(FileCall::Open)}, {tea, Save()}},
         {"jam", "jam", false, {reading, failOnce(FileCall::Read)}, {tea, no, Save(), Cancel()}},
-        {"jam",
-         "tea",
-         true,
-         {Fail({FileCall::Open, FileCall::Create})},
-         {tea, failed, Save(), Fail({}), yes, Save()}},
-        {"jam", "jam", false, {failOnce(FileCall::Create)}, {tea, failed, Save(), Cancel()}},
+        {"jam", "jam", false, {Fail({FileCall::Open, FileCall::Create})}, {tea, failed, Save(), Cancel()}},
         {"jam", "jam", false, {failOnce(FileCall::Write)}, {tea, failed, Save(), Cancel()}},
     };
     for (const auto& c : kCases) {
@@ -114,24 +107,21 @@ TEST_F(TextMemo, WhatTheButtonsAndFailuresLeave) {
         EXPECT_EQ(Run(c.script), c.isSaved);
         ExpectStored(c.left)();
     }
-    Put(nullptr);
-    device.files.capacity = device.files.UsedBytes() + 2;
-    EXPECT_FALSE(Run({Type(L"tea"), failed, Save(), ExpectStored(nullptr), Cancel()}))
-        << "half a memo is none";
     std::wstring memo = L"kept by the page";
-    EXPECT_TRUE(Run({ExpectItem(IDC_MEMO_TEXT, memo), deleting, Write({{200, 10}}),
-                     ExpectItem(IDC_MEMO_TEXT, L""), Type(L"tea"), Save()},
-                    TextMemoDialog::Mode::Text, &memo));
+    const Step erase = Write({{200, 10}});
+    EXPECT_TRUE(
+        Run({ExpectItem(IDC_MEMO_TEXT, memo), deleting, erase, ExpectItem(IDC_MEMO_TEXT, L""), tea, Save()},
+            &memo));
     EXPECT_EQ(memo, L"tea");
-    EXPECT_FALSE(device.files.Has(kMemo));
 }
 
 TEST_F(TextMemo, HowItLooks) {
     Run({ExpectTitle(L"a - Inkwright"), ExpectText(L"Text Memo"), ExpectFocus(IDC_MEMO_TEXT),
          [this] {
+             auto& items = Dialog().Handle()->items;
              EXPECT_EQ(Dialog().WindowRect(), (Rect{15, 52, 225, 222}));
-             EXPECT_EQ(Edit().source.place, (Rect{6, 26, 204, 141}));
-             EXPECT_EQ(Dialog().Handle()->items[IDC_MEMO_CANCEL].source.place, (Rect{154, 145, 204, 165}));
+             EXPECT_EQ(items[IDC_MEMO_TEXT].source.place, (Rect{6, 26, 204, 141}));
+             EXPECT_EQ(items[IDC_MEMO_SAVE].source.place, (Rect{100, 145, 150, 165}));
              EXPECT_EQ(Hash(ShownPixels()), 434964457u);
          },
          Cancel()});
@@ -141,20 +131,20 @@ TEST_F(TextMemo, HowItLooks) {
 
 TEST_F(TextMemo, WordWrapIsStoredAtOnceAndKeepsTheText) {
     const auto expectWrap = [this](bool wraps) {
-        return
-            [=] { EXPECT_TRUE(Edit().wordWrap == wraps && Dialog().IsItemChecked(IDC_WORD_WRAP) == wraps); };
+        return [=] {
+            EXPECT_EQ(Dialog().Handle()->items[IDC_MEMO_TEXT].wordWrap, wraps);
+            EXPECT_EQ(Dialog().IsItemChecked(IDC_WORD_WRAP), wraps);
+        };
     };
-    const Script toggle{[this] { Dialog().FocusItem(0); }, Press(IDC_WORD_WRAP), ExpectFocus(IDC_MEMO_TEXT)};
-    Run(All({{expectWrap(false), Type(L"a\r\nb")},
-             toggle,
-             {expectWrap(true), ExpectItem(IDC_MEMO_TEXT, L"a\r\nb"), Cancel()}}));
-    EXPECT_EQ(device.Settings()[L"TextMemoWordWrap"].data, std::string("\1\0\0\0", 4));
+    const Step toggle = Press(IDC_WORD_WRAP);
+    Run({expectWrap(false), Type(L"a\r\nb"), [this] { Dialog().FocusItem(0); }, toggle,
+         ExpectFocus(IDC_MEMO_TEXT), expectWrap(true), ExpectItem(IDC_MEMO_TEXT, L"a\r\nb"), Cancel()});
     EXPECT_EQ(device.Settings()[L"TextMemoWordWrap"].type, platform::RegistryType::Binary);
     EXPECT_EQ(Desk().waitCursors, 2) << "reading and wrapping";
-    Run(All({{expectWrap(true)}, toggle, {expectWrap(false), Cancel()}}));
+    Run({expectWrap(true), toggle, expectWrap(false), Cancel()});
     EXPECT_EQ(device.NumberSetting(L"TextMemoWordWrap"), 0u);
     shortages_ = 2;
-    Run({Type(L"tea"), [this] { Desk().textEditsFail = true; }, Press(IDC_WORD_WRAP), expectWrap(false),
+    Run({Type(L"tea"), [this] { Desk().textEditsFail = true; }, toggle, expectWrap(false),
          ExpectItem(IDC_MEMO_TEXT, L"tea"), Cancel()});
     EXPECT_EQ(device.NumberSetting(L"TextMemoWordWrap"), 0u);
     EXPECT_FALSE(Run({})) << "it does not open";
@@ -167,22 +157,15 @@ TEST_F(TextMemo, TheStripDragsAndTheSquareDeletes) {
             EXPECT_EQ(Dialog().HasPen(), hasPen);
         };
     };
-    const Script lift{Up({200, 60}), Move({90, 90})};
-    const Script script =
-        All({{Down({10, 10}), Move({17, 4}), Move({10, 10}), expectAt(22, 46, true)},
-             lift,
-             {expectAt(22, 46, false), Down({189, 20}), Move({190, 22}), expectAt(23, 48, true)},
-             lift,
-             {Down({10, 21}), Move({30, 60})},
-             lift,
-             {Down({20, 10}), TakePenAway(), Move({90, 90}), expectAt(23, 48, false)}});
-    Put("jam");
+    Run({Down({10, 10}), Move({17, 4}), Move({10, 10}), expectAt(22, 46, true), Up({200, 10}), Move({90, 90}),
+         expectAt(22, 46, false), Cancel()});
+    Run({Down({189, 20}), Move({190, 22}), expectAt(16, 54, true), TakePenAway(), Down({10, 21}),
+         Move({30, 60}), expectAt(16, 54, false), Cancel()});
     const wchar_t* caption = L"Confirm Text Memo Delete";
-    Run(All(
-        {script,
-         {Write({{190, 10}}), Write({{200, 0}}), Write({{200, 20}}), ExpectLosing(MessageAnswer::No, caption),
-          Write({{200, 10}}), ExpectItem(IDC_MEMO_TEXT, L"jam"), ExpectLosing(MessageAnswer::Yes, caption),
-          Write({{191, 1}}), ExpectItem(IDC_MEMO_TEXT, L""), ExpectStored(nullptr), Cancel()}}));
+    Put("jam");
+    Run({Write({{190, 10}}), Write({{200, 0}}), Write({{200, 20}}), ExpectLosing(MessageAnswer::No, caption),
+         Write({{200, 10}}), ExpectItem(IDC_MEMO_TEXT, L"jam"), ExpectLosing(MessageAnswer::Yes, caption),
+         Write({{191, 1}}), ExpectItem(IDC_MEMO_TEXT, L""), ExpectStored(nullptr), Cancel()});
 }
 
 TEST_F(TextMemo, TheClipboardMenu) {
@@ -192,20 +175,17 @@ TEST_F(TextMemo, TheClipboardMenu) {
             Desk().Hold(IDC_MEMO_TEXT, {60, 70});
         };
     };
-    const auto expectMenu = [this](const Texts& entries) {
-        return [=] { EXPECT_TRUE(hand.Menu() == entries && Desk().menuPlace == (Point{60, 70})); };
-    };
     Script script{
         hold(L""),
-        expectMenu({L"(Undo)", L"-", L"(Cut)", L"(Copy)", L"(Paste)", L"(Delete)", L"-", L"(Select All)"}),
+        ExpectMenu({L"(Undo)", L"-", L"(Cut)", L"(Copy)", L"(Paste)", L"(Delete)", L"-", L"(Select All)"}),
         Type(L"one two")};
     for (const wchar_t* entry : {L"Select All", L"Cut", L"Paste", L"Paste", L"Undo", L"Select All", L"Delete",
-                                 L"Undo", L"Select All", L"Copy"})
+                                 L"Undo", L"Select All", L"Copy", L""})
         script.push_back(hold(entry));
-    Run(All(
-        {script,
-         {hold(L""), expectMenu({L"Undo", L"-", L"Cut", L"Copy", L"Paste", L"Delete", L"-", L"Select All"}),
-          ExpectItem(IDC_MEMO_TEXT, L"one two"), Cancel()}}));
+    Run(All({script,
+             {ExpectMenu({L"Undo", L"-", L"Cut", L"Copy", L"Paste", L"Delete", L"-", L"Select All"}),
+              ExpectItem(IDC_MEMO_TEXT, L"one two"), Cancel()}}));
+    EXPECT_EQ(Desk().menuPlace, (Point{60, 70}));
 }
 
 }  // namespace

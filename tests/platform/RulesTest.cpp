@@ -1,10 +1,13 @@
-// When alarms fire, where windows go, and what they make of the pen and the wheel.
+// When alarms fire, where windows go, what they make of the pen and the wheel, how mail is written, and which
+// places paths name.
 #include <gmock/gmock.h>
 
 #include "ink/Geometry.h"
 #include "platform/keeper/AlarmSchedule.h"
 #include "platform/keeper/NoticePlace.h"
+#include "platform/mail/MailMessage.h"
 #include "platform/windows/NotificationEntry.h"
+#include "platform/windows/PathTranslation.h"
 #include "platform/windows/PenHistory.h"
 #include "platform/windows/WheelTurns.h"
 
@@ -62,16 +65,6 @@ TEST(Rules, AnEntryKeepsWhatItWasSetUnder) {
     }
 }
 
-TEST(Rules, DialogsStayOnTheirMonitor) {
-    const Rect kLeftAndAbove{-1280, -1024, 0, -40};  // a work area, the task bar below it
-    for (const auto& [wanted, placed] :
-         {std::pair{Rect{-600, -600, -400, -500}, Rect{-600, -600, -400, -500}},
-          {{-100, -100, 100, 0}, {-200, -140, 0, -40}},
-          {{-1400, -1100, -1200, -1000}, {-1280, -1024, -1080, -924}},
-          {{-2000, -2000, 2000, 2000}, {-1280, -1024, 2720, 2976}}})
-        EXPECT_TRUE(ink::MovedInto(wanted, kLeftAndAbove) == placed);
-}
-
 TEST(Rules, TheWheelScrollsAsTheSystemSays) {
     const struct {
         uint32_t linesPerNotch;
@@ -83,7 +76,6 @@ TEST(Rules, TheWheelScrollsAsTheSystemSays) {
         {3, {-240}, ScrollCode::LineDown, -6, 0},
         {1, {50, 50, 50}, ScrollCode::LineUp, 1, 30},
         {1, {100, -110}, ScrollCode::LineDown, 0, -110},  // turned back: what was begun counts no more
-        {0, {120, 1200}, ScrollCode::LineUp, 0, 0},
         {kWheelTurnsPages, {-120}, ScrollCode::PageDown, -1, 0},
         {100000, {120}, ScrollCode::LineUp, 100, 0}};
     for (const auto& c : kCases) {
@@ -107,11 +99,9 @@ TEST(Rules, NoticesStackAndThenStandBeside) {
         shown.push_back({place.x, place.y, place.x + 300, place.y + height});
         return place;
     };
-    EXPECT_EQ(put(200), (Point{386, 286}));
-    EXPECT_EQ(put(200), (Point{386, 72}));
-    EXPECT_EQ(put(400), (Point{72, 86}));
-    EXPECT_EQ(put(40), (Point{386, 18}));
-    EXPECT_EQ(put(40), (Point{72, 32})) << "the highest free place of the next column";
+    const Point kPlaces[] = {put(200), put(200), put(400), put(40), put(40)};
+    EXPECT_THAT(kPlaces, ElementsAre(Point{386, 286}, Point{386, 72}, Point{72, 86}, Point{386, 18},
+                                     Point{72, 32}));  // at last the highest free place of the next column
     EXPECT_NE(put(400), put(400)) << "one never hides another whole";
     EXPECT_GE(PlaceNotice(work, 300, 900, {}).y, 0);
 }
@@ -144,8 +134,7 @@ TEST(Rules, WhatIsNewOfThePenSinceTheMessageBefore) {
         {{{0, 10}}, {{9, 40}, {5, 30}, {3, 9}}, {5}},                        // the press has left the trail
         {{{0, ~15u}}, {{9, 20}, {5, 5}, {0, ~15u}, {1, 0xFFFFFF00u}}, {5}},  // times wrap
         {{{0, 10}}, {{9, 40}, {5, 30}}, {}, true},                           // sent straight to the window
-        {{}, {{9, 40}, {5, 30}}, {}},
-        {{{0, 10}}, {}, {}}};
+        {{}, {{9, 40}, {5, 30}}, {}}};
     for (const auto& each : kCases) {
         PenHistory history;
         Point samples[64];
@@ -164,6 +153,101 @@ TEST(Rules, WhatIsNewOfThePenSinceTheMessageBefore) {
         history.Arrive(TrailOf(each.move), false);
         EXPECT_EQ(each.sentDirectly, history.Samples({-100, 10}, samples, 64) != 0) << "handled already";
     }
+}
+
+TEST(Rules, AMailCarriesAnyPictureUnderAnyName) {
+    const struct {
+        std::wstring name;
+        size_t size;
+        const char* subject;
+        const char* file;
+        const char* end;
+    } kCases[] = {
+        {L"memo (1).bmp", 1, "Subject: memo (1)\r\n", "filename=\"memo (1).bmp\"\r\n", "\r\n\r\nAA==\r\n"},
+        {L"a\"b.bmp", 2, "Subject: =?UTF-8?B?YSJi?=\r\n", "filename*=UTF-8''a%22b.bmp\r\n",
+         "\r\n\r\nAAc=\r\n"},
+        {L"\u6771\xD83D\xDD8B.BMP", 3, "=?UTF-8?B?5p2x8J+Wiw==?=", "8''%E6%9D%B1%F0%9F%96%8B.BMP",
+         "AAcO\r\n"},
+        {L"\xD83D.bmp", 58, "=?UTF-8?B?77+9?=", "%EF%BF%BD.bmp", "eoGI\r\njw==\r\n"},  // half a pair
+        {std::wstring(70, L'\u6771') + L".bmp", 0, "?=\r\n =?UTF-8?B?", ";\r\n filename*1*=%E6", ""},
+        {L"text", 0, "Subject: text\r\n", "Content-Type: application/octet-stream;\r\n name=\"text\"", ""}};
+    for (const auto& each : kCases) {
+        std::string bytes;
+        for (size_t i = 0; i < each.size; ++i) bytes += static_cast<char>(i * 7);
+        std::string message;
+        ASSERT_TRUE(BuildMailMessage({each.name, bytes}, {2007, 3, 4, 5, 20, 30, 5, 0}, message));
+        EXPECT_EQ(message.rfind(kMailHead, 0), 0u);
+        for (const std::string& part :
+             {std::string("Date: Mon, 05 Mar 2007 20:30:05 +0000\r\n"), std::string(each.subject),
+              std::string(each.file), each.end + std::string("--=_")})
+            EXPECT_THAT(message, testing::HasSubstr(part));
+        for (size_t at = 0, end = 0; (end = message.find("\r\n", at)) != std::string::npos; at = end + 2)
+            EXPECT_LE(end - at, 76u) << message.substr(at, end - at);
+    }
+}
+
+// A machine with one card drive, or a folder that stands for a device with one card.
+HostPlaces Machine(bool isDevice) {
+    HostPlaces places;
+    places.isDevice = isDevice;
+    places.root = isDevice ? L"D:\\Dev" : L"C:\\Data\\Device";
+    places.documents = isDevice ? L"" : L"\\\\home\\me";
+    places.card = [isDevice](const std::wstring& name) -> std::wstring {
+        if (name != L"Storage Card2") return {};
+        return isDevice ? L"D:\\Dev\\Storage Card2" : L"E:";
+    };
+    return places;
+}
+
+TEST(Rules, EachPathHasItsPlaceOrNone) {
+    const std::wstring none = L"no storage", bad = L"bad name";
+    const std::wstring root = L"\\\\?\\C:\\Data\\Device", dev = L"\\\\?\\D:\\Dev";
+    const struct {
+        const wchar_t* handheld;
+        std::wstring machine, device;
+    } kCases[] = {
+        {L"\\", root, dev},
+        {L"Notes\\.\\..\\a.", root + L"\\Notes\\a", dev + L"\\Notes\\a"},
+        {L"\\my documents\\a", L"\\\\?\\UNC\\home\\me\\a", dev + L"\\my documents\\a"},
+        {L"\\Storage Card2", L"\\\\?\\E:\\", dev + L"\\Storage Card2"},
+        {L"\\STORAGE CARD12\\Ink", none, none},
+        {L"\\x:", L"\\\\?\\x:\\", bad},
+        {L"\\\\server\\share", L"\\\\?\\UNC\\server\\share\\", none},
+        {L"\\\\server\\share\\a\\b", L"\\\\?\\UNC\\server\\share\\a\\b", none},
+        {L"\\\\?\\C:\\a", bad, none},
+        {L"\\a?b", bad, bad},
+    };
+    for (const auto& c : kCases) {
+        for (const bool isDevice : {false, true}) {
+            PathFault fault = PathFault::None;
+            std::wstring host = TranslateToHost(c.handheld, Machine(isDevice), fault);
+            EXPECT_EQ(host.empty(), fault != PathFault::None);
+            if (host.empty()) host = fault == PathFault::NoStorage ? none : bad;
+            EXPECT_EQ(host, isDevice ? c.device : c.machine);
+        }
+    }
+    // Folders that can't be reached have no stand-in.
+    HostPlaces away = Machine(false);
+    away.documents = away.root = L"";
+    for (const wchar_t* path : {L"\\My Documents\\a", L"\\a"}) {
+        PathFault fault = PathFault::None;
+        EXPECT_EQ(TranslateToHost(path, away, fault), L"");
+        EXPECT_EQ(fault, PathFault::NoStorage);
+    }
+    EXPECT_EQ(TranslateToHandheld(L"C:\\a", away), L"\\C:\\a");
+}
+
+TEST(Rules, HostPathsComeBackUnderTheirNames) {
+    const HostPlaces machine = Machine(false);
+    EXPECT_EQ(TranslateToHandheld(L"\\\\HOME\\me\\Ink\\a.ikw", machine), L"\\My Documents\\Ink\\a.ikw");
+    EXPECT_EQ(TranslateToHandheld(L"\\\\home\\meadow\\a.ikw", machine), L"\\\\home\\meadow\\a.ikw");
+    EXPECT_EQ(TranslateToHandheld(L"c:\\data\\device", machine), L"\\");
+    EXPECT_EQ(TranslateToHandheld(L"D:\\Dev\\Ink", Machine(true)), L"\\Ink");
+    EXPECT_EQ(WithoutLongPrefix(L"\\\\?\\UNC\\server\\share\\a"), L"\\\\server\\share\\a");
+    EXPECT_EQ(WithoutLongPrefix(L"\\\\?\\X:\\a"), L"X:\\a");
+    // Nothing is searched in the current folder.
+    EXPECT_THAT(AbsoluteFolders(L";.;bin;\\bin;C:bin;C:\\bin\\;\"D:\\My Tools\";\\\\server\\tools;"),
+                ElementsAre(L"C:\\bin", L"D:\\My Tools", L"\\\\server\\tools"));
 }
 
 }  // namespace
