@@ -201,7 +201,7 @@ TEST(NoteFile, SalvageKeepsExactlyTheStrokesThatAreWhole) {
     for (const auto& entry : std::filesystem::directory_iterator(FIXTURES)) {
         const std::string name = entry.path().stem().string();
         if (name.rfind("damaged-", 0) != 0) continue;
-        const Bytes bytes = sketch::ReadFile(entry.path());
+        const Bytes bytes = sketch::ReadFixture(name);
         ink::MemorySource source(bytes.data(), bytes.size());
         InkPage page;
         const Lines stroke{"0: 0 808080 2..2 (1,2)"};
