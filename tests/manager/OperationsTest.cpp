@@ -213,37 +213,30 @@ TEST_F(Operations, Copying) {
 // What is whole of a damaged note goes beside it, once. Pictures on their way are no notes.
 TEST_F(Operations, CheckingNotes) {
     const std::string whole = NoteOfDots({10, 20, 30}, 268);
-    for (const wchar_t* note : {L"Home\\torn.ikw", L"Reminders\\2007-03-05\\bare.ikw", L"Temp\\x.ikw"})
-        device.files.Put(kRoot + note, whole.substr(0, *note == L'H' ? whole.size() - 1 : 15));
+    PutNote(L"Reminders\\2007-03-05\\r.ikw");
+    device.files.Put(kRoot + L"Home\\torn.ikw", whole.substr(0, whole.size() - 1));
+    for (const wchar_t* note : {L"Deep\\Low\\bare.ikw", L"Temp\\x.ikw"})
+        device.files.Put(kRoot + note, whole.substr(0, 15));
     const Step check = PickTool({L"Check Notes\u2026"});
-    const auto expect = [this](const std::wstring& lines, int count) {
-        return ExpectBox(lines + L"\nNotes checked: " + std::to_wstring(count), L" Check Notes");
-    };
+    const auto expect = [this](const std::wstring& text) { return ExpectBox(text, L" Check Notes"); };
     const std::wstring damaged = L"These notes can't be read whole:\n";
-    const std::wstring refused = damaged + L"Home\\torn\n    Writing 'Home\\torn (salvaged)' failed!\n";
-    const std::wstring kept = damaged + L"Home\\torn\n    whole strokes: Home\\torn (salvaged)\n";
-    const std::wstring bare = L"Reminders\\2007-03-05\\bare\n";
-    const Step mend = [=] {
-        device.files.Put(kRoot + L"Home\\torn.ikw", whole);
-        Erase(L"Reminders\\2007-03-05\\bare.ikw")();
-    };
-    const Script cancelled{check,
-                           Wait(10),
-                           ExpectItem(IDC_CHECK_PROGRESS, L"Notes checked: 1\nReminders\\2007-03-05\\"),
-                           expect(kept, 1),
-                           Press(platform::kIdCancel),
-                           ExpectTree(L"Notes\\Home", {L"torn", L"torn (salvaged)"})};
-    const Script closedByAnotherCopy{check, Wait(10), Ok(), ExpectTitle(L"Inkwright")};
-    RunManager(
-        L"Home\\",
-        All({{Fail({FileCall::Create}), check, expect(refused + bare, 3), Wait(20), Fail({})},
-             cancelled,
-             closedByAnotherCopy,
-             {check, expect(kept + bare, 4), Wait(20),
-              ExpectStore(L"HOME\\TORN (SALVAGED).IKW HOME\\TORN.IKW REMINDERS\\2007-03-05\\BARE.IKW "
-                          L"TEMP\\X.IKW WORK\\A.IKW WORK\\A.TXT | Work\\a.ikw"),
-              mend, check, expect(L"All notes can be read.", 3), Wait(20), Fail({FileCall::List}), check,
-              expect(damaged + L"Reading '" + kRoot + L"' failed!\n", 0), Wait(10), Fail({})}}));
+    const std::wstring torn = damaged + L"Deep\\Low\\bare\nHome\\torn\n    ";
+    const std::wstring kept = torn + L"whole strokes: Home\\torn (salvaged)\n\nNotes checked: ";
+    const Step expectStore = ExpectStore(
+        L"DEEP\\LOW\\BARE.IKW HOME\\TORN (SALVAGED).IKW HOME\\TORN.IKW REMINDERS\\2007-03-05\\R.IKW "
+        L"TEMP\\X.IKW WORK\\A.IKW "
+        L"WORK\\A.TXT | Work\\a.ikw");
+    const Step mend = [=] { device.files.Put(kRoot + L"Home\\torn.ikw", whole); };
+    Play({Fail({FileCall::Create}), check,
+          expect(torn + L"Writing 'Home\\torn (salvaged)' failed!\n\nNotes checked: 4"), Wait(30)});
+    Play({Fail({}), check, Wait(10), ExpectItem(IDC_CHECK_PROGRESS, L"Notes checked: 1\nHome\\")});
+    Play({expect(damaged + L"Deep\\Low\\bare\n\nNotes checked: 1"), Press(platform::kIdCancel)});
+    Play({check, expect(kept + L"4"), Wait(30), ExpectTree(L"Notes\\Home", {L"torn", L"torn (salvaged)"})});
+    Play({check, expect(kept + L"5"), Wait(30), expectStore, check, Wait(10), Ok(), mend});
+    Play({Erase(L"Deep\\Low\\bare.ikw"), check, expect(L"All notes can be read.\nNotes checked: 4"),
+          Wait(30)});
+    const Step unread = expect(damaged + L"Reading '" + kRoot + L"' failed!\n\nNotes checked: 0");
+    RunManager(L"Home\\", {Fail({FileCall::List}), check, unread, Wait(10), Fail({})});
     EXPECT_EQ(Rows(*ReadBack(kRoot + L"Home\\torn (salvaged).ikw")), (std::vector<int>{20, 10}));
 }
 
