@@ -42,6 +42,10 @@ TEST(PaletteBitmap, CopiesTheRowsThatFitAndHasNoSizeThatNoFileCanHave) {
         EXPECT_FALSE(bitmap.Create(width, height, Start::GreyRamp));
         EXPECT_EQ(bitmap.PixelIndex(3, 3), 0);
     }
+    struct : ink::ByteSink {
+        bool Write(const void*, size_t) override { return false; }
+    } full;
+    EXPECT_FALSE(bitmap.WriteBmp(full));
 }
 
 TEST(PaletteBitmap, HandsOutEachColourOnceAndThenTheNearest) {

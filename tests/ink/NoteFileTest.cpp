@@ -46,6 +46,7 @@ TEST(NoteFile, ReadsEveryVersionAndWhateverElseAFileMayHold) {
         {"offset-overflow", 268, true, 1, {"0: 2147483647 ff 0..200 (0,-2) (50,-1) (60,39)"}},
         {"negative-bands", 268, false, 0, {}},
         {"empty-bands", 268, true, 4, {}},
+        {"empty-bands", 240, false, 0, {}},
         {"no-points", 268, true, 1, {"0: 0 808080 0..0", "0: 0 ff 2..2 (1,2)"}},
         {"above-page", 240, false, 1, {"0: 0 808080 -700..-690 (3,-700) (4,-690)"}},
         {"far-below", 268, true, 1, {"0: 0 808080 1073741824..1073741824 (1,2)"}},

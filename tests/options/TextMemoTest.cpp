@@ -53,8 +53,7 @@ TEST_F(TextMemo, EveryTextComesBackAsItWas) {
         std::string stored;
         std::wstring appended;
         std::string saved;
-    } kCases[] = {{all, L"", all},
-                  {all + std::string(100000, 'x'), L"\r\n", all + std::string(100000, 'x') + "\r\n"},
+    } kCases[] = {{all + std::string(100000, 'x'), L"", all + std::string(100000, 'x')},
                   {"lone\rand\nmixed\r\n", L"\u20AC\u4E2D!", "lone\rand\nmixed\r\n\x80?!"},
                   {std::string("shown\0not shown", 15), L" +", std::string("shown +\0not shown", 17)}};
     for (const auto& c : kCases) {
@@ -63,7 +62,7 @@ TEST_F(TextMemo, EveryTextComesBackAsItWas) {
             {[&] { Desk().Type(IDC_MEMO_TEXT, Dialog().ItemText(IDC_MEMO_TEXT) + c.appended); }, Save()}));
         EXPECT_EQ(device.files.Get(kMemo), c.saved);
     }
-    EXPECT_EQ(Desk().waitCursors, 2 * 4);
+    EXPECT_EQ(Desk().waitCursors, 2 * 3);
 }
 
 // What the buttons leave, and each file call when it fails: the memo is the old or the new one but never a
