@@ -98,29 +98,6 @@ TEST(MemoryShortage, APageIsChangedWholeOrNotAtAll) {
     }
 }
 
-// Without memory to remember it a step stays done, and without memory to take it back too; no stroke is lost.
-TEST(MemoryShortage, AStepIsTakenBackWholeOrNotAtAll) {
-    const int allocations = SweepFaults([](Fault& fault) {
-        InkPage page;
-        sketch::Add(page, {{5, 500}});
-        const auto full = sketch::Describe(page);
-        ink::PageHistory history(page);
-        ink::RowSpan rows;
-        using Result = ink::PageHistory::Result;
-        const bool isErased = With(fault, [&] { return history.RemoveAll() == ink::EditResult::Changed; });
-        const Result result = With(fault, [&] {
-            page.TrimTrailingBands();
-            history.EndStep();
-            return history.Undo(rows);
-        });
-        EXPECT_EQ(page.HasInk(), !isErased || result == Result::Done);
-        EXPECT_EQ(isErased && result == Result::Done, !fault.HasStruck());
-        if (result == Result::OutOfMemory) history.Undo(rows);
-        EXPECT_TRUE(!page.HasInk() || sketch::Describe(page) == full);
-    });
-    EXPECT_GT(allocations, 4);
-}
-
 // Moving the pen takes no memory: it could not tell that there is none.
 TEST(MemoryShortage, PainterReportsItAndGoesOnLater) {
     InkPage page;

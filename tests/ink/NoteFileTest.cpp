@@ -159,18 +159,14 @@ TEST(NoteFile, NothingOfADamagedFileIsKept) {
     }
 }
 
-// Where each stroke of a whole note file ends, in bytes.
-std::vector<size_t> StrokeEnds(const Bytes& note) {
-    const auto number = [&note](size_t at) {
-        int32_t value = 0;
-        std::memcpy(&value, &note[at], sizeof value);
-        return value;
-    };
+// Where each stroke of a whole note file ends, in bytes, when the page has the file's bands.
+std::vector<size_t> StrokeEnds(const InkPage& page) {
     std::vector<size_t> ends;
-    size_t at = 16;
-    for (int32_t band = number(8); band > 0; --band) {
-        int32_t strokes = number(at);
-        for (at += 4; strokes > 0; --strokes) ends.push_back(at += 24 + 8 * static_cast<size_t>(number(at)));
+    size_t place = 16;
+    for (size_t slot = 0; slot < page.SlotCount(); ++slot) {
+        place += 4;
+        for (size_t i = 0; page.Band(slot) != nullptr && i < page.Band(slot)->Count(); ++i)
+            ends.push_back(place += page.Band(slot)->At(i).Bytes());
     }
     return ends;
 }
@@ -184,7 +180,7 @@ TEST(NoteFile, SalvageKeepsExactlyTheStrokesThatAreWhole) {
         std::memcpy(&whole.bandHeight, &note[12], sizeof whole.bandHeight);
         ASSERT_EQ(sketch::Load(note, whole), LoadResult::Loaded);
         const Lines strokes = sketch::Describe(whole);
-        const std::vector<size_t> ends = StrokeEnds(note);
+        const std::vector<size_t> ends = StrokeEnds(whole);
         ASSERT_EQ(ends.size(), strokes.size());
         for (size_t cut = 0; cut <= note.size(); cut += note.size() / 500 + 1) {
             SCOPED_TRACE(cut);
