@@ -179,13 +179,4 @@ TEST_F(TreeContract, ItemsAreActivatedAndHeldAndKeysAreTold) {
     EXPECT_THAT(screen_.log, testing::Contains("shortcut 78"));
 }
 
-TEST_F(TreeContract, HiddenTreesStayHidden) {
-    const Step change = [&] {
-        tree_.SetVisible(false);
-        for (const bool isFrozen : {true, true, false, false}) tree_.Freeze(isFrozen);
-    };
-    Run({change, Down({100, 100}), Up({100, 100})});
-    EXPECT_THAT(screen_.log, ElementsAre("down 100 100", "up 100 100", "destroy")) << "nothing is in the way";
-}
-
 }  // namespace

@@ -51,13 +51,12 @@ class Kills(desk.Case):
         many = [[(x, y), (x + 1, y + 1)] for x in range(0, 400, 4) for y in range(300, 580, 2)]
         for kill in range(KILLS):
             is_new = dice.random() < 0.5
-            old = [] if is_new else many
+            old, title = ([], "[new] - Inkwright") if is_new else (many, "a - Inkwright")
             for path in self.root.rglob("*.ikw"):
                 path.unlink()
             if not is_new:
                 self.put_note("Work/a.ikw", desk.note_bytes(588, old))
             program = self.open("/newnotes" if is_new else f"{desk.ROOT}\\Work\\a.ikw")
-            title = "[new] - Inkwright" if is_new else "a - Inkwright"
             page = self.page(title)
             lines = [[(40 + 50 * i, 100), (60 + 50 * i, 130)] for i in range(dice.randint(1, 4))]
             for points in lines:
