@@ -23,8 +23,8 @@ FileStamp StampIn(ink::BlockParser& block) {
 }
 
 JournalStory::State StateIn(ink::BlockParser& head) {
-    if (head.Text() != kJournalMark) return JournalStory::State::Empty;
-    return head.Number() == kJournalVersion ? JournalStory::State::Whole : JournalStory::State::OtherVersion;
+    const bool isOurs = head.Text() == kJournalMark && head.Number() == kJournalVersion;
+    return isOurs ? JournalStory::State::Whole : JournalStory::State::OtherVersion;
 }
 
 // False where the journal can't be followed any further.
