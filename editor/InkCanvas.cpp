@@ -5,6 +5,7 @@
 #include "alarms/AlarmStamp.h"
 #include "alarms/AlarmTimeDialog.h"
 #include "alarms/NoteAlarm.h"
+#include "app/store/MemoFile.h"
 #include "app/store/NoteFiles.h"
 #include "app/store/StorePaths.h"
 #include "editor/NewNoteFile.h"
@@ -145,6 +146,8 @@ void InkCanvas::FullErase() {
                               MessageButtons::YesNo, MessageIcon::Question);
     if (answer != MessageAnswer::Yes) return;
     if (HasFile(page_)) {
+        // What is undone comes back as a new note, and so does its memo.
+        page_.memo = store::MemoFile(store::MemoPath(page_.notePath)).Read(nullptr);
         store::DeleteNoteFiles(page_.notePath);
         storeChanged_ = true;
     }

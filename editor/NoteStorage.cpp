@@ -103,8 +103,9 @@ bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page, store:
     }
     if (!WriteSafely(OpenNoteFile(owner, kind, page), page, journal) && !WriteInPlace(page, journal))
         return false;
-    // The user is told when the memo fails; the ink is safe all the same.
-    if (!page.memo.empty()) store::MemoFile(store::MemoPath(page.notePath)).Write(owner, page.memo);
+    // The user is told when the memo fails. The ink is safe all the same, and the next start offers the memo.
+    const bool hasMemo = !page.memo.empty();
+    if (hasMemo && !store::MemoFile(store::MemoPath(page.notePath)).Write(owner, page.memo)) journal.Leave();
     return true;
 }
 

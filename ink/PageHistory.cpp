@@ -189,7 +189,7 @@ bool PageHistory::Apply(const PageStep& step, StepWay way) {
             while (applied > 0 && change(applied - 1, !isDone)) --applied;
             return false;
         }
-        page_.memo.swap(memo);
+        if (step.memoBefore != step.memoAfter) page_.memo.swap(memo);
     } catch (const std::exception&) {
         return false;
     }

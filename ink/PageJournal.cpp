@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <exception>
+#include <new>
 
 #include "ink/NoteFile.h"
 
@@ -67,8 +68,9 @@ StrokeRecord* ReadRecord(BlockParser& block, StrokePool& pool) {
     std::memcpy(&count, head, sizeof count);
     const size_t points = static_cast<size_t>(std::max(count, 0)) * sizeof(Point);
     const uint8_t* rest = block.Raw(points);
-    StrokeRecord* record = rest == nullptr ? nullptr : pool.Allocate(count);
-    if (record == nullptr) return nullptr;
+    if (rest == nullptr || count < 0) return nullptr;
+    StrokeRecord* record = pool.Allocate(count);
+    if (record == nullptr) throw std::bad_alloc();
     std::memcpy(static_cast<void*>(record), head, sizeof(StrokeRecord));
     if (points != 0) std::memcpy(record->Points(), rest, points);
     return record;
@@ -126,6 +128,7 @@ bool ReplayChange(BlockParser& block, InkPage& page) {
     for (uint32_t i = 0; i < splices && fits; ++i) fits = ReadSplice(block, page, change);
     const bool isMade = fits && page.Make(change);
     page.Forget(change, isMade);
+    if (fits && !isMade) throw std::bad_alloc();
     return isMade;
 }
 
@@ -150,7 +153,9 @@ bool ReplayPage(BlockParser& block, InkPage& page) {
     NoteFileHeader header;
     if (!ReadNoteHeader(source, header) || header.bandHeight <= 0) return false;
     page.bandHeight = header.bandHeight;
-    return ReadNoteBody(source, header, page) == LoadResult::Loaded && ReplayRest(block, page);
+    const LoadResult result = ReadNoteBody(source, header, page);
+    if (result == LoadResult::OutOfMemory) throw std::bad_alloc();
+    return result == LoadResult::Loaded && ReplayRest(block, page);
 }
 
 }  // namespace
@@ -189,17 +194,13 @@ bool AppendStep(BlockBytes& bytes, const PageStep& step, StepWay way, const InkP
 }
 
 bool Replay(uint32_t kind, const BlockBytes& content, InkPage& page) {
-    try {
-        BlockParser block(content);
-        if (kind == kPageBlock) return ReplayPage(block, page);
-        const uint32_t changes = block.Number();
-        for (uint32_t i = 0; i < changes; ++i) {
-            if (!ReplayChange(block, page)) return false;
-        }
-        return ReplayRest(block, page);
-    } catch (const std::exception&) {
-        return false;
+    BlockParser block(content);
+    if (kind == kPageBlock) return ReplayPage(block, page);
+    const uint32_t changes = block.Number();
+    for (uint32_t i = 0; i < changes; ++i) {
+        if (!ReplayChange(block, page)) return false;
     }
+    return ReplayRest(block, page);
 }
 
 }  // namespace ink

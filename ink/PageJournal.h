@@ -16,7 +16,8 @@ bool AppendPage(BlockBytes& bytes, const InkPage& page);
 bool AppendStep(BlockBytes& bytes, const PageStep& step, StepWay way, const InkPage& page);
 
 // Does to the page what a block of these kinds tells; its band height is the page's of the first block. False
-// when the block does not fit the page, or when memory is short: the page is then between two steps.
+// when the block does not fit the page; throws bad_alloc when memory is short. Either way the page is then
+// between two steps.
 bool Replay(uint32_t kind, const BlockBytes& content, InkPage& page);
 
 }  // namespace ink

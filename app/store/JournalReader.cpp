@@ -22,9 +22,8 @@ FileStamp StampIn(ink::BlockParser& block) {
     return stamp;
 }
 
-JournalStory::State StateIn(ink::BlockParser& head) {
-    const bool isOurs = head.Text() == kJournalMark && head.Number() == kJournalVersion;
-    return isOurs ? JournalStory::State::Whole : JournalStory::State::OtherVersion;
+bool IsOurHead(ink::BlockParser& head) {
+    return head.Text() == kJournalMark && head.Number() == kJournalVersion;
 }
 
 // False where the journal can't be followed any further.
@@ -32,13 +31,15 @@ bool Follow(uint32_t kind, const ink::BlockBytes& content, JournalStory& story) 
     ink::BlockParser block(content);
     switch (kind) {
         case kHeadBlock:
-            story.state = StateIn(block);
-            return story.state == JournalStory::State::Whole;
+            if (IsOurHead(block)) return true;
+            story.state = JournalStory::State::OtherVersion;
+            return false;
         case kOwnerBlock:
             story.device = block.Text();
             story.notePath = block.Text();
             story.noteStamp = StampIn(block);
             story.proposedPath = block.Text();
+            if (block.IsGood()) story.state = JournalStory::State::Whole;
             return block.IsGood();
         case ink::kPageBlock:
             if (story.page == nullptr) story.page = std::make_unique<ink::InkPage>();
@@ -57,6 +58,9 @@ bool Follow(uint32_t kind, const ink::BlockBytes& content, JournalStory& story) 
         case kMemoClosedBlock:
             story.hasMemo = false;
             return true;
+        case kEndBlock:
+            story.state = JournalStory::State::Empty;
+            return false;
         default:
             return false;
     }
@@ -66,10 +70,12 @@ bool Follow(uint32_t kind, const ink::BlockBytes& content, JournalStory& story) 
 
 bool ReadJournal(ink::ByteSource& source, JournalStory& story) {
     try {
+        uint32_t before = 0;
         uint32_t kind = 0;
         ink::BlockBytes content;
-        while (ink::NextBlock(source, kind, content)) {
-            if (kind != kHeadBlock && story.state != JournalStory::State::Whole) break;
+        for (; ink::NextBlock(source, kind, content); before = kind) {
+            const bool isBeginning = kind == kHeadBlock || (kind == kOwnerBlock && before == kHeadBlock);
+            if (!isBeginning && story.state != JournalStory::State::Whole) break;
             if (!Follow(kind, content, story)) break;
         }
         // A memo of a new note belongs to its page.

@@ -23,13 +23,13 @@ platform::DateTime MomentOnly(const platform::DateTime& start) {
     return moment;
 }
 
-void Rewrite(const NoteAlarm& alarm, const std::wstring& arguments) {
+bool Rewrite(const NoteAlarm& alarm, const std::wstring& arguments) {
     platform::NotificationTrigger trigger;
     trigger.application = platform::ProgramPath();
     trigger.arguments = arguments;
     trigger.start = MomentOnly(alarm.start);
     trigger.end = trigger.start;
-    platform::SetNotification(alarm.handle, trigger, {});
+    return platform::SetNotification(alarm.handle, trigger, {}) != 0;
 }
 
 // The note's path; empty when the arguments are not of this form. The first character is its root backslash,
@@ -46,19 +46,22 @@ std::wstring PathIn(const std::wstring& arguments) {
 
 }  // namespace
 
-std::vector<NoteAlarm> ScanAlarms() {
+std::vector<NoteAlarm> ScanAlarms(bool* areAll) {
     const platform::WaitCursor wait;
     std::vector<NoteAlarm> found;
     std::vector<platform::NotificationHandle> handles;
-    if (!platform::ListNotifications(handles)) return found;
+    bool areRead = platform::ListNotifications(handles);
+    if (!areRead) handles.clear();
     const std::wstring program = platform::ProgramPath();
     for (const platform::NotificationHandle handle : handles) {
         platform::NotificationTrigger trigger;
         platform::UserNotification notification;
-        if (!platform::ReadNotification(handle, trigger, notification)) continue;
-        if (!platform::EqualNoCase(trigger.application, program)) continue;
+        const bool isRead = platform::ReadNotification(handle, trigger, notification);
+        areRead = areRead && isRead;
+        if (!isRead || !platform::EqualNoCase(trigger.application, program)) continue;
         found.push_back({handle, trigger.start, trigger.arguments});
     }
+    if (areAll != nullptr) *areAll = areRead;
     return found;
 }
 
@@ -76,31 +79,40 @@ bool AlarmTitle(const std::wstring& arguments, std::wstring& title) {
     return !title.empty();
 }
 
-void MoveNoteAlarms(const std::wstring& oldPath, const std::wstring& newPath) {
-    MoveNoteAlarms(std::vector<std::wstring>{oldPath}, std::vector<std::wstring>{newPath});
+bool MoveNoteAlarms(const std::wstring& oldPath, const std::wstring& newPath) {
+    return MoveNoteAlarms(std::vector<std::wstring>{oldPath}, std::vector<std::wstring>{newPath});
 }
 
-void ClearNoteAlarms(const std::wstring& notePath) {
+bool ClearNoteAlarms(const std::wstring& notePath) {
     const std::wstring arguments = AlarmArguments(notePath);
-    for (const NoteAlarm& alarm : ScanAlarms()) {
-        if (platform::EqualNoCase(alarm.arguments, arguments)) platform::ClearNotification(alarm.handle);
+    bool isDone = false;
+    for (const NoteAlarm& alarm : ScanAlarms(&isDone)) {
+        const bool isMeant = platform::EqualNoCase(alarm.arguments, arguments);
+        if (isMeant && !platform::ClearNotification(alarm.handle)) isDone = false;
     }
+    return isDone;
 }
 
-void MoveNoteAlarms(const std::vector<std::wstring>& oldPaths, const std::vector<std::wstring>& newPaths) {
+bool MoveNoteAlarms(const std::vector<std::wstring>& oldPaths, const std::vector<std::wstring>& newPaths) {
     std::unordered_map<std::wstring, size_t> places;
     for (size_t i = 0; i < oldPaths.size(); ++i) places[platform::LowerCase(AlarmArguments(oldPaths[i]))] = i;
-    for (const NoteAlarm& alarm : ScanAlarms()) {
+    bool isDone = false;
+    for (const NoteAlarm& alarm : ScanAlarms(&isDone)) {
         const auto found = places.find(platform::LowerCase(alarm.arguments));
-        if (found != places.end()) Rewrite(alarm, AlarmArguments(newPaths[found->second]));
+        const bool isMeant = found != places.end();
+        if (isMeant && !Rewrite(alarm, AlarmArguments(newPaths[found->second]))) isDone = false;
     }
+    return isDone;
 }
 
-void RemoveOrphanAlarms() {
-    for (const NoteAlarm& alarm : ScanAlarms()) {
+bool RemoveOrphanAlarms() {
+    bool isDone = false;
+    for (const NoteAlarm& alarm : ScanAlarms(&isDone)) {
         const std::wstring path = PathIn(alarm.arguments);
-        if (!path.empty() && platform::IsGone(path)) platform::ClearNotification(alarm.handle);
+        const bool isOrphan = !path.empty() && platform::IsGone(path);
+        if (isOrphan && !platform::ClearNotification(alarm.handle)) isDone = false;
     }
+    return isDone;
 }
 
 }  // namespace store

@@ -16,8 +16,8 @@ struct NoteAlarm {
 };
 
 // All alarms of the program, in the database's order, under the wait cursor. Entries that can't be read are
-// left out.
-std::vector<NoteAlarm> ScanAlarms();
+// left out; `areAll` then becomes false.
+std::vector<NoteAlarm> ScanAlarms(bool* areAll = nullptr);
 
 // The arguments with which the system starts the program for a note's alarm: the note's full path in
 // quotation marks, a blank and "/alarm".
@@ -27,17 +27,19 @@ bool EndAsAlarmArguments(const std::wstring& arguments);
 // The note's name without extension; false for arguments that are not a note's alarm.
 bool AlarmTitle(const std::wstring& arguments, std::wstring& title);
 
+// The next four are false when the database did not do all of it.
+
 // The note was moved or renamed: its alarms follow.
-void MoveNoteAlarms(const std::wstring& oldPath, const std::wstring& newPath);
+bool MoveNoteAlarms(const std::wstring& oldPath, const std::wstring& newPath);
 
 // The note is gone: so are its alarms.
-void ClearNoteAlarms(const std::wstring& notePath);
+bool ClearNoteAlarms(const std::wstring& notePath);
 
 // The same for many notes: `newPaths[i]` is where `oldPaths[i]` is now.
-void MoveNoteAlarms(const std::vector<std::wstring>& oldPaths, const std::vector<std::wstring>& newPaths);
+bool MoveNoteAlarms(const std::vector<std::wstring>& oldPaths, const std::vector<std::wstring>& newPaths);
 
 // Clears the alarms whose notes certainly no longer exist: not those of a card that is out or a share that is
 // away.
-void RemoveOrphanAlarms();
+bool RemoveOrphanAlarms();
 
 }  // namespace store

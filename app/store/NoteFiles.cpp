@@ -17,29 +17,32 @@ bool MemoStays(const std::wstring& from, const std::wstring& to, MemoInTheWay me
 }
 
 // All notes in a folder and below, as they were under its old name and as they are now.
-void CollectNotes(const std::wstring& oldFolder, const std::wstring& newFolder,
+// False when a folder could not be read.
+bool CollectNotes(const std::wstring& oldFolder, const std::wstring& newFolder,
                   std::vector<std::wstring>& oldPaths, std::vector<std::wstring>& newPaths) {
     std::vector<platform::FolderEntry> entries;
-    platform::ListFolder(newFolder, L"*.*", entries);
+    bool areAll = platform::ListFolder(newFolder, L"*.*", entries);
     for (const platform::FolderEntry& entry : entries) {
         const std::wstring oldPath = oldFolder + L"\\" + entry.name;
         const std::wstring newPath = newFolder + L"\\" + entry.name;
         if (entry.isFolder) {
-            CollectNotes(oldPath, newPath, oldPaths, newPaths);
+            areAll = CollectNotes(oldPath, newPath, oldPaths, newPaths) && areAll;
         } else if (EndsWithNoCase(entry.name, kNoteExtension)) {
             oldPaths.push_back(oldPath);
             newPaths.push_back(newPath);
         }
     }
+    return areAll;
 }
 
-// Ends at the first entry that can't be deleted.
-bool DeleteTree(const std::wstring& folder) {
+// Ends at the first entry that can't be deleted; counts those before.
+bool DeleteTree(const std::wstring& folder, size_t& deleted) {
     std::vector<platform::FolderEntry> entries;
     platform::ListFolder(folder, L"*.*", entries);
     for (const platform::FolderEntry& entry : entries) {
         const std::wstring path = folder + L"\\" + entry.name;
-        if (!(entry.isFolder ? DeleteTree(path) : platform::EraseFile(path))) return false;
+        if (!(entry.isFolder ? DeleteTree(path, deleted) : platform::EraseFile(path))) return false;
+        ++deleted;
     }
     return platform::DropFolder(folder);
 }
@@ -48,49 +51,55 @@ bool DeleteTree(const std::wstring& folder) {
 
 NoteMove MoveNoteFiles(const std::wstring& from, const std::wstring& to, MemoInTheWay memoInTheWay) {
     const bool replaces = memoInTheWay == MemoInTheWay::Replace;
-    const NoteIntent intent(replaces ? NoteIntent::Kind::ReplaceNote : NoteIntent::Kind::MoveNote, from, to);
+    NoteIntent intent(replaces ? NoteIntent::Kind::ReplaceNote : NoteIntent::Kind::MoveNote, from, to);
     if (replaces && IsFile(to)) platform::EraseFile(to);
     if (!platform::MoveEntry(from, to)) return {};
-    return {true, FollowMovedNote(from, to, memoInTheWay)};
+    const NoteMove move = FollowMovedNote(from, to, memoInTheWay);
+    const bool isInTheWay = !replaces && IsFile(MemoPath(to));
+    if ((move.memoStayed && !isInTheWay) || move.alarmsStayed) intent.LeaveOpen();
+    return move;
 }
 
-bool FollowMovedNote(const std::wstring& from, const std::wstring& to, MemoInTheWay memoInTheWay) {
-    MoveNoteAlarms(from, to);
-    return MemoStays(MemoPath(from), MemoPath(to), memoInTheWay);
+NoteMove FollowMovedNote(const std::wstring& from, const std::wstring& to, MemoInTheWay memoInTheWay) {
+    const bool alarmsFollow = MoveNoteAlarms(from, to);
+    return {true, MemoStays(MemoPath(from), MemoPath(to), memoInTheWay), !alarmsFollow};
 }
 
 bool DeleteNoteFiles(const std::wstring& notePath) {
-    const NoteIntent intent(NoteIntent::Kind::DeleteNote, notePath, L"");
+    NoteIntent intent(NoteIntent::Kind::DeleteNote, notePath, L"");
     if (!platform::EraseFile(notePath)) return false;
-    FollowDeletedNote(notePath);
+    if (!FollowDeletedNote(notePath)) intent.LeaveOpen();
     return true;
 }
 
-void FollowDeletedNote(const std::wstring& notePath) {
-    ClearNoteAlarms(notePath);
-    platform::EraseFile(MemoPath(notePath));
+bool FollowDeletedNote(const std::wstring& notePath) {
+    const bool areAlarmsGone = ClearNoteAlarms(notePath);
+    const std::wstring memo = MemoPath(notePath);
+    return (platform::EraseFile(memo) || !IsFile(memo)) && areAlarmsGone;
 }
 
 bool MoveNoteFolder(const std::wstring& from, const std::wstring& to) {
-    const NoteIntent intent(NoteIntent::Kind::MoveFolder, from, to);
+    NoteIntent intent(NoteIntent::Kind::MoveFolder, from, to);
     if (!platform::MoveEntry(from, to)) return false;
-    FollowMovedFolder(from, to);
+    if (!FollowMovedFolder(from, to)) intent.LeaveOpen();
     return true;
 }
 
-void FollowMovedFolder(const std::wstring& from, const std::wstring& to) {
+bool FollowMovedFolder(const std::wstring& from, const std::wstring& to) {
     const platform::WaitCursor wait;
     std::vector<std::wstring> oldPaths;
     std::vector<std::wstring> newPaths;
-    CollectNotes(from, to, oldPaths, newPaths);
-    if (!oldPaths.empty()) MoveNoteAlarms(oldPaths, newPaths);
+    const bool areListed = CollectNotes(from, to, oldPaths, newPaths);
+    return areListed && (oldPaths.empty() || MoveNoteAlarms(oldPaths, newPaths));
 }
 
 bool DeleteNoteFolder(const std::wstring& folder) {
     const platform::WaitCursor wait;
-    const NoteIntent intent(NoteIntent::Kind::DeleteFolder, folder, L"");
-    const bool isGone = DeleteTree(folder);
-    RemoveOrphanAlarms();
+    NoteIntent intent(NoteIntent::Kind::DeleteFolder, folder, L"");
+    size_t deleted = 0;
+    const bool isGone = DeleteTree(folder, deleted);
+    // A memo may have lost its note.
+    if (!RemoveOrphanAlarms() || (!isGone && deleted > 0)) intent.LeaveOpen();
     return isGone;
 }
 

@@ -61,7 +61,8 @@ void Finish(NoteIntent::Kind kind, const std::wstring& from, const std::wstring&
             return;
         case Kind::DeleteFolder:
             EraseLoneMemos(from);
-            return RemoveOrphanAlarms();
+            RemoveOrphanAlarms();
+            return;
         case Kind::CopyFolder:
             return EraseRemnants(from, to);
     }
@@ -105,7 +106,7 @@ NoteIntent::NoteIntent(Kind kind, const std::wstring& from, const std::wstring& 
 NoteIntent::~NoteIntent() {
     const bool isMade = log_.IsOpen();
     log_.Close();
-    if (isMade) platform::EraseFile(path_);
+    if (isMade && !isLeftOpen_) platform::EraseFile(path_);
 }
 
 void FinishIntents() {

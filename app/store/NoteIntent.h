@@ -25,11 +25,15 @@ class NoteIntent {
     NoteIntent(Kind kind, const std::wstring& from, const std::wstring& to);
     NoteIntent(const NoteIntent&) = delete;
     NoteIntent& operator=(const NoteIntent&) = delete;
-    ~NoteIntent();  // the calls were made, whatever came of them
+    ~NoteIntent();  // the calls were made
+
+    // One of them failed: the next start tries it once more.
+    void LeaveOpen() { isLeftOpen_ = true; }
 
   private:
     std::wstring path_;
     platform::LogFile log_;
+    bool isLeftOpen_ = false;
 };
 
 // At the program's start: ends what earlier runs could not.

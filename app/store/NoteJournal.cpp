@@ -1,6 +1,7 @@
 #include "app/store/NoteJournal.h"
 
 #include <exception>
+#include <utility>
 
 #include "app/store/JournalBlocks.h"
 #include "app/store/StorePaths.h"
@@ -66,12 +67,14 @@ bool NoteJournal::NeedsNewFile() const { return !log_.IsOpen() || size_ >= kLong
 // Makes the file unless there is one, with all that is to be told so far.
 bool NoteJournal::Start() {
     if (!NeedsNewFile()) return true;
-    const std::wstring former = path_;
+    std::wstring former = path_;
     log_.Close();
     ink::BlockBytes bytes;
     isOff_ = !Open(bytes);
     Append(bytes);
-    if (!isOff_ && !former.empty()) platform::EraseFile(former);
+    // Half a beginning is of no use, and takes room that the note may need.
+    if (isOff_) std::swap(path_, former);
+    if (!former.empty()) platform::EraseFile(former);
     return !isOff_;
 }
 
@@ -149,12 +152,17 @@ bool NoteJournal::Hold() {
 }
 
 void NoteJournal::Leave() {
+    log_.Flush();
     log_.Close();
     path_.clear();
     isOff_ = true;
 }
 
+// Should the file not go, or the note be moved before it does, nothing comes back.
 void NoteJournal::Remove() {
+    Guarded([this] {
+        if (log_.IsOpen()) Append(ink::BlockPacker(kEndBlock).Finish());
+    });
     log_.Close();
     if (!path_.empty()) platform::EraseFile(path_);
     path_.clear();

@@ -255,6 +255,8 @@ MessageAnswer ShowMessage(Window*, const std::wstring& text, const std::wstring&
         if (isAnswered && desk.answers.front() == MessageAnswer::Ok) desk.answers.pop_front();
         return MessageAnswer::Ok;
     }
+    const bool isSecond = defaultButton == DefaultButton::Second;
+    if (!isAnswered && desk.takesDefaults) return isSecond ? MessageAnswer::No : MessageAnswer::Yes;
     if (!isAnswered) {
         desk.problems.emplace_back("a question was not answered");
         return MessageAnswer::No;

@@ -62,6 +62,7 @@ class HostDesk {
 
     // Message boxes: answers to the questions, in order. All boxes that were shown are kept.
     std::deque<MessageAnswer> answers;
+    bool takesDefaults = false;  // questions without an answer get their default button pressed
     std::vector<ShownMessage> messages;
     // Pop-up menus: chooses a command from the items; dismissed when empty.
     std::function<int(const std::vector<PopupMenu::Item>&)> chooseFromMenu;

@@ -56,6 +56,12 @@ namespace platform {
 
 using host::HostDevice;
 
+namespace {
+
+bool AlarmsFail() { return HostDevice::Current().files.Fault(host::FileCall::Alarm, L"") != FileError::None; }
+
+}  // namespace
+
 DateTime LocalNow() { return HostDevice::Current().now; }
 
 uint32_t TickMilliseconds() { return HostDevice::Current().ticks; }
@@ -66,7 +72,7 @@ NotificationHandle SetNotification(NotificationHandle existing, const Notificati
                                    const UserNotification& notification) {
     HostDevice& device = HostDevice::Current();
     const bool isLost = existing != 0 && device.notifications.count(existing) == 0;
-    if (device.notificationsFail || isLost || !IsValidMoment(trigger.start)) return 0;
+    if (AlarmsFail() || isLost || !IsValidMoment(trigger.start)) return 0;
     if (device.keeperCantStart && existing == 0) return 0;
     const NotificationHandle next =
         device.notifications.empty() ? 1 : device.notifications.rbegin()->first + 1;
@@ -81,22 +87,22 @@ bool ListNotifications(std::vector<NotificationHandle>& handles) {
     for (const auto& [handle, entry] : device.notifications) {
         if (entry.device == device.folder) handles.push_back(handle);
     }
-    return !device.notificationsFail;
+    return !AlarmsFail();
 }
 
 bool ReadNotification(NotificationHandle handle, NotificationTrigger& trigger,
                       UserNotification& notification) {
     const HostDevice& device = HostDevice::Current();
     const auto found = device.notifications.find(handle);
-    if (found == device.notifications.end() || device.unreadableNotifications.count(handle) != 0)
-        return false;
+    const bool isUnreadable = AlarmsFail() || device.unreadableNotifications.count(handle) != 0;
+    if (isUnreadable || found == device.notifications.end()) return false;
     trigger = found->second.trigger;
     notification = found->second.notification;
     return true;
 }
 
 bool ClearNotification(NotificationHandle handle) {
-    return HostDevice::Current().notifications.erase(handle) != 0;
+    return !AlarmsFail() && HostDevice::Current().notifications.erase(handle) != 0;
 }
 
 std::wstring DeviceName() { return L"device " + HostDevice::Current().folder; }

@@ -50,7 +50,6 @@ class HostDevice {
 
     // Key path ("HKCU\..." or "HKLM\...") -> value name -> value.
     std::map<std::wstring, std::map<std::wstring, RegistryValue>> registry;
-    bool registryFails = false;
     // The program's settings key, with texts and numbers as tests write them.
     std::map<std::wstring, RegistryValue>& Settings();
     void SetSetting(const std::wstring& name, const std::wstring& text,
@@ -60,7 +59,6 @@ class HostDevice {
     uint32_t NumberSetting(const std::wstring& name);
 
     std::map<NotificationHandle, StoredNotification> notifications;
-    bool notificationsFail = false;
     bool keeperCantStart = false;  // what fires notifications
     std::wstring folder;           // tells devices that share one database apart
     std::set<NotificationHandle> unreadableNotifications;

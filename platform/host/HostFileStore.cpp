@@ -90,12 +90,20 @@ bool HostFileStore::Answers(const std::wstring& key) const {
     return gone.empty() || (key + L"\\").compare(0, gone.size() + 1, gone + L"\\") != 0;
 }
 
-std::string HostFileStore::BytesOnDisk(const FileNode& node) {
+std::string HostFileStore::BytesOnDisk(const FileNode& node, std::mt19937* dice) {
     constexpr uint32_t kFlushedAfter = 1000;  // milliseconds, see LogFile
+    constexpr size_t kPart = 32;              // bytes; a disk's are larger, and so are its files
     const uint32_t now = HostDevice::Current().ticks;
     size_t flushed = 0;
     while (flushed < node.later.size() && now - node.later[flushed] >= kFlushedAfter) ++flushed;
-    return node.bytes.substr(0, std::max(flushed, node.onDisk));
+    flushed = std::max(flushed, node.onDisk);
+    if (dice == nullptr) return node.bytes.substr(0, flushed);
+    std::string bytes = node.bytes.substr(0, flushed + (*dice)() % (node.bytes.size() - flushed + 1));
+    for (size_t part = flushed; part < bytes.size(); part += kPart) {
+        const size_t end = std::min(part + kPart, bytes.size());
+        if ((*dice)() % 2 == 0) std::fill(bytes.begin() + part, bytes.begin() + end, '\0');
+    }
+    return bytes;
 }
 
 uint64_t HostFileStore::UsedBytes() const {

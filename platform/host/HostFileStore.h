@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,7 @@ namespace platform::host {
 // Upper case for comparing file names, whatever locale the test machine has: ASCII and Latin-1.
 wchar_t UpperCase(wchar_t unit);
 
+// Of the file system, and the last two of the settings and of the alarms.
 enum class FileCall {
     Open,
     Create,
@@ -27,7 +29,9 @@ enum class FileCall {
     Erase,
     Move,
     Copy,
-    Replace
+    Replace,
+    Setting,
+    Alarm
 };
 
 struct FileNode {
@@ -48,7 +52,8 @@ class HostFileStore {
   public:
     HostFileStore();
 
-    // Called before every operation; anything but None makes it fail so.
+    // Called before every operation; anything but None makes it fail so. Of what a failing write was to
+    // write, one half is written.
     std::function<FileError(FileCall, const std::wstring& path)> fault;
     uint64_t capacity = UINT64_MAX;  // bytes of all files together
     std::wstring unreachable;        // a storage, or the documents folder, that does not answer now
@@ -70,8 +75,9 @@ class HostFileStore {
     // The entry of this key names a whole storage: nobody makes it.
     static bool IsStorage(const std::wstring& key);
     uint64_t UsedBytes() const;
-    // What is left of a file when the device loses its power now.
-    static std::string BytesOnDisk(const FileNode& node);
+    // What is left of a file when the device loses its power now: what was flushed, and of the rest nothing,
+    // or any parts of it in any order, as the dice have it.
+    static std::string BytesOnDisk(const FileNode& node, std::mt19937* dice = nullptr);
     FileError Fault(FileCall call, const std::wstring& path) const;
     std::map<std::wstring, NodePointer>& Nodes() { return nodes_; }
     const std::map<std::wstring, NodePointer>& Nodes() const { return nodes_; }

@@ -9,6 +9,14 @@ namespace platform {
 using host::HostDevice;
 using host::RegistryValue;
 
+namespace {
+
+bool SettingsFail(const std::wstring& path) {
+    return HostDevice::Current().files.Fault(host::FileCall::Setting, path) != FileError::None;
+}
+
+}  // namespace
+
 struct RegistryKey::Impl {
     std::wstring path;
 
@@ -18,6 +26,7 @@ struct RegistryKey::Impl {
         return found == values.end() ? nullptr : &found->second;
     }
     bool Set(const wchar_t* name, RegistryType type, std::string data) const {
+        if (SettingsFail(path)) return false;
         HostDevice::Current().registry[path][name] = {type, std::move(data)};
         return true;
     }
@@ -30,7 +39,7 @@ RegistryKey::~RegistryKey() = default;
 
 RegistryKey RegistryKey::OpenUser(const std::wstring& path) {
     RegistryKey key;
-    if (!HostDevice::Current().registryFails) key.impl_ = std::make_unique<Impl>(Impl{L"HKCU\\" + path});
+    if (!SettingsFail(path)) key.impl_ = std::make_unique<Impl>(Impl{L"HKCU\\" + path});
     return key;
 }
 
@@ -38,7 +47,7 @@ RegistryKey RegistryKey::OpenMachine(const std::wstring& path) {
     RegistryKey key;
     const HostDevice& device = HostDevice::Current();
     const bool exists = device.registry.count(L"HKLM\\" + path) != 0;
-    if (exists && !device.registryFails) key.impl_ = std::make_unique<Impl>(Impl{L"HKLM\\" + path});
+    if (exists && !SettingsFail(path)) key.impl_ = std::make_unique<Impl>(Impl{L"HKLM\\" + path});
     return key;
 }
 
@@ -81,7 +90,8 @@ bool RegistryKey::SetText(const wchar_t* name, RegistryType type, const std::wst
 }
 
 bool RegistryKey::Remove(const wchar_t* name) {
-    return impl_ != nullptr && HostDevice::Current().registry[impl_->path].erase(name) != 0;
+    return impl_ != nullptr && !SettingsFail(impl_->path) &&
+           HostDevice::Current().registry[impl_->path].erase(name) != 0;
 }
 
 }  // namespace platform

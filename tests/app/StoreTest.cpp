@@ -22,7 +22,9 @@ TEST_F(Store, PensAndColours) {
     EXPECT_EQ(store::LoadPenSettings().penSize, 100);
     EXPECT_EQ(store::LoadPenSettings().penStyle, ink::PenStyle::Classic);
     device.SetSetting(L"LastPenColor", 0x123456);
-    device.registryFails = true;
+    device.files.fault = [](platform::host::FileCall, const std::wstring&) {
+        return platform::FileError::Other;
+    };
     store::SaveColors(store::LoadPenSettings());
     EXPECT_EQ(store::LoadPenSettings().recentColors[0], 0x808080u);
     EXPECT_EQ(device.NumberSetting(L"LastPenColor"), 0x123456u);

@@ -25,7 +25,7 @@ WINDOWS = ("platform/windows/", "platform/keeper/", "platform/mail/")
 
 STANDARD_HEADERS = re.compile(
     r"^(algorithm|array|atomic|cassert|cctype|chrono|cmath|cstddef|cstdint|cstdlib|cstring|cwchar|cwctype|deque|exception|"
-    r"fstream|functional|iterator|limits|list|map|memory|mutex|new|optional|set|sstream|stdexcept|string|string_view|"
+    r"fstream|functional|iterator|limits|list|map|memory|mutex|new|optional|random|set|sstream|stdexcept|string|string_view|"
     r"thread|tuple|type_traits|unordered_map|unordered_set|utility|vector)$")
 
 

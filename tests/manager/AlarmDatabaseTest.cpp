@@ -94,7 +94,7 @@ TEST_F(AlarmDatabase, AnAlarmIsSetFromTheManager) {
     // The caption of the failure shows the day alone.
     RunManager(L"Work\\a.ikw",
                {hold, pick, ExpectBox(L"Alarm is successfully set!", L" 3/9/2007 4:45:00 PM"), Ok(),
-                [this] { device.notificationsFail = true; }, hold, pick,
+                Fail({platform::host::FileCall::Alarm}), hold, pick,
                 ExpectBox(L"Setting alarm failed!", L" 3/9/2007"), Ok(), hold, Press(platform::kIdCancel)});
     ASSERT_EQ(Arguments(), Texts{L"\"" + kRoot + L"Work\\a.ikw\" /alarm"});
     const platform::DateTime& start = device.notifications.begin()->second.trigger.start;

@@ -33,7 +33,9 @@ class ManagerTest : public DeskSteps {
     std::wstring Store() {
         std::wstring text;
         for (const auto& [key, node] : device.files.Nodes()) {
-            if (!node->isFolder && key.size() > kRoot.size()) text += key.substr(kRoot.size()) + L" ";
+            const bool isNet = key.find(L".IKI") != std::wstring::npos;
+            if (!node->isFolder && key.size() > kRoot.size() && !isNet)
+                text += key.substr(kRoot.size()) + L" ";
         }
         for (const auto& entry : device.notifications) {
             const std::wstring& arguments = entry.second.trigger.arguments;
