@@ -62,14 +62,9 @@ struct SizeSink : ink::ByteSink {
     uint64_t bytes = 0;
 };
 
-// Whether the storage has no room for a second version, but the old one's is enough.
 bool FitsOnlyInPlace(const ink::InkPage& page) {
     SizeSink note;
-    uint64_t old = 0;
-    uint64_t room = 0;
-    return ink::WriteNote(note, page) && platform::CanWriteTo(page.notePath, old) &&
-           platform::FreeBytes(store::WithoutTrailingBackslashes(store::FolderOf(page.notePath)), room) &&
-           room < note.bytes && note.bytes <= room + old;
+    return ink::WriteNote(note, page) && store::FitsOnlyInPlace(page.notePath, note.bytes);
 }
 
 // The old version is given up only once the journal has the page for good.

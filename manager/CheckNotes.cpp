@@ -119,6 +119,10 @@ void StoreCheck::Salvage(const std::wstring& path) {
         hasMadeNotes_ = true;
     }
     findings_.push_back(L"    whole strokes: " + ShownNote(place));
+    const std::wstring memo = store::MemoPath(path);
+    const std::wstring copy = store::MemoPath(place);
+    if (store::IsFile(memo) && !store::IsFile(copy) && !store::CopySafely(memo, copy))
+        findings_.push_back(L"    Writing '" + Shown(copy) + L"' failed!");
 }
 
 // How the dialog ends.

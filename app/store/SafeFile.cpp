@@ -15,6 +15,13 @@ bool MayReplace(const std::wstring& path) {
     return !platform::Exists(path) || platform::CanWriteTo(path, bytes);
 }
 
+bool CopyBeside(const std::wstring& from, const std::wstring& to) {
+    const std::wstring beside = SafeFile::PathBeside(to);
+    if (platform::CopyFileTo(from, beside) && platform::PutInPlace(beside, to)) return true;
+    platform::EraseFile(beside);
+    return false;
+}
+
 }  // namespace
 
 std::wstring SafeFile::PathBeside(const std::wstring& path) {
@@ -84,12 +91,20 @@ std::wstring PlaceFor(const std::wstring& notePath, const std::vector<uint8_t>& 
     return place;
 }
 
+bool FitsOnlyInPlace(const std::wstring& path, uint64_t bytes) {
+    uint64_t old = 0;
+    uint64_t room = 0;
+    return platform::CanWriteTo(path, old) &&
+           platform::FreeBytes(WithoutTrailingBackslashes(FolderOf(path)), room) && room < bytes &&
+           bytes <= room + old;
+}
+
 bool CopySafely(const std::wstring& from, const std::wstring& to) {
-    const std::wstring beside = SafeFile::PathBeside(to);
     if (!MayReplace(to)) return false;
-    if (platform::CopyFileTo(from, beside) && platform::PutInPlace(beside, to)) return true;
-    platform::EraseFile(beside);
-    return false;
+    if (CopyBeside(from, to)) return true;
+    uint64_t bytes = 0;
+    const bool makesRoom = platform::FileSize(from, bytes) && FitsOnlyInPlace(to, bytes);
+    return makesRoom && platform::EraseFile(to) && CopyBeside(from, to);
 }
 
 }  // namespace store

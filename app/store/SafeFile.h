@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -48,7 +49,11 @@ bool Holds(const std::wstring& path, const std::vector<uint8_t>& bytes);
 // The first of `notePath`, "name (1)", "name (2)", ... that is free, or has these bytes already (`isThere`).
 std::wstring PlaceFor(const std::wstring& notePath, const std::vector<uint8_t>& bytes, bool& isThere);
 
-// Copies a file with its times as safely, over an existing one.
+// Whether the storage has no room for a second version of `bytes` bytes, but the old one's is enough.
+bool FitsOnlyInPlace(const std::wstring& path, uint64_t bytes);
+
+// Copies a file with its times as safely, over an existing one. Where there is only room for one of them, the
+// existing one goes first.
 bool CopySafely(const std::wstring& from, const std::wstring& to);
 
 }  // namespace store

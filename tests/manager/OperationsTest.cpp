@@ -1,4 +1,5 @@
 // What the menus of the tree do to notes and folders.
+#include "app/store/SafeFile.h"
 #include "manager/StoreOperations.h"
 #include "tests/manager/ManagerRig.h"
 
@@ -208,6 +209,12 @@ TEST_F(Operations, Copying) {
     EXPECT_EQ(copy({MessageAnswer::Ok}), "newoldold");
     EXPECT_EQ(copy({MessageAnswer::No, MessageAnswer::No, MessageAnswer::Yes}), "newoldnew");
     EXPECT_TRUE(device.files.Has(card + L"Deep\\d.ikw"));
+    // With room for one version only, an old copy makes room for the new one.
+    device.files.capacity = device.files.UsedBytes() + 1;
+    EXPECT_TRUE(store::CopySafely(kRoot + L"Work\\b.ikw", card + names[1]) &&
+                device.files.Get(card + names[1]) == "new");
+    EXPECT_FALSE(store::CopySafely(kRoot + L"Work\\Deep\\d.ikw", card + names[1]));
+    EXPECT_EQ(device.files.Get(card + names[1]), "new");
 }
 
 // What is whole of a damaged note goes beside it, once. Pictures on their way are no notes.
@@ -215,6 +222,7 @@ TEST_F(Operations, CheckingNotes) {
     const std::string whole = NoteOfDots({10, 20, 30}, 268);
     PutNote(L"Reminders\\2007-03-05\\r.ikw");
     device.files.Put(kRoot + L"Home\\torn.ikw", whole.substr(0, whole.size() - 1));
+    device.files.Put(kRoot + L"Home\\torn.txt", "tea");
     for (const wchar_t* note : {L"Deep\\Low\\bare.ikw", L"Temp\\x.ikw"})
         device.files.Put(kRoot + note, whole.substr(0, 15));
     const Step check = PickTool({L"Check Notes\u2026"});
@@ -223,9 +231,8 @@ TEST_F(Operations, CheckingNotes) {
     const std::wstring torn = damaged + L"Deep\\Low\\bare\nHome\\torn\n    ";
     const std::wstring kept = torn + L"whole strokes: Home\\torn (salvaged)\n\nNotes checked: ";
     const Step expectStore = ExpectStore(
-        L"DEEP\\LOW\\BARE.IKW HOME\\TORN (SALVAGED).IKW HOME\\TORN.IKW REMINDERS\\2007-03-05\\R.IKW "
-        L"TEMP\\X.IKW WORK\\A.IKW "
-        L"WORK\\A.TXT | Work\\a.ikw");
+        L"DEEP\\LOW\\BARE.IKW HOME\\TORN (SALVAGED).IKW HOME\\TORN (SALVAGED).TXT HOME\\TORN.IKW "
+        L"HOME\\TORN.TXT REMINDERS\\2007-03-05\\R.IKW TEMP\\X.IKW WORK\\A.IKW WORK\\A.TXT | Work\\a.ikw");
     const Step mend = [=] { device.files.Put(kRoot + L"Home\\torn.ikw", whole); };
     Play({Fail({FileCall::Create}), check,
           expect(torn + L"Writing 'Home\\torn (salvaged)' failed!\n\nNotes checked: 4"), Wait(30)});
