@@ -87,6 +87,8 @@ bool FinishOne(const std::wstring& path) {
 }  // namespace
 
 NoteIntent::NoteIntent(Kind kind, const std::wstring& from, const std::wstring& to) {
+    // What was left open may name files that are to be moved now.
+    FinishIntents();
     try {
         EnsureFolders(TemporaryFolder());
         for (int n = 1; n <= kMostIntents && !log_.IsOpen(); ++n) {

@@ -27,7 +27,7 @@ class NoteIntent {
     NoteIntent& operator=(const NoteIntent&) = delete;
     ~NoteIntent();  // the calls were made
 
-    // One of them failed: the next start tries it once more.
+    // One of them failed: it is tried once more at the next start, or before the next calls of this kind.
     void LeaveOpen() { isLeftOpen_ = true; }
 
   private:
@@ -36,7 +36,7 @@ class NoteIntent {
     bool isLeftOpen_ = false;
 };
 
-// At the program's start: ends what earlier runs could not.
+// At the program's start: ends what earlier runs, or this one, could not.
 void FinishIntents();
 
 }  // namespace store
