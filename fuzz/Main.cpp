@@ -1,61 +1,33 @@
-// Replays stored cases as a test, or, named "fuzz_TARGET", is the fuzzer of that target.
+// Replays stored cases as a test, or, started as "fuzz_TARGET", is the fuzzer of that target.
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <numeric>
 
-#include "fuzz/Mutation.h"
+#include "fuzz/Target.h"
 
-namespace fuzz {
+using namespace fuzz;
 
-namespace {
+static const std::map<std::string, Try*> kTargets{{"note", TryNote},
+                                                  {"salvage", TrySalvage},
+                                                  {"journal", TryJournal},
+                                                  {"notification_entry", TryNotificationEntry},
+                                                  {"command_line", TryCommandLine},
+                                                  {"name_pattern", TryNamePattern},
+                                                  {"memo", TryMemo},
+                                                  {"day_name", TryDayName}};
 
-constexpr struct {
-    const char* name;
-    void (*tryBytes)(const Bytes& bytes, Care care);
-    Form form;
-} kTargets[] = {
-    {"note", TryNote, Form::Note},
-    {"salvage", TrySalvage, Form::Note},
-    {"journal", TryJournal, Form::Blocks},
-    {"notification_entry", TryNotificationEntry, Form::Any},
-    {"command_line", TryCommandLine, Form::Any},
-    {"name_pattern", TryNamePattern, Form::Any},
-    {"memo", TryMemo, Form::Any},
-    {"day_name", TryDayName, Form::Any},
-};
-
-const auto* target = kTargets;
-
-void Choose(const std::string& name) {
-    for (const auto& each : kTargets) {
-        if (name == each.name) target = &each;
-    }
-    Require(name == target->name, "a target's name");
-}
-
-}  // namespace
-
-void Require(bool kept, const char* promise) {
+void fuzz::Require(bool kept, const char* promise) {
     if (kept) return;
     std::fprintf(stderr, "broken promise: %s\n", promise);
     std::abort();
 }
 
-}  // namespace fuzz
-
 #ifdef INKWRIGHT_FUZZER
-
-extern "C" int LLVMFuzzerInitialize(int*, char*** arguments) {
-    fuzz::Choose(std::filesystem::path((*arguments)[0]).filename().string().substr(5));
-    return 0;
-}
-
-extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t mostBytes, unsigned seed) {
-    return fuzz::Mutate(fuzz::target->form, data, size, mostBytes, seed);
-}
 
 // Short call stacks: allocations take most of the time.
 extern "C" const char* __asan_default_options() { return "malloc_context_size=2:quarantine_size_mb=16"; }
@@ -63,7 +35,8 @@ extern "C" const char* __asan_default_options() { return "malloc_context_size=2:
 // One input of 1024 is looked at thoroughly: most draw what others drew before.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const bool isPicked = std::accumulate(data, data + size, size_t{0}) % 1024 == 0;
-    fuzz::target->tryBytes({data, data + size}, isPicked ? fuzz::Care::Thorough : fuzz::Care::Quick);
+    kTargets.at(program_invocation_short_name + 5)({data, data + size},
+                                                   isPicked ? Care::Thorough : Care::Quick);
     return 0;
 }
 
@@ -72,12 +45,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
 // fuzz_replay TARGET FOLDER...
 int main(int argc, char** argv) {
     size_t count = 0;
-    fuzz::Choose(argc > 1 ? argv[1] : "");
     for (int i = 2; i < argc; ++i) {
         for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
             std::ifstream file(entry.path(), std::ios::binary);
             std::fprintf(stderr, "%s\n", entry.path().filename().c_str());
-            fuzz::target->tryBytes({std::istreambuf_iterator<char>(file), {}}, fuzz::Care::Thorough);
+            kTargets.at(argv[1])({std::istreambuf_iterator<char>(file), {}}, Care::Thorough);
             ++count;
         }
     }
