@@ -22,12 +22,6 @@ store::JournalStory Read(const Bytes& bytes, size_t size, Care care) {
     return story;
 }
 
-// Adds the whole block to the journal.
-void Append(Bytes& journal, ink::BlockPacker& block) {
-    const Bytes packed = block.Finish();
-    journal.insert(journal.end(), packed.begin(), packed.end());
-}
-
 auto Told(const store::JournalStory& story) {
     const bool isPage = story.page != nullptr && story.page->SlotCount() < 5000;
     return std::tuple(story.state, story.device, story.notePath, story.proposedPath, story.savingPath,
@@ -39,11 +33,10 @@ auto Told(const store::JournalStory& story) {
 
 void TryJournal(const Bytes& bytes, Care care) {
     Read(bytes, bytes.size(), care);
-    Bytes journal;
     ink::BlockPacker head(store::kHeadBlock);
     head.Text(store::kJournalMark);
     head.Number(store::kJournalVersion);
-    Append(journal, head);
+    Bytes journal = head.Finish();
     // Where to cut it off, and where the last whole block before that ends.
     const size_t cut = journal.size() + (bytes.empty() ? 0 : bytes.back() * bytes.size() / 256);
     size_t end = journal.size();
@@ -51,7 +44,8 @@ void TryJournal(const Bytes& bytes, Care care) {
         const auto next = std::search(at + 1, bytes.end(), std::begin(kMark), std::end(kMark));
         ink::BlockPacker block(*at);
         block.Raw(&*at + 1, static_cast<size_t>(next - at - 1));
-        Append(journal, block);
+        const Bytes packed = block.Finish();
+        journal.insert(journal.end(), packed.begin(), packed.end());
         if (journal.size() <= cut) end = journal.size();
         at = next + std::min<std::ptrdiff_t>(4, bytes.end() - next);
     }

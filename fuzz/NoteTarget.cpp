@@ -12,8 +12,7 @@ namespace fuzz {
 namespace {
 
 constexpr int32_t kSide = 64;
-constexpr int64_t kMostSlots =
-    5000;  // a page takes time for each, and a few bytes can name a million of them
+constexpr int64_t kMostSlots = 5000;  // a page takes time for each, and a few bytes can name a million
 uint32_t pixels[kSide * kSide];
 ink::PixelSurface view{pixels, kSide, kSide, kSide};
 

@@ -6,6 +6,7 @@
 #include "app/store/DayFolder.h"
 #include "app/store/MemoFile.h"
 #include "app/store/NoteAlarms.h"
+#include "app/store/StorePaths.h"
 #include "editor/FileNamePattern.h"
 #include "fuzz/Target.h"
 #include "platform/Locale.h"
@@ -32,7 +33,7 @@ void TryCommandLine(const Bytes& bytes, Care) {
     for (const wchar_t* root : {L"", L"\\Root"}) {
         device.SetSetting(L"RootDirPath", root);
         const app::StartRequest start = app::ParseCommandLine(line);
-        const bool isFolder = !start.target.empty() && start.target.back() == L'\\';
+        const bool isFolder = store::EndsInBackslash(start.target);
         Require(start.caption.empty() || isFolder, "a day's title needs its folder");
         const size_t code = start.alarmTimeCode.size();
         Require(code == 0 || (code == 15 && isFolder), "an alarm's time is whole and needs its folder");
@@ -50,8 +51,8 @@ void TryNamePattern(const Bytes& bytes, Care) {
     int32_t parts[5] = {};
     if (bytes.size() < sizeof parts) return;
     std::memcpy(parts, bytes.data(), sizeof parts);
-    const std::wstring rest(bytes.begin() + sizeof parts, bytes.end()),
-        folder = rest.substr(0, rest.find(L'\0'));
+    const std::wstring rest(bytes.begin() + sizeof parts, bytes.end());
+    const std::wstring folder = rest.substr(0, rest.find(L'\0'));
     const std::wstring pattern = rest.substr(std::min(rest.size(), folder.size() + 1));
     const platform::DateTime moment{parts[0], parts[1], 0, parts[2], parts[3], parts[4], 7, 0};
     HostDevice device;
