@@ -23,7 +23,7 @@ store::JournalStory Read(const Bytes& bytes, size_t size, Care care) {
 }
 
 auto Told(const store::JournalStory& story) {
-    const bool isPage = story.page != nullptr && story.page->SlotCount() < 5000;
+    const bool isPage = story.page != nullptr && story.page->SlotCount() < 500;
     return std::tuple(story.state, story.device, story.notePath, story.proposedPath, story.savingPath,
                       story.hasMemo, story.memoPath, story.memo, isPage ? story.page->memo : L"",
                       isPage ? Save(*story.page) : Bytes());
@@ -49,9 +49,10 @@ void TryJournal(const Bytes& bytes, Care care) {
         if (journal.size() <= cut) end = journal.size();
         at = next + std::min<std::ptrdiff_t>(4, bytes.end() - next);
     }
+    Read(journal, journal.size(), care);
+    if (care == Care::Quick && (bytes.size() % 4 != 0 || journal.size() == end)) return;
     const auto whole = Told(Read(journal, end, care));
     Require(Told(Read(journal, std::min(cut, journal.size()), care)) == whole, "up to the last whole step");
-    Read(journal, journal.size(), care);
 }
 
 }  // namespace fuzz

@@ -93,7 +93,7 @@ ink::LoadResult Load(const Bytes& note, ink::InkPage& page) {
 
 void RequireWhole(ink::InkPage& page, size_t size, Care care) {
     Require(page.Pool().Capacity() <= 4 * size + 16 * 1024 * 1024, "memory in proportion to the file");
-    if (care == Care::Quick && page.SlotCount() > kMostSlots) return;
+    if (care == Care::Quick && page.SlotCount() > 100) return;
     ink::InkPage copy;
     copy.bandHeight = page.bandHeight;
     const Bytes saved = Save(page);
