@@ -1,93 +1,58 @@
 // Reads any bytes as a note, looks at them the way the preview does, saves what was read, erases in it and
-// moves its ink, and paints views of it. A promise that does not hold ends the program.
+// moves its ink, and paints views of it.
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <numeric>
-#include <vector>
 
+#include "fuzz/Target.h"
 #include "ink/InkPainter.h"
-#include "ink/NoteFile.h"
-#include "ink/NoteSalvage.h"
 #include "ink/NoteScanner.h"
 #include "ink/PageHistory.h"
 
+namespace fuzz {
+
 namespace {
 
-// Quick leaves out what takes long: painting, and pages of very many slots.
-enum class Care { Quick, Thorough };
-
 constexpr int32_t kSide = 64;
-constexpr size_t kFixedMemory = 16 * 1024 * 1024;
-// A page takes time for each of its slots, and a few bytes can name a million of them.
-constexpr int64_t kManySlots = 100;
-constexpr int64_t kMostSlots = 5000;
-
-// A broken promise ends the program, so that the fuzzer notices.
-void Require(bool kept, const char* promise) {
-    if (kept) return;
-    std::fprintf(stderr, "broken promise: %s\n", promise);
-    std::abort();
-}
-
-// Something to paint on.
-ink::PixelSurface& View() {
-    static uint32_t pixels[kSide * kSide];
-    static ink::PixelSurface view{pixels, kSide, kSide, kSide};
-    return view;
-}
+constexpr int64_t kMostSlots = 5000;  // a page takes time for each, and a few bytes can name a million
+uint32_t pixels[kSide * kSide];
+ink::PixelSurface view{pixels, kSide, kSide, kSide};
 
 // Made once: preparing a pen takes longer than reading a small note.
-ink::InkPainter& Painter(ink::PenStyle style) {
+ink::InkPainter& Painter(size_t style) {
     static ink::InkPainter painters[3];
-    static const bool isReady = painters[0].SetPen(ink::PenStyle::Simple, 3.0) &&
-                                painters[1].SetPen(ink::PenStyle::Classic, 3.0) &&
-                                painters[2].SetPen(ink::PenStyle::Smooth, 3.0);
-    Require(isReady, "pens");
-    return painters[static_cast<size_t>(style)];
+    for (static uint8_t i = 0; i < 3; ++i)
+        Require(painters[i].SetPen(static_cast<ink::PenStyle>(i), 3.0), "a pen");
+    return painters[style];
 }
 
 void PaintViews(const ink::InkPage& page, Care care) {
-    if (care == Care::Quick) return;
-    for (const ink::PenStyle style : {ink::PenStyle::Simple, ink::PenStyle::Classic, ink::PenStyle::Smooth}) {
-        for (const int32_t scroll : {0, INT32_MIN, INT32_MAX})
-            Painter(style).Repaint(View(), page, scroll, View().Bounds());
-        Painter(style).Repaint(View(), page, 500, {3, 5, 40, 33});
+    if (care == Care::Quick || page.SlotCount() > kMostSlots) return;
+    for (size_t i = 0; i < 12; ++i) {
+        constexpr int32_t kScrolls[] = {0, 500, INT32_MIN, INT32_MAX};
+        Painter(i / 4).Repaint(view, page, kScrolls[i % 4], {3, 0, kSide, kSide - 7});
     }
 }
 
+// Of all slots: a file may have strokes where no repaint looks.
 int64_t CountPoints(const ink::InkPage& page) {
     int64_t points = 0;
-    page.VisitStrokes(INT32_MIN, INT32_MAX, [&](const ink::StrokeRecord& record) { points += record.count; });
+    for (size_t slot = 0; slot < page.SlotCount(); ++slot) {
+        if (page.Band(slot) == nullptr) continue;
+        for (const ink::StrokeRecord* record : page.Band(slot)->Records()) points += record->count;
+    }
     return points;
-}
-
-// Swept once: making it takes longer than erasing in a small note.
-ink::SweptRegion MakeRegion() {
-    ink::SweptRegion region;
-    for (int64_t i = 0; i < 40; ++i) Require(region.AddSquare(i * 5 - 20, i * 9 - 10), "a square");
-    return region;
-}
-
-std::vector<uint8_t> Save(const ink::InkPage& page) {
-    ink::MemorySink saved;
-    Require(ink::WriteNote(saved, page), "writing to memory");
-    return saved.Bytes();
 }
 
 void Edit(ink::InkPage& page, Care care) {
     const int64_t before = CountPoints(page);
     page.TrimTrailingBands();
-    const std::vector<uint8_t> unchanged = Save(page);
+    const Bytes unchanged = Save(page);
     ink::PageHistory history(page);
     for (const int64_t rows : {40, -500, 3000}) {
         history.MoveStrokes(20, rows, 2);
         Require(CountPoints(page) == before, "moving loses nothing");
     }
-    static const ink::SweptRegion region = MakeRegion();
+    static ink::SweptRegion region;  // swept once: that takes longer than erasing in a small note
+    for (static int64_t i = 0; i < 40; ++i) Require(region.AddSquare(i * 5 - 20, i * 9 - 10), "a square");
     history.EraseStrokes(region);
     Require(CountPoints(page) <= before, "erasing adds nothing");
     page.TrimTrailingBands();
@@ -97,7 +62,7 @@ void Edit(ink::InkPage& page, Care care) {
     Require(Save(page) == unchanged, "every edit can be taken back");
 }
 
-// Looks at the strokes as the preview does. The last slot that they are in, or would be filed in anew.
+// The last slot that strokes are in, or would be filed in anew.
 int64_t Scan(ink::MemorySource source, const ink::NoteFileHeader& header, const ink::InkPage& page,
              Care care) {
     ink::StrokePool pool;
@@ -106,84 +71,51 @@ int64_t Scan(ink::MemorySource source, const ink::NoteFileHeader& header, const 
     int64_t last = 0;
     while (scanner.Next(record) == ink::ScanResult::Record) {
         last = std::max({last, scanner.Block(), page.SlotOf(record->minY, record->maxY)});
-        if (care == Care::Thorough)
-            Painter(ink::PenStyle::Smooth).PaintStroke(View(), *record, 0, View().Bounds());
+        if (care == Care::Thorough) Painter(2).PaintStroke(view, *record, 0, view.Bounds());
     }
     return last;
 }
 
-ink::LoadResult Load(const void* data, size_t size, ink::InkPage& page) {
-    ink::MemorySource source(data, size);
-    ink::NoteFileHeader header;
-    return ink::ReadNoteHeader(source, header) ? ink::ReadNoteBody(source, header, page)
-                                               : ink::LoadResult::Damaged;
-}
-
-// What is kept of a damaged note is a note like any other, and as large as its bytes at most.
-void Salvage(const uint8_t* data, size_t size, Care care) {
-    ink::MemorySource source(data, size);
-    ink::InkPage page, copy;
-    const bool isKept = ink::SalvageNote(source, page);
-    Require(page.Pool().Capacity() <= 4 * size + kFixedMemory, "memory in proportion to the file");
-    if (!isKept) return Require(page.SlotCount() == 0, "nothing on the page");
-    copy.bandHeight = page.bandHeight;
-    const std::vector<uint8_t> saved = Save(page);
-    Require(Load(saved.data(), saved.size(), copy) == ink::LoadResult::Loaded && Save(copy) == saved,
-            "what was kept is a whole note");
-    if (care == Care::Thorough && page.SlotCount() <= kMostSlots) PaintViews(page, care);
-}
-
-void LoadAndSave(const uint8_t* data, size_t size, int32_t bandHeight, Care care) {
-    ink::MemorySource source(data, size);
-    ink::NoteFileHeader header;
-    if (!ink::ReadNoteHeader(source, header)) return;
-    ink::InkPage page, copy;
-    copy.bandHeight = page.bandHeight = bandHeight == 0 ? header.bandHeight : bandHeight;
-    const int64_t lastSlot = Scan(source, header, page, care);
-    if (care == Care::Quick && lastSlot > kManySlots) return;
-    const ink::LoadResult result = Load(data, size, page);
-    Require(page.Pool().Capacity() <= 4 * size + kFixedMemory, "memory in proportion to the file");
-    if (result != ink::LoadResult::Loaded)
-        return Require(page.SlotCount() == 0, "nothing kept of a damaged note");
-    if (lastSlot > kMostSlots) return;
-    PaintViews(page, care);
-    const std::vector<uint8_t> saved = Save(page);
-    Require(Load(saved.data(), saved.size(), copy) == ink::LoadResult::Loaded, "a saved note loads");
-    Require(Save(copy) == saved, "a saved note stays the same");
-    Edit(copy, care);
-}
-
-void TryNote(const uint8_t* data, size_t size, Care care) {
-    Salvage(data, size, care);
-    for (const int32_t bandHeight : {0, 268, 1}) LoadAndSave(data, size, bandHeight, care);
-}
-
 }  // namespace
 
-#ifdef INKWRIGHT_FUZZER
-
-// One input of 128 is looked at thoroughly: most draw what others drew before.
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const bool isPicked = std::accumulate(data, data + size, size_t{0}) % 128 == 0;
-    TryNote(data, size, isPicked ? Care::Thorough : Care::Quick);
-    return 0;
+Bytes Save(const ink::InkPage& page) {
+    ink::MemorySink saved;
+    Require(ink::WriteNote(saved, page), "writing to memory");
+    return saved.Bytes();
 }
 
-#else
+ink::LoadResult Load(const Bytes& note, ink::InkPage& page) {
+    ink::MemorySource source(note.data(), note.size());
+    ink::NoteFileHeader header;
+    if (!ink::ReadNoteHeader(source, header)) return ink::LoadResult::Damaged;
+    return ink::ReadNoteBody(source, header, page);
+}
 
-// Replays the files of the folders named on the command line.
-int main(int argc, char** argv) {
-    size_t count = 0;
-    for (int i = 1; i < argc; ++i) {
-        for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
-            std::ifstream file(entry.path(), std::ios::binary);
-            const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
-            std::fprintf(stderr, "%s\n", entry.path().filename().c_str());
-            TryNote(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size(), Care::Thorough);
-            ++count;
-        }
+void RequireWhole(ink::InkPage& page, size_t size, Care care) {
+    Require(page.Pool().Capacity() <= 4 * size + 16 * 1024 * 1024, "memory in proportion to the file");
+    if (care == Care::Quick && page.SlotCount() > 100) return;
+    ink::InkPage copy;
+    copy.bandHeight = page.bandHeight;
+    const Bytes saved = Save(page);
+    Require(Load(saved, copy) == ink::LoadResult::Loaded, "a saved note loads");
+    Require(Save(copy) == saved, "a saved note stays the same");
+    PaintViews(page, care);
+}
+
+void TryNote(const Bytes& bytes, Care care) {
+    ink::MemorySource source(bytes.data(), bytes.size());
+    ink::NoteFileHeader header;
+    if (!ink::ReadNoteHeader(source, header)) return;
+    for (const int32_t bandHeight : {header.bandHeight, 268, 1}) {
+        ink::InkPage page;
+        page.bandHeight = bandHeight;
+        const int64_t lastSlot = Scan(source, header, page, care);
+        if (care == Care::Quick && lastSlot > 100) continue;
+        const bool isLoaded = Load(bytes, page) == ink::LoadResult::Loaded;
+        RequireWhole(page, bytes.size(), care);
+        Require(isLoaded || page.SlotCount() == 0, "nothing kept of a damaged note");
+        if (lastSlot <= kMostSlots) Edit(page, care);
     }
-    return count == 0 ? 1 : 0;
 }
 
-#endif
+}  // namespace fuzz

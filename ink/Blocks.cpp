@@ -8,7 +8,7 @@ namespace ink {
 namespace {
 
 constexpr size_t kHead = 8;  // kind and size, before the content; the checksum of all that is behind it
-constexpr size_t kPiece = 1024 * 1024;
+constexpr size_t kPiece = 64 * 1024;
 
 // CRC-32 as in zip files.
 constexpr std::array<uint32_t, 256> MakeChecksums() {

@@ -99,6 +99,7 @@ bool DecodeEntry(const std::vector<uint8_t>& bytes, NotificationEntry& entry) {
     const uint32_t version = reader.Number();
     if (version != kVersion && version != kVersionWithoutScreen) return false;
     const uint32_t flags = reader.Number();
+    if ((flags & ~(kFlashLed | kShowDialog)) != 0) return false;
     entry.notification.flashLed = (flags & kFlashLed) != 0;
     entry.notification.showDialog = (flags & kShowDialog) != 0;
     entry.trigger.start = reader.Moment();
