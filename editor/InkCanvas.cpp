@@ -183,10 +183,10 @@ void InkCanvas::ShowStep(ink::PageHistory::Result result, const ink::RowSpan& ro
     ScrollTo(isInSight ? allowed : std::clamp(rows.top - kRowsAbove, 0, last));
 }
 
-// A note without a file keeps its memo until it is saved.
+// A note without a file, or whose memo could not be written yet, keeps its memo until it is saved.
 void InkCanvas::EditTextMemo() {
     using options::TextMemoDialog;
-    if (!HasFile(page_)) {
+    if (!HasFile(page_) || !page_.memo.empty()) {
         TextMemoDialog dialog(TextMemoDialog::Mode::Text, page_.memo, journal_);
         openMemo_ = &dialog;
         const bool isSaved = dialog.Edit(*this);
@@ -237,7 +237,8 @@ void InkCanvas::OnSessionEnd() {
         history_.EndStep();
     }
     const bool isSaved = !page_.modified || SaveWithoutAsking(Kind(), page_, journal_);
-    isSaved ? journal_.Remove() : journal_.Leave();
+    if (isSaved) journal_.Remove();
+    if (!isSaved) journal_.Leave();
     page_.modified = !isSaved;
     EndModal(platform::kIdOk);
 }

@@ -98,10 +98,12 @@ bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page, store:
     }
     if (!WriteSafely(OpenNoteFile(owner, kind, page), page, journal) && !WriteInPlace(page, journal))
         return false;
-    // The user is told when the memo fails. The ink is safe all the same, and the next start offers the memo.
+    // The user is told when the memo fails. The ink is safe all the same, and the next start offers the memo;
+    // without a journal only the page has it, which must stay.
     const bool hasMemo = !page.memo.empty();
-    if (hasMemo && !store::MemoFile(store::MemoPath(page.notePath)).Write(owner, page.memo)) journal.Leave();
-    return true;
+    if (!hasMemo || store::MemoFile(store::MemoPath(page.notePath)).Write(owner, page.memo)) return true;
+    page.isProposal = false;
+    return journal.Leave();
 }
 
 bool SaveWithoutAsking(NoteKind kind, ink::InkPage& page, store::NoteJournal& journal) {

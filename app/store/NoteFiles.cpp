@@ -2,6 +2,7 @@
 
 #include "app/store/NoteAlarms.h"
 #include "app/store/NoteIntent.h"
+#include "app/store/SafeFile.h"
 #include "app/store/StorePaths.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
@@ -13,7 +14,12 @@ namespace {
 bool MemoStays(const std::wstring& from, const std::wstring& to, MemoInTheWay memoInTheWay) {
     if (!IsFile(from)) return false;
     if (memoInTheWay == MemoInTheWay::Replace && IsFile(to)) platform::EraseFile(to);
-    return !platform::MoveEntry(from, to);
+    if (platform::MoveEntry(from, to)) return false;
+    // A copy will do, if it is the only one in the end.
+    if (IsFile(to) || !CopySafely(from, to)) return true;
+    if (platform::EraseFile(from)) return false;
+    platform::EraseFile(to);
+    return true;
 }
 
 // All notes in a folder and below, as they were under its old name and as they are now.

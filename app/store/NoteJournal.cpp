@@ -151,11 +151,12 @@ bool NoteJournal::Hold() {
     return isHeld;
 }
 
-void NoteJournal::Leave() {
-    log_.Flush();
+bool NoteJournal::Leave() {
+    const bool isAll = !isOff_ && log_.Flush();
     log_.Close();
     path_.clear();
     isOff_ = true;
+    return isAll;
 }
 
 // Should the file not go, or the note be moved before it does, nothing comes back.

@@ -35,8 +35,9 @@ class NoteJournal : public ink::StepListener {
 
     // Everything is saved, or not wanted any more.
     void Remove();
-    // What is written so far stays for the next start, and nothing more is written.
-    void Leave();
+    // What is written so far stays for the next start, and nothing more is written. False when that is not
+    // all.
+    bool Leave();
 
   private:
     bool Open(ink::BlockBytes& bytes);

@@ -59,8 +59,7 @@ TEST_F(Faults, OfEveryCallOfEveryOperation) {
          },
          {whole + L"| Moving 'a.ikw' failed!",
           L"HOME\\A.IKW HOME\\A.TXT WORK\\A.TXT | Home\\a.ikw| Moving 'a.txt' failed!",
-          L"HOME\\A.IKW WORK\\A.TXT | Home\\a.ikw| Moving 'a.txt' failed!",
-          L"HOME\\A.IKW HOME\\A.TXT | Home\\a.ikw"}},
+          L"HOME\\A.IKW HOME\\A.TXT | Home\\a.ikw", L"HOME\\A.IKW HOME\\A.TXT | Home\\a.ikw"}},
         {[] { manager::MoveFolder(nullptr, kRoot + L"Work", kHome + L"Work", kRoot); },
          {whole + L"| Moving from '" + kRoot + L"Work' to '" + kHome +
               L"Work' failed!\n\nThe source folder may be in use or the destination folder already exists.",
