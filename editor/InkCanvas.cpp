@@ -147,7 +147,7 @@ void InkCanvas::FullErase() {
     if (answer != MessageAnswer::Yes) return;
     if (HasFile(page_)) {
         // What is undone comes back as a new note, and so does its memo.
-        page_.memo = store::MemoFile(store::MemoPath(page_.notePath)).Read(nullptr);
+        if (page_.memo.empty()) page_.memo = store::MemoFile(store::MemoPath(page_.notePath)).Read(nullptr);
         store::DeleteNoteFiles(page_.notePath);
         storeChanged_ = true;
     }
@@ -179,8 +179,7 @@ void InkCanvas::ShowStep(ink::PageHistory::Result result, const ink::RowSpan& ro
     const int32_t allowed = UpdateScrollRange();
     const bool isInSight = rows.top > rows.bottom ||
                            (rows.bottom >= page_.scroll && rows.top < page_.scroll + page_.canvasHeight);
-    const int32_t last = std::max(0, GetScroll().maximum - page_.canvasHeight);
-    ScrollTo(isInSight ? allowed : std::clamp(rows.top - kRowsAbove, 0, last));
+    ScrollTo(isInSight ? allowed : std::clamp(rows.top - kRowsAbove, 0, LastPosition()));
 }
 
 // A note without a file, or whose memo could not be written yet, keeps its memo until it is saved.
@@ -324,6 +323,14 @@ void InkCanvas::OnScroll(platform::ScrollCode code, int thumbPosition) {
     const ScrollTarget target = ScrollTargetOf(code, GetScroll(), thumbPosition);
     if (target.atEnd && LastBandHoldsInk(page_)) return AdvancePage();
     ScrollTo(target.position);
+}
+
+int32_t InkCanvas::LastPosition() const { return std::max(0, GetScroll().maximum - page_.canvasHeight); }
+
+// The page follows the fingers.
+void InkCanvas::OnPan(int rows) {
+    input_.StopTimer();
+    ScrollTo(static_cast<int32_t>(std::clamp<int64_t>(int64_t{page_.scroll} - rows, 0, LastPosition())));
 }
 
 // Sets the scroll bar to the page and returns the position it allows.

@@ -42,6 +42,10 @@ class InkCanvas : public platform::Screen {
     void OnPenMove(platform::Point place) override { input_.PenMove(place); }
     void OnPenUp(platform::Point place) override;
     void OnCaptureLost() override { input_.CaptureLost(); }
+    void OnPenHover(platform::Point place, platform::PenEnd end) override { input_.PenHover(place, end); }
+    void OnPenLeave() override { input_.PenLeave(); }
+    void OnPan(int rows) override;
+    void OnTwoFingerTap() override { OnCommand(IDM_UNDO); }
     void OnTimer(int id) override;
     void OnScroll(platform::ScrollCode code, int thumbPosition) override;
     bool OnKeyDown(platform::Key key) override;
@@ -91,6 +95,7 @@ class InkCanvas : public platform::Screen {
     NoteKind Kind() const { return titleOverride_.empty() ? NoteKind::Ordinary : NoteKind::Reminder; }
 
     int32_t UpdateScrollRange();
+    int32_t LastPosition() const;
     void ScrollTo(int32_t wanted);
     void MoveView(int32_t position);
     void AdvancePage();

@@ -19,6 +19,7 @@ void PageView::Redraw() {
 }
 
 void PageView::MoveTo(int32_t top) {
+    Unmark();
     const int64_t dy = int64_t{page_.scroll} - top;
     page_.scroll = top;
     if (std::llabs(dy) >= page_.canvasHeight) {
@@ -62,6 +63,42 @@ void PageView::FinishStroke(const ink::Rect& box) {
     ink::PixelSurface surface = image_.Surface();
     painter_.Repaint(surface, page_, page_.scroll, area);
     window_.Show(image_, area);
+}
+
+void PageView::MarkDot(ink::Point place) {
+    Unmark();
+    ink::PixelSurface surface = image_.Surface();
+    if (!painter_.BeginStroke(surface, page_.penColors[0])) return;
+    const ink::Rect dot = painter_.PaintSegment(surface, &place, 1);
+    painter_.EndStroke();
+    ShowMark(dot);
+}
+
+void PageView::MarkSquare(ink::Point place, int32_t reach) {
+    Unmark();
+    const ink::Rect square{place.x - reach, place.y - reach, place.x + reach, place.y + reach};
+    ink::PixelSurface surface = image_.Surface();
+    const ink::Rect inside = Intersect(square, Bounds());
+    for (int32_t y = inside.top; y < inside.bottom; ++y) {
+        const bool isEdge = y == square.top || y == square.bottom - 1;
+        for (int32_t x = inside.left; x < inside.right; ++x) {
+            if (isEdge || x == square.left || x == square.right - 1) surface.Row(y)[x] ^= 0x00FFFFFF;
+        }
+    }
+    ShowMark(inside);
+}
+
+void PageView::Unmark() {
+    if (!mark_.IsEmpty()) window_.Show(image_, mark_);
+    mark_ = {};
+}
+
+// The page image does not keep the mark.
+void PageView::ShowMark(const ink::Rect& area) {
+    window_.Show(image_, area);
+    ink::PixelSurface surface = image_.Surface();
+    painter_.Repaint(surface, page_, page_.scroll, area);
+    mark_ = area;
 }
 
 void PageView::DrawRows(int32_t top, int32_t bottom) {

@@ -38,15 +38,23 @@ class PageView {
     // it.
     void FinishStroke(const ink::Rect& box);
 
+    // Where a hovering pen would write a dot, or which square it would erase; on the screen alone, one at a
+    // time.
+    void MarkDot(ink::Point place);
+    void MarkSquare(ink::Point place, int32_t reach);
+    void Unmark();
+
   private:
     ink::Rect Bounds() const { return {0, 0, page_.canvasWidth, page_.canvasHeight}; }
     void DrawRows(int32_t top, int32_t bottom);
     void MoveImageRows(int32_t dy);
+    void ShowMark(const ink::Rect& area);
 
     platform::Window& window_;
     ink::InkPage& page_;
     ink::InkPainter painter_;
     platform::Image image_;
+    ink::Rect mark_;  // what the screen shows otherwise than the page image; empty without a mark
 };
 
 }  // namespace editor

@@ -17,8 +17,9 @@ constexpr uint32_t kPauseBeforeScroll = 530;  // milliseconds
 // A contact that was never lifted leaves no ink, and what it swept or spaced comes back.
 void PenInput::PenDown(ink::Point place) {
     if (drag_ != nullptr && drag_ != &pen_) CaptureLost();
+    view_.Unmark();
     window_.CapturePen();
-    drag_ = tool_;
+    drag_ = window_.EndOfPen() == platform::PenEnd::Eraser ? &eraser_ : tool_;
     drag_->Begin(place);
 }
 
@@ -53,6 +54,16 @@ void PenInput::CaptureLost() {
     if (drag_ == nullptr) return;
     EndDrag().GiveUp();
     history_.EndStep();
+}
+
+void PenInput::PenHover(ink::Point place, platform::PenEnd end) {
+    if (end == platform::PenEnd::Eraser || tool_ == &eraser_) {
+        view_.MarkSquare(place, ink::SweptRegion::kReach);
+    } else if (tool_ == &pen_) {
+        view_.MarkDot(place);
+    } else {
+        view_.Unmark();
+    }
 }
 
 void PenInput::PaintMarks() {

@@ -8,15 +8,16 @@
 
 namespace editor {
 
-// Takes the pen's events to the tool in use: it captures the pen, has a drag go on with the tool that it
-// began with, collects the positions between two events, makes each drag one step of the page's history, and
-// waits for the pause after which the page moves on.
+// Takes the pen's events to the tool in use, or to the eraser for the pen's other end: it captures the pen,
+// has a drag go on with the tool that it began with, collects the positions between two events, makes each
+// drag one step of the page's history, and waits for the pause after which the page moves on.
 class PenInput {
   public:
     PenInput(platform::Window& window, ink::InkPage& page, ink::PageHistory& history, PageView& view)
         : window_(window),
           page_(page),
           history_(history),
+          view_(view),
           pen_(window, page, history, view),
           eraser_(window, page, history, view),
           space_(window, page, history, view) {}
@@ -34,6 +35,9 @@ class PenInput {
     void CaptureLost();
     // Ends the drag under way, as if the pen had been taken away: the window tells of a lost capture.
     void Interrupt() { window_.ReleasePen(); }
+    // A pen is near and would write, or erase, there.
+    void PenHover(ink::Point place, platform::PenEnd end);
+    void PenLeave() { view_.Unmark(); }
     // The tool's marks over a freshly painted window.
     void PaintMarks();
 
@@ -55,6 +59,7 @@ class PenInput {
     platform::Window& window_;
     ink::InkPage& page_;
     ink::PageHistory& history_;
+    PageView& view_;
 
     InkPen pen_;
     Eraser eraser_;

@@ -7,6 +7,7 @@
 
 #include "ink/Geometry.h"
 #include "platform/Image.h"
+#include "platform/PenTranslator.h"
 
 namespace platform {
 
@@ -67,6 +68,8 @@ class Window {
     // Within OnPenMove and OnPenUp: the pen positions between the previous pen event and this one, oldest
     // first, this event's own position not included. At most `capacity`; returns how many.
     size_t PenSamples(Point* samples, size_t capacity) const;
+    // From OnPenDown to OnPenUp: which end of the pen touches. A mouse has only a tip.
+    PenEnd EndOfPen() const;
 
     // Vertical scroll bar: always visible on a Screen that asked for one, disabled when nothing scrolls.
     void SetScroll(const ScrollState& state);
@@ -98,6 +101,13 @@ class Window {
     virtual void OnPenMove(Point) {}
     virtual void OnPenUp(Point) {}
     virtual void OnCaptureLost() {}
+    // A pen comes near without touching, or moves there; then it leaves. A pen that touches has left.
+    virtual void OnPenHover(Point, PenEnd) {}
+    virtual void OnPenLeave() {}
+    // Fingers on a window with a scroll bar: what it shows is to follow by `rows` (down when positive); two
+    // of them have tapped.
+    virtual void OnPan(int /*rows*/) {}
+    virtual void OnTwoFingerTap() {}
     virtual void OnTimer(int) {}
     // The scroll bar, and on windows that have one the mouse wheel: for each notch as many lines as the
     // system is set to, or a page.

@@ -34,6 +34,7 @@ class HostDesk {
     Rect PlaceOf(const std::wstring& text) const;
 
     // Events for the window on top.
+    PenEnd penEnd = PenEnd::Tip;  // that touches next
     void PenDown(Point place);
     void PenMove(Point place, const std::vector<Point>& samples = {});
     void PenUp(Point place, const std::vector<Point>& samples = {});

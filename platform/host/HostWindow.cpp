@@ -70,6 +70,8 @@ void Window::ReleasePen() {
 
 bool Window::HasPen() const { return impl_->hasPen; }
 
+PenEnd Window::EndOfPen() const { return host::HostDevice::Current().desk.penEnd; }
+
 size_t Window::PenSamples(Point* samples, size_t capacity) const {
     const size_t count = std::min(capacity, impl_->samples.size());
     std::copy_n(impl_->samples.begin(), count, samples);

@@ -14,6 +14,7 @@ struct Event {
     Window& window;
     Window::Impl& state;
     HWND handle;
+    UINT message;
     WPARAM wParam;
     LPARAM lParam;
 };
@@ -23,14 +24,19 @@ Point PointOf(const Event& event) {
     return {place.x, place.y};
 }
 
+// A finger's mouse messages are no pen's.
+bool IsIdleFinger(const Event& event) { return event.state.pointers && event.state.pointers->IsFromFinger(); }
+
 bool PenDown(Event& event) {
+    if (IsIdleFinger(event)) return true;
     event.state.pen.Begin(TrailOf(event.handle, PointOf(event)));
     event.window.OnPenDown(PointOf(event));
     return true;
 }
 
 bool PenMove(Event& event) {
-    // A pen that does not touch the screen is not there.
+    // A mouse that does not press is not there.
+    if (IsIdleFinger(event)) return true;
     if (!event.state.holdsPen && (event.wParam & MK_LBUTTON) == 0) return false;
     event.state.pen.Arrive(TrailOf(event.handle, PointOf(event)), InSendMessage() != FALSE);
     event.window.OnPenMove(PointOf(event));
@@ -39,6 +45,7 @@ bool PenMove(Event& event) {
 }
 
 bool PenUp(Event& event) {
+    if (IsIdleFinger(event)) return true;
     event.state.pen.Arrive(TrailOf(event.handle, PointOf(event)), InSendMessage() != FALSE);
     event.window.OnPenUp(PointOf(event));
     event.state.pen.Leave();
@@ -143,6 +150,15 @@ bool Wheel(Event& event) {
     return true;
 }
 
+bool Pointer(Event& event) {
+    return event.state.pointers && event.state.pointers->Take(event.message, event.wParam, event.lParam);
+}
+
+bool Gesture(Event& event) {
+    return event.state.pointers &&
+           event.state.pointers->TakeGesture(event.message, event.wParam, event.lParam);
+}
+
 bool KeyDown(Event& event) { return event.window.OnKeyDown(KeyOf(event.wParam)); }
 
 constexpr struct {
@@ -152,6 +168,14 @@ constexpr struct {
 } kEvents[] = {{PenMove, WM_MOUSEMOVE, false},
                {PenDown, WM_LBUTTONDOWN, false},
                {PenUp, WM_LBUTTONUP, false},
+               {Pointer, WM_POINTERENTER, false},
+               {Pointer, WM_POINTERDOWN, false},
+               {Pointer, WM_POINTERUPDATE, false},
+               {Pointer, WM_POINTERUP, false},
+               {Pointer, WM_POINTERLEAVE, false},
+               {Pointer, WM_POINTERCAPTURECHANGED, true},
+               {Gesture, WM_GESTURENOTIFY, false},
+               {Gesture, WM_GESTURE, false},
                {CaptureChanged, WM_CAPTURECHANGED, true},
                {Paint, WM_PAINT, true},
                {Timer, WM_TIMER, false},
@@ -192,7 +216,7 @@ bool TakeShortcut(Window& window, const MSG& message) {
 bool DispatchEvent(Window& window, HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     for (const auto& known : kEvents) {
         if (known.message != message) continue;
-        Event event{window, *window.Handle(), handle, wParam, lParam};
+        Event event{window, *window.Handle(), handle, message, wParam, lParam};
         bool isHandled = true;
         if (known.afterEnd || !event.state.ended) Guarded(window, [&] { isHandled = known.handle(event); });
         return isHandled;

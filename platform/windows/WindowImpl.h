@@ -1,11 +1,13 @@
 #pragma once
 
+#include <memory>
 #include <new>
 #include <vector>
 
 #include "platform/MessageBox.h"
 #include "platform/Window.h"
 #include "platform/windows/PenHistory.h"
+#include "platform/windows/PointerInput.h"
 #include "platform/windows/SystemHeaders.h"
 
 namespace platform {
@@ -29,7 +31,11 @@ struct Window::Impl {
     bool takenOver = false;  // another copy takes this one's place: ends, and so does the window below
     bool ended = false;
     int result = -1;
+
+    bool HasPenContact() const { return pointers && pointers->HasContact(); }
+
     windows::PenHistory pen;
+    std::unique_ptr<windows::PointerInput> pointers;  // of a page that is written on
 };
 
 namespace windows {

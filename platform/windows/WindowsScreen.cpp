@@ -177,6 +177,7 @@ bool CreateWindows(Screen& screen, bool withScrollBar, HWND owner) {
         CreateWindowExW(0, kMenuBarClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, pageHeight,
                         handheld.width, kBarHeight, state.frame, nullptr, Module(), object);
     if (!state.page || !menuBar) return false;
+    if (withScrollBar) state.pointers = std::make_unique<PointerInput>(screen);  // it is written on
     SetPropW(state.page, kPenServiceProperty,
              reinterpret_cast<HANDLE>(kNoPressAndHold | kNoTapFeedback | kNoBarrelFeedback | kNoFlicks));
     return true;

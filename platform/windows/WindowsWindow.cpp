@@ -150,13 +150,14 @@ void Window::StopTimer(int id) {
 
 void Window::CapturePen() {
     if (!impl_->page) return;
-    SetCapture(impl_->page);
+    // A pen that touches belongs to the window it touches; only the mouse has to be caught.
+    if (!impl_->HasPenContact()) SetCapture(impl_->page);
     impl_->holdsPen = true;
 }
 
 void Window::ReleasePen() {
     if (!impl_->holdsPen) return;
-    if (!impl_->holdsPointer) {
+    if (!impl_->holdsPointer && !impl_->HasPenContact()) {
         ReleaseCapture();  // sends the change of capture at once
         return;
     }
@@ -164,9 +165,14 @@ void Window::ReleasePen() {
     OnCaptureLost();
 }
 
-bool Window::HasPen() const { return impl_->holdsPen && GetCapture() == impl_->page; }
+bool Window::HasPen() const {
+    return impl_->holdsPen && (impl_->HasPenContact() || GetCapture() == impl_->page);
+}
+
+PenEnd Window::EndOfPen() const { return impl_->pointers ? impl_->pointers->End() : PenEnd::Tip; }
 
 size_t Window::PenSamples(Point* samples, size_t capacity) const {
+    if (impl_->HasPenContact()) return impl_->pointers->Samples(samples, capacity);
     return impl_->page ? impl_->pen.Samples(windows::ClientOrigin(impl_->page), samples, capacity) : 0;
 }
 

@@ -40,6 +40,34 @@ TEST_F(Edits, ThePageShrinksToWhatIsLeft) {
     EXPECT_EQ(Edited({Press(IDM_SPACE_TOOL), closeUp, ExpectMaximum(kViewHeight)})->SlotCount(), 1u);
 }
 
+// The pen's other end erases while it is used. What a pen near the page would do is on the screen alone.
+TEST_F(Edits, PensHaveTwoEndsAndFingersScroll) {
+    using platform::PenEnd;
+    const auto turned = [this](PenEnd end) { return [=] { Desk().penEnd = end; }; };
+    Picture bare;
+    const Step look = [&] { bare = ShownPixels(); };
+    const auto hover = [&](Point place, PenEnd end, bool isInside) {
+        return [=, &bare] {
+            Desk().Top()->OnPenHover(place, end);
+            EXPECT_EQ(Shown().Row(place.y)[place.x] == 0xFFFFFF, isInside);
+            EXPECT_FALSE(ShownPixels() == bare);
+        };
+    };
+    const auto leave = [&] {
+        Desk().Top()->OnPenLeave();
+        EXPECT_TRUE(ShownPixels() == bare);
+    };
+    const auto pan = [this](int rows) { return [=] { Desk().Top()->OnPan(rows); }; };
+    Play({Write(Line({20, 100}, 10)), look, hover({100, 100}, PenEnd::Tip, false), leave,
+          hover({60, 60}, PenEnd::Eraser, true), hover({90, 60}, PenEnd::Tip, false), leave});
+    const auto page =
+        Edited({turned(PenEnd::Eraser), Write({{20, 100}, {30, 100}}), turned(PenEnd::Tip),
+                ExpectInk({}, {{21, 100}}), Write(Line({20, 200}, 9)), Scroll(C::PageDown),
+                Write(Line({20, 200}, 9)), pan(50), ExpectPosition(137), pan(-900), ExpectPosition(268),
+                [this] { Desk().Top()->OnTwoFingerTap(); }, pan(1 << 30), ExpectPosition(0)});
+    EXPECT_EQ(Traces(*page).size(), 2u);
+}
+
 // Every step comes into sight where it is undone and done again; a note that was undone to nothing is saved
 // so.
 TEST_F(Edits, StepsAreUndoneAndDoneAgainWhereTheyHappened) {
