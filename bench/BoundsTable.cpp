@@ -1,6 +1,6 @@
-// Prints what reading hostile notes and journals takes, beside an ordinary one of the same size and beside the
-// bare read of as many bytes: time, and the most memory at once. All in alternation in one run; the best of
-// several rounds counts.
+// Prints what reading hostile notes and journals takes, beside an ordinary one of the same size and beside
+// the bare read of as many bytes: time, and the most memory at once. All in alternation in one run; the best
+// of several rounds counts.
 #include <malloc.h>
 
 #include <algorithm>
@@ -61,6 +61,9 @@ using Bytes = std::vector<uint8_t>;
 
 constexpr double kWantedTime = 3;
 constexpr double kWantedMemory = 2;
+// What may be added whatever the size: a stroke far below takes its place in the page's list of slots.
+constexpr double kFixedTime = 1e-3;
+constexpr double kFixedMemory = 1 << 20;
 constexpr int32_t kHeight = bench::kViewHeight;
 int g_rounds = 7;
 size_t g_size = 16 * 1024 * 1024;
@@ -130,13 +133,13 @@ Bytes Scattered(const std::function<int64_t(int64_t)>& slotOf, int64_t most = IN
 Bytes Claim(int64_t points) {
     Bytes bytes = Header(1);
     Put(bytes, {1, points, 0, 0, 0, 0, 0});
-    bytes.resize(g_size);
+    bytes.resize(g_size + 100);  // the room that doubles is largest
     return bytes;
 }
 
 Bytes Ordinary() {
     ink::InkPage page;
-    bench::FillPage(page, bench::MakeStrokes(g_size / 344));
+    bench::FillPage(page, bench::MakeStrokes(g_size / 344 + 2));
     ink::MemorySink sink;
     ink::WriteNote(sink, page);
     return sink.Bytes();
@@ -185,7 +188,8 @@ void ReadBare(const std::string& path, size_t size) {
 
 using Reader = void (*)(const std::string&);
 
-void Compare(const std::string& what, Reader reader, const Bytes& hostile, const Bytes& ordinary) {
+void Compare(const std::string& what, Reader reader, const Bytes& hostile, Reader usualReader,
+             const Bytes& ordinary) {
     const bench::TempPath hostilePath("hostile");
     const bench::TempPath ordinaryPath("ordinary");
     bench::File::Create(hostilePath.Path()).Write(hostile.data(), hostile.size());
@@ -193,15 +197,17 @@ void Compare(const std::string& what, Reader reader, const Bytes& hostile, const
     Cost ours, usual, bare;
     for (int i = 0; i < g_rounds; ++i) {
         Measure([&] { reader(hostilePath.Path()); }, ours);
-        Measure([&] { reader(ordinaryPath.Path()); }, usual);
+        Measure([&] { usualReader(ordinaryPath.Path()); }, usual);
         Measure([&] { ReadBare(hostilePath.Path(), hostile.size()); }, bare);
     }
     const double time = ours.seconds / usual.seconds;
     const double memory = static_cast<double>(ours.memory) / static_cast<double>(usual.memory);
-    const bool isMet = time <= kWantedTime && memory <= kWantedMemory;
+    const bool isMet =
+        ours.seconds <= kWantedTime * usual.seconds + kFixedTime &&
+        static_cast<double>(ours.memory) <= kWantedMemory * static_cast<double>(usual.memory) + kFixedMemory;
     g_allMet = g_allMet && isMet;
-    std::printf("| %-50s | %8zu | %6.2f | %6.2f | %6.2f | %6.2f | %-3s |\n", what.c_str(), hostile.size(), time,
-                ours.seconds / bare.seconds, memory,
+    std::printf("| %-50s | %8zu | %6.2f | %6.2f | %6.2f | %6.2f | %-3s |\n", what.c_str(), hostile.size(),
+                time, ours.seconds / bare.seconds, memory,
                 static_cast<double>(ours.memory) / static_cast<double>(hostile.size()), isMet ? "yes" : "NO");
     std::fflush(stdout);
 }
@@ -235,9 +241,11 @@ void CompareNotes() {
         {"strokes that fill pieces badly", Bands(1, 16500)},
         {"one stroke of all points", Bands(1, static_cast<int32_t>(g_size / 8 - 4))},
     };
-    for (const Case& each : cases) Compare(each.name, Load, each.bytes, ordinary);
-    for (const Case& each : cases) Compare(std::string("preview: ") + each.name, Preview, each.bytes, ordinary);
-    for (const Case& each : cases) Compare(std::string("salvage: ") + each.name, Salvage, each.bytes, ordinary);
+    for (const Case& each : cases) Compare(each.name, Load, each.bytes, Load, ordinary);
+    for (const Case& each : cases)
+        Compare(std::string("preview: ") + each.name, Preview, each.bytes, Load, ordinary);
+    for (const Case& each : cases)
+        Compare(std::string("salvage: ") + each.name, Salvage, each.bytes, Load, ordinary);
 }
 
 class Journal : public ink::StepListener {
@@ -315,10 +323,11 @@ Bytes ManySteps(size_t size, int32_t records, uint64_t slots) {
 void CompareJournals() {
     const size_t size = g_size / 16;  // what is worse than linear shows all the same
     const Bytes ordinary = OrdinaryJournal(2 * size);
-    Compare("journal: ordinary", ReplayAll, OrdinaryJournal(size), ordinary);
-    Compare("journal: splices of many slots", ReplayAll, ManySplices(size), ordinary);
-    Compare("journal: strokes put first", ReplayAll, ManySteps(size, static_cast<int32_t>(size / 48), 1), ordinary);
-    Compare("journal: growing and shrinking", ReplayAll, ManySteps(size, 0, 2000000), ordinary);
+    Compare("journal: ordinary", ReplayAll, OrdinaryJournal(size), ReplayAll, ordinary);
+    Compare("journal: splices of many slots", ReplayAll, ManySplices(size), ReplayAll, ordinary);
+    Compare("journal: strokes put first", ReplayAll, ManySteps(size, static_cast<int32_t>(size / 48), 1),
+            ReplayAll, ordinary);
+    Compare("journal: growing and shrinking", ReplayAll, ManySteps(size, 0, 2000000), ReplayAll, ordinary);
 }
 
 }  // namespace

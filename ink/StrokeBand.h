@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "ink/Require.h"
@@ -9,21 +11,56 @@
 
 namespace ink {
 
-// Lists records; their memory is the page's StrokePool, and InkPage is what adds and removes them.
+// Lists records; their memory is the page's StrokePool, and InkPage is what adds and removes them. A single
+// record takes no memory of its own, since a file may put each into another slot. A band may be moved as
+// bytes.
 class StrokeBand {
   public:
-    size_t Count() const { return records_.size(); }
-    bool IsEmpty() const { return records_.empty(); }
-    const StrokeRecord& At(size_t index) const {
-        Require(index < records_.size(), "no such stroke in its slot");
-        return *records_[index];
+    StrokeBand() : one_(nullptr) {}
+    StrokeBand(StrokeBand&& other) noexcept : StrokeBand() { Swap(other); }
+    StrokeBand& operator=(StrokeBand&& other) noexcept {
+        Swap(other);
+        return *this;
+    }
+    ~StrokeBand() {
+        if (!IsInline()) delete[] many_;
     }
 
-    const std::vector<StrokeRecord*>& Records() const { return records_; }
+    size_t Count() const { return count_; }
+    bool IsEmpty() const { return count_ == 0; }
+    const StrokeRecord& At(size_t index) const {
+        Require(index < count_, "no such stroke in its slot");
+        return *begin()[index];
+    }
+
+    StrokeRecord* const* begin() const { return IsInline() ? &one_ : many_; }
+    StrokeRecord* const* end() const { return begin() + count_; }
 
   private:
     friend class InkPage;
-    std::vector<StrokeRecord*> records_;
+
+    bool IsInline() const { return capacity_ == 1; }
+    void Swap(StrokeBand& other) noexcept {
+        std::swap(one_, other.one_);  // both members of the union are one address
+        std::swap(count_, other.count_);
+        std::swap(capacity_, other.capacity_);
+    }
+    // Both throw bad_alloc.
+    void Reserve(size_t capacity);
+    void Append(StrokeRecord* record) {
+        // An odd number of addresses fills what allocators round up to.
+        if (count_ == capacity_) Reserve(size_t{capacity_} * 2 + 1);
+        (IsInline() ? &one_ : many_)[count_++] = record;
+    }
+    // Puts other records in the place of `out` of them, for which there is room.
+    void Replace(size_t index, size_t out, const std::vector<StrokeRecord*>& in);
+
+    union {
+        StrokeRecord* one_;
+        StrokeRecord** many_;
+    };
+    uint32_t count_ = 0;
+    uint32_t capacity_ = 1;
 };
 
 }  // namespace ink
