@@ -145,7 +145,11 @@ void InkCanvas::FullErase() {
                               MessageButtons::YesNo, MessageIcon::Question);
     if (answer != MessageAnswer::Yes) return;
     if (HasFile(page_)) {
-        store::DeleteNoteFiles(page_.notePath);
+        if (!store::DeleteNoteFiles(page_.notePath) && !platform::IsGone(page_.notePath)) {
+            platform::ShowMessage(this, L"Deleting '" + page_.notePath + L"' failed.", L" Error",
+                                  MessageButtons::Ok, MessageIcon::Error);
+            return;
+        }
         storeChanged_ = true;
     }
     // Without memory to remember it, it can't be undone.
