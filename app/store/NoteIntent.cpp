@@ -118,10 +118,10 @@ NoteIntent::~NoteIntent() {
 
 void FinishIntents() {
     std::vector<platform::FolderEntry> entries;
-    platform::ListFolder(WithoutTrailingBackslashes(TemporaryFolder()), std::wstring(L"*") + kExtension,
-                         entries);
+    const std::wstring folder = TemporaryFolder();
+    platform::ListFolder(WithoutTrailingBackslashes(folder), std::wstring(L"*") + kExtension, entries);
     for (const platform::FolderEntry& entry : entries) {
-        const std::wstring path = TemporaryFolder() + entry.name;
+        const std::wstring path = folder + entry.name;
         try {
             if (!entry.isFolder && FinishOne(path)) platform::EraseFile(path);
         } catch (const std::exception&) {
