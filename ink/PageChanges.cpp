@@ -159,7 +159,8 @@ bool InkPage::FileMoved(int64_t fromY, int64_t rows, SlotTable& shifted) const {
 void InkPage::PlanShift(const SlotTable& shifted, int64_t fromY, int32_t rows, StrokeChange& change) const {
     const StrokeBand none;
     const auto bandOf = [&none](const SlotTable& slots, size_t slot) -> const StrokeBand& {
-        return slots.Find(slot) != nullptr ? *slots.Find(slot) : none;
+        const StrokeBand* band = slots.Find(slot);
+        return band == nullptr ? none : *band;
     };
     change.from = fromY;
     change.rows = rows;

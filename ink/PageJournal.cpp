@@ -11,6 +11,7 @@ namespace {
 
 constexpr uint32_t kSplices = 0;
 constexpr uint32_t kShift = 1;
+constexpr size_t kLeastSplice = 32;            // bytes
 constexpr uint32_t kWholeRecord = 0xFFFFFFFF;  // instead of the number of a record that was there before
 
 void PackRest(BlockPacker& block, const InkPage& page, bool hasMemo) {
@@ -113,6 +114,7 @@ bool ReadSplice(BlockParser& block, InkPage& page, StrokeChange& change) {
 
 bool HasSlotTwice(const StrokeChange& change) {
     std::vector<size_t> slots;
+    slots.reserve(change.splices.size());
     for (const BandSplice& splice : change.splices) slots.push_back(splice.slot);
     std::sort(slots.begin(), slots.end());
     return std::adjacent_find(slots.begin(), slots.end()) != slots.end();
@@ -127,6 +129,8 @@ bool ReplayChange(BlockParser& block, InkPage& page) {
     }
     const uint32_t splices = block.Number();
     bool fits = block.IsGood();
+    // As many as the block has room for, whatever it claims.
+    change.splices.reserve(std::min<size_t>(splices, block.Left() / kLeastSplice));
     for (uint32_t i = 0; i < splices && fits; ++i) fits = ReadSplice(block, page, change);
     const bool isMade = fits && !HasSlotTwice(change) && page.Make(change);
     page.Forget(change, isMade);

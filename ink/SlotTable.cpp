@@ -1,8 +1,6 @@
 #include "ink/SlotTable.h"
 
 #include <algorithm>
-#include <cstring>
-#include <new>
 #include <utility>
 
 namespace ink {
@@ -24,36 +22,37 @@ StrokeBand& SlotTable::Make(size_t slot) {
     return band;
 }
 
-// Bands that are moved as bytes leave nothing behind that owns anything: empty ones are made there anew.
 StrokeBand& SlotTable::Insert(Leaf& leaf, size_t slot) {
     const size_t count = BitsIn(leaf.there);
     const size_t place = PlaceOf(leaf, slot);
-    const bool isFull = (count & (count - 1)) == 0;
-    std::unique_ptr<StrokeBand[]> larger(isFull ? new StrokeBand[std::max<size_t>(1, 2 * count)] : nullptr);
-    StrokeBand* const old = leaf.bands.get();
-    StrokeBand* const bands = isFull ? larger.get() : old;
-    const auto moveBytes = [](StrokeBand* to, const StrokeBand* from, size_t bandCount) {
-        if (bandCount != 0 && to != from) std::memmove(static_cast<void*>(to), from, bandCount * sizeof *to);
-    };
-    moveBytes(bands + place + 1, old + place, count - place);
-    moveBytes(bands, old, place);
-    for (size_t i = isFull ? 0 : place; i < (isFull ? count : place + 1); ++i) new (old + i) StrokeBand();
-    if (isFull) leaf.bands = std::move(larger);
+    StrokeBand* bands = leaf.bands.get();
+    if ((count & (count - 1)) == 0) {
+        std::unique_ptr<StrokeBand[]> larger(new StrokeBand[std::max<size_t>(1, 2 * count)]);
+        std::copy(bands, bands + place, larger.get());
+        std::copy(bands + place, bands + count, larger.get() + place + 1);
+        leaf.bands = std::move(larger);
+        bands = leaf.bands.get();
+    } else {
+        std::copy_backward(bands + place, bands + count, bands + count + 1);
+    }
+    bands[place] = StrokeBand();
     leaf.there |= BitOf(slot);
     return bands[place];
+}
+
+void SlotTable::Leaf::FreeFrom(size_t place) {
+    for (const size_t count = BitsIn(there); place < count; ++place) bands[place].Free();
 }
 
 void SlotTable::SetCount(size_t count) noexcept {
     const bool isShorter = count < count_;
     count_ = count;
-    if (!isShorter) return;
     const size_t leaves = (count + kLeaf - 1) / kLeaf;
-    if (leaves < leaves_.size())
-        leaves_.erase(leaves_.begin() + static_cast<std::ptrdiff_t>(leaves), leaves_.end());
-    if (count % kLeaf == 0 || leaves > leaves_.size()) return;
+    if (!isShorter || leaves > leaves_.size()) return;
+    leaves_.resize(leaves);
+    if (count % kLeaf == 0) return;
     Leaf& last = leaves_.back();
-    const size_t kept = PlaceOf(last, count);
-    for (size_t i = kept; i < BitsIn(last.there); ++i) last.bands[i] = StrokeBand();
+    last.FreeFrom(PlaceOf(last, count));
     last.there &= BitOf(count) - 1;
 }
 

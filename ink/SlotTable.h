@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "ink/StrokeBand.h"
@@ -37,6 +38,12 @@ class SlotTable {
     // The bands of 64 slots that have one, side by side: as many as bits are set, with room for the next
     // power of two.
     struct Leaf {
+        Leaf() = default;
+        Leaf(Leaf&& other) noexcept : there(std::exchange(other.there, 0)), bands(std::move(other.bands)) {}
+        Leaf& operator=(Leaf&&) = delete;
+        ~Leaf() { FreeFrom(0); }
+        void FreeFrom(size_t place);
+
         uint64_t there = 0;
         std::unique_ptr<StrokeBand[]> bands;
     };

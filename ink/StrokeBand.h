@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <utility>
 #include <vector>
 
 #include "ink/Require.h"
@@ -12,20 +11,10 @@
 namespace ink {
 
 // Lists records; their memory is the page's StrokePool, and InkPage is what adds and removes them. A single
-// record takes no memory of its own, since a file may put each into another slot. A band may be moved as
-// bytes.
+// record takes no memory of its own, since a file may put each into another slot. Bands are moved as bytes;
+// the SlotTable that a band stands in frees it.
 class StrokeBand {
   public:
-    StrokeBand() : one_(nullptr) {}
-    StrokeBand(StrokeBand&& other) noexcept : StrokeBand() { Swap(other); }
-    StrokeBand& operator=(StrokeBand&& other) noexcept {
-        Swap(other);
-        return *this;
-    }
-    ~StrokeBand() {
-        if (!IsInline()) delete[] many_;
-    }
-
     size_t Count() const { return count_; }
     bool IsEmpty() const { return count_ == 0; }
     const StrokeRecord& At(size_t index) const {
@@ -38,12 +27,12 @@ class StrokeBand {
 
   private:
     friend class InkPage;
+    friend class SlotTable;
 
     bool IsInline() const { return capacity_ == 1; }
-    void Swap(StrokeBand& other) noexcept {
-        std::swap(one_, other.one_);  // both members of the union are one address
-        std::swap(count_, other.count_);
-        std::swap(capacity_, other.capacity_);
+    void Free() {
+        if (!IsInline()) delete[] many_;
+        *this = StrokeBand();
     }
     // Both throw bad_alloc.
     void Reserve(size_t capacity);
@@ -56,7 +45,7 @@ class StrokeBand {
     void Replace(size_t index, size_t out, const std::vector<StrokeRecord*>& in);
 
     union {
-        StrokeRecord* one_;
+        StrokeRecord* one_ = nullptr;
         StrokeRecord** many_;
     };
     uint32_t count_ = 0;
