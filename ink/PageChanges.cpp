@@ -157,7 +157,7 @@ bool InkPage::FileMoved(int64_t fromY, int64_t rows, SlotTable& shifted) const {
 
 // The points move and not the offset: that one tells of notes from other devices.
 void InkPage::PlanShift(const SlotTable& shifted, int64_t fromY, int32_t rows, StrokeChange& change) const {
-    const StrokeBand none;
+    const StrokeBand none{};
     const auto bandOf = [&none](const SlotTable& slots, size_t slot) -> const StrokeBand& {
         const StrokeBand* band = slots.Find(slot);
         return band == nullptr ? none : *band;

@@ -22,7 +22,7 @@ class StrokeBand {
         return *begin()[index];
     }
 
-    StrokeRecord* const* begin() const { return IsInline() ? &one_ : many_; }
+    StrokeRecord* const* begin() const { return const_cast<StrokeBand*>(this)->List(); }
     StrokeRecord* const* end() const { return begin() + count_; }
 
   private:
@@ -31,7 +31,7 @@ class StrokeBand {
 
     bool IsInline() const { return capacity_ == 1; }
     void Free() {
-        if (!IsInline()) delete[] many_;
+        if (!IsInline()) delete[] List();
         *this = StrokeBand();
     }
     // Both throw bad_alloc.
@@ -39,15 +39,14 @@ class StrokeBand {
     void Append(StrokeRecord* record) {
         // An odd number of addresses fills what allocators round up to.
         if (count_ == capacity_) Reserve(size_t{capacity_} * 2 + 1);
-        (IsInline() ? &one_ : many_)[count_++] = record;
+        List()[count_++] = record;
     }
     // Puts other records in the place of `out` of them, for which there is room.
     void Replace(size_t index, size_t out, const std::vector<StrokeRecord*>& in);
 
-    union {
-        StrokeRecord* one_ = nullptr;
-        StrokeRecord** many_;
-    };
+    StrokeRecord** List() { return IsInline() ? &only_ : reinterpret_cast<StrokeRecord**>(only_); }
+
+    StrokeRecord* only_ = nullptr;  // where there is room for one; else what lies there is the list
     uint32_t count_ = 0;
     uint32_t capacity_ = 1;
 };
