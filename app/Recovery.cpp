@@ -47,7 +47,7 @@ void FindPlaceFor(Unsaved& unsaved, const std::wstring& wanted) {
 }
 
 std::wstring RestoredPath(const std::wstring& notePath) {
-    return notePath.substr(0, notePath.rfind(L'.')) + L" (restored)" + store::kNoteExtension;
+    return store::NotePathWith(notePath, L" (restored)");
 }
 
 void FindPlace(Unsaved& unsaved) {

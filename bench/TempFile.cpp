@@ -1,6 +1,7 @@
 #include "bench/TempFile.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -28,6 +29,14 @@ bool File::Read(void* buffer, size_t size, size_t& got) {
         if (part == 0) break;
         got += static_cast<size_t>(part);
     }
+    return true;
+}
+
+bool File::BytesLeft(uint64_t& bytes) {
+    struct stat status {};
+    const off_t here = lseek(handle_, 0, SEEK_CUR);
+    if (here < 0 || fstat(handle_, &status) != 0) return false;
+    bytes = static_cast<uint64_t>(status.st_size - here);
     return true;
 }
 

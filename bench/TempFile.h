@@ -18,6 +18,7 @@ class File : public ink::ByteSource, public ink::ByteSink {
     ~File() override;
 
     bool Read(void* buffer, size_t size, size_t& got) override;
+    bool BytesLeft(uint64_t& bytes) override;
     bool Write(const void* data, size_t size) override;
 
   private:

@@ -147,8 +147,13 @@ void InkCanvas::FullErase() {
     if (answer != MessageAnswer::Yes) return;
     if (HasFile(page_)) {
         // What is undone comes back as a new note, and so does its memo.
-        if (page_.memo.empty()) page_.memo = store::MemoFile(store::MemoPath(page_.notePath)).Read(nullptr);
-        store::DeleteNoteFiles(page_.notePath);
+        const std::wstring memo = store::MemoFile(store::MemoPath(page_.notePath)).Read(nullptr);
+        if (!store::DeleteNoteFiles(page_.notePath) && !platform::IsGone(page_.notePath)) {
+            platform::ShowMessage(this, L"Deleting '" + page_.notePath + L"' failed.", L" Error",
+                                  MessageButtons::Ok, MessageIcon::Error);
+            return;
+        }
+        if (page_.memo.empty()) page_.memo = memo;
         storeChanged_ = true;
     }
     // Without memory to remember it, it can't be undone.

@@ -37,7 +37,7 @@ int64_t CountPoints(const ink::InkPage& page) {
     int64_t points = 0;
     for (size_t slot = 0; slot < page.SlotCount(); ++slot) {
         if (page.Band(slot) == nullptr) continue;
-        for (const ink::StrokeRecord* record : page.Band(slot)->Records()) points += record->count;
+        for (const ink::StrokeRecord* record : *page.Band(slot)) points += record->count;
     }
     return points;
 }

@@ -14,6 +14,8 @@ class ByteSource {
     // Reads up to `size` bytes. `got` is less than `size` only at the end of the data. False is an I/O error;
     // what then lies in `buffer` means nothing.
     virtual bool Read(void* buffer, size_t size, size_t& got) = 0;
+    // How much is still to be read; false where that is not known.
+    virtual bool BytesLeft(uint64_t& /*bytes*/) { return false; }
 };
 
 class ByteSink {
@@ -33,6 +35,10 @@ class MemorySource : public ByteSource {
         if (got != 0) std::memcpy(buffer, data_, got);
         data_ += got;
         left_ -= got;
+        return true;
+    }
+    bool BytesLeft(uint64_t& bytes) override {
+        bytes = left_;
         return true;
     }
 

@@ -4,13 +4,12 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "ink/Color.h"
 #include "ink/PenStyle.h"
-#include "ink/StrokeBand.h"
+#include "ink/SlotTable.h"
 #include "ink/StrokeChange.h"
 #include "ink/StrokePool.h"
 #include "ink/StrokeRecord.h"
@@ -103,11 +102,11 @@ class InkPage {
     // below 0.
     int64_t SlotOf(int32_t minY, int32_t maxY) const;
 
-    size_t SlotCount() const { return slots_.size(); }
-    // The band of a slot, or null when it holds none.
-    const StrokeBand* Band(size_t slot) const { return slot < slots_.size() ? slots_[slot].get() : nullptr; }
-    // Makes slots up to and including `slot` exist, new ones without a band. False when memory is short or
-    // the slot is beyond kMaxSlot.
+    size_t SlotCount() const { return slots_.Count(); }
+    // The band of a slot, or null when it holds none; until the page changes.
+    const StrokeBand* Band(size_t slot) const { return slots_.Find(slot); }
+    // Makes slots up to and including `slot` exist, new ones without a band. False when the slot is beyond
+    // kMaxSlot.
     bool EnsureSlot(int64_t slot);
     // Drops slots from the end up to the last one that holds a record, but none of the first `least`.
     void TrimTrailingBands(size_t least = 0);
@@ -128,22 +127,19 @@ class InkPage {
     StrokePool& Pool() { return pool_; }
     bool FileRecord(StrokeRecord* record, int64_t slot);
     // Like EnsureSlot without its limit: a file may list more empty slots than strokes can use.
-    bool EnsureSlotCount(size_t count);
+    void EnsureSlotCount(size_t count);
 
   private:
-    using Slots = std::vector<std::unique_ptr<StrokeBand>>;
-
     int64_t BandOf(int64_t y) const { return y / (bandHeight > 0 ? bandHeight : 1); }
-    bool FileMoved(int64_t fromY, int64_t rows, Slots& shifted) const;
-    static void AppendTo(Slots& slots, StrokeRecord* record, int64_t slot);
+    bool FileMoved(int64_t fromY, int64_t rows, SlotTable& shifted) const;
     bool PlanCuts(const BandCuts& cuts, StrokeChange& change);
-    void PlanShift(const Slots& shifted, int64_t fromY, int32_t rows, StrokeChange& change) const;
+    void PlanShift(const SlotTable& shifted, int64_t fromY, int32_t rows, StrokeChange& change) const;
     bool MakeRoomFor(const StrokeChange& change, bool forward);
     bool Splice(const StrokeChange& change, bool forward);
     // Gives up a change that was not made.
     bool Refuse(StrokeChange& change);
 
-    Slots slots_;
+    SlotTable slots_;
     StrokePool pool_;
 };
 
@@ -151,7 +147,7 @@ template <typename Visitor>
 void InkPage::VisitStrokes(int64_t top, int64_t bottom, Visitor&& visit) const {
     const SlotRange range = SlotsFor(top, bottom);
     for (int64_t slot = range.last; slot >= range.first; --slot) {
-        const StrokeBand* band = slots_[static_cast<size_t>(slot)].get();
+        const StrokeBand* band = slots_.Find(static_cast<size_t>(slot));
         if (band == nullptr) continue;
         for (size_t i = 0; i < band->Count(); ++i) {
             const StrokeRecord& record = band->At(i);

@@ -24,8 +24,7 @@ LoadResult ReadBands(ByteSource& source, const NoteFileHeader& header, InkPage& 
     if (result == ScanResult::Damaged) return LoadResult::Damaged;
     if (result == ScanResult::OutOfMemory) return LoadResult::OutOfMemory;
     // The empty blocks at the end are slots as well; every one of them was really there.
-    if (sameHeight && !page.EnsureSlotCount(static_cast<size_t>(header.bandCount)))
-        return LoadResult::OutOfMemory;
+    if (sameHeight) page.EnsureSlotCount(static_cast<size_t>(header.bandCount));
     return LoadResult::Loaded;
 }
 

@@ -10,9 +10,8 @@ bool HasPoints(const InkPage& page) {
     for (size_t slot = 0; slot < page.SlotCount(); ++slot) {
         const StrokeBand* band = page.Band(slot);
         if (band == nullptr) continue;
-        const std::vector<StrokeRecord*>& records = band->Records();
         const auto holdsPoints = [](const StrokeRecord* record) { return record->count > 0; };
-        if (std::any_of(records.begin(), records.end(), holdsPoints)) return true;
+        if (std::any_of(band->begin(), band->end(), holdsPoints)) return true;
     }
     return false;
 }

@@ -26,7 +26,8 @@ NoteScanner::NoteScanner(ByteSource& source, const NoteFileHeader& header, int32
 ScanResult NoteScanner::Next(StrokeRecord*& record) {
     while (recordsLeft_ == 0) {
         if (block_ + 1 >= blocks_) return ScanResult::End;
-        const ScanResult result = Need(sizeof(uint32_t));
+        ScanResult result = ScanResult::Record;
+        if (Left() < sizeof(uint32_t)) result = Need(sizeof(uint32_t));
         if (result != ScanResult::Record) return result;
         std::memcpy(&recordsLeft_, chunk_ + cursor_, sizeof(uint32_t));
         cursor_ += sizeof(uint32_t);
@@ -57,9 +58,8 @@ ScanResult NoteScanner::Need(uint64_t size) {
     while (Left() < size) {
         if (atEnd_) return ScanResult::Damaged;
         if (end_ == capacity_ || size > capacity_ - cursor_) {
-            // A claimed size is believed only as far as the bytes that came: the room at most doubles.
-            const uint64_t trusted = std::min<uint64_t>(size, 2 * static_cast<uint64_t>(Left()));
-            const uint64_t room = std::max<uint64_t>(trusted, NextPiece());
+            uint64_t room = 0;
+            if (!FindRoom(size, room)) return ScanResult::Damaged;
             if (room > std::numeric_limits<size_t>::max() / 2) return ScanResult::OutOfMemory;
             if (!NextChunk(static_cast<size_t>(room))) return ScanResult::OutOfMemory;
         }
@@ -67,6 +67,18 @@ ScanResult NoteScanner::Need(uint64_t size) {
         if (result != ScanResult::Record) return result;
     }
     return ScanResult::Record;
+}
+
+// A claimed size is believed only as far as the bytes that are there: where that is not known the room at
+// most doubles.
+bool NoteScanner::FindRoom(uint64_t size, uint64_t& room) const {
+    const uint64_t piece = NextPiece();
+    uint64_t left = 0;
+    room = std::max(size, piece);
+    if (size <= piece) return true;
+    if (source_.BytesLeft(left)) return size <= left + Left();
+    room = std::max(piece, std::min(size, 2 * static_cast<uint64_t>(Left())));
+    return true;
 }
 
 // How much is read at once.

@@ -33,6 +33,7 @@ class NoteScanner {
   private:
     // Makes `size` bytes at the cursor contiguous.
     ScanResult Need(uint64_t size);
+    bool FindRoom(uint64_t size, uint64_t& room) const;
     size_t NextPiece() const;
     bool NextChunk(size_t capacity);
     ScanResult Fill();

@@ -96,16 +96,17 @@ bool InkPage::CutRecords(const std::vector<BandCuts>& cuts, StrokeChange& change
 // Throws bad_alloc, like the other plans.
 bool InkPage::PlanCuts(const BandCuts& cuts, StrokeChange& change) {
     Require(Band(cuts.slot) != nullptr && !cuts.cuts.empty(), "a cut where no stroke is");
-    const std::vector<StrokeRecord*>& records = slots_[cuts.slot]->records_;
+    const StrokeBand& band = *Band(cuts.slot);
+    StrokeRecord* const* const records = band.begin();
     size_t next = cuts.cuts.front().index;
     const size_t end = cuts.cuts.back().index + 1;
-    Require(end <= records.size(), "a cut of no stroke");
-    BandSplice splice{cuts.slot, next, {&records[next], &records[next] + (end - next)}, {}};
+    Require(end <= band.Count(), "a cut of no stroke");
+    BandSplice splice{cuts.slot, next, {records + next, records + end}, {}};
     splice.after.reserve(end - next + cuts.runs.size());
     change.born.reserve(change.born.size() + cuts.runs.size());
     const StrokeRun* run = cuts.runs.data();
     for (const BandCuts::Cut& cut : cuts.cuts) {
-        splice.after.insert(splice.after.end(), &records[next], &records[cut.index]);
+        splice.after.insert(splice.after.end(), records + next, records + cut.index);
         for (size_t i = 0; i < cut.runs; ++i) {
             StrokeRecord* piece = CopyRun(pool_, *records[cut.index], *run++);
             if (piece == nullptr) return false;
@@ -120,7 +121,7 @@ bool InkPage::PlanCuts(const BandCuts& cuts, StrokeChange& change) {
 }
 
 bool InkPage::ShiftStrokes(int64_t fromY, int64_t rows, StrokeChange& change) {
-    Slots shifted;
+    SlotTable shifted;
     if (!FitsInt32(rows) || !FileMoved(fromY, rows, shifted)) return false;
     try {
         PlanShift(shifted, fromY, ToInt32(rows), change);
@@ -133,19 +134,19 @@ bool InkPage::ShiftStrokes(int64_t fromY, int64_t rows, StrokeChange& change) {
 // Files all records anew, those that move where they are going. Highest slots first, as they are drawn:
 // whichever records meet in a band keep their order. False when memory is short or a stroke would leave the
 // page.
-bool InkPage::FileMoved(int64_t fromY, int64_t rows, Slots& shifted) const {
+bool InkPage::FileMoved(int64_t fromY, int64_t rows, SlotTable& shifted) const {
     try {
-        shifted.resize(slots_.size());
-        for (size_t slot = slots_.size(); slot-- > 0;) {
-            if (slots_[slot] == nullptr) continue;
-            for (StrokeRecord* record : slots_[slot]->records_) {
+        shifted.SetCount(slots_.Count());
+        for (size_t slot = slots_.Count(); slot-- > 0;) {
+            if (Band(slot) == nullptr) continue;
+            for (StrokeRecord* record : *Band(slot)) {
                 int64_t target = static_cast<int64_t>(slot);
                 if (IsFrom(*record, fromY)) {
                     if (!CanMove(*record, rows)) return false;
                     target = SlotOf(ToInt32(record->minY + rows), ToInt32(record->maxY + rows));
                     if (target > kMaxSlot) return false;
                 }
-                AppendTo(shifted, record, target);
+                shifted.Make(static_cast<size_t>(target)).Append(record);
             }
         }
     } catch (const std::exception&) {
@@ -155,17 +156,19 @@ bool InkPage::FileMoved(int64_t fromY, int64_t rows, Slots& shifted) const {
 }
 
 // The points move and not the offset: that one tells of notes from other devices.
-void InkPage::PlanShift(const Slots& shifted, int64_t fromY, int32_t rows, StrokeChange& change) const {
-    const std::vector<StrokeRecord*> none;
-    const auto listOf = [&none](const Slots& slots, size_t slot) -> const std::vector<StrokeRecord*>& {
-        return slot < slots.size() && slots[slot] != nullptr ? slots[slot]->records_ : none;
+void InkPage::PlanShift(const SlotTable& shifted, int64_t fromY, int32_t rows, StrokeChange& change) const {
+    const StrokeBand none{};
+    const auto bandOf = [&none](const SlotTable& slots, size_t slot) -> const StrokeBand& {
+        const StrokeBand* band = slots.Find(slot);
+        return band == nullptr ? none : *band;
     };
     change.from = fromY;
     change.rows = rows;
-    for (size_t slot = 0; slot < std::max(slots_.size(), shifted.size()); ++slot) {
-        const std::vector<StrokeRecord*>& before = listOf(slots_, slot);
-        const std::vector<StrokeRecord*>& after = listOf(shifted, slot);
-        if (before != after) change.splices.push_back({slot, 0, before, after});
+    for (size_t slot = 0; slot < std::max(slots_.Count(), shifted.Count()); ++slot) {
+        const StrokeBand& before = bandOf(slots_, slot);
+        const StrokeBand& after = bandOf(shifted, slot);
+        if (!std::equal(before.begin(), before.end(), after.begin(), after.end()))
+            change.splices.push_back({slot, 0, {before.begin(), before.end()}, {after.begin(), after.end()}});
         std::copy_if(before.begin(), before.end(), std::back_inserter(change.moved),
                      [fromY](const StrokeRecord* record) { return IsFrom(*record, fromY); });
     }
@@ -173,11 +176,11 @@ void InkPage::PlanShift(const Slots& shifted, int64_t fromY, int32_t rows, Strok
 
 bool InkPage::RemoveAll(StrokeChange& change) {
     try {
-        for (size_t slot = 0; slot < slots_.size(); ++slot) {
-            if (slots_[slot] == nullptr || slots_[slot]->IsEmpty()) continue;
-            const std::vector<StrokeRecord*>& records = slots_[slot]->records_;
-            change.splices.push_back({slot, 0, records, {}});
-            change.dead.insert(change.dead.end(), records.begin(), records.end());
+        for (size_t slot = 0; slot < slots_.Count(); ++slot) {
+            const StrokeBand* band = Band(slot);
+            if (band == nullptr || band->IsEmpty()) continue;
+            change.splices.push_back({slot, 0, {band->begin(), band->end()}, {}});
+            change.dead.insert(change.dead.end(), band->begin(), band->end());
         }
         if (Splice(change, true)) return true;
     } catch (const std::exception&) {
@@ -196,18 +199,16 @@ void InkPage::Forget(const StrokeChange& change, bool isMade) {
 }
 
 bool InkPage::MakeRoomFor(const StrokeChange& change, bool forward) {
-    const size_t slotsBefore = slots_.size();
+    const size_t slotsBefore = slots_.Count();
     try {
         for (const BandSplice& splice : change.splices) {
-            if (slots_.size() <= splice.slot) slots_.resize(splice.slot + 1);
-            if (slots_[splice.slot] == nullptr) slots_[splice.slot] = std::make_unique<StrokeBand>();
-            std::vector<StrokeRecord*>& records = slots_[splice.slot]->records_;
+            StrokeBand& band = slots_.Make(splice.slot);
             const size_t more = (forward ? splice.after : splice.before).size();
-            // Doubled, as push_back would do it: strokes come one by one.
-            if (records.capacity() < records.size() + more) records.reserve(records.size() * 2 + more);
+            // Doubled: strokes come one by one.
+            if (band.capacity_ < band.Count() + more) band.Reserve(band.Count() * 2 + more);
         }
     } catch (const std::exception&) {
-        slots_.resize(std::min(slotsBefore, slots_.size()));
+        slots_.SetCount(std::min(slotsBefore, slots_.Count()));
         return false;
     }
     return true;
@@ -217,13 +218,9 @@ bool InkPage::Splice(const StrokeChange& change, bool forward) {
     if (!MakeRoomFor(change, forward)) return false;
     // From here on nothing can fail.
     for (const BandSplice& splice : change.splices) {
-        std::vector<StrokeRecord*>& records = slots_[splice.slot]->records_;
         const std::vector<StrokeRecord*>& out = forward ? splice.before : splice.after;
         const std::vector<StrokeRecord*>& in = forward ? splice.after : splice.before;
-        Require(splice.index + out.size() <= records.size(), "a change of another page");
-        const auto first = records.begin() + static_cast<std::ptrdiff_t>(splice.index);
-        const auto next = records.erase(first, first + static_cast<std::ptrdiff_t>(out.size()));
-        records.insert(next, in.begin(), in.end());
+        slots_.Find(splice.slot)->Replace(splice.index, out.size(), in);
     }
     for (StrokeRecord* record : change.moved)
         Translate(*record, forward ? change.rows : -int64_t{change.rows});

@@ -12,6 +12,7 @@ namespace {
 
 constexpr uint32_t kSplices = 0;
 constexpr uint32_t kShift = 1;
+constexpr size_t kLeastSplice = 32;            // bytes
 constexpr uint32_t kWholeRecord = 0xFFFFFFFF;  // instead of the number of a record that was there before
 
 void PackRest(BlockPacker& block, const InkPage& page, bool hasMemo) {
@@ -84,14 +85,13 @@ bool ReadSplice(BlockParser& block, InkPage& page, StrokeChange& change) {
     const uint64_t out = block.LongNumber();
     const uint64_t in = block.LongNumber();
     if (!block.IsGood() || slot > static_cast<uint64_t>(InkPage::kMaxSlot)) return false;
-    const std::vector<StrokeRecord*> none;
     const StrokeBand* band = page.Band(static_cast<size_t>(slot));
-    const std::vector<StrokeRecord*>& records = band == nullptr ? none : band->Records();
-    if (index > records.size() || out > records.size() - index || in > block.Left()) return false;
+    const size_t records = band == nullptr ? 0 : band->Count();
+    // One that changes nothing is never written.
+    if (index > records || out > records - index || in > block.Left() || out + in == 0) return false;
     splice.slot = static_cast<size_t>(slot);
     splice.index = static_cast<size_t>(index);
-    const auto first = records.begin() + static_cast<std::ptrdiff_t>(index);
-    splice.before.assign(first, first + static_cast<std::ptrdiff_t>(out));
+    if (out > 0) splice.before.assign(band->begin() + index, band->begin() + index + out);
     size_t next = 0;
     for (uint64_t i = 0; i < in; ++i) {
         const uint32_t old = block.Number();
@@ -110,10 +110,16 @@ bool ReadSplice(BlockParser& block, InkPage& page, StrokeChange& change) {
     }
     change.dead.insert(change.dead.end(), splice.before.begin() + static_cast<std::ptrdiff_t>(next),
                        splice.before.end());
-    const bool isNewSlot = std::none_of(change.splices.begin(), change.splices.end(),
-                                        [&](const BandSplice& each) { return each.slot == splice.slot; });
     change.splices.push_back(std::move(splice));
-    return isNewSlot;
+    return true;
+}
+
+bool HasSlotTwice(const StrokeChange& change) {
+    std::vector<size_t> slots;
+    slots.reserve(change.splices.size());
+    for (const BandSplice& splice : change.splices) slots.push_back(splice.slot);
+    std::sort(slots.begin(), slots.end());
+    return std::adjacent_find(slots.begin(), slots.end()) != slots.end();
 }
 
 bool ReplayChange(BlockParser& block, InkPage& page) {
@@ -125,7 +131,10 @@ bool ReplayChange(BlockParser& block, InkPage& page) {
     }
     const uint32_t splices = block.Number();
     bool fits = block.IsGood();
+    // As many as the block has room for, whatever it claims.
+    change.splices.reserve(std::min<size_t>(splices, block.Left() / kLeastSplice));
     for (uint32_t i = 0; i < splices && fits; ++i) fits = ReadSplice(block, page, change);
+    fits = fits && !HasSlotTwice(change);
     const bool isMade = fits && page.Make(change);
     page.Forget(change, isMade);
     if (fits && !isMade) throw std::bad_alloc();

@@ -105,8 +105,7 @@ void StoreCheck::ReadNextNote() {
 void StoreCheck::Salvage(const std::wstring& path) {
     const std::vector<uint8_t> bytes = SalvagedNote(path);
     if (bytes.empty()) return;
-    const std::wstring wanted =
-        store::FolderOf(path) + store::NoteName(path) + L" (salvaged)" + store::kNoteExtension;
+    const std::wstring wanted = store::NotePathWith(path, L" (salvaged)");
     bool isThere = false;
     std::wstring place = store::PlaceFor(wanted, bytes, isThere);
     if (!isThere) {

@@ -9,10 +9,20 @@ namespace store {
 class FileSource : public ink::ByteSource {
   public:
     explicit FileSource(platform::File& file) : file_(file) {}
-    bool Read(void* buffer, size_t size, size_t& got) override { return file_.Read(buffer, size, got); }
+    bool Read(void* buffer, size_t size, size_t& got) override {
+        const bool isRead = file_.Read(buffer, size, got);
+        read_ += got;
+        return isRead;
+    }
+    bool BytesLeft(uint64_t& bytes) override {
+        if (!file_.Size(bytes) || bytes < read_) return false;
+        bytes -= read_;
+        return true;
+    }
 
   private:
     platform::File& file_;
+    uint64_t read_ = 0;
 };
 
 class FileSink : public ink::ByteSink {

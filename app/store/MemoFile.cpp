@@ -53,7 +53,8 @@ std::wstring MemoFile::Read(platform::Window* owner) {
 
 MemoFile::Result MemoFile::ReadBytes(std::string& bytes) {
     platform::File file = platform::File::OpenForReading(path_);
-    isUnread_ = !file.IsOpen() && store::IsFile(path_);
+    // On a card that is away there may be one.
+    isUnread_ = !file.IsOpen() && !platform::IsGone(path_);
     uint64_t size = 0;
     if (!file.IsOpen()) return Result::Done;
     if (!file.Size(size)) {
@@ -97,10 +98,14 @@ MemoFile::Result MemoFile::WriteBytes(const std::wstring& text) {
     return isWritten ? Result::Done : Result::Failed;
 }
 
-void MemoFile::Erase() {
-    platform::EraseFile(path_);
+bool MemoFile::Erase(platform::Window* owner) {
+    if (!platform::EraseFile(path_) && !platform::IsGone(path_)) {
+        ShowFailure(owner, L"Deleting Text Memo Failed!");
+        return false;
+    }
     rest_.clear();
     isUnread_ = false;
+    return true;
 }
 
 // What stays behind the text is lost only with the whole file.

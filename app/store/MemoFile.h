@@ -22,7 +22,8 @@ class MemoFile {
     bool Write(platform::Window* owner, const std::wstring& text);
     // The same without a word to the user, and not over a file that Read could not read.
     bool WriteQuietly(const std::wstring& text);
-    void Erase();
+    // False, and the user knows, when the file is still there.
+    bool Erase(platform::Window* owner);
 
     // Asked before a text replaces the file. `unseen`: the file holds something that Read did not give and
     // that would be lost. False when a file that could not be read takes no text either, which the user was

@@ -68,7 +68,13 @@ void Finish(NoteIntent::Kind kind, const std::wstring& from, const std::wstring&
     }
 }
 
-// Those of a copy that runs can't be opened, and those of another device are its own.
+// Nothing can be told of what lies on a card that is away.
+bool IsOutOfReach(const std::wstring& path) {
+    return !path.empty() && !platform::Exists(path) && !platform::IsGone(path);
+}
+
+// Those of a copy that runs can't be opened, those of another device are its own, and some wait for
+// their card.
 bool FinishOne(const std::wstring& path) {
     platform::File file = platform::File::OpenForReading(path);
     FileSource source(file);
@@ -80,6 +86,8 @@ bool FinishOne(const std::wstring& path) {
     if (block.Text() != platform::DeviceName()) return false;
     const std::wstring from = block.Text();
     const std::wstring to = block.Text();
+    if (IsOutOfReach(WithoutTrailingBackslashes(from)) || IsOutOfReach(WithoutTrailingBackslashes(to)))
+        return false;
     if (block.IsGood()) Finish(static_cast<NoteIntent::Kind>(kind), from, to);
     return true;
 }
@@ -113,10 +121,10 @@ NoteIntent::~NoteIntent() {
 
 void FinishIntents() {
     std::vector<platform::FolderEntry> entries;
-    platform::ListFolder(WithoutTrailingBackslashes(TemporaryFolder()), std::wstring(L"*") + kExtension,
-                         entries);
+    const std::wstring folder = TemporaryFolder();
+    platform::ListFolder(WithoutTrailingBackslashes(folder), std::wstring(L"*") + kExtension, entries);
     for (const platform::FolderEntry& entry : entries) {
-        const std::wstring path = TemporaryFolder() + entry.name;
+        const std::wstring path = folder + entry.name;
         try {
             if (!entry.isFolder && FinishOne(path)) platform::EraseFile(path);
         } catch (const std::exception&) {

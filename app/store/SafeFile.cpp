@@ -80,13 +80,12 @@ bool Holds(const std::wstring& path, const std::vector<uint8_t>& bytes) {
 }
 
 std::wstring PlaceFor(const std::wstring& notePath, const std::vector<uint8_t>& bytes, bool& isThere) {
-    const std::wstring base = notePath.substr(0, notePath.rfind(L'.'));
     std::wstring place = notePath;
     isThere = false;
     for (int n = 1; platform::Exists(place); ++n) {
         isThere = Holds(place, bytes);
         if (isThere) break;
-        place = base + L" (" + std::to_wstring(n) + L")" + kNoteExtension;
+        place = NumberedNotePath(notePath, n);
     }
     return place;
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cwchar>
 #include <cwctype>
+#include <unordered_set>
+#include <vector>
 
 #include "app/store/Settings.h"
 #include "platform/FileSystem.h"
@@ -43,11 +45,43 @@ bool EndsWithNoCase(const std::wstring& path, const std::wstring& ending) {
            platform::EqualNoCase(path.substr(path.size() - ending.size()), ending);
 }
 
+namespace {
+
+constexpr size_t kLongestName = 255;  // of file systems
+
+// Beyond so many names that are taken the folder is listed, instead of the disk being asked for each.
+constexpr int kFewNames = 8;
+
+std::unordered_set<std::wstring> NotesIn(const std::wstring& folder) {
+    std::unordered_set<std::wstring> names;
+    std::vector<platform::FolderEntry> entries;
+    platform::ListFolder(WithoutTrailingBackslashes(folder), std::wstring(L"*") + kNoteExtension, entries);
+    for (const platform::FolderEntry& entry : entries) names.insert(platform::LowerCase(entry.name));
+    return names;
+}
+
+}  // namespace
+
+std::wstring NotePathWith(const std::wstring& notePath, const std::wstring& suffix) {
+    const std::wstring ending = suffix + kNoteExtension;
+    const std::wstring name = NameOf(notePath);
+    std::wstring stem = name.substr(0, name.rfind(L'.'));
+    if (stem.size() + ending.size() > kLongestName) stem.resize(kLongestName - ending.size());
+    if (!stem.empty() && (stem.back() & 0xFC00) == 0xD800) stem.pop_back();  // half a character
+    return FolderOf(notePath) + stem + ending;
+}
+
+std::wstring NumberedNotePath(const std::wstring& notePath, int n) {
+    return NotePathWith(notePath, L" (" + std::to_wstring(n) + L")");
+}
+
 std::wstring FreeNotePath(const std::wstring& notePath) {
-    const std::wstring base = notePath.substr(0, notePath.rfind(L'.'));
+    std::unordered_set<std::wstring> taken;
     std::wstring candidate = notePath;
-    for (int n = 1; platform::Exists(candidate); ++n) {
-        candidate = base + L" (" + std::to_wstring(n) + L")" + kNoteExtension;
+    for (int n = 1; taken.count(platform::LowerCase(NameOf(candidate))) != 0 || platform::Exists(candidate);
+         ++n) {
+        if (n == kFewNames) taken = NotesIn(FolderOf(notePath));
+        candidate = NumberedNotePath(notePath, n);
     }
     return candidate;
 }

@@ -23,6 +23,11 @@ std::wstring NameOf(const std::wstring& path);
 std::wstring NoteName(const std::wstring& notePath);
 // Compared as file names are, ignoring case.
 bool EndsWithNoCase(const std::wstring& path, const std::wstring& ending);
+// The path of a note beside another one, whose name goes on with `suffix`: cut where it would be too long for
+// a file.
+std::wstring NotePathWith(const std::wstring& notePath, const std::wstring& suffix);
+// The same with " (n)".
+std::wstring NumberedNotePath(const std::wstring& notePath, int n);
 // A free path for a note beside `notePath`: itself, or "name (1)", "name (2)", ...: the first that no entry
 // has.
 std::wstring FreeNotePath(const std::wstring& notePath);

@@ -170,8 +170,7 @@ void TextMemoDialog::Save() {
     if (!file_.MayReplace(this, text, unseen)) return;
     if (unseen && !MayLoseContents(L"Confirm Text Memo Save")) return;
     journal_.MemoTyped(text);
-    if (text.empty()) file_.Erase();
-    if (text.empty() || file_.Write(this, text)) EndModal(platform::kIdOk);
+    if (text.empty() ? file_.Erase(this) : file_.Write(this, text)) EndModal(platform::kIdOk);
 }
 
 // An emptied text may have been meant to be filled again.
@@ -193,7 +192,7 @@ bool TextMemoDialog::MayLoseContents(const wchar_t* caption) {
 
 void TextMemoDialog::DeleteMemo() {
     if (!MayLoseContents(L"Confirm Text Memo Delete")) return;
-    if (mode_ == Mode::File) file_.Erase();
+    if (mode_ == Mode::File && !file_.Erase(this)) return;
     SetItemText(IDC_MEMO_TEXT, L"");
 }
 

@@ -218,24 +218,40 @@ bool CopyFileTo(const std::wstring& from, const std::wstring& to) {
     return isCopied;
 }
 
+namespace {
+
+windows::OwnedHandle OpenShared(const std::wstring& host, DWORD access) {
+    return windows::OwnFile(CreateFileW(host.c_str(), access,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+// False also when somebody holds the old file: of that the move would only say that access is denied.
+bool TakeOverAttributes(const std::wstring& hostFrom, const std::wstring& hostOld) {
+    const windows::OwnedHandle old = OpenShared(hostOld, DELETE | FILE_READ_ATTRIBUTES);
+    FILE_BASIC_INFO info{};
+    if (!old || !GetFileInformationByHandleEx(old.get(), FileBasicInfo, &info, sizeof info)) return false;
+    const windows::OwnedHandle from = OpenShared(hostFrom, FILE_WRITE_ATTRIBUTES);
+    info.LastAccessTime.QuadPart = info.LastWriteTime.QuadPart = info.ChangeTime.QuadPart = 0;
+    return from && SetFileInformationByHandle(from.get(), FileBasicInfo, &info, sizeof info);
+}
+
+}  // namespace
+
+// Not by ReplaceFileW: that moves the old file out of the way first, and whoever is ended in between leaves
+// none. It serves where others have the old file open and would let it go.
 bool PutInPlace(const std::wstring& from, const std::wstring& to) {
     const std::wstring hostFrom = ToHostPath(from);
     const std::wstring hostTo = ToHostPath(to);
     if (hostFrom.empty() || hostTo.empty()) return false;
     return windows::TryThroughHolds(hostTo, [&] {
-        if (ReplaceFileW(hostTo.c_str(), hostFrom.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
-                         nullptr)) {
-            return true;
-        }
-        // Some file systems know no replacing, and one that fails half-way may have taken the old file away:
-        // then the new one is all there is.
-        const DWORD error = GetLastError();
-        const bool canMove = error == ERROR_FILE_NOT_FOUND || error == ERROR_UNABLE_TO_MOVE_REPLACEMENT ||
-                             error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2 || error == ERROR_INVALID_FUNCTION ||
-                             error == ERROR_NOT_SUPPORTED;
-        const DWORD how =
-            MOVEFILE_WRITE_THROUGH | (error == ERROR_FILE_NOT_FOUND ? 0u : DWORD{MOVEFILE_REPLACE_EXISTING});
-        return canMove && MoveFileExW(hostFrom.c_str(), hostTo.c_str(), how) != FALSE;
+        const bool isThere = GetFileAttributesW(hostTo.c_str()) != INVALID_FILE_ATTRIBUTES;
+        if (isThere && !TakeOverAttributes(hostFrom, hostTo)) return false;
+        const DWORD how = MOVEFILE_WRITE_THROUGH | (isThere ? DWORD{MOVEFILE_REPLACE_EXISTING} : 0u);
+        if (MoveFileExW(hostFrom.c_str(), hostTo.c_str(), how)) return true;
+        return isThere && GetLastError() == ERROR_ACCESS_DENIED &&
+               ReplaceFileW(hostTo.c_str(), hostFrom.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
+                            nullptr, nullptr) != FALSE;
     });
 }
 

@@ -65,6 +65,17 @@ TEST_F(Store, PathForms) {
     EXPECT_EQ(store::MemoPath(L"\\A\\b.c.ikw"), L"\\A\\b.c.txt");
 }
 
+TEST_F(Store, NamesThatAreTakenOrTooLong) {
+    for (const size_t length : {1u, 247u, 248u, 251u}) {
+        const std::wstring name(length, L'a');
+        for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 11})
+            device.files.Put(store::NumberedNotePath(L"\\Ink\\" + name + L".ikw", n), "x");
+        device.files.Put(L"\\Ink\\" + std::wstring(length, L'A') + L".IKW", "x");
+        const std::wstring cut = name.substr(0, 246);
+        EXPECT_EQ(store::FreeNotePath(L"\\Ink\\" + name + L".ikw"), L"\\Ink\\" + cut + L" (10).ikw");
+    }
+}
+
 TEST_F(Store, DayFolders) {
     using store::DayFolder;
     EXPECT_EQ(DayFolder({2007, 3, 0, 5, 0, 0, 0, 0}).Name(), L"2007-03-05");

@@ -1,5 +1,6 @@
 // A note from its file and back: names, failures, and what else may happen while a window is to close.
 #include "alarms/NoteAlarm.h"
+#include "app/store/NoteFiles.h"
 #include "editor/InkCanvas.h"
 #include "tests/editor/EditorRig.h"
 
@@ -138,6 +139,43 @@ TEST_F(Saving, FullEraseTakesMemoAndAlarmsAlongAfterAsking) {
         {ExpectErase(MessageAnswer::No), Press(IDM_FULL_ERASE), ExpectTitle(L"a - Inkwright"),
          ExpectErase(MessageAnswer::Yes), Press(IDM_FULL_ERASE), ExpectTitle(L"[new] - Inkwright"), Ok()});
     EXPECT_TRUE(device.files.NamesIn(L"\\Ink").empty() && device.notifications.empty());
+}
+
+// What is on the card stays there, and what is not waits for it: the page, the memo, and what was begun.
+TEST_F(Saving, ACardThatIsPulledOutTakesNothingWithIt) {
+    const std::wstring card = L"\\Storage Card";
+    const std::wstring note = card + L"\\a.ikw";
+    const Step out = [&] { device.files.unreachable = card; };
+    const Step in = [this] { device.files.unreachable.clear(); };
+    device.files.Put(note, Words({5, 0xFFFFFF, 0, kViewHeight}));
+    device.files.Put(card + L"\\a.txt", "jam");
+    const Step noErasing = ExpectBox(L"Deleting '" + note + L"' failed.", L" Error");
+    const Step noSaving = ExpectBox(
+        L"Saving Text Memo Failed! Please make sure that the selected storage device has enough free space.",
+        L"Error");
+    const Step asked = ExpectBox(L"Contents will permanently be lost! Continue?", L"Confirm Text Memo Save",
+                                 MessageAnswer::No);
+    const Step kept = ExpectDiscard(note, MessageAnswer::No);
+    Run(note, All({{Dot(), out, ExpectErase(MessageAnswer::Yes), noErasing, Press(IDM_FULL_ERASE)},
+                   Memo(L"", L"tea"),
+                   {noSaving, in, asked, Press(IDC_MEMO_SAVE), Press(platform::kIdCancel), out, kept, Ok(),
+                    in, Ok()}}));
+    EXPECT_EQ(RowsAt(note), std::vector{60});
+    EXPECT_EQ(device.files.Get(card + L"\\a.txt"), "jam");
+    // The note goes, and with it the power.
+    int calls = 0;
+    device.files.fault = [&](FileCall call, const std::wstring&) {
+        return call == FileCall::Erase && ++calls > 1 ? platform::FileError::Other
+                                                      : platform::FileError::None;
+    };
+    store::DeleteNoteFiles(note);
+    device.files.fault = nullptr;
+    ASSERT_TRUE(device.files.Has(card + L"\\a.txt"));
+    for (const Step& change : {out, in}) {
+        change();
+        Run(kNewNotes, {Ok()});
+    }
+    EXPECT_FALSE(device.files.Has(card + L"\\a.txt"));
 }
 
 // Of a new note with the page until that is saved, else beside the note.

@@ -77,6 +77,7 @@ TEST_F(TextMemo, WhatTheButtonsAndFailuresLeave) {
     const Step failed = ExpectBox(
         L"Saving Text Memo Failed! Please make sure that the selected storage device has enough free space.",
         L"Error");
+    const Step stays = ExpectBox(L"Deleting Text Memo Failed!", L"Error");
     const Step endSession = [this] { Desk().EndSession(); };
     const auto failOnce = [this](FileCall call) { return Fail({call}, 1); };
     const struct {
@@ -88,6 +89,7 @@ TEST_F(TextMemo, WhatTheButtonsAndFailuresLeave) {
         {nullptr, "tea", true, {}, {tea, Save()}},
         {nullptr, nullptr, true, {}, {Save()}},
         {"jam", nullptr, true, {}, {Type(L""), Save()}},
+        {"jam", "jam", false, {failOnce(FileCall::Erase)}, {Type(L""), stays, Save(), Cancel()}},
         {"jam", "tea", true, {}, {tea, TakeOver()}},
         {"jam", "jam", false, {}, {tea, Cancel()}},
         {"jam", "jam", false, {failOnce(FileCall::Open)}, {tea, no, Save(), Cancel()}},
