@@ -125,7 +125,8 @@ class BenchScreen : public platform::Screen, private platform::TreeView::Events 
         const platform::ImageList images =
             platform::ImageList::FromResource(163, 16, ink::MakeColor(0, 255, 0));
         manager::PreviewStrip strip(pen, images);
-        const double wholeStrip = BestMilliseconds([&] { strip.Update(path, ClientWidth()); }, kShortRounds);
+        const double wholeStrip =
+            BestMilliseconds([&] { strip.Update(path, ClientWidth(), false); }, kShortRounds);
         const platform::Image raster = platform::Image::Make(ClientWidth(), manager::PreviewStrip::kHeight);
         const double read = BestMilliseconds(
             [&] {

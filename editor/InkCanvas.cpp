@@ -17,6 +17,7 @@
 #include "platform/FileSystem.h"
 #include "platform/Locale.h"
 #include "platform/MessageBox.h"
+#include "platform/Shell.h"
 #include "res/resource.h"
 
 namespace editor {
@@ -305,6 +306,7 @@ void InkCanvas::OnPenUp(platform::Point place) {
 }
 
 bool InkCanvas::OnKeyDown(platform::Key key) {
+    if (key == platform::Key::F1) platform::OpenUserGuide(*this);
     struct KeyScroll {
         platform::Key key;
         platform::ScrollCode code;

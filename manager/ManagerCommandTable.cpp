@@ -12,7 +12,7 @@ struct ManagerWindow::Command {
     int id = 0;
     void (ManagerWindow::*handle)() = nullptr;
     bool (*isPossible)(const Situation&) = nullptr;  // null: always
-    wchar_t letter = 0;                              // with Ctrl
+    wchar_t letter = 0;                              // with Ctrl; a small one with Shift too
     Key key = Key::Other;
 };
 
@@ -27,7 +27,7 @@ const ManagerWindow::Command ManagerWindow::kCommands[] = {
     {IDM_PREVIOUS_MONTH, &ManagerWindow::ShowPreviousMonth, InCalendar, 0, Key::PageUp},
     {IDM_CURRENT_MONTH, &ManagerWindow::ShowCurrentMonth, InOtherMonth},
     {IDM_NEXT_MONTH, &ManagerWindow::ShowNextMonth, InCalendar, 0, Key::PageDown},
-    {IDM_CREATE_FOLDER, &ManagerWindow::CreateNewFolder, CanCreateFolder},
+    {IDM_CREATE_FOLDER, &ManagerWindow::CreateNewFolder, CanCreateFolder, L'n'},
     {IDM_MOVE_FOLDER, &ManagerWindow::MoveSelectedFolder, OnFolder},
     {IDM_RENAME, &ManagerWindow::RenameSelected, CanRename, 0, Key::F2},
     {IDM_CHANGE_FOLDER, &ManagerWindow::MoveToFolder, OnFolderNote},
@@ -40,6 +40,7 @@ const ManagerWindow::Command ManagerWindow::kCommands[] = {
     {IDM_DELETE_ALARM, &ManagerWindow::DeleteAlarm, OnAlarm},
     {IDM_OPTIONS, &ManagerWindow::ShowOptions},
     {IDM_CHECK_NOTES, &ManagerWindow::CheckAllNotes},
+    {IDM_USER_GUIDE, &ManagerWindow::ShowUserGuide, nullptr, 0, Key::F1},
     {IDM_ABOUT, &ManagerWindow::ShowAbout},
     {IDM_OTHER_FOLDER, &ManagerWindow::ChooseOtherFolder},
 };

@@ -16,6 +16,7 @@
 #include "platform/Locale.h"
 #include "platform/MessageBox.h"
 #include "platform/Notifications.h"
+#include "platform/Shell.h"
 #include "platform/TextEncoding.h"
 #include "res/resource.h"
 #include "res/version.h"
@@ -272,6 +273,9 @@ void ManagerWindow::ShowToolsMenu() {
     storage.AddSeparator();
     storage.Add(IDM_OTHER_FOLDER, L"Other Folder...");
     platform::PopupMenu menu;
+    menu.Add(IDM_ADD_NOTE, L"New Note", IsPossible(IDM_ADD_NOTE));
+    menu.Add(IDM_CREATE_FOLDER, L"New Folder", IsPossible(IDM_CREATE_FOLDER));
+    menu.AddSeparator();
     menu.Add(IDM_OPTIONS, L"Options...");
     menu.AddSubmenu(L"Storage", storage);
     menu.Add(IDM_CHECK_NOTES, L"Check Notes\u2026");
@@ -295,6 +299,8 @@ void ManagerWindow::CheckAllNotes() {
     const std::wstring note = folders_.SelectedNotePath();
     ShowStore(note.empty() ? folders_.FolderPath(tree_.Selection()) : note);
 }
+
+void ManagerWindow::ShowUserGuide() { platform::OpenUserGuide(*this); }
 
 void ManagerWindow::ShowAbout() {
     platform::ShowMessage(this,

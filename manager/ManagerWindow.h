@@ -76,6 +76,7 @@ class ManagerWindow : public platform::Screen,
     void ShowToolsMenu();
     void ShowOptions();
     void CheckAllNotes();
+    void ShowUserGuide();
     void ShowAbout();
     void ChooseOtherFolder();
     void UseStorage(int index);

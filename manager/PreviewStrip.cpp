@@ -23,19 +23,19 @@ constexpr ink::ColorRef kCaptionColor = ink::MakeColor(96, 96, 96);  // ink may 
 
 }  // namespace
 
-void PreviewStrip::Update(const std::wstring& notePath, int width) {
+void PreviewStrip::Update(const std::wstring& notePath, int width, bool isBare) {
     if (picture_.Width() != width) picture_ = platform::Image::Make(width, kHeight);
     if (!picture_.IsValid()) return;
     if (notePath.empty()) {
-        DrawNoNote();
+        DrawNoNote(isBare ? IDB_BEGINNING : IDB_BANNER);
     } else {
         DrawNote(notePath);
     }
     platform::Canvas(picture_).Fill({0, 0, width, 1}, platform::ColorOf(platform::SystemColor::WindowFrame));
 }
 
-void PreviewStrip::DrawNoNote() {
-    const platform::Image banner = platform::Image::FromResource(IDB_BANNER);
+void PreviewStrip::DrawNoNote(int bannerId) {
+    const platform::Image banner = platform::Image::FromResource(bannerId);
     const int width = picture_.Width();
     platform::Canvas canvas(picture_);
     const ink::ColorRef edge = banner.IsValid() ? ink::ColorOf(banner.Surface().pixels[0]) : kWhite;

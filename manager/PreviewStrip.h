@@ -15,12 +15,13 @@ class PreviewStrip {
     PreviewStrip(const store::PenSettings& pen, const platform::ImageList& images)
         : pen_(pen), images_(images) {}
 
-    // Draws the strip anew for a note's path; empty for no note. When memory is short there is no picture.
-    void Update(const std::wstring& notePath, int width);
+    // Draws the strip anew for a note's path; empty for no note: then `isBare` has it say how to begin. When
+    // memory is short there is no picture.
+    void Update(const std::wstring& notePath, int width, bool isBare);
     const platform::Image& Picture() const { return picture_; }
 
   private:
-    void DrawNoNote();
+    void DrawNoNote(int bannerId);
     void DrawNote(const std::wstring& notePath);
     void DrawInk(const std::wstring& notePath);
 

@@ -21,7 +21,7 @@ class TreePane {
     void SetVisible(bool isVisible);
 
     // Draws the strip for the note that is selected now.
-    void DrawStrip() { strip_.Update(folders_.SelectedNotePath(), area_.Width()); }
+    void DrawStrip() { strip_.Update(folders_.SelectedNotePath(), area_.Width(), IsBare()); }
     const platform::Image& Picture() const { return strip_.Picture(); }
     platform::Point PicturePlace() const { return {area_.left, area_.bottom - PreviewStrip::kHeight}; }
 
@@ -29,6 +29,12 @@ class TreePane {
     FolderTree& Folders() { return folders_; }
 
   private:
+    // "Notes" is selected, and there is no folder for them yet.
+    bool IsBare() {
+        const platform::TreeItem top = folders_.NotesTop();
+        return tree_.Selection() == top && tree_.FirstChild(top) == 0;
+    }
+
     platform::TreeView tree_;
     FolderTree folders_;
     PreviewStrip strip_;

@@ -36,6 +36,9 @@ void ReloadTodayScreen();
 // told.
 void StartMailProgram(Window& owner, const std::wstring& attachment);
 
+// Shows the user guide, which comes with the program, in the system's browser; tells when that fails.
+void OpenUserGuide(Window& owner);
+
 // Asks the on-screen input panel to come up or go down; nothing happens where there is none.
 void ShowInputPanel(bool up);
 

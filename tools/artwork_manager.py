@@ -175,6 +175,17 @@ def banner(handwriting):
     return picture
 
 
+def beginning(handwriting):
+    """The same paper for who has no folder yet: how to begin, in a quiet hand."""
+    picture = Picture(240, 70, (244, 246, 250))
+    for y in (22, 46, 68):
+        picture.line(0, y, 239, y, (214, 222, 234))
+    for text, left, baseline, seed in (("Begin with Tools, New Folder,", 10, 22, 4), ("then New Note, and write.", 34, 46, 6)):
+        for stroke in handwriting.write(text, left, baseline, 7, seed):
+            curve(picture, stroke, (96, 116, 160), 1.2)
+    return picture
+
+
 def note_mark(handwriting):
     """What stands behind the head of a previewed note, at its right: a faint pen."""
     picture = Picture(80, 25, (236, 238, 242))

@@ -5,7 +5,7 @@ export WINEDEBUG=-all
 # Neither .NET nor a browser engine is wanted; without this, a new prefix asks for them.
 export WINEDLLOVERRIDES="mscoree=;mshtml="
 
-build_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix)
+build_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix cmark-gfm)
 wine_packages=(wine wine64 fonts-wine xvfb)
 test_packages=(g++ python3-minimal libgtest-dev libgmock-dev googletest libbenchmark-dev libcairo2-dev
     pkg-config clang libclang-rt-14-dev clang-format clang-tidy xdotool imagemagick)

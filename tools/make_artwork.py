@@ -209,7 +209,8 @@ def icon(sizes):
 def main():
     (RES / "editor_tools.bmp").write_bytes(tool_strip(EDITOR_TOOLS, 12, 14))
     pictures = {"tree_images": artwork_manager.tree_images(), "manager_tools": artwork_manager.manager_tools(),
-                "banner": artwork_manager.banner(handwriting), "note_mark": artwork_manager.note_mark(handwriting)}
+                "banner": artwork_manager.banner(handwriting),
+                "beginning": artwork_manager.beginning(handwriting), "note_mark": artwork_manager.note_mark(handwriting)}
     for name, picture in pictures.items():
         pixels = picture.pixels
         (RES / f"{name}.bmp").write_bytes(bmp(picture.width, picture.height, lambda x, y, p=pixels: p[y][x]))

@@ -63,6 +63,7 @@ class HostDevice {
     std::wstring folder;           // tells devices that share one database apart
     std::set<NotificationHandle> unreadableNotifications;
 
+    int guidesOpened = 0;
     std::vector<std::wstring> mailed;  // attachments handed to the mail program
 
     // How many pictures can still be made before memory is short.

@@ -1,3 +1,5 @@
+// Programs that are started for the user: for mail, and for reading the guide.
+#include "platform/MessageBox.h"
 #include "platform/Shell.h"
 #include "platform/TextEncoding.h"
 #include "platform/windows/HandheldPath.h"
@@ -54,20 +56,37 @@ std::wstring MailProgram() {
     return path.empty() ? windows::PathBesideProgram(program) : path;
 }
 
+SHELLEXECUTEINFOW Launch(Window& owner, const std::wstring& file, ULONG mask) {
+    SHELLEXECUTEINFOW launch{};
+    launch.cbSize = sizeof launch;
+    launch.fMask = mask | SEE_MASK_NOASYNC;  // done before the objects go
+    launch.hwnd = windows::FrameOf(&owner);
+    launch.lpVerb = L"open";
+    launch.lpFile = file.c_str();
+    launch.nShow = SW_SHOWNORMAL;
+    return launch;
+}
+
 }  // namespace
+
+// By whatever shows pages of this kind, else by what shows those of the web.
+void OpenUserGuide(Window& owner) {
+    const windows::SystemObjects objects;
+    const std::wstring page = windows::PathBesideProgram(L"guide\\index.html");
+    SHELLEXECUTEINFOW file = Launch(owner, page, SEE_MASK_FLAG_NO_UI);
+    SHELLEXECUTEINFOW web = Launch(owner, page, SEE_MASK_FLAG_NO_UI | SEE_MASK_CLASSNAME);
+    web.lpClass = L"http";
+    if (IsFile(page) && (ShellExecuteExW(&file) || ShellExecuteExW(&web))) return;
+    ShowMessage(&owner, L"Opening '" + page + L"' failed!", L" Error", MessageButtons::Ok,
+                MessageIcon::Error);
+}
 
 void StartMailProgram(Window& owner, const std::wstring& attachment) {
     const windows::SystemObjects objects;
     const std::wstring program = MailProgram();
     const std::wstring parameters = L"-attach \"" + attachment + L"\"";
-    SHELLEXECUTEINFOW launch{};
-    launch.cbSize = sizeof launch;
-    launch.fMask = SEE_MASK_NOASYNC;  // done before the objects go
-    launch.hwnd = windows::FrameOf(&owner);
-    launch.lpVerb = L"open";
-    launch.lpFile = program.c_str();
+    SHELLEXECUTEINFOW launch = Launch(owner, program, 0);
     launch.lpParameters = parameters.c_str();
-    launch.nShow = SW_SHOWNORMAL;
     ShellExecuteExW(&launch);
 }
 

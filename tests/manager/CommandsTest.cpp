@@ -117,18 +117,41 @@ TEST_F(Commands, TheToolsMenu) {
             PickTool({L"Other Folder..."})();
         };
     };
+    const auto expectHint = [this](bool isThere) {
+        return [=] {
+            const Picture shown = ShownPixels();
+            EXPECT_EQ(std::count(shown.begin(), shown.end(), 0x6074A0u) > 0, isThere);
+        };
+    };
+    const Step f1 = [this] {
+        Tree().PressKey(platform::Key::F1);
+        EXPECT_EQ(device.guidesOpened, 1);
+    };
     const std::wstring longest = L"\\" + std::wstring(259, L'a');
     const std::wstring refused = L"' cannot hold your notes. Please choose another folder.";
     RunManager(
         L"", {ExpectBox(L"Inkwright 1.1\nA notebook for handwriting.\n\nLarkspur Works", L" About Inkwright"),
               PickTool({L"About Inkwright"}),
-              ExpectMenu({L"Options...", L"Storage", L"Main Memory", L"Storage Card", L"-",
-                          L"Other Folder...", L"Check Notes\u2026", L"-", L"About Inkwright"}),
-              PickTool({L"Storage Card"}), ExpectTree(L"Notes", {}), PickTool({L"Main Memory"}),
-              ExpectTree(L"Notes", {L"Home", L"Work"}), chooseFolder(L"\\Elsewhere\\"),
-              ExpectTree(L"Notes", {}), ExpectBox(L"'\\" + refused, L" Error"), chooseFolder(L"\\"),
-              ExpectBox(L"'" + longest + refused, L" Error"), chooseFolder(longest),
-              ExpectBox(L"Reading '\\File\\Ink' failed!", L" Error"), chooseFolder(L"\\File\\Ink"),
+              ExpectMenu({L"(New Note)", L"New Folder", L"-", L"Options...", L"Storage", L"Main Memory",
+                          L"Storage Card", L"-", L"Other Folder...", L"Check Notes\u2026", L"-",
+                          L"About Inkwright"}),
+              PickTool({L"Storage Card"}),
+              ExpectTree(L"Notes", {}),
+              expectHint(true),
+              Shortcut(L'n'),
+              expectHint(false),
+              ExpectTree(L"Notes", {L"New Folder  (0 found) "}),
+              f1,
+              PickTool({L"Main Memory"}),
+              ExpectTree(L"Notes", {L"Home", L"Work"}),
+              chooseFolder(L"\\Elsewhere\\"),
+              ExpectTree(L"Notes", {}),
+              ExpectBox(L"'\\" + refused, L" Error"),
+              chooseFolder(L"\\"),
+              ExpectBox(L"'" + longest + refused, L" Error"),
+              chooseFolder(longest),
+              ExpectBox(L"Reading '\\File\\Ink' failed!", L" Error"),
+              chooseFolder(L"\\File\\Ink"),
               chooseFolder(L"")});
     EXPECT_TRUE(device.files.Has(L"\\Storage Card\\Inkwright\\Reminders") &&
                 device.files.Has(L"\\Elsewhere\\Reminders"));
