@@ -111,11 +111,6 @@ class Contract : public testing::Test, protected HasDevice, public testing_suppo
     Step Post(platform::Window& window, int command) {
         return [&window, command] { window.PostCommand(command); };
     }
-    // A step of the hand alone, as a short name: Do(&Hand::TapTree, item).
-    template <typename... Wanted, typename... Given>
-    Step Do(void (Hand::*act)(Wanted...), Given... given) {
-        return [=] { (hand_.*act)(given...); };
-    }
     Step ExpectPixel(platform::Point place, uint32_t color) {
         return [=] { EXPECT_EQ(hand_.PixelAt(place), color) << place.x << " " << place.y; };
     }

@@ -172,7 +172,7 @@ TEST_F(TreeContract, LabelsAreEditedInPlace) {
 TEST_F(TreeContract, ItemsAreActivatedAndHeldAndKeysAreTold) {
     Run({Select(notes_[0]), OnItem(&Hand::DoubleTapTree, notes_[1]), [&] { tree_.Focus(); },
          Do(&Hand::PressInTree, Key::Enter), Do(&Hand::PressInTree, Key::F2),
-         Do(&Hand::PressInTree, Key::Down), Do(&Hand::PressShortcut, L'N'), OnItem(&Hand::HoldTree, home_),
+         Do(&Hand::PressInTree, Key::Down), Shortcut(L'N'), OnItem(&Hand::HoldTree, home_),
          OnItem(&Hand::TapTree, work_)});
     EXPECT_THAT(log_, ElementsAre("select 11", "select 12", "activate 12", "activate 12", "key 11", "key 3",
                                   "hold 2", "select 1"));

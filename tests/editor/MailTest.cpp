@@ -5,7 +5,6 @@
 
 namespace {
 
-using platform::host::FileCall;
 using namespace testing_support;
 
 const wchar_t kPicture[] = L"\\My Documents\\Inkwright\\Temp\\memo_2007-03-05(143012).bmp";

@@ -6,7 +6,6 @@
 namespace {
 
 using platform::MessageAnswer;
-using platform::host::FileCall;
 using testing::UnorderedElementsAre;
 using namespace testing_support;
 

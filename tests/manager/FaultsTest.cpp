@@ -5,7 +5,6 @@
 
 namespace {
 
-using platform::host::FileCall;
 using namespace testing_support;
 
 const std::wstring kWork = kRoot + L"Work\\";

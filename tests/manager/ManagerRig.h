@@ -94,8 +94,8 @@ class ManagerTest : public DeskSteps {
     Step CountLists() {
         return [=] {
             lists_ = 0;
-            device.files.fault = [this](platform::host::FileCall call, const std::wstring&) {
-                lists_ += call == platform::host::FileCall::List ? 1 : 0;
+            device.files.fault = [this](FileCall call, const std::wstring&) {
+                lists_ += call == FileCall::List ? 1 : 0;
                 return platform::FileError::None;
             };
         };

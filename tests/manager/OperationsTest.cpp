@@ -6,7 +6,6 @@
 namespace {
 
 using platform::MessageAnswer;
-using platform::host::FileCall;
 using namespace testing_support;
 
 class Operations : public ManagerTest {
@@ -58,8 +57,7 @@ TEST_F(Operations, MovingNotes) {
                 ExpectStore(L"REMINDERS\\2007-03-05\\R.IKW REMINDERS\\2007-04-02\\A.IKW "
                             L"REMINDERS\\2007-04-02\\A.TXT | Reminders\\2007-04-02\\a.ikw")});
     RunManager(L"Reminders\\2007-03-05\\r.ikw",
-               {Fail({platform::host::FileCall::MakeFolder}),
-                Hold(L"Reminders\\" + kMonday + L"\\r", {L"Change Date..."}),
+               {Fail({FileCall::MakeFolder}), Hold(L"Reminders\\" + kMonday + L"\\r", {L"Change Date..."}),
                 ExpectBox(L"Creating reminder folder failed!", L" Error"),
                 PickDay(IDC_MONTH_CALENDAR, 2007, 4, 3), ExpectSelected(L"r")});
 }

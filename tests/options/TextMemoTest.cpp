@@ -7,7 +7,6 @@ namespace {
 using options::TextMemoDialog;
 using platform::MessageAnswer;
 using platform::Rect;
-using platform::host::FileCall;
 using namespace testing_support;
 
 constexpr wchar_t kMemo[] = L"\\Ink\\a.txt";

@@ -101,7 +101,7 @@ TEST_F(Find, CancelOnlyAsksAndClosingWaits) {
     for (const int command : {kIdCancel, kIdOk}) {
         int reads = 0;
         device.files.fault = [this, command, &reads](platform::host::FileCall call, const std::wstring&) {
-            if (call != platform::host::FileCall::Read || reads++ != 0) return platform::FileError::None;
+            if (call != FileCall::Read || reads++ != 0) return platform::FileError::None;
             Desk().PrivateMessage(static_cast<uint32_t>(search::WalkCode::Done));
             Desk().PrivateMessage(static_cast<uint32_t>(search::WalkCode::RelativePath), 12345);
             for (const int id : kControls) EXPECT_FALSE(IsItemEnabled(id)) << "the worker still runs";

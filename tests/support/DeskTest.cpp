@@ -57,10 +57,6 @@ std::unique_ptr<ink::InkPage> DeskTest::ReadBack(const std::wstring& path, int32
     return page;
 }
 
-std::vector<ink::Point> PointsOf(const ink::StrokeRecord& record) {
-    return {record.Points(), record.Points() + record.count};
-}
-
 std::string Words(const std::vector<int32_t>& numbers) {
     return {reinterpret_cast<const char*>(numbers.data()), numbers.size() * sizeof(int32_t)};
 }

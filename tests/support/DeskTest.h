@@ -45,9 +45,6 @@ class DeskTest : public testing::Test, public Steps {
     DeskHand hand;
 };
 
-// Page points of all records of a slot, joined.
-std::vector<ink::Point> PointsOf(const ink::StrokeRecord& record);
-
 // The 32-bit numbers as a file holds them.
 std::string Words(const std::vector<int32_t>& numbers);
 

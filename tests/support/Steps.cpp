@@ -20,18 +20,6 @@ int Hand::ReadEntries(const std::vector<platform::PopupMenu::Item>& items, const
     return command;
 }
 
-Step Steps::Down(platform::Point place) {
-    return [=] { hand_.PenDown(place); };
-}
-
-Step Steps::Move(platform::Point place) {
-    return [=] { hand_.PenMove({place}); };
-}
-
-Step Steps::Up(platform::Point place) {
-    return [=] { hand_.PenUp(place); };
-}
-
 void Steps::Play(const Script& script) {
     for (const Step& step : script) hand_.Then(step);
 }
@@ -42,22 +30,6 @@ Step Steps::Write(const std::vector<platform::Point>& points) {
         for (size_t i = 1; i < points.size(); ++i) hand_.PenMove({points[i]});
         hand_.PenUp(points.back());
     };
-}
-
-Step Steps::Press(int id) {
-    return [this, id] { hand_.PressButton(id); };
-}
-
-Step Steps::Press(platform::Key key) {
-    return [this, key] { hand_.PressKey(key); };
-}
-
-Step Steps::TypeInto(int item, const std::wstring& text) {
-    return [=] { hand_.TypeInto(item, text); };
-}
-
-Step Steps::Picked(const Texts& texts) {
-    return [this, texts] { hand_.ChooseEntries(texts); };
 }
 
 Step Steps::ExpectTitle(const std::wstring& title) {

@@ -103,17 +103,29 @@ class Steps {
 
     void Play(const Script& script);
 
-    Step Down(platform::Point place);
-    Step Move(platform::Point place);
-    Step Up(platform::Point place);
+    // A step of the hand alone: Do(&Hand::TapTree, item).
+    template <typename... Wanted, typename... Given>
+    Step Do(void (Hand::*act)(Wanted...), Given... given) {
+        return [=] { (hand_.*act)(given...); };
+    }
+    Step Down(platform::Point place) { return Do(&Hand::PenDown, place); }
+    Step Move(platform::Point place) { return Move(std::vector{place}); }
+    Step Move(const std::vector<platform::Point>& places) { return Do(&Hand::PenMove, places); }
+    Step Up(platform::Point place) { return Do(&Hand::PenUp, place); }
     // One stroke through these points.
     Step Write(const std::vector<platform::Point>& points);
-    Step Press(int id);
-    Step Press(platform::Key key);
-    Step TypeInto(int item, const std::wstring& text);
+    Step Press(int id) { return Do(&Hand::PressButton, id); }
+    Step Press(platform::Key key) { return Do(&Hand::PressKey, key); }
+    Step Shortcut(wchar_t letter) { return Do(&Hand::PressShortcut, letter); }
+    Step Wait(uint32_t milliseconds) { return Do(&Hand::PassTime, milliseconds); }
+    Step TakePenAway() { return Do(&Hand::TakePenAway); }
+    Step TakeOver() { return Do(&Hand::TakeOver); }
+    Step TypeInto(int item, const std::wstring& text) { return Do(&Hand::TypeInto, item, text); }
+    Step Choose(int item, int index) { return Do(&Hand::Choose, item, index); }
+    Step ShowPage(size_t index) { return Do(&Hand::ShowPage, index); }
     Step Close() { return Press(platform::kIdOk); }
     // The menus that the next step opens are answered so: Picked({L"Change Folder...", L"Home"}).
-    Step Picked(const Texts& texts);
+    Step Picked(const Texts& texts) { return Do(&Hand::ChooseEntries, texts); }
     Step ExpectTitle(const std::wstring& title);
     // A box with this text comes up before the script is over, and is answered so. Boxes nobody expects are
     // faults, see CheckBoxes.
