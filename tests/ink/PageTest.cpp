@@ -226,19 +226,6 @@ struct Mirror : ink::StepListener {
         while (NextBlock(source, kind, content)) EXPECT_TRUE(Replay(kind, content, copy));
         return Whole(copy);
     }
-    // What no checksum would let through may not fit the page, and does no harm.
-    void ReplayAnything(Dice& dice) const {
-        ink::MemorySource source(journal.data(), journal.size());
-        InkPage copy;
-        uint32_t kind = 0;
-        for (ink::BlockBytes content; NextBlock(source, kind, content);) {
-            for (int i = dice(0, 1); i > 0; --i)
-                content[static_cast<size_t>(dice(0, static_cast<int32_t>(content.size()) - 1))] ^=
-                    static_cast<uint8_t>(1 << dice(0, 7));
-            Replay(kind, content, copy);
-        }
-        EXPECT_FALSE(sketch::Save(copy).empty());
-    }
     const InkPage& page;
     int steps = 0;
     ink::BlockBytes journal;
@@ -289,7 +276,6 @@ TEST(PageHistory, EveryStepCanBeTakenBackAndMadeAgain) {
                 mirror.journal[cut] ^= 4;
                 ASSERT_TRUE(mirror.Replayed(last + 1) == before);
                 mirror.journal[cut] ^= 4;
-                mirror.ReplayAnything(dice);
             }
             ASSERT_TRUE(page.modified);
             ASSERT_EQ(history.CanRedo(), !future.empty());

@@ -21,7 +21,8 @@ class Operations : public ManagerTest {
                           (isNote ? L"' will be permanently deleted. Continue?"
                                   : L"' folder and all its contents will be permanently deleted! Continue?"),
                       isNote ? L" Confirm File Delete" : L" Confirm Folder Delete", answer)();
-            if (fails) ExpectBox(L"Deleting '" + name + L"' folder failed.", L" Error")();
+            const std::wstring told = L"Deleting '" + name + (isNote ? L"' failed." : L"' folder failed.");
+            if (fails) ExpectBox(told, L" Error")();
             Desk().Command(IDM_DELETE);
         };
     }
@@ -110,10 +111,11 @@ TEST_F(Operations, Deleting) {
          {L"Home\\Deep\\d.ikw", L"Home\\h.ikw", L"Work\\b.ikw", L"Reminders\\2007-03-05\\r.ikw"})
         PutNote(note);
     const std::wstring day = L"Reminders\\" + kMonday;
-    RunManager(L"Home\\h.ikw", {Delete(L"h.ikw", no), ExpectSelected(L"h"), Delete(L"h.ikw", yes),
-                                ExpectSelected(L"Deep  (1 found) "), ExpectTree(L"Notes", {L"Home", L"Work"}),
-                                Tap(L"Reminders"), Tap(day), Tap(day + L"\\r"), Delete(L"r.ikw", yes),
-                                ExpectTree(L"Reminders", {})});
+    RunManager(L"Home\\h.ikw",
+               {Delete(L"h.ikw", no), Fail({FileCall::Erase}), Delete(L"h.ikw", yes, true),
+                ExpectSelected(L"h"), Fail({}), Delete(L"h.ikw", yes), ExpectSelected(L"Deep  (1 found) "),
+                ExpectTree(L"Notes", {L"Home", L"Work"}), Tap(L"Reminders"), Tap(day), Tap(day + L"\\r"),
+                Delete(L"r.ikw", yes), ExpectTree(L"Reminders", {})});
     EXPECT_FALSE(Has(L"Reminders\\2007-03-05"));
     PutNote(L"Reminders\\2007-03-05\\r.ikw");
     auto held = platform::File::OpenForReading(kRoot + L"Work\\b.ikw");
@@ -213,6 +215,38 @@ TEST_F(Operations, Copying) {
                 device.files.Get(card + names[1]) == "new");
     EXPECT_FALSE(store::CopySafely(kRoot + L"Work\\Deep\\d.ikw", card + names[1]));
     EXPECT_EQ(device.files.Get(card + names[1]), "new");
+}
+
+// The user is told of what, and whatever was to follow stays undone.
+TEST_F(Operations, WhatFailsIsTold) {
+    const std::wstring work = kRoot + L"Work\\", aborted = L"' failed! Operation aborted!";
+    const std::wstring whole = L"WORK\\A.IKW WORK\\A.TXT | Work\\a.ikw";
+    const auto move = [&] {
+        std::wstring to = kRoot + L"Home\\a.ikw";
+        manager::MoveNote(nullptr, work + L"a.ikw", to);
+    };
+    const auto copy = [&] { manager::CopyFolderTree(nullptr, work, kRoot + L"Home\\"); };
+    const struct {
+        FileCall call;
+        const wchar_t* in;
+        std::function<void()> operation;
+        std::wstring told, left;
+    } kCases[] = {
+        {FileCall::Move, L"a.ikw", move, L"Moving 'a.ikw' failed!", whole},
+        {FileCall::Move, L"a.txt", move, L"Moving 'a.txt' failed!", L"HOME\\A.IKW WORK\\A.TXT | Home\\a.ikw"},
+        {FileCall::List, L"Work", copy, L"Copying '" + work + aborted, whole},
+        {FileCall::Copy, L"a.ik", copy, L"Copying '" + work + L"a.ikw" + aborted, whole},
+        {FileCall::Move, L"a.tx", copy, L"Copying '" + work + L"a.txt" + aborted, L"HOME\\A.IKW " + whole}};
+    for (const auto& c : kCases) {
+        device.files.Nodes().clear();
+        device.notifications.clear();
+        PutWork();
+        device.files.PutFolder(kRoot + L"Temp");
+        Fail({c.call}, 99, c.in)();
+        ExpectBox(c.told, L" Error")();
+        c.operation();
+        EXPECT_EQ(Store(), c.left);
+    }
 }
 
 // What is whole of a damaged note goes beside it, once. Pictures on their way are no notes.

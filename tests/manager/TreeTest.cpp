@@ -43,8 +43,9 @@ TEST_F(StoreTree, LeavingABranchDropsItAndItsCount) {
 }
 
 TEST_F(StoreTree, DaysAreShownByTheirLongDatesAndEmptyOnesVanish) {
-    for (const wchar_t* note : {L"2007-03-08\\b", L"2007-03-05\\a", L"2007-3-9\\c", L"2007-00-09\\c",
-                                L"2007-03-05\\sub\\c", L"2007-02-31\\d"})
+    for (const wchar_t* note :
+         {L"2007-03-08\\b", L"2007-03-05\\a", L"2007-3-9\\c", L"2007-00-09\\c", L"2007_03-05\\c",
+          L"2007-03_05\\c", L"0000-03-05\\c", L"2007-03-05\\sub\\c", L"2007-02-31\\d"})
         PutNote(std::wstring(L"Reminders\\") + note + L".ikw");
     device.files.Put(kRoot + L"Reminders\\2007-03-06\\only.txt", "memo");
     device.files.PutFolder(kRoot + L"Reminders\\2007-03-07");

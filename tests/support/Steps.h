@@ -2,6 +2,9 @@
 // program on a device in memory and the contract tests of each port.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <string>
@@ -88,10 +91,22 @@ class Hand {
 
   protected:
     // Reads a menu; the command of the entry with this text, 0 for none.
-    int ReadMenu(const std::vector<platform::PopupMenu::Item>& items, const std::wstring& wanted);
+    int ReadMenu(const std::vector<platform::PopupMenu::Item>& items, const std::wstring& wanted) {
+        menu_.clear();
+        return ReadEntries(items, wanted);
+    }
 
   private:
-    int ReadEntries(const std::vector<platform::PopupMenu::Item>& items, const std::wstring& wanted);
+    int ReadEntries(const std::vector<platform::PopupMenu::Item>& items, const std::wstring& wanted) {
+        int command = 0;
+        for (const platform::PopupMenu::Item& item : items) {
+            menu_.push_back(item.text.empty() ? L"-" : item.enabled ? item.text : L"(" + item.text + L")");
+            if (item.text == wanted && item.enabled && item.command != 0) command = item.command;
+            const int below = item.submenu == nullptr ? 0 : ReadEntries(item.submenu->Items(), wanted);
+            if (command == 0) command = below;
+        }
+        return command;
+    }
 
     Texts menu_;
 };
@@ -101,7 +116,9 @@ class Steps {
   public:
     explicit Steps(Hand& hand) : hand_(hand) {}
 
-    void Play(const Script& script);
+    void Play(const Script& script) {
+        for (const Step& step : script) hand_.Then(step);
+    }
 
     // A step of the hand alone: Do(&Hand::TapTree, item).
     template <typename... Wanted, typename... Given>
@@ -113,7 +130,13 @@ class Steps {
     Step Move(const std::vector<platform::Point>& places) { return Do(&Hand::PenMove, places); }
     Step Up(platform::Point place) { return Do(&Hand::PenUp, place); }
     // One stroke through these points.
-    Step Write(const std::vector<platform::Point>& points);
+    Step Write(const std::vector<platform::Point>& points) {
+        return [this, points] {
+            hand_.PenDown(points.front());
+            for (size_t i = 1; i < points.size(); ++i) hand_.PenMove({points[i]});
+            hand_.PenUp(points.back());
+        };
+    }
     Step Press(int id) { return Do(&Hand::PressButton, id); }
     Step Press(platform::Key key) { return Do(&Hand::PressKey, key); }
     Step Shortcut(wchar_t letter) { return Do(&Hand::PressShortcut, letter); }
@@ -126,14 +149,32 @@ class Steps {
     Step Close() { return Press(platform::kIdOk); }
     // The menus that the next step opens are answered so: Picked({L"Change Folder...", L"Home"}).
     Step Picked(const Texts& texts) { return Do(&Hand::ChooseEntries, texts); }
-    Step ExpectTitle(const std::wstring& title);
+    Step ExpectTitle(const std::wstring& title) {
+        return [this, title] {
+            ASSERT_NE(hand_.Top(), nullptr);
+            EXPECT_EQ(hand_.Top()->Title(), title);
+        };
+    }
     // A box with this text comes up before the script is over, and is answered so. Boxes nobody expects are
     // faults, see CheckBoxes.
     Step ExpectBox(const std::wstring& text, const std::wstring& caption,
-                   platform::MessageAnswer answer = platform::MessageAnswer::Ok);
+                   platform::MessageAnswer answer = platform::MessageAnswer::Ok) {
+        return [=] {
+            expected_.push_back({text, caption});
+            hand_.Answer(answer);
+        };
+    }
 
     // After the script: what was shown is what was expected, in this order.
-    void CheckBoxes();
+    void CheckBoxes() {
+        const std::vector<SeenBox> seen = hand_.Boxes();
+        for (size_t i = 0; i < std::max(seen.size(), expected_.size()); ++i) {
+            const SeenBox shown = i < seen.size() ? seen[i] : SeenBox{};
+            const SeenBox wanted = i < expected_.size() ? expected_[i] : SeenBox{};
+            EXPECT_EQ(shown.text, wanted.text);
+            EXPECT_EQ(shown.caption, wanted.caption);
+        }
+    }
 
   protected:
     Hand& hand_;
