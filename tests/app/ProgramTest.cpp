@@ -37,6 +37,7 @@ TEST_F(Program, ReadsEverySwitchAndItsArguments) {
         {L"/NewNotes Work", L"\\Card\\Ink\\Work\\"},
         {L"/newnotes  \"Work\\Plans\" ", L"\\Card\\Ink\\Work\\Plans\\"},
         {L"/newnotes D:\\Place", L"\\D:\\Place\\"},
+        {L"/newnotes \\\\server\\share\\Ink", L"\\\\server\\share\\Ink\\"},
         {L"/manage", L"\\Card\\Ink\\New Notes\\ managed"},
         {L"/manage Work", L"\\Card\\Ink\\Work\\ managed"},
         {L"/manage \\Storage Card\\Ink", L"\\Storage Card\\Ink\\ managed"},
@@ -54,11 +55,12 @@ TEST_F(Program, ReadsEverySwitchAndItsArguments) {
         EXPECT_EQ(Asked(line), L"");
     EXPECT_EQ(Asked(L"/manage Work"), L" managed");
     device.SetSetting(L"RootDirPath", L"\\Card\\Ink\\\\\\");
-    device.files.PutFolder(L"\\Storage Card");
+    for (const wchar_t* storage : {L"\\Storage Card", L"\\\\server\\share"}) device.files.PutFolder(storage);
     for (const auto& [line, asked] : kCases) EXPECT_EQ(Asked(line), asked);
     for (const wchar_t* made : {L"New Notes", L"Work\\Plans", L"Reminders\\2004-02-29"})
         EXPECT_TRUE(device.files.Has(std::wstring(L"\\Card\\Ink\\") + made));
-    EXPECT_FALSE(device.files.Has(L"\\Card\\Ink\\Reminders\\2004-02-30"));
+    EXPECT_TRUE(device.files.Has(L"\\\\server\\share\\Ink"));
+    EXPECT_FALSE(device.files.Has(L"\\Card\\Ink\\Reminders\\2004-02-30") || device.files.Has(L"\\server"));
 }
 
 TEST_F(Program, WhatIsNotThereIsToldAndTheManagerOpens) {

@@ -2,6 +2,7 @@
 #include "app/store/JournalReader.h"
 #include "app/store/NoteJournal.h"
 #include "app/store/Settings.h"
+#include "app/store/StorePaths.h"
 #include "tests/support/DeskTest.h"
 
 namespace {
@@ -16,6 +17,11 @@ TEST_F(Store, SettingsAsOthersMayWriteThem) {
         device.SetSetting(L"RootDirPath", L"\\" + std::wstring(length, L'a'));
         EXPECT_EQ(store::Settings::Text(SettingId::RootDirPath).size(), length == 258 ? 259u : 0u);
     }
+}
+
+TEST_F(Store, PathForms) {
+    EXPECT_EQ(store::WithBackslash(L"a"), L"a");
+    EXPECT_EQ(store::MemoPath(L"\\A\\b.c.ikw"), L"\\A\\b.c.txt");
 }
 
 // What comes behind a write that failed is never told: it could not be replayed.

@@ -18,7 +18,7 @@ class EditorTest : public DeskSteps {
 
     void PutNote(const std::vector<int32_t>& rows) { device.files.Put(kNote, NoteOfDots(rows, kViewHeight)); }
     void UsePenOf(ink::PenStyle style, uint32_t tenths) {
-        device.SetSetting(L"PenInfo", static_cast<uint32_t>(style) << 16 | tenths);
+        device.SetSetting(L"PenInfo", 0x7F000000 | static_cast<uint32_t>(style) << 16 | tenths);
         style_ = style;
         width_ = tenths * 0.1;
     }

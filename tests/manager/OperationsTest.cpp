@@ -118,15 +118,16 @@ TEST_F(Operations, Deleting) {
                 Delete(L"r.ikw", yes), ExpectTree(L"Reminders", {})});
     EXPECT_FALSE(Has(L"Reminders\\2007-03-05"));
     PutNote(L"Reminders\\2007-03-05\\r.ikw");
+    device.files.Put(kRoot + L"Work\\b.txt", "memo");
     auto held = platform::File::OpenForReading(kRoot + L"Work\\b.ikw");
     // A folder that stays is read again; the alarm of the note that went is dropped all the same.
-    RunManager(
-        L"Work\\",
-        {Delete(L"Work", no), ExpectSelected(L"Work  (2 found) "), Delete(L"Work", yes, true),
-         ExpectTree(L"Notes\\Work", {L"b"}),
-         ExpectStore(L"HOME\\DEEP\\D.IKW REMINDERS\\2007-03-05\\R.IKW WORK\\B.IKW "), [&held] { held = {}; },
-         Delete(L"Work", yes), ExpectTree(L"Notes", {L"Home  (0 found) "}), Tap(L"Reminders"), Tap(day),
-         Delete(kMonday, yes), ExpectTree(L"Reminders", {}), ExpectStore(L"HOME\\DEEP\\D.IKW ")});
+    RunManager(L"Work\\",
+               {Delete(L"Work", no), ExpectSelected(L"Work  (2 found) "), Delete(L"Work", yes, true),
+                ExpectTree(L"Notes\\Work", {L"b"}),
+                ExpectStore(L"HOME\\DEEP\\D.IKW REMINDERS\\2007-03-05\\R.IKW WORK\\B.IKW WORK\\B.TXT "),
+                [&held] { held = {}; }, Delete(L"Work", yes), ExpectTree(L"Notes", {L"Home  (0 found) "}),
+                Tap(L"Reminders"), Tap(day), Delete(kMonday, yes), ExpectTree(L"Reminders", {}),
+                ExpectStore(L"HOME\\DEEP\\D.IKW ")});
 }
 
 TEST_F(Operations, NewFoldersGetFreeNamesAndWaitForTheirOwn) {

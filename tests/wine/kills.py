@@ -1,16 +1,14 @@
-"""The program killed while it writes, saves, moves and restores: what was written when the pen was lifted last comes
-back at the next start, and a memo stays with its note. INKWRIGHT_KILLS says how often."""
+"""The program killed while it writes, saves and restores: what was written when the pen was lifted last comes back at
+the next start. INKWRIGHT_KILLS says how often."""
 import os
 import random
-import shutil
 import struct
 import time
 
 import desk
 
 KILLS = int(os.environ.get("INKWRIGHT_KILLS", "20"))
-LONGEST_SAVE_SECONDS, LONGEST_MOVE_SECONDS = 0.4, 0.05
-IDM_RENAME = 32902
+LONGEST_SAVE_SECONDS = 0.4
 
 
 def first_points(data):
@@ -45,26 +43,8 @@ class Kills(desk.Case):
         self.close(program, "Inkwright")
 
     def strokes(self):
-        self.assertEqual([], [p for p in self.root.rglob("*") if p.suffix not in (".ikw", ".txt", "") or "Temp" in p.parent.name])
-        self.assertEqual([], [p for p in self.root.rglob("*.txt") if not p.with_suffix(".ikw").exists()])
+        self.assertEqual([], [p for p in self.root.rglob("*") if p.suffix not in (".ikw", "") or "Temp" in p.parent.name])
         return sorted(point for path in self.root.rglob("*.ikw") for point in first_points(path.read_bytes()))
-
-    def test_memos_stay_with_notes(self):
-        dice = random.Random(6)
-        for kill in range(KILLS // 5):
-            shutil.rmtree(self.root, ignore_errors=True)
-            self.put_note("Work/a.ikw", desk.note_bytes(588, [[(10, 20), (30, 40)]]))
-            self.put_note("Work/a.txt", b"tea")
-            program = self.open("/manage", f"{desk.ROOT}\\Work\\a.ikw")
-            manager = self.window("Inkwright")
-            self.post(manager, desk.WM_COMMAND, IDM_RENAME)
-            self.child(manager, **{"class": "Edit"})
-            self.keys("b", "Return")
-            self.kill(program, dice.uniform(0, LONGEST_MOVE_SECONDS))
-            self.restart()
-            with self.subTest(kill=kill):
-                self.assertEqual(self.strokes(), [(10, 20)])
-                self.assertEqual([p.read_bytes() for p in self.root.rglob("*.txt")], [b"tea"])
 
     def test_ink_outlives_the_program(self):
         dice = random.Random(5)
