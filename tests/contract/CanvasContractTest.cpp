@@ -1,4 +1,3 @@
-// Drawing into images.
 #include "platform/Canvas.h"
 #include "tests/contract/Recording.h"
 

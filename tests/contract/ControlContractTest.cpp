@@ -1,4 +1,3 @@
-// Tool bars, dialogs, pop-ups, menus and message boxes.
 #include <algorithm>
 
 #include "platform/FileSystem.h"

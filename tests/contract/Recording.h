@@ -93,7 +93,6 @@ class Contract : public testing::Test, protected HasDevice, public testing_suppo
     Contract() : Steps(device_.Hand()) {}
     void TearDown() override { EXPECT_TRUE(hand_.IsDone()) << "a window ended before its script"; }
 
-    // Runs the screen with the script and then closes it.
     void Run(const Script& script) {
         Play(script);
         hand_.Then([this] { screen_.EndModal(0); });
@@ -103,7 +102,6 @@ class Contract : public testing::Test, protected HasDevice, public testing_suppo
         Play(script);
         return dialog.RunModal(nullptr);
     }
-    // Runs the screen with this in a command.
     void RunCommand(const std::function<void()>& act) {
         screen_.command = [&](int) { act(); };
         Run({Post(screen_, 1)});

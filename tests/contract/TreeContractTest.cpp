@@ -1,4 +1,3 @@
-// The tree view: its items, its events, and what a person does to it.
 #include <utility>
 
 #include "platform/TreeView.h"
@@ -12,8 +11,7 @@ namespace {
 constexpr auto kLast = TreeView::Where::Last;
 constexpr Rect kPlace{10, 20, 210, 320};
 
-// A screen with a tree of two folders, the first with three notes; writes the tree's events down, items by
-// their data.
+// Two folders, the first with three notes; the tree's events are written down, items by their data.
 class TreeContract : public Contract, private TreeView::Events {
   protected:
     TreeContract() {

@@ -1,4 +1,3 @@
-// Screens: how they run, what reaches them, what they show.
 #include <algorithm>
 
 #include "platform/Worker.h"
@@ -87,8 +86,7 @@ TEST_F(WindowContract, TimersGoOnUntilStopped) {
     EXPECT_THAT(screen_.log, ElementsAre("timer 1", "timer 1", "destroy"));
 }
 
-// The window on top hears of it first, and each below when the one above has gone; one that stays keeps the
-// rest.
+// The window on top first, and each below when the one above has gone; one that stays keeps the rest.
 TEST_F(WindowContract, AnotherCopyTakesOver) {
     TestDialog dialog(IDD_SAVE_AS);
     screen_.command = [&](int) { dialog.RunModal(&screen_); };

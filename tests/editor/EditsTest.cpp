@@ -1,4 +1,3 @@
-// The eraser and the space tool, from the pen to the saved note.
 #include "tests/editor/EditorRig.h"
 
 namespace {
@@ -8,8 +7,7 @@ using namespace testing_support;
 
 class Edits : public EditorTest {};
 
-// The square is 14 pixels wide; a line whose points were all missed comes back at the lift, and what was
-// swept before touches no later ink.
+// A line whose points were all missed comes back at the lift; what was swept before touches no later ink.
 TEST_F(Edits, InkVanishesAtOnceAndTheStrokeFallsApartAtTheLift) {
     Play({Write(Line({20, 100}, 20)), Write({{60, 80}, {60, 130}}), Press(IDM_ERASER), Down({60, 103}),
           Move({{60, -4}, {60, 103}}), ExpectInk({}, {{53, 100}}), PaintAnew(),
@@ -40,8 +38,7 @@ TEST_F(Edits, ThePageShrinksToWhatIsLeft) {
     EXPECT_EQ(Edited({Press(IDM_SPACE_TOOL), closeUp, ExpectMaximum(kViewHeight)})->SlotCount(), 1u);
 }
 
-// Every step comes into sight where it is undone and done again; a note that was undone to nothing is saved
-// so.
+// Every step comes into sight where it is undone and done again.
 TEST_F(Edits, StepsAreUndoneAndDoneAgainWhereTheyHappened) {
     const auto key = [this](wchar_t letter) { return Shortcut(letter); };
     const Step undo = key(L'Z');

@@ -1,4 +1,3 @@
-// Sending a note: the picture that is made of it, and what fails.
 #include "ink/NoteFile.h"
 #include "platform/Canvas.h"
 #include "tests/editor/EditorRig.h"
@@ -27,7 +26,6 @@ class Mail : public EditorTest {
         ink::WriteNote(sink, page);
         device.files.Put(kNote, std::string(sink.Bytes().begin(), sink.Bytes().end()));
     }
-    // The file of the picture that goes out.
     std::string Sent() {
         Run(kNote, {Press(IDM_SEND_EMAIL), [this] { EXPECT_EQ(Desk().waitCursors % 2, 0); }, Ok()});
         EXPECT_EQ(device.mailed.back(), kPicture);
@@ -53,8 +51,7 @@ TEST_F(Mail, ThePictureShowsTheWholeNote) {
     }
 }
 
-// Down to where the pen reaches. What no view can show is not in it either: rows beyond the note's slots, and
-// those of a record without points. The line is wider than a narrow view.
+// What no view can show is not in it: rows beyond the note's slots, or of a record without points.
 TEST_F(Mail, ThePictureIsAsLargeAsWhatItShows) {
     const std::pair<std::vector<int32_t>, int> kRecords[] = {
         {{1, 0, 0, 0, 60, 60, 100, 60}, 60 + 1 + 5},

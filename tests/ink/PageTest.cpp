@@ -55,8 +55,7 @@ Strokes Erased(const Strokes& strokes, const Points& drag) {
     return result;
 }
 
-// As far as they can go, found by trying. Ink that touches other ink, or the page's edge, already stays where
-// it is; strokes that meet in a slot keep the order in which they are drawn.
+// As far as they can go, found by trying. Ink that touches other ink, or the page's edge, stays where it is.
 Strokes Moved(Strokes strokes, int32_t from, int32_t rows, int32_t reach) {
     const auto moves = [&](const Stroke& stroke) { return !stroke.points.empty() && stroke.top >= from; };
     const auto fits = [&](const Stroke& mover) {
@@ -174,7 +173,6 @@ TEST(InkPage, ErasedMemoryServesLaterStrokesAndClearedNothingIsLeft) {
     EXPECT_TRUE(sketch::Add(page, {}) == AddResult::NothingToAdd && page.modified);
 }
 
-// What a page is, as far as a person can tell, and where its view ends.
 Lines Whole(const InkPage& page) {
     Lines whole = Describe(page);
     whole.push_back(std::to_string(page.SlotCount()) + " " + std::to_string(page.background) + " " +
@@ -205,7 +203,6 @@ void ChangeAtRandom(ink::PageHistory& history, InkPage& page, Dice& dice) {
     history.EndStep();
 }
 
-// Tells another page of every step through a journal.
 struct Mirror : ink::StepListener {
     explicit Mirror(const InkPage& source) : page(source) {}
     void OnStep(const ink::PageStep& step, ink::StepWay way) override {

@@ -1,4 +1,3 @@
-// What the menus of the tree do to notes and folders.
 #include "app/store/SafeFile.h"
 #include "manager/StoreOperations.h"
 #include "tests/manager/ManagerRig.h"
@@ -13,7 +12,6 @@ class Operations : public ManagerTest {
     Step Erase(const std::wstring& below) {
         return [=] { device.files.Nodes().erase(device.files.KeyOf(kRoot + below)); };
     }
-    // The user is asked before the note or the folder goes.
     Step Delete(const std::wstring& name, MessageAnswer answer, bool fails = false) {
         return [=] {
             const bool isNote = name.find(L".ikw") != std::wstring::npos;

@@ -64,9 +64,8 @@ TEST_F(TextMemo, EveryTextComesBackAsItWas) {
     EXPECT_EQ(Desk().waitCursors, 2 * 3);
 }
 
-// What the buttons leave, and each file call when it fails: the memo is the old or the new one but never a
-// part, and the dialog stays open with a text that could not be saved. What can't be read is replaced only
-// after a question, and not at all while others hold it; one that was taken away stays away.
+// The memo is the old or the new one but never a part. What can't be read is replaced only after a question,
+// and not at all while others hold it; one that was taken away stays away.
 TEST_F(TextMemo, WhatTheButtonsAndFailuresLeave) {
     const Step tea = Type(L"tea");
     const Step yes = ExpectLosing(MessageAnswer::Yes);

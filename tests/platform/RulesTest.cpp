@@ -1,5 +1,3 @@
-// When alarms fire, where windows go, what they make of the pen and the wheel, how mail is written, and which
-// places paths name.
 #include <gmock/gmock.h>
 
 #include "ink/Geometry.h"
@@ -113,8 +111,7 @@ PointerTrail TrailOf(const std::vector<Sample>& newestFirst) {
     return trail;
 }
 
-// A press, the samples that a later message brings, and what is new of them. The window's client area begins
-// at the desktop's (-100, 10).
+// What a message brings after a press. The window's client area begins at the desktop's (-100, 10).
 TEST(Rules, WhatIsNewOfThePenSinceTheMessageBefore) {
     const struct {
         std::vector<Sample> press;

@@ -1,4 +1,3 @@
-// A person's hand at the device in memory.
 #pragma once
 
 #include <algorithm>

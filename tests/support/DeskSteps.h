@@ -1,5 +1,4 @@
-// More words for scripts at a device in memory: scrolling, dialogs, failing files; notes, and what is on
-// their pages.
+// More words for scripts at a device in memory; notes, and what is on their pages.
 #pragma once
 
 #include <algorithm>
@@ -54,15 +53,15 @@ inline Trace Line(Point from, int steps) {
     return line;
 }
 
-// A picture in a number, for goldens: who changes a picture on purpose looks at it and takes its new number.
+// For goldens: who changes a picture on purpose looks at it and takes its new number.
 inline uint32_t Hash(const Picture& picture) {
     uint32_t hash = 2166136261;
     for (const uint32_t pixel : picture) hash = (hash ^ pixel) * 16777619;
     return hash;
 }
 
-// After each test, the boxes that were shown are those that its scripts expected, and each looks like its
-// kind: what loses something for good asks twice by its default button.
+// Each box that was shown was expected and looks like its kind: what loses something asks by the second
+// button.
 class DeskSteps : public DeskTest {
   protected:
     ~DeskSteps() override {

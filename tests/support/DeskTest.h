@@ -1,4 +1,3 @@
-// Whole-program tests: the program runs on a device in memory, and a script sits in front of it.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -20,7 +19,6 @@ class DeskTest : public testing::Test, public Steps {
     }
 
     platform::host::HostDesk& Desk() { return device.desk; }
-    // What the window on top shows.
     ink::PixelSurface Shown() { return Desk().Top()->Handle()->shown.Surface(); }
     // What the window on top can be read to say, see HostDesk::Texts.
     Step ExpectText(const std::wstring& text) {
@@ -46,14 +44,12 @@ class DeskTest : public testing::Test, public Steps {
 
     bool IsItemEnabled(int item) { return Desk().Top()->Handle()->items[item].enabled; }
 
-    // Runs the program with the script so far, and then this one.
     void Run(const std::wstring& commandLine, const Script& script = {}) {
         Play(script);
         platform::RunProgram(commandLine);
         EXPECT_FALSE(Desk().StepWaiting()) << "the program ended before the script did";
     }
 
-    // The note file as a page with the given band height.
     std::unique_ptr<ink::InkPage> ReadBack(const std::wstring& path, int32_t bandHeight = 268) {
         auto page = std::make_unique<ink::InkPage>();
         page->bandHeight = bandHeight;

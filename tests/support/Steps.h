@@ -1,5 +1,5 @@
-// The words of a test's script: what a person does at the device, and sees there. The same words serve the
-// program on a device in memory and the contract tests of each port.
+// The words of a test's script, for the program on a device in memory and for the contract tests of each
+// port.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -129,7 +129,6 @@ class Steps {
     Step Move(platform::Point place) { return Move(std::vector{place}); }
     Step Move(const std::vector<platform::Point>& places) { return Do(&Hand::PenMove, places); }
     Step Up(platform::Point place) { return Do(&Hand::PenUp, place); }
-    // One stroke through these points.
     Step Write(const std::vector<platform::Point>& points) {
         return [this, points] {
             hand_.PenDown(points.front());
