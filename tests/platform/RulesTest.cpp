@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <fstream>
+
 #include "ink/Geometry.h"
 #include "platform/keeper/AlarmSchedule.h"
 #include "platform/keeper/NoticePlace.h"
@@ -192,32 +194,20 @@ HostPlaces Machine(bool isDevice) {
 }
 
 TEST(Rules, EachPathHasItsPlaceOrNone) {
-    const std::wstring none = L"no storage", bad = L"bad name";
-    const std::wstring root = L"\\\\?\\C:\\Data\\Device", dev = L"\\\\?\\D:\\Dev";
-    const struct {
-        const wchar_t* handheld;
-        std::wstring machine, device;
-    } kCases[] = {
-        {L"\\", root, dev},
-        {L"Notes\\.\\..\\a.", root + L"\\Notes\\a", dev + L"\\Notes\\a"},
-        {L"\\my documents\\a", L"\\\\?\\UNC\\home\\me\\a", dev + L"\\my documents\\a"},
-        {L"\\Storage Card2", L"\\\\?\\E:\\", dev + L"\\Storage Card2"},
-        {L"\\STORAGE CARD12\\Ink", none, none},
-        {L"\\x:", L"\\\\?\\x:\\", bad},
-        {L"\\\\server\\share", L"\\\\?\\UNC\\server\\share\\", none},
-        {L"\\\\server\\share\\a\\b", L"\\\\?\\UNC\\server\\share\\a\\b", none},
-        {L"\\\\?\\C:\\a", bad, none},
-        {L"\\a?b", bad, bad},
-    };
-    for (const auto& c : kCases) {
+    // Paths of the handheld, and what each is on a machine and on a device that is a folder.
+    std::wifstream cases(INKWRIGHT_PATHS);
+    int tried = 0;
+    for (std::wstring path, places[2]; std::getline(cases, path, L'\t'); ++tried) {
+        ASSERT_TRUE(std::getline(cases, places[0], L'\t') && std::getline(cases, places[1]));
         for (const bool isDevice : {false, true}) {
             PathFault fault = PathFault::None;
-            std::wstring host = TranslateToHost(c.handheld, Machine(isDevice), fault);
+            std::wstring host = TranslateToHost(path, Machine(isDevice), fault);
             EXPECT_EQ(host.empty(), fault != PathFault::None);
-            if (host.empty()) host = fault == PathFault::NoStorage ? none : bad;
-            EXPECT_EQ(host, isDevice ? c.device : c.machine);
+            if (host.empty()) host = fault == PathFault::NoStorage ? L"no storage" : L"bad name";
+            EXPECT_EQ(host, places[isDevice ? 1 : 0]);
         }
     }
+    EXPECT_EQ(tried, 10);
     // Folders that can't be reached have no stand-in.
     HostPlaces away = Machine(false);
     away.documents = away.root = L"";
