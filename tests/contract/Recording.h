@@ -1,4 +1,3 @@
-// Windows of the contract tests: they write down what reaches them.
 #pragma once
 
 #include <gmock/gmock.h>

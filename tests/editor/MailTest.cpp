@@ -10,7 +10,6 @@ const wchar_t kPicture[] = L"\\My Documents\\Inkwright\\Temp\\memo_2007-03-05(14
 
 class Mail : public EditorTest {
   protected:
-    // On this paper, one bent stroke in each of some colours, all over three bands.
     void PutStrokes(uint32_t count, ink::ColorRef paper) {
         ink::InkPage page;
         page.bandHeight = kViewHeight;

@@ -47,7 +47,6 @@ TEST(NoteFile, ReadsEveryVersionAndWhateverElseAFileMayHold) {
     EXPECT_EQ(read, 18);
 }
 
-// Gives out some of the bytes, and fails when it is told to.
 struct CheckedSource : ink::MemorySource {
     CheckedSource(const Bytes& bytes, size_t size, Fault& f) : MemorySource(bytes.data(), size), fault(f) {}
     bool Read(void* buffer, size_t size, size_t& got) override {

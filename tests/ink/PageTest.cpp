@@ -180,7 +180,6 @@ Lines Whole(const InkPage& page) {
     return whole;
 }
 
-// A drag or a command at random; some do nothing.
 void ChangeAtRandom(ink::PageHistory& history, InkPage& page, Dice& dice) {
     ink::SweptRegion region;
     const int32_t top = dice(0, 400);
@@ -210,7 +209,6 @@ struct Mirror : ink::StepListener {
         ends.push_back(journal.size());
         EXPECT_TRUE(steps == 1 ? AppendPage(journal, page) : AppendStep(journal, step, way, page));
     }
-    // The whole blocks among the first bytes of the journal, replayed.
     Lines Replayed(size_t size) const {
         ink::MemorySource source(journal.data(), size);
         InkPage copy;

@@ -44,7 +44,6 @@ inline Stroke StrokeOf(int64_t slot, const ink::StrokeRecord& record) {
     return stroke;
 }
 
-// Every record by slot in order, or as they are drawn: the highest slot first.
 inline Strokes StrokesOf(const ink::InkPage& page, bool asDrawn = false) {
     Strokes strokes;
     for (size_t i = 0; i < page.SlotCount(); ++i) {

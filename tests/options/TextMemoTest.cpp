@@ -14,7 +14,6 @@ constexpr wchar_t kMemo[] = L"\\Ink\\a.txt";
 class TextMemo : public DeskSteps {
   protected:
     TextMemo() { device.files.PutFolder(L"\\Ink"); }
-    // The memo on the disk; null for none.
     void Put(const char* stored) {
         device.files.Nodes().erase(device.files.KeyOf(kMemo));
         if (stored != nullptr) device.files.Put(kMemo, stored);
@@ -30,7 +29,6 @@ class TextMemo : public DeskSteps {
     Step ExpectLosing(MessageAnswer answer, const wchar_t* caption = L"Confirm Text Memo Save") {
         return ExpectBox(L"Contents will permanently be lost! Continue?", caption, answer);
     }
-    // Edits the file, or this memo of a page.
     bool Run(const Script& script, std::wstring* memo = nullptr) {
         using Mode = TextMemoDialog::Mode;
         Play(script);

@@ -34,7 +34,6 @@ class DeskTest : public testing::Test, public Steps {
             Write({{place.left, place.top}})();
         };
     }
-    // Picks a day of the month calendar and accepts it.
     Step PickDay(int item, int year, int month, int day) {
         return [=] {
             Desk().Top()->Handle()->items[item].moment = {year, month, 0, day, 0, 0, 0, 0};

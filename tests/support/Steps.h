@@ -41,7 +41,6 @@ class Hand {
 
     // Done when the program next waits for an event, after what the step before it caused.
     virtual void Then(Step step) = 0;
-    // Every step was done, and every answer asked for.
     virtual bool IsDone() const = 0;
     virtual platform::Window* Top() = 0;
 
@@ -79,7 +78,6 @@ class Hand {
     virtual std::optional<std::wstring> EditedLabel() = 0;
     virtual void EndEditing(const std::optional<std::wstring>& text) = 0;  // nothing: given up
 
-    // The next question gets this answer. All boxes that were shown are kept.
     virtual void Answer(platform::MessageAnswer answer) = 0;
     virtual std::vector<SeenBox> Boxes() const = 0;
     // The menus that come next are answered with the entries of these texts, one after another.
@@ -164,7 +162,6 @@ class Steps {
         };
     }
 
-    // After the script: what was shown is what was expected, in this order.
     void CheckBoxes() {
         const std::vector<SeenBox> seen = hand_.Boxes();
         for (size_t i = 0; i < std::max(seen.size(), expected_.size()); ++i) {
