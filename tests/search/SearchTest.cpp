@@ -138,7 +138,8 @@ TEST_F(Memo, CapitalsAndSmallLetters) {
 // What stands before a short text begins like it.
 TEST_F(Memo, EveryPlaceAroundTheEdgesOfReads) {
     for (const std::string& text : {std::string("r"), std::string("qqr"), std::string(1500, 'q') + "r"}) {
-        for (const size_t at : {0, 1, 1020, 1021, 1022, 1023, 1024, 1025, 2047, 65533, 65534, 65536, 66560}) {
+        for (const unsigned at :
+             {0u, 1u, 1020u, 1021u, 1022u, 1023u, 1024u, 1025u, 2047u, 65533u, 65534u, 65536u, 66560u}) {
             const std::string before(at, text.size() < 1024 ? 'q' : '.');
             EXPECT_TRUE(Finds(text, before + text)) << at;
             EXPECT_TRUE(Finds(text, before + text + "..")) << at;
