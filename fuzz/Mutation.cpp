@@ -21,11 +21,10 @@ static std::vector<Piece> PiecesOf(const std::vector<uint32_t>& words) {
         for (uint32_t left = words[band]; left > 0 && at < words.size(); --left) {
             pieces.push_back({at, size_t{words[at]} * 2 + 6, band});
             at += pieces.back().size;
+            if (at > words.size()) pieces.pop_back();
         }
-        pieces.push_back({band, at - band, 2});
+        if (at <= words.size()) pieces.push_back({band, at - band, 2});
     }
-    const auto isCut = [&](const Piece& piece) { return piece.at + piece.size > words.size(); };
-    pieces.erase(std::remove_if(pieces.begin(), pieces.end(), isCut), pieces.end());
     return pieces;
 }
 
@@ -48,12 +47,8 @@ extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* data, size_t size, size_t mos
     } else if (way == 1) {
         words.insert(words.begin() + static_cast<std::ptrdiff_t>(to.at), some.begin(), some.end());
         ++words[to.count];
-    } else if (way == 2 && piece.count != 2) {
-        words.insert(first + 6, {0, 0});
-        ++words[piece.at];
     } else {
-        auto* word = reinterpret_cast<uint8_t*>(&words[piece.at + dice() % piece.size]);
-        LLVMFuzzerMutate(word, 4, 4);
+        LLVMFuzzerMutate(reinterpret_cast<uint8_t*>(&words[piece.at + dice() % piece.size]), 4, 4);
     }
     const size_t changed = std::min(words.size() * 4, mostBytes);
     std::memcpy(data, words.data(), changed);

@@ -1,4 +1,3 @@
-// What the fuzzers feed, and what they share.
 #pragma once
 
 #include "ink/NoteFile.h"

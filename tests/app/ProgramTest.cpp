@@ -1,3 +1,5 @@
+#include <fstream>
+
 #include "app/CommandLine.h"
 #include "platform/ProgramEntry.h"
 #include "tests/support/DeskTest.h"
@@ -12,7 +14,6 @@ using testing_support::SeenBox;
 class Program : public testing_support::DeskTest {
   protected:
     void TearDown() override { CheckBoxes(); }
-    // What a line asks for: the target, and behind it whatever else.
     static std::wstring Asked(const std::wstring& line) {
         const app::StartRequest request = app::ParseCommandLine(line);
         std::wstring text = request.target;
@@ -25,28 +26,6 @@ class Program : public testing_support::DeskTest {
 };
 
 TEST_F(Program, ReadsEverySwitchAndItsArguments) {
-    const std::pair<const wchar_t*, const wchar_t*> kCases[] = {
-        {L"  \"\\Ink\\A note.ikw\"  ", L"\\Ink\\A note.ikw"},
-        {L"C:\\Notes\\a.ikw", L"\\C:\\Notes\\a.ikw"},
-        {L"\"\\Ink\\a.ikw\" /alarm", L"\\Ink\\a.ikw by an alarm"},
-        {L"\"\\Ink\\a.IKW\" /ALARM", L"\\Ink\\a.IKW by an alarm"},
-        {L"\\Ink\\a.ikw /alarm", L"\\Ink\\a.ikw"},  // the suffix includes the closing quote
-        {L"\"\\Ink\\a.txt\" /alarm", L"\\Ink\\a.txt"},
-        {L"\\Ink\\a.ikw /alarms", L""},
-        {L"/newnotes", L"\\Card\\Ink\\New Notes\\"},
-        {L"/NewNotes Work", L"\\Card\\Ink\\Work\\"},
-        {L"/newnotes  \"Work\\Plans\" ", L"\\Card\\Ink\\Work\\Plans\\"},
-        {L"/newnotes D:\\Place", L"\\D:\\Place\\"},
-        {L"/manage", L"\\Card\\Ink\\New Notes\\ managed"},
-        {L"/manage Work", L"\\Card\\Ink\\Work\\ managed"},
-        {L"/manage \\Storage Card\\Ink", L"\\Storage Card\\Ink\\ managed"},
-        {L"/newreminder 2004-02-29", L"\\Card\\Ink\\Reminders\\2004-02-29\\ as Sunday, 2/29/2004"},
-        {L"/newreminder 2004-02-30", L""},
-        {L"/newalarm 200703155203000", L"\\Card\\Ink\\New Notes\\ at 200703155203000"},
-        {L"/newalarm 200703155203000 Work", L"\\Card\\Ink\\Work\\ at 200703155203000"},
-        {L"/newalarm 20070315520300", L""},
-        {L"/newalarm 2007031552030.0", L""},
-    };
     // Without a root the switches that need one are ignored.
     device.SetSetting(L"RootDirPath", L"\\\\");
     for (const wchar_t* line :
@@ -54,11 +33,16 @@ TEST_F(Program, ReadsEverySwitchAndItsArguments) {
         EXPECT_EQ(Asked(line), L"");
     EXPECT_EQ(Asked(L"/manage Work"), L" managed");
     device.SetSetting(L"RootDirPath", L"\\Card\\Ink\\\\\\");
-    device.files.PutFolder(L"\\Storage Card");
-    for (const auto& [line, asked] : kCases) EXPECT_EQ(Asked(line), asked);
+    for (const wchar_t* storage : {L"\\Storage Card", L"\\\\server\\share"}) device.files.PutFolder(storage);
+    int tried = 0;
+    std::wifstream cases(INKWRIGHT_COMMAND_LINES);  // each line, and behind a tab what it asks for
+    for (std::wstring line, asked; std::getline(cases, line, L'\t') && std::getline(cases, asked); ++tried)
+        EXPECT_EQ(Asked(line), asked);
+    EXPECT_EQ(tried, 21);
     for (const wchar_t* made : {L"New Notes", L"Work\\Plans", L"Reminders\\2004-02-29"})
         EXPECT_TRUE(device.files.Has(std::wstring(L"\\Card\\Ink\\") + made));
-    EXPECT_FALSE(device.files.Has(L"\\Card\\Ink\\Reminders\\2004-02-30"));
+    EXPECT_TRUE(device.files.Has(L"\\\\server\\share\\Ink"));
+    EXPECT_FALSE(device.files.Has(L"\\Card\\Ink\\Reminders\\2004-02-30") || device.files.Has(L"\\server"));
 }
 
 TEST_F(Program, WhatIsNotThereIsToldAndTheManagerOpens) {
@@ -71,8 +55,7 @@ TEST_F(Program, WhatIsNotThereIsToldAndTheManagerOpens) {
     expect(L"\"\\Ink\\gone.ikw\" /alarm", {{gone, L" Alarm Error :: Inkwright"}}, L"Inkwright");
     device.SetSetting(L"RootDirPath", L"\\My Documents\\Inkwright");
     expect(L"/newreminder 2007-03-08", {}, L"Thursday, 3/8/2007 - Inkwright");
-    // Nothing is written for a storage that is away; a folder that is only not there yet is made when it is
-    // needed.
+    // Nothing is made for a storage that is away; a folder that is only not there yet is, when it is needed.
     device.SetSetting(L"RootDirPath", L"\\Storage Card\\Ink");
     const SeenBox root{L"Reading '\\Storage Card\\Ink' failed!", L" Error"};
     const SeenBox other{L"Reading '\\Storage Card2\\Work' failed!", L" Error"};
@@ -92,8 +75,7 @@ TEST_F(Program, ARunCleansTheTemporaryFolderOfPicturesAndStoresTheColours) {
     EXPECT_EQ(device.NumberSetting(L"LastBGColor"), 0xFFFFFFu);
 }
 
-// For a note, other copies are told to close, and waited for at most three rounds; without a target the one
-// in front takes over.
+// Others close within three rounds; without a note to open the one in front takes over instead.
 TEST_F(Program, OneCopyRunsAtATime) {
     device.files.Put(L"\\a.ikw", testing_support::Words({5, 0xFFFFFF, 0, 268}));
     for (const int commandsUntilClosed : {1, 2, 100}) {

@@ -1,4 +1,3 @@
-// Drawing into images.
 #include "platform/Canvas.h"
 #include "tests/contract/Recording.h"
 
@@ -14,7 +13,6 @@ class CanvasContract : public Contract {
     CanvasContract() { Clear(); }
     void Clear() { canvas_.Fill({-10, -10, 500, 500}, ink::MakeColor(250, 240, 230)); }
     uint32_t At(int x, int y) { return image_.Surface().Row(y)[x]; }
-    // The smallest rectangle around what is not paper.
     Rect Drawn() {
         Rect drawn;
         for (int i = 0; i < 60 * 120; ++i) {

@@ -1,4 +1,3 @@
-// Tool bars, dialogs, pop-ups, menus and message boxes.
 #include <algorithm>
 
 #include "platform/FileSystem.h"
@@ -154,9 +153,8 @@ TEST_F(ControlContract, PropertyDialogsShowTheirPages) {
             }
             EXPECT_THAT(second.log, IsEmpty()) << "what the program fills in is no change by the user";
         };
-        Play({Press(IDC_NOTE_PATTERN_DEFAULT), check, Do(&Hand::ShowPage, size_t{1}), fill,
-              Do(&Hand::Choose, IDC_PEN_STYLE, 2), [&] { EXPECT_EQ(second.Choice(IDC_PEN_STYLE), 2); },
-              Press(button)});
+        Play({Press(IDC_NOTE_PATTERN_DEFAULT), check, ShowPage(1), fill, Choose(IDC_PEN_STYLE, 2),
+              [&] { EXPECT_EQ(second.Choice(IDC_PEN_STYLE), 2); }, Press(button)});
         EXPECT_EQ(PropertyDialog(L"Pages", {&first, &second, &unseen}).RunModal(nullptr), button);
         std::vector<std::string> log{"changed 1021", "apply", "destroy"};
         if (button == kIdCancel) log.erase(log.begin() + 1);

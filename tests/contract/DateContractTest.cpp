@@ -1,4 +1,3 @@
-// Dates, their texts, and how texts compare.
 #include <iterator>
 
 #include "platform/Locale.h"

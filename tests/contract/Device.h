@@ -20,7 +20,6 @@ class Device {
 
     testing_support::Hand& Hand();
 
-    // A storage card with this name.
     void InsertCard(const std::wstring& name);
     // Another program, if there is any, has the file for itself for a tenth of a second.
     void HoldForAMoment(const std::wstring& path);

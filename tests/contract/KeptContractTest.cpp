@@ -1,4 +1,3 @@
-// What outlives the program: notifications and registry values.
 #include <algorithm>
 
 #include "platform/Notifications.h"
@@ -53,7 +52,6 @@ TEST_F(NotificationContract, EntriesAreKeptReplacedAndCleared) {
 
 using RegistryContract = Contract;
 
-// What is stored, by whatever type, and how it reads as a number and as a text.
 TEST_F(RegistryContract, ValuesReadAsNumbersAndTexts) {
     const struct {
         std::optional<std::wstring> text;  // else the number

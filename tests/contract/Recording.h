@@ -1,4 +1,3 @@
-// Windows of the contract tests: they write down what reaches them.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -93,7 +92,6 @@ class Contract : public testing::Test, protected HasDevice, public testing_suppo
     Contract() : Steps(device_.Hand()) {}
     void TearDown() override { EXPECT_TRUE(hand_.IsDone()) << "a window ended before its script"; }
 
-    // Runs the screen with the script and then closes it.
     void Run(const Script& script) {
         Play(script);
         hand_.Then([this] { screen_.EndModal(0); });
@@ -103,18 +101,12 @@ class Contract : public testing::Test, protected HasDevice, public testing_suppo
         Play(script);
         return dialog.RunModal(nullptr);
     }
-    // Runs the screen with this in a command.
     void RunCommand(const std::function<void()>& act) {
         screen_.command = [&](int) { act(); };
         Run({Post(screen_, 1)});
     }
     Step Post(platform::Window& window, int command) {
         return [&window, command] { window.PostCommand(command); };
-    }
-    // A step of the hand alone, as a short name: Do(&Hand::TapTree, item).
-    template <typename... Wanted, typename... Given>
-    Step Do(void (Hand::*act)(Wanted...), Given... given) {
-        return [=] { (hand_.*act)(given...); };
     }
     Step ExpectPixel(platform::Point place, uint32_t color) {
         return [=] { EXPECT_EQ(hand_.PixelAt(place), color) << place.x << " " << place.y; };

@@ -1,4 +1,3 @@
-// The tree view: its items, its events, and what a person does to it.
 #include <utility>
 
 #include "platform/TreeView.h"
@@ -12,8 +11,7 @@ namespace {
 constexpr auto kLast = TreeView::Where::Last;
 constexpr Rect kPlace{10, 20, 210, 320};
 
-// A screen with a tree of two folders, the first with three notes; writes the tree's events down, items by
-// their data.
+// Two folders, the first with three notes; the tree's events are written down, items by their data.
 class TreeContract : public Contract, private TreeView::Events {
   protected:
     TreeContract() {
@@ -172,7 +170,7 @@ TEST_F(TreeContract, LabelsAreEditedInPlace) {
 TEST_F(TreeContract, ItemsAreActivatedAndHeldAndKeysAreTold) {
     Run({Select(notes_[0]), OnItem(&Hand::DoubleTapTree, notes_[1]), [&] { tree_.Focus(); },
          Do(&Hand::PressInTree, Key::Enter), Do(&Hand::PressInTree, Key::F2),
-         Do(&Hand::PressInTree, Key::Down), Do(&Hand::PressShortcut, L'N'), OnItem(&Hand::HoldTree, home_),
+         Do(&Hand::PressInTree, Key::Down), Shortcut(L'N'), OnItem(&Hand::HoldTree, home_),
          OnItem(&Hand::TapTree, work_)});
     EXPECT_THAT(log_, ElementsAre("select 11", "select 12", "activate 12", "activate 12", "key 11", "key 3",
                                   "hold 2", "select 1"));

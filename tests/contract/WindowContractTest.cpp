@@ -1,4 +1,3 @@
-// Screens: how they run, what reaches them, what they show.
 #include <algorithm>
 
 #include "platform/Worker.h"
@@ -46,8 +45,7 @@ TEST_F(WindowContract, KeysShortcutsAndTheWheel) {
         hand_.Then(Press(static_cast<Key>(key)));
         expected.push_back("key " + std::to_string(key));
     }
-    Run({Do(&Hand::PressShortcut, L'E'), Do(&Hand::PressShortcut, L'z'), Do(&Hand::TurnWheel, 2),
-         Do(&Hand::TurnWheel, -1)});
+    Run({Shortcut(L'E'), Shortcut(L'z'), Do(&Hand::TurnWheel, 2), Do(&Hand::TurnWheel, -1)});
     expected.insert(expected.end(),
                     {"shortcut 69", "shortcut 122", "scroll 0 0", "scroll 0 0", "scroll 1 0", "destroy"});
     EXPECT_EQ(screen_.log, expected);
@@ -88,14 +86,13 @@ TEST_F(WindowContract, TimersGoOnUntilStopped) {
     EXPECT_THAT(screen_.log, ElementsAre("timer 1", "timer 1", "destroy"));
 }
 
-// The window on top hears of it first, and each below when the one above has gone; one that stays keeps the
-// rest.
+// The window on top first, and each below when the one above has gone; one that stays keeps the rest.
 TEST_F(WindowContract, AnotherCopyTakesOver) {
     TestDialog dialog(IDD_SAVE_AS);
     screen_.command = [&](int) { dialog.RunModal(&screen_); };
     dialog.leaves = screen_.leaves = false;
-    Play({Post(screen_, 1), Do(&Hand::TakeOver), [&] { dialog.leaves = true; }, Do(&Hand::TakeOver),
-          [&] { screen_.leaves = true; }, Post(screen_, 1), Do(&Hand::TakeOver)});
+    Play({Post(screen_, 1), TakeOver(), [&] { dialog.leaves = true; }, TakeOver(),
+          [&] { screen_.leaves = true; }, Post(screen_, 1), TakeOver()});
     EXPECT_EQ(screen_.RunModal(nullptr), 9);
     EXPECT_THAT(dialog.log, ElementsAre("take over", "take over", "destroy", "take over", "destroy"));
     EXPECT_THAT(screen_.log, ElementsAre("command 1", "take over", "command 1", "take over", "destroy"));
@@ -136,14 +133,13 @@ TEST_F(WindowContract, WorkersReachAWindowByItsPrivateMessages) {
 }
 
 TEST_F(WindowContract, AStrokeThatLeavesTheWindowAndOneThatIsTakenAway) {
-    const auto moveAtOnce = [&](const std::vector<Point>& places) { return Do(&Hand::PenMove, places); };
     const auto expectPen = [&](bool isHeld) { return [=] { EXPECT_EQ(screen_.HasPen(), isHeld); }; };
     const Step release = [&] { screen_.ReleasePen(); };
     screen_.penSamples = 64;
-    Run({moveAtOnce({{10, 10}, {20, 20}, {30, 30}}), Down({50, 60}),
-         moveAtOnce({{60, 60}, {70, 65}, {60, 60}, {80, 70}}), [&] { screen_.penSamples = 1; },
-         moveAtOnce({{110, 70}, {120, 70}, {-6, -4}}), Up({-6, -4}), expectPen(true), release,
-         expectPen(false), Down({50, 60}), Do(&Hand::TakePenAway), expectPen(false), release, Up({50, 60})});
+    Run({Move({{10, 10}, {20, 20}, {30, 30}}), Down({50, 60}), Move({{60, 60}, {70, 65}, {60, 60}, {80, 70}}),
+         [&] { screen_.penSamples = 1; }, Move({{110, 70}, {120, 70}, {-6, -4}}), Up({-6, -4}),
+         expectPen(true), release, expectPen(false), Down({50, 60}), TakePenAway(), expectPen(false), release,
+         Up({50, 60})});
     EXPECT_THAT(screen_.log,
                 ElementsAre("down 50 60", "up -6 -4", "lost", "down 50 60", "lost", "up 50 60", "destroy"));
     EXPECT_THAT(screen_.moves, testing::Contains(Point{-6, -4}));

@@ -1,4 +1,3 @@
-// The device of a test is a folder of the host.
 #include <filesystem>
 #include <thread>
 

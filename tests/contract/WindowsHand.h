@@ -1,7 +1,6 @@
-// A hand that gives real input to real windows, as a pen, a mouse and a keyboard would. Steps run in the
-// program's own thread, from a timer: the system reports a timer only when nothing else waits, so a step
-// comes when what went before it has been handled, in whatever loop the program is waiting: its own, a
-// message box's or a menu's.
+// Real input to real windows, as a pen, a mouse and a keyboard give it. Steps run in the program's own
+// thread, from a timer: that comes when nothing else waits, in whatever loop the program is, its own or a
+// menu's.
 #pragma once
 
 #include <cstring>
@@ -36,7 +35,6 @@ inline void SendKey(WORD code) {
     keybd_event(static_cast<BYTE>(code), 0, KEYEVENTF_KEYUP, 0);
 }
 
-// The middle of a rectangle of the window's client area, as a place of the desktop.
 inline POINT MiddleOf(HWND window, const RECT& area) {
     POINT middle{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
     ClientToScreen(window, &middle);

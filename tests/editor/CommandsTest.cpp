@@ -23,7 +23,6 @@ class Commands : public EditorTest {
             EXPECT_EQ(device.NumberSetting(i == 0 ? L"LastPenColor" : L"PenColor_" + std::to_wstring(i)),
                       recent[i]);
     }
-    // In the middle of the palette's cell.
     Step TapCell(int column, int row) { return Write({{16 + 24 * column, 16 + 24 * row}}); }
 };
 
@@ -50,8 +49,8 @@ TEST_F(Commands, RecentColoursMoveToTheFrontAndPersist) {
     ExpectColors({0xC0C0C0, 0x40FF40, 0xFF4040, 0x808080, 0x4040FF});
 }
 
-// A grid of greys, colours and tints; the current one is framed, below the grid if that lacks it. It is left
-// without a choice by Escape, by lifting the pen elsewhere, and when another copy takes over.
+// The current colour is framed, below the grid if that lacks it. A take-over or a lift elsewhere chooses
+// nothing.
 TEST_F(Commands, ThePalette) {
     Edited({Press(IDM_BACKGROUND_COLOR), Down({16, 16}), Up({40, 16}), Write({{16, 160}}), Ok(),
             ExpectTitle(L"a - Inkwright"), Press(IDM_ERASER), Press(IDM_PALETTE_PEN), Press(Key::Escape),

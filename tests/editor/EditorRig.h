@@ -1,5 +1,5 @@
-// The editor over one note on a device in memory. What it shows is compared with a repaint of what it saved,
-// and the ink under the pen with the ink of a lift, whatever else a test looks at.
+// The editor over one note. Whatever a test looks at, what is shown is compared with a repaint of what is
+// saved.
 #pragma once
 
 #include "ink/InkPainter.h"
@@ -18,7 +18,7 @@ class EditorTest : public DeskSteps {
 
     void PutNote(const std::vector<int32_t>& rows) { device.files.Put(kNote, NoteOfDots(rows, kViewHeight)); }
     void UsePenOf(ink::PenStyle style, uint32_t tenths) {
-        device.SetSetting(L"PenInfo", static_cast<uint32_t>(style) << 16 | tenths);
+        device.SetSetting(L"PenInfo", 0x7F000000 | static_cast<uint32_t>(style) << 16 | tenths);
         style_ = style;
         width_ = tenths * 0.1;
     }
@@ -30,7 +30,6 @@ class EditorTest : public DeskSteps {
         EXPECT_TRUE(shown_ == Repainted(*page, position_)) << "a repaint shows something else";
         return page;
     }
-    // The same, of a note that is empty at first.
     std::unique_ptr<ink::InkPage> Written(const Script& script) {
         PutNote({});
         return Edited(script);
@@ -70,7 +69,6 @@ class EditorTest : public DeskSteps {
     Step ExpectMaximum(int row) {
         return [=] { EXPECT_EQ(Desk().Top()->GetScroll().maximum, row); };
     }
-    // What is shown is the note as it lies on the disk, from this page row on.
     Step ExpectRepaint(int row) {
         return [=] { EXPECT_TRUE(ShownPixels() == Repainted(*ReadBack(kNote), row)) << "at row " << row; };
     }
@@ -80,7 +78,6 @@ class EditorTest : public DeskSteps {
             for (const Point place : notThere) EXPECT_EQ(Shown().Row(place.y)[place.x], 0xFFFFFFu) << place.x;
         };
     }
-    // The page from this row on, painted anew.
     Picture Repainted(const ink::InkPage& page, int row) {
         Picture pixels(kViewWidth * kViewHeight);
         ink::PixelSurface surface{pixels.data(), kViewWidth, kViewHeight, kViewWidth};

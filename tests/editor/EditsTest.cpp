@@ -1,4 +1,3 @@
-// The eraser and the space tool, from the pen to the saved note.
 #include "tests/editor/EditorRig.h"
 
 namespace {
@@ -8,11 +7,10 @@ using namespace testing_support;
 
 class Edits : public EditorTest {};
 
-// The square is 14 pixels wide; a line whose points were all missed comes back at the lift, and what was
-// swept before touches no later ink.
+// A line whose points were all missed comes back at the lift; what was swept before touches no later ink.
 TEST_F(Edits, InkVanishesAtOnceAndTheStrokeFallsApartAtTheLift) {
     Play({Write(Line({20, 100}, 20)), Write({{60, 80}, {60, 130}}), Press(IDM_ERASER), Down({60, 103}),
-          Move({60, 103}, {{60, -4}}), ExpectInk({}, {{53, 100}}), PaintAnew(),
+          Move({{60, -4}, {60, 103}}), ExpectInk({}, {{53, 100}}), PaintAnew(),
           ExpectInk({{52, 100}, {67, 100}, {60, 95}, {60, 110}}, {{53, 100}, {66, 100}, {60, 96}, {60, 109}}),
           Up({60, 103}), ExpectInk({{60, 96}, {60, 109}})});
     const auto page = Edited({Press(IDM_PEN), Write(Line({40, 105}, 10)), Write(Line({100, 3}, 10)),
@@ -68,8 +66,7 @@ TEST_F(Edits, PensHaveTwoEndsAndFingersScroll) {
     EXPECT_EQ(Traces(*page).size(), 2u);
 }
 
-// Every step comes into sight where it is undone and done again; a note that was undone to nothing is saved
-// so.
+// Every step comes into sight where it is undone and done again.
 TEST_F(Edits, StepsAreUndoneAndDoneAgainWhereTheyHappened) {
     const auto key = [this](wchar_t letter) { return Shortcut(letter); };
     const Step undo = key(L'Z');
@@ -140,7 +137,7 @@ TEST_F(Edits, TheBandOfTheSpaceToolIsInvertedFromItsRowToThePen) {
     };
     Play({Write({{30, 120}, {90, 120}}), [&] { before = ShownPixels(); }, Press(IDM_ERASER), Down({100, 20}),
           Move({223, 5}), expectBand(0, 0), TakePenAway(), Press(IDM_SPACE_TOOL), Down({40, 100}),
-          expectBand(100, 101), Move({40, 130}), expectBand(100, 131), Move({40, 90}, {{40, 200}}),
+          expectBand(100, 101), Move({40, 130}), expectBand(100, 131), Move({{40, 200}, {40, 90}}),
           expectBand(90, 101), Move({40, -40}), PaintAnew(), expectBand(0, 101)});
     Edited({Move({40, 400}), expectBand(100, kViewHeight), Scroll(C::ThumbPosition, 30),
             Scroll(C::ThumbPosition, 60), Scroll(C::Top), expectBand(100, kViewHeight), TakePenAway(),

@@ -1,4 +1,3 @@
-// From the pen to the ink: what is shown while it is down, and what is saved.
 #include "tests/editor/EditorRig.h"
 
 namespace {
@@ -13,8 +12,10 @@ TEST_F(Pen, WhatBecomesInk) {
         {{Down({50, 100}), ExpectInk({}, {{50, 100}}), Move({50, 100}), ExpectInk({}, {{50, 100}}),
           Up({50, 100}), ExpectInk({{50, 100}})},
          {{{50, 100}}}},
-        {{Down({50, 100}), Move({54, 100}, {{51, 100}, {51, 100}, {52, -3}, {53, 100}}), Move({54, 100}),
-          Up({56, 100}, {{55, 100}})},
+        {{Down({50, 100}), Move({{51, 100}, {51, 100}, {52, -3}, {53, 100}, {54, 100}}), Move({54, 100}),
+          [this] {
+              Desk().PenUp({56, 100}, {{55, 100}});
+          }},
          {{{50, 100}, {51, 100}, {53, 100}, {54, 100}, {55, 100}, {56, 100}}}},
         {{Down({50, 20}), Move({50, 0}), Move({50, -5}), Up({50, -10})}, {{{50, 20}, {50, 0}, {50, -10}}}},
         {{Down({50, 100}), Move({60, 100}), TakePenAway(), Move({70, 100}), Up({70, 100})},
@@ -89,6 +90,42 @@ TEST_F(Pen, ACommandEndsTheWait) {
     Play(All({foot, {Press(IDM_NEW_NOTE)}, rest, foot, {ExpectErase(platform::MessageAnswer::Yes)}}));
     Run(kNote, All({{Press(IDM_FULL_ERASE)}, rest, foot, {Ok(), Wait(2000), Ok()}}));
     EXPECT_EQ(ReadBack(L"\\Ink\\Ink 2007-03-05.ikw")->SlotCount(), 1u);
+}
+
+// The range follows the slots: two for each view. The end of an inked page makes room, by 0.7 of the view;
+// where nothing is written it stays. A step down from the room below the page leads back to the page's end.
+TEST_F(Pen, WhereARequestLeads) {
+    const struct {
+        std::vector<int32_t> rows;
+        int views;
+        std::vector<std::pair<C, int>> requests;
+    } kCases[] = {
+        {{10, kNoStroke, 300}, 2, {{C::LineDown, 26}, {C::PageDown, 259}, {C::PageUp, 26}, {C::LineUp, 0}}},
+        {{10, 300, 600}, 2, {{C::LineUp, 0}, {C::ThumbPosition, 205}, {C::LineUp, 179}, {C::Top, 0}}},
+        {{10}, 2, {{C::PageDown, 187}, {C::PageDown, 267}, {C::PageDown, 267}}},
+        {{10}, 2, {{C::LineDown, 187}, {C::LineDown, 213}}},
+        {{10, kNoStroke, 270}, 3, {{C::ThumbPosition, 267}, {C::LineDown, 454}, {C::Top, 0}}},
+        {{10, 268}, 3, {{C::ThumbPosition, 267}, {C::LineDown, 454}}},
+        {{10, kNoStroke, kNoStroke, 540}, 3, {{C::ThumbPosition, 535}, {C::PageDown, 535}}},
+        {{}, 1, {{C::PageDown, 0}, {C::LineDown, 0}, {C::LineUp, 0}, {C::PageUp, 0}}}};
+    for (const auto& c : kCases) {
+        PutNote(c.rows);
+        for (const auto& [code, position] : c.requests)
+            Play({Scroll(code, position), ExpectPosition(position), ExpectRepaint(position)});
+        Edited({Scroll(C::Other, 5), ExpectPosition(c.requests.back().second),
+                ExpectMaximum(c.views * kViewHeight)});
+    }
+    PutNote({130, kNoStroke, 398, kNoStroke, 666});
+    for (const int position : {5, 120, 131, 90, 400, 132, 399, 1})
+        Play({Scroll(C::ThumbPosition, position), ExpectRepaint(position)});
+    Edited({Scroll(C::Bottom), ExpectPosition(536), ExpectRepaint(804), Scroll(C::Top)});
+}
+
+TEST_F(Pen, ArrowKeysScrollByPagesUpAndDownByLinesLeftAndRight) {
+    PutNote({10, kNoStroke, 300, kNoStroke, 600});
+    Edited({Press(platform::Key::Down), ExpectPosition(233), Press(platform::Key::Left), ExpectPosition(207),
+            Press(platform::Key::Right), ExpectPosition(233), Press(platform::Key::Up), ExpectPosition(0),
+            Press(platform::Key::Home), ExpectPosition(0)});
 }
 
 }  // namespace

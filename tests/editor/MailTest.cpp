@@ -1,18 +1,15 @@
-// Sending a note: the picture that is made of it, and what fails.
 #include "ink/NoteFile.h"
 #include "platform/Canvas.h"
 #include "tests/editor/EditorRig.h"
 
 namespace {
 
-using platform::host::FileCall;
 using namespace testing_support;
 
 const wchar_t kPicture[] = L"\\My Documents\\Inkwright\\Temp\\memo_2007-03-05(143012).bmp";
 
 class Mail : public EditorTest {
   protected:
-    // On this paper, one bent stroke in each of some colours, all over three bands.
     void PutStrokes(uint32_t count, ink::ColorRef paper) {
         ink::InkPage page;
         page.bandHeight = kViewHeight;
@@ -28,7 +25,6 @@ class Mail : public EditorTest {
         ink::WriteNote(sink, page);
         device.files.Put(kNote, std::string(sink.Bytes().begin(), sink.Bytes().end()));
     }
-    // The file of the picture that goes out.
     std::string Sent() {
         Run(kNote, {Press(IDM_SEND_EMAIL), [this] { EXPECT_EQ(Desk().waitCursors % 2, 0); }, Ok()});
         EXPECT_EQ(device.mailed.back(), kPicture);
@@ -54,8 +50,7 @@ TEST_F(Mail, ThePictureShowsTheWholeNote) {
     }
 }
 
-// Down to where the pen reaches. What no view can show is not in it either: rows beyond the note's slots, and
-// those of a record without points. The line is wider than a narrow view.
+// What no view can show is not in it: rows beyond the note's slots, or of a record without points.
 TEST_F(Mail, ThePictureIsAsLargeAsWhatItShows) {
     const std::pair<std::vector<int32_t>, int> kRecords[] = {
         {{1, 0, 0, 0, 60, 60, 100, 60}, 60 + 1 + 5},

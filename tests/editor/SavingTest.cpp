@@ -1,13 +1,12 @@
 // A note from its file and back: names, failures, and what else may happen while a window is to close.
-#include "alarms/NoteAlarm.h"
 #include "app/store/NoteFiles.h"
+#include "editor/FileNamePattern.h"
 #include "editor/InkCanvas.h"
 #include "tests/editor/EditorRig.h"
 
 namespace {
 
 using platform::MessageAnswer;
-using platform::host::FileCall;
 using testing::UnorderedElementsAre;
 using namespace testing_support;
 
@@ -60,8 +59,28 @@ TEST_F(Saving, NamesOfNewNotes) {
     EXPECT_EQ(Notes().size(), 7u);
 }
 
-// A note whose name was declined keeps that name as a proposal: what lies there meanwhile is somebody else's,
-// and so is the memo.
+// Midnight is hour 0 of the twelve too, as in names of earlier releases.
+TEST_F(Saving, WhatAPatternMakes) {
+    const auto expand = [](const wchar_t* pattern, int hour = 9, const wchar_t* folder = L"\\",
+                           editor::NoteKind kind = editor::NoteKind::Ordinary) {
+        return editor::ExpandFileNamePattern(pattern, kind, folder, {2007, 3, 1, 5, hour, 7, 5, 0});
+    };
+    device.SetSetting(L"RootDirPath", L"\\Ink\\");
+    EXPECT_EQ(expand(L"%f %y %Y %m/%M %d/%D", 9, L"\\Work\\ My Plans\\"), L"My Plans 07 2007 03/3 05/5");
+    EXPECT_EQ(expand(L"%i.%s %%d %q 100%"), L"07.05 %d %q 100%");
+    for (const auto& [hour, text] : {std::pair{0, L"0 00 0 00 am AM"},
+                                     {9, L"9 09 9 09 am AM"},
+                                     {12, L"12 12 12 12 pm PM"},
+                                     {13, L"1 01 13 13 pm PM"}})
+        EXPECT_EQ(expand(L"%g %h %G %H %a %A", hour), text);
+    EXPECT_EQ(expand(L"%F", 9, L"\\INK\\Work\\ Plans \\"), L"Work  Plans");
+    EXPECT_EQ(expand(L"%F", 9, L"\\Inkling\\Plans\\"), L"Plans");
+    EXPECT_EQ(expand(L"%F", 9, L"\\Ink\\Reminders\\2007-03-05\\", editor::NoteKind::Reminder), L"2007-03-05");
+    device.SetSetting(L"RootDirPath", L"");
+    EXPECT_EQ(expand(L"%F", 9, L"\\Ink\\Work\\Plans\\"), L"Plans") << "no root";
+}
+
+// A declined name is kept as a proposal: what lies there meanwhile is somebody else's, and so is the memo.
 TEST_F(Saving, ANameWithoutAFileBelongsToWhoeverTakesItFirst) {
     const Step strangers = [this] {
         for (const wchar_t* kind : {L".ikw", L".txt"}) device.files.Put(kPath + kind, "a stranger's");
@@ -98,8 +117,7 @@ TEST_F(Saving, AFaultOfAnyReadLosesNothing) {
     EXPECT_GE(calls, 3);
 }
 
-// Each failing call, and each byte that the storage lacks, leaves the old note or the new one, and the user
-// knows.
+// Each failing call, and each byte that the storage lacks, leaves the old note or the new one, and is told.
 TEST_F(Saving, AFaultOfAnyWriteLeavesAWholeNote) {
     const auto isSaved = [this] {
         Run(kNote, {Dot(), [this] { Desk().answers = {MessageAnswer::Yes}; }, Ok()});
@@ -130,15 +148,6 @@ TEST_F(Saving, AFaultOfAnyWriteLeavesAWholeNote) {
     Edited({Dot(), Fail({FileCall::Create}), declined, Ok(), declined, Press(IDM_NEW_NOTE), Fail({})});
     Run(kNote, {Dot(), Fail({FileCall::Create}), ExpectDiscard(kNote, MessageAnswer::Yes),
                 Press(IDM_NEW_NOTE), ExpectTitle(L"[new] - Inkwright"), ExpectInk({}, {{10, 60}}), Ok()});
-}
-
-TEST_F(Saving, FullEraseTakesMemoAndAlarmsAlongAfterAsking) {
-    device.files.Put(L"\\Ink\\a.txt", "memo");
-    alarms::SetNoteAlarm(kNote, {2007, 3, 4, 15, 20, 0, 0, 0});
-    Run(kNote,
-        {ExpectErase(MessageAnswer::No), Press(IDM_FULL_ERASE), ExpectTitle(L"a - Inkwright"),
-         ExpectErase(MessageAnswer::Yes), Press(IDM_FULL_ERASE), ExpectTitle(L"[new] - Inkwright"), Ok()});
-    EXPECT_TRUE(device.files.NamesIn(L"\\Ink").empty() && device.notifications.empty());
 }
 
 // What is on the card stays there, and what is not waits for it: the page, the memo, and what was begun.

@@ -1,4 +1,3 @@
-// What the ink tests share: pages to look into, files as bytes, and strokes made up at random.
 #pragma once
 
 #include <algorithm>
@@ -19,7 +18,6 @@ using Bytes = std::vector<uint8_t>;
 using Points = std::vector<ink::Point>;
 using Lines = std::vector<std::string>;
 
-// A record with its points in page coordinates.
 struct Stroke {
     int64_t slot = 0;
     int32_t offset = 0;
@@ -46,7 +44,6 @@ inline Stroke StrokeOf(int64_t slot, const ink::StrokeRecord& record) {
     return stroke;
 }
 
-// Every record by slot in order, or as they are drawn: the highest slot first.
 inline Strokes StrokesOf(const ink::InkPage& page, bool asDrawn = false) {
     Strokes strokes;
     for (size_t i = 0; i < page.SlotCount(); ++i) {
@@ -127,7 +124,6 @@ struct Picture {
     ink::PixelSurface surface;
 };
 
-// What is made up at random, the same in every run.
 class Dice {
   public:
     explicit Dice(uint32_t seed) : random_(seed) {}

@@ -94,8 +94,8 @@ TEST_F(AlarmDatabase, AnAlarmIsSetFromTheManager) {
     // The caption of the failure shows the day alone.
     RunManager(L"Work\\a.ikw",
                {hold, pick, ExpectBox(L"Alarm is successfully set!", L" 3/9/2007 4:45:00 PM"), Ok(),
-                Fail({platform::host::FileCall::Alarm}), hold, pick,
-                ExpectBox(L"Setting alarm failed!", L" 3/9/2007"), Ok(), hold, Press(platform::kIdCancel)});
+                Fail({FileCall::Alarm}), hold, pick, ExpectBox(L"Setting alarm failed!", L" 3/9/2007"), Ok(),
+                hold, Press(platform::kIdCancel)});
     ASSERT_EQ(Arguments(), Texts{L"\"" + kRoot + L"Work\\a.ikw\" /alarm"});
     const platform::DateTime& start = device.notifications.begin()->second.trigger.start;
     EXPECT_TRUE(start.dayOfWeek == 5 && start.milliseconds == 0);

@@ -64,8 +64,7 @@ TEST_F(Calendar, TapsOnDays) {
     EXPECT_TRUE(Has(L"Reminders\\2007-03-09\\Reminder 2007-03-09.ikw"));
 }
 
-// Enter begins a reminder on the day that the keys are at, where there is none. Days are looked up once for
-// each month that is shown.
+// Where no reminder is, Enter begins one. Days are looked up once for each month that is shown.
 TEST_F(Calendar, KeysGoFromDayToDay) {
     const std::pair<std::vector<Key>, std::wstring> kCases[] = {
         {{}, L"Monday, 3/5/2007"},

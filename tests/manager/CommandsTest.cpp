@@ -1,4 +1,3 @@
-// When commands are possible, and what the window shows after them.
 #include "app/store/Settings.h"
 #include "tests/manager/ManagerRig.h"
 
@@ -79,10 +78,13 @@ TEST_F(Commands, NotesAreOpenedAndMadeFromTheTree) {
     Play({folderComes, CountLists(), activate, ExpectTitle(L"a - Inkwright"), dot, Close(),
           ExpectSelected(L"a"), Press(IDM_ADD_NOTE), Close(), ExpectLists(0), ExpectSelected(L"a"),
           Press(IDM_ADD_NOTE), dot, Close(), Close(), ExpectLists(1), ExpectSelected(L"Work 2007-03-05")});
-    RunManager(L"Work\\a.ikw", {ExpectTree(L"Notes", {L"Home", L"Work  (2 found) "}), Press(IDM_OPEN),
-                                ExpectErase(MessageAnswer::Yes), Press(IDM_FULL_ERASE), Close(),
-                                ExpectSelected(L"Work  (1 found) "), Press(IDM_ADD_NOTE), dot,
-                                Press(IDM_NEW_NOTE), Close(), Close(), ExpectSelected(L"Work  (2 found) ")});
+    RunManager(
+        L"Work\\a.ikw",
+        {ExpectTree(L"Notes", {L"Home", L"Work  (2 found) "}), Tap(L"Notes\\Work\\a"), Press(IDM_OPEN),
+         ExpectErase(MessageAnswer::No), Press(IDM_FULL_ERASE), ExpectTitle(L"a - Inkwright"),
+         ExpectErase(MessageAnswer::Yes), Press(IDM_FULL_ERASE), ExpectTitle(L"[new] - Inkwright"), Close(),
+         ExpectStore(L"WORK\\WORK 2007-03-05.IKW "), ExpectSelected(L"Work  (1 found) "), Press(IDM_ADD_NOTE),
+         dot, Press(IDM_NEW_NOTE), Close(), Close(), ExpectSelected(L"Work  (2 found) ")});
 }
 
 TEST_F(Commands, RemindersComeAndGoWithTheirDays) {

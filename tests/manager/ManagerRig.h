@@ -1,4 +1,3 @@
-// The manager on a device in memory, and a hand on its tree.
 #pragma once
 
 #include <sstream>
@@ -15,8 +14,7 @@ namespace testing_support {
 const std::wstring kRoot = L"\\My Documents\\Inkwright\\";
 const std::wstring kMonday = L"Monday, March 5, 2007";
 
-// A store of the folders Home and Work; in Work a note "a" with a memo and an alarm. Items of the tree are
-// named by their texts without counts: L"Notes\\Work\\a".
+// In the folder Work a note "a" with a memo and an alarm. Items are named without counts: L"Notes\\Work\\a".
 class ManagerTest : public DeskSteps {
   protected:
     ManagerTest() { PutWork(); }
@@ -60,7 +58,6 @@ class ManagerTest : public DeskSteps {
     Step Tap(const std::wstring& path) {
         return [=] { Tree().Tap(PathOf(path)); };
     }
-    // Chooses the entries of the menu that the item has, and of those that follow.
     Step Hold(const std::wstring& path, const Texts& entries) {
         return [=] {
             hand.ChooseEntries(entries);
@@ -83,7 +80,6 @@ class ManagerTest : public DeskSteps {
     Step ExpectSelected(const std::wstring& text) {
         return [=] { EXPECT_EQ(TreeControl().Text(TreeControl().Selection()), text); };
     }
-    // The texts of an item's children, of the top without a path.
     Step ExpectTree(const std::wstring& path, const Texts& texts) {
         return [=] { EXPECT_EQ(Tree().Texts(PathOf(path)), texts); };
     }
@@ -94,8 +90,8 @@ class ManagerTest : public DeskSteps {
     Step CountLists() {
         return [=] {
             lists_ = 0;
-            device.files.fault = [this](platform::host::FileCall call, const std::wstring&) {
-                lists_ += call == platform::host::FileCall::List ? 1 : 0;
+            device.files.fault = [this](FileCall call, const std::wstring&) {
+                lists_ += call == FileCall::List ? 1 : 0;
                 return platform::FileError::None;
             };
         };
@@ -107,7 +103,6 @@ class ManagerTest : public DeskSteps {
     int lists_ = 0;
 
   private:
-    // Full texts from the top.
     Texts PathOf(const std::wstring& path) {
         Texts texts;
         std::wistringstream names(path);

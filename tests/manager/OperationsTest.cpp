@@ -1,4 +1,3 @@
-// What the menus of the tree do to notes and folders.
 #include "app/store/SafeFile.h"
 #include "manager/StoreOperations.h"
 #include "tests/manager/ManagerRig.h"
@@ -6,7 +5,6 @@
 namespace {
 
 using platform::MessageAnswer;
-using platform::host::FileCall;
 using namespace testing_support;
 
 class Operations : public ManagerTest {
@@ -14,7 +12,6 @@ class Operations : public ManagerTest {
     Step Erase(const std::wstring& below) {
         return [=] { device.files.Nodes().erase(device.files.KeyOf(kRoot + below)); };
     }
-    // The user is asked before the note or the folder goes.
     Step Delete(const std::wstring& name, MessageAnswer answer, bool fails = false) {
         return [=] {
             const bool isNote = name.find(L".ikw") != std::wstring::npos;
@@ -22,7 +19,8 @@ class Operations : public ManagerTest {
                           (isNote ? L"' will be permanently deleted. Continue?"
                                   : L"' folder and all its contents will be permanently deleted! Continue?"),
                       isNote ? L" Confirm File Delete" : L" Confirm Folder Delete", answer)();
-            if (fails) ExpectBox(L"Deleting '" + name + L"' folder failed.", L" Error")();
+            const std::wstring told = L"Deleting '" + name + (isNote ? L"' failed." : L"' folder failed.");
+            if (fails) ExpectBox(told, L" Error")();
             Desk().Command(IDM_DELETE);
         };
     }
@@ -58,8 +56,7 @@ TEST_F(Operations, MovingNotes) {
                 ExpectStore(L"REMINDERS\\2007-03-05\\R.IKW REMINDERS\\2007-04-02\\A.IKW "
                             L"REMINDERS\\2007-04-02\\A.TXT | Reminders\\2007-04-02\\a.ikw")});
     RunManager(L"Reminders\\2007-03-05\\r.ikw",
-               {Fail({platform::host::FileCall::MakeFolder}),
-                Hold(L"Reminders\\" + kMonday + L"\\r", {L"Change Date..."}),
+               {Fail({FileCall::MakeFolder}), Hold(L"Reminders\\" + kMonday + L"\\r", {L"Change Date..."}),
                 ExpectBox(L"Creating reminder folder failed!", L" Error"),
                 PickDay(IDC_MONTH_CALENDAR, 2007, 4, 3), ExpectSelected(L"r")});
 }
@@ -112,21 +109,23 @@ TEST_F(Operations, Deleting) {
          {L"Home\\Deep\\d.ikw", L"Home\\h.ikw", L"Work\\b.ikw", L"Reminders\\2007-03-05\\r.ikw"})
         PutNote(note);
     const std::wstring day = L"Reminders\\" + kMonday;
-    RunManager(L"Home\\h.ikw", {Delete(L"h.ikw", no), ExpectSelected(L"h"), Delete(L"h.ikw", yes),
-                                ExpectSelected(L"Deep  (1 found) "), ExpectTree(L"Notes", {L"Home", L"Work"}),
-                                Tap(L"Reminders"), Tap(day), Tap(day + L"\\r"), Delete(L"r.ikw", yes),
-                                ExpectTree(L"Reminders", {})});
+    RunManager(L"Home\\h.ikw",
+               {Delete(L"h.ikw", no), Fail({FileCall::Erase}), Delete(L"h.ikw", yes, true),
+                ExpectSelected(L"h"), Fail({}), Delete(L"h.ikw", yes), ExpectSelected(L"Deep  (1 found) "),
+                ExpectTree(L"Notes", {L"Home", L"Work"}), Tap(L"Reminders"), Tap(day), Tap(day + L"\\r"),
+                Delete(L"r.ikw", yes), ExpectTree(L"Reminders", {})});
     EXPECT_FALSE(Has(L"Reminders\\2007-03-05"));
     PutNote(L"Reminders\\2007-03-05\\r.ikw");
+    device.files.Put(kRoot + L"Work\\b.txt", "memo");
     auto held = platform::File::OpenForReading(kRoot + L"Work\\b.ikw");
     // A folder that stays is read again; the alarm of the note that went is dropped all the same.
-    RunManager(
-        L"Work\\",
-        {Delete(L"Work", no), ExpectSelected(L"Work  (2 found) "), Delete(L"Work", yes, true),
-         ExpectTree(L"Notes\\Work", {L"b"}),
-         ExpectStore(L"HOME\\DEEP\\D.IKW REMINDERS\\2007-03-05\\R.IKW WORK\\B.IKW "), [&held] { held = {}; },
-         Delete(L"Work", yes), ExpectTree(L"Notes", {L"Home  (0 found) "}), Tap(L"Reminders"), Tap(day),
-         Delete(kMonday, yes), ExpectTree(L"Reminders", {}), ExpectStore(L"HOME\\DEEP\\D.IKW ")});
+    RunManager(L"Work\\",
+               {Delete(L"Work", no), ExpectSelected(L"Work  (2 found) "), Delete(L"Work", yes, true),
+                ExpectTree(L"Notes\\Work", {L"b"}),
+                ExpectStore(L"HOME\\DEEP\\D.IKW REMINDERS\\2007-03-05\\R.IKW WORK\\B.IKW WORK\\B.TXT "),
+                [&held] { held = {}; }, Delete(L"Work", yes), ExpectTree(L"Notes", {L"Home  (0 found) "}),
+                Tap(L"Reminders"), Tap(day), Delete(kMonday, yes), ExpectTree(L"Reminders", {}),
+                ExpectStore(L"HOME\\DEEP\\D.IKW ")});
 }
 
 TEST_F(Operations, NewFoldersGetFreeNamesAndWaitForTheirOwn) {
@@ -215,6 +214,42 @@ TEST_F(Operations, Copying) {
                 device.files.Get(card + names[1]) == "new");
     EXPECT_FALSE(store::CopySafely(kRoot + L"Work\\Deep\\d.ikw", card + names[1]));
     EXPECT_EQ(device.files.Get(card + names[1]), "new");
+}
+
+// The user is told of what, and whatever was to follow stays undone.
+TEST_F(Operations, WhatFailsIsTold) {
+    const std::wstring work = kRoot + L"Work\\", aborted = L"' failed! Operation aborted!";
+    const std::wstring whole = L"WORK\\A.IKW WORK\\A.TXT | Work\\a.ikw";
+    const auto move = [&] {
+        std::wstring to = kRoot + L"Home\\a.ikw";
+        manager::MoveNote(nullptr, work + L"a.ikw", to);
+    };
+    const auto copy = [&] { manager::CopyFolderTree(nullptr, work, kRoot + L"Home\\"); };
+    const struct {
+        std::vector<FileCall> calls;
+        const wchar_t* in;
+        std::function<void()> operation;
+        std::wstring told, left;
+    } kCases[] = {
+        {{FileCall::Move}, L"a.ikw", move, L"Moving 'a.ikw' failed!", whole},
+        {{FileCall::Move, FileCall::Copy},
+         L"a.txt",
+         move,
+         L"Moving 'a.txt' failed!",
+         L"HOME\\A.IKW WORK\\A.TXT | Home\\a.ikw"},
+        {{FileCall::List}, L"Work", copy, L"Copying '" + work + aborted, whole},
+        {{FileCall::Copy}, L"a.ik", copy, L"Copying '" + work + L"a.ikw" + aborted, whole},
+        {{FileCall::Move}, L"a.tx", copy, L"Copying '" + work + L"a.txt" + aborted, L"HOME\\A.IKW " + whole}};
+    for (const auto& c : kCases) {
+        device.files.Nodes().clear();
+        device.notifications.clear();
+        PutWork();
+        device.files.PutFolder(kRoot + L"Temp");
+        Fail(c.calls, 99, c.in)();
+        ExpectBox(c.told, L" Error")();
+        c.operation();
+        EXPECT_EQ(Store(), c.left);
+    }
 }
 
 // What is whole of a damaged note goes beside it, once. Pictures on their way are no notes.

@@ -1,4 +1,3 @@
-// The tree of the store, its strip and the header above it.
 #include "tests/manager/ManagerRig.h"
 
 namespace {
@@ -23,8 +22,7 @@ TEST_F(StoreTree, FoldersAndNotesInOrderWithTheirCount) {
                      Tap(L"Notes\\Work\\temp"), ExpectTree(L"Notes\\Work\\temp", {L"x"}), look});
 }
 
-// A branch that is closed is selected itself: nothing is read and nothing opens again. The way down to an
-// open one stays open, without a count.
+// A closed branch is selected itself. The way down to an open one stays open, without a count.
 TEST_F(StoreTree, LeavingABranchDropsItAndItsCount) {
     PutNote(L"Work\\Deep\\n.ikw");
     const Step closeWork = [this] { Tree().CloseBranch({L"Notes", L"Work"}); };
@@ -43,8 +41,9 @@ TEST_F(StoreTree, LeavingABranchDropsItAndItsCount) {
 }
 
 TEST_F(StoreTree, DaysAreShownByTheirLongDatesAndEmptyOnesVanish) {
-    for (const wchar_t* note : {L"2007-03-08\\b", L"2007-03-05\\a", L"2007-3-9\\c", L"2007-00-09\\c",
-                                L"2007-03-05\\sub\\c", L"2007-02-31\\d"})
+    for (const wchar_t* note :
+         {L"2007-03-08\\b", L"2007-03-05\\a", L"2007-3-9\\c", L"2007-00-09\\c", L"2007_03-05\\c",
+          L"2007-03_05\\c", L"0000-03-05\\c", L"2007-03-05\\sub\\c", L"2007-02-31\\d"})
         PutNote(std::wstring(L"Reminders\\") + note + L".ikw");
     device.files.Put(kRoot + L"Reminders\\2007-03-06\\only.txt", "memo");
     device.files.PutFolder(kRoot + L"Reminders\\2007-03-07");
@@ -70,8 +69,7 @@ TEST_F(StoreTree, APathIsSelectedAtStart) {
     EXPECT_FALSE(device.HasSetting(L"RootDirPath"));
 }
 
-// Bands of ten rows let a tall stroke of the head lie in a late one. What old versions have where newer ones
-// keep an offset means nothing; what is no note shows as white paper.
+// A tall stroke of the head may lie in a late band of ten rows. What is no note shows as white paper.
 TEST_F(StoreTree, TheStripAndTheHeader) {
     device.files.capacity = device.files.UsedBytes() + 1572864;
     const auto note = [](int version, int offset) {

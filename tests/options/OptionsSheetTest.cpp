@@ -13,7 +13,6 @@ using namespace testing_support;
 
 class OptionsSheet : public DeskSteps {
   protected:
-    // Runs the sheet with the script and closes it with this button.
     void RunSheet(const Script& script, int button = platform::kIdOk) {
         Play(All({script, {Press(button)}}));
         platform::Screen owner(platform::Screen::ScrollBar::None);
@@ -53,8 +52,7 @@ TEST_F(OptionsSheet, EveryStoredPenComesBackAsTheControlsCanShowIt) {
     }
 }
 
-// The first day is the locale's until one is chosen; of the alarm offset the low half counts. The classic pen
-// has one size.
+// The first day is the locale's until one is chosen; of the alarm offset the low half counts.
 TEST_F(OptionsSheet, MiscIsFilledChangedAndStored) {
     device.SetSetting(L"AlarmTimeOffset", 0x10005);
     const Step expectLists = [this] {
@@ -78,8 +76,7 @@ TEST_F(OptionsSheet, MiscIsFilledChangedAndStored) {
     EXPECT_EQ(device.NumberSetting(L"PenInfo"), PenInfo(PenStyle::Simple, 40)) << "cancelled";
 }
 
-// A page that was not shown, and the default, store nothing; an empty pattern is the default. The help names
-// every format character.
+// A page that was not shown, and the default, store nothing; an empty pattern is the default.
 TEST_F(OptionsSheet, PatternsAreStoredAsTextUnderTheNumberType) {
     const Step toggle = Press(IDC_NOTE_PATTERN_DEFAULT);
     const Step expectHelp = [this] {

@@ -7,7 +7,6 @@ namespace {
 using options::TextMemoDialog;
 using platform::MessageAnswer;
 using platform::Rect;
-using platform::host::FileCall;
 using namespace testing_support;
 
 constexpr wchar_t kMemo[] = L"\\Ink\\a.txt";
@@ -15,7 +14,6 @@ constexpr wchar_t kMemo[] = L"\\Ink\\a.txt";
 class TextMemo : public DeskSteps {
   protected:
     TextMemo() { device.files.PutFolder(L"\\Ink"); }
-    // The memo on the disk; null for none.
     void Put(const char* stored) {
         device.files.Nodes().erase(device.files.KeyOf(kMemo));
         if (stored != nullptr) device.files.Put(kMemo, stored);
@@ -31,7 +29,6 @@ class TextMemo : public DeskSteps {
     Step ExpectLosing(MessageAnswer answer, const wchar_t* caption = L"Confirm Text Memo Save") {
         return ExpectBox(L"Contents will permanently be lost! Continue?", caption, answer);
     }
-    // Edits the file, or this memo of a page.
     bool Run(const Script& script, std::wstring* memo = nullptr) {
         using Mode = TextMemoDialog::Mode;
         Play(script);
@@ -65,9 +62,8 @@ TEST_F(TextMemo, EveryTextComesBackAsItWas) {
     EXPECT_EQ(Desk().waitCursors, 2 * 3);
 }
 
-// What the buttons leave, and each file call when it fails: the memo is the old or the new one but never a
-// part, and the dialog stays open with a text that could not be saved. What can't be read is replaced only
-// after a question, and not at all while others hold it; one that was taken away stays away.
+// The memo is the old or the new one but never a part. What can't be read is replaced only after a question,
+// and not at all while others hold it; one that was taken away stays away.
 TEST_F(TextMemo, WhatTheButtonsAndFailuresLeave) {
     const Step tea = Type(L"tea");
     const Step yes = ExpectLosing(MessageAnswer::Yes);

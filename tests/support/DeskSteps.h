@@ -1,27 +1,67 @@
-// More words for scripts at a device in memory: the pen bit by bit, scrolling, time, dialogs and failing
-// files.
+// More words for scripts at a device in memory; notes, and what is on their pages.
 #pragma once
 
 #include <algorithm>
 #include <utility>
 
 #include "platform/host/HostWindow.h"
+#include "tests/support/DeskTest.h"
 #include "tests/support/FaultSweep.h"
-#include "tests/support/Pages.h"
 
 namespace testing_support {
 
+using ink::Point;
+using platform::host::FileCall;
 using Picture = std::vector<uint32_t>;
+using Trace = std::vector<Point>;
 
-// A picture in a number, for goldens: who changes a picture on purpose looks at it and takes its new number.
+constexpr int kNoStroke = -1;
+
+// The file of a note on white paper: in each slot one dot in column 100 of this page row, or none.
+inline std::string NoteOfDots(const std::vector<int32_t>& rows, int32_t bandHeight) {
+    std::string note = Words({5, 0xFFFFFF, static_cast<int32_t>(rows.size()), bandHeight});
+    for (const int32_t y : rows) note += y == kNoStroke ? Words({0}) : Words({1, 1, 0, 0, 0, y, y, 100, y});
+    return note;
+}
+
+// The records as they are drawn: from the highest slot to the lowest.
+inline std::vector<const ink::StrokeRecord*> Records(const ink::InkPage& page) {
+    std::vector<const ink::StrokeRecord*> records;
+    for (size_t slot = page.SlotCount(); slot-- > 0;) {
+        const ink::StrokeBand* band = page.Band(slot);
+        for (size_t i = 0; band != nullptr && i < band->Count(); ++i) records.push_back(&band->At(i));
+    }
+    return records;
+}
+
+inline std::vector<int> Rows(const ink::InkPage& page) {
+    std::vector<int> rows;
+    for (const ink::StrokeRecord* record : Records(page)) rows.push_back(record->minY);
+    return rows;
+}
+
+inline std::vector<Trace> Traces(const ink::InkPage& page) {
+    std::vector<Trace> traces;
+    for (const ink::StrokeRecord* record : Records(page))
+        traces.emplace_back(record->Points(), record->Points() + record->count);
+    return traces;
+}
+
+inline Trace Line(Point from, int steps) {
+    Trace line;
+    for (int i = 0; i <= steps; ++i) line.push_back({from.x + 4 * i, from.y});
+    return line;
+}
+
+// For goldens: who changes a picture on purpose looks at it and takes its new number.
 inline uint32_t Hash(const Picture& picture) {
     uint32_t hash = 2166136261;
     for (const uint32_t pixel : picture) hash = (hash ^ pixel) * 16777619;
     return hash;
 }
 
-// After each test, the boxes that were shown are those that its scripts expected, and each looks like its
-// kind: what loses something for good asks twice by its default button.
+// Each box that was shown was expected and looks like its kind: what loses something asks by the second
+// button.
 class DeskSteps : public DeskTest {
   protected:
     ~DeskSteps() override {
@@ -49,23 +89,8 @@ class DeskSteps : public DeskTest {
     }
 
     Step Ok() { return Press(platform::kIdOk); }
-    Step Move(Point place, const Trace& samples = {}) {
-        return [=] { Desk().PenMove(place, samples); };
-    }
-    Step Up(Point place, const Trace& samples = {}) {
-        return [=] { Desk().PenUp(place, samples); };
-    }
-    Step TakePenAway() {
-        return [=] { Desk().TakePenAway(); };
-    }
     Step Scroll(platform::ScrollCode code, int thumb = 0) {
         return [=] { Desk().Scroll(code, thumb); };
-    }
-    Step Wait(uint32_t milliseconds) {
-        return [=] { Desk().PassTime(milliseconds); };
-    }
-    Step Shortcut(wchar_t letter) {
-        return [=] { Desk().PressShortcut(letter); };
     }
     Step ExpectMenu(const Texts& entries) {
         return [=] { EXPECT_EQ(hand.Menu(), entries); };
@@ -78,15 +103,6 @@ class DeskSteps : public DeskTest {
     }
     Step PaintAnew() {
         return [=] { Desk().Top()->Invalidate(); };
-    }
-    Step TakeOver() {
-        return [=] { Desk().PrivateMessage(platform::kTakeOver); };
-    }
-    Step ShowPage(size_t index) {
-        return [=] { Desk().ShowPage(index); };
-    }
-    Step Choose(int item, int index) {
-        return [=] { Desk().Choose(item, index); };
     }
     Step Turn(int item, int16_t position) {
         return [=] { Desk().Turn(item, position); };
@@ -108,36 +124,29 @@ class DeskSteps : public DeskTest {
     }
     // From now on so many calls of these kinds fail, for files whose path contains the text; Fail({}) mends
     // all. What is written down for the next start (".ikj", ".iki") is a net: it has tests of its own.
-    Step Fail(const std::vector<platform::host::FileCall>& failing, int times = 1 << 30,
-              const std::wstring& in = L"") {
+    Step Fail(const std::vector<FileCall>& kinds, int times = 1 << 30, const std::wstring& in = L"") {
         return [=] {
-            FailWhere([=, left = times](platform::host::FileCall call, const std::wstring& path) mutable {
-                const bool isMeant = std::find(failing.begin(), failing.end(), call) != failing.end();
-                return isMeant && path.find(in) != std::wstring::npos && left-- > 0;
+            FailWhere(kinds, [=, left = times](const std::wstring& path) mutable {
+                return path.find(in) != std::wstring::npos && left-- > 0;
             });
         };
     }
     // Runs with every file call of these kinds failing in turn, see SweepFaults.
-    int SweepFiles(const std::vector<platform::host::FileCall>& kinds,
-                   const std::function<void(Fault&)>& run) {
+    int SweepFiles(const std::vector<FileCall>& kinds, const std::function<void(Fault&)>& run) {
         return SweepFaults([&](Fault& fault) {
-            FailWhere([&](platform::host::FileCall call, const std::wstring&) {
-                const bool isMeant = std::find(kinds.begin(), kinds.end(), call) != kinds.end();
-                return isMeant && fault.Strikes();
-            });
+            FailWhere(kinds, [&](const std::wstring&) { return fault.Strikes(); });
             run(fault);
             device.files.fault = nullptr;
         });
     }
-    void FailWhere(std::function<bool(platform::host::FileCall, const std::wstring&)> fails) {
-        device.files.fault = [fails = std::move(fails)](platform::host::FileCall call,
-                                                        const std::wstring& path) mutable {
+    void FailWhere(const std::vector<FileCall>& kinds, std::function<bool(const std::wstring&)> fails) {
+        device.files.fault = [kinds, fails = std::move(fails)](FileCall call, const std::wstring& path) {
             const bool isNet = path.find(L".ik", path.size() - 4) != std::wstring::npos &&
                                path.back() != L'w' && path.back() != L'~';
-            const bool isListed =
-                call == platform::host::FileCall::List && path.find(L"\\Temp") != std::wstring::npos;
-            return !isNet && !isListed && fails(call, path) ? platform::FileError::Other
-                                                            : platform::FileError::None;
+            const bool isListed = call == FileCall::List && path.find(L"\\Temp") != std::wstring::npos;
+            const bool isMeant = std::find(kinds.begin(), kinds.end(), call) != kinds.end();
+            const bool isFailing = isMeant && !isNet && !isListed && fails(path);
+            return isFailing ? platform::FileError::Other : platform::FileError::None;
         };
     }
     // All memory for pictures but for some is in use until the step is over.

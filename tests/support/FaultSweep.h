@@ -1,4 +1,3 @@
-// Fails one call after another: what a run does when its first call fails, then its second, and so on.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,8 +7,7 @@
 
 namespace testing_support {
 
-// Which of the calls that a run makes is to fail. Whatever makes the calls (an allocator, a file system, a
-// sink) asks Strikes at each.
+// Which call of a run is to fail: an allocator, a file system or a sink asks Strikes at each.
 class Fault {
   public:
     Fault() : Fault(std::numeric_limits<int>::max()) {}  // none is

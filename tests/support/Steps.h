@@ -1,7 +1,10 @@
-// The words of a test's script: what a person does at the device, and sees there. The same words serve the
-// program on a device in memory and the contract tests of each port.
+// The words of a test's script, for the program on a device in memory and for the contract tests of each
+// port.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <string>
@@ -38,7 +41,6 @@ class Hand {
 
     // Done when the program next waits for an event, after what the step before it caused.
     virtual void Then(Step step) = 0;
-    // Every step was done, and every answer asked for.
     virtual bool IsDone() const = 0;
     virtual platform::Window* Top() = 0;
 
@@ -76,7 +78,6 @@ class Hand {
     virtual std::optional<std::wstring> EditedLabel() = 0;
     virtual void EndEditing(const std::optional<std::wstring>& text) = 0;  // nothing: given up
 
-    // The next question gets this answer. All boxes that were shown are kept.
     virtual void Answer(platform::MessageAnswer answer) = 0;
     virtual std::vector<SeenBox> Boxes() const = 0;
     // The menus that come next are answered with the entries of these texts, one after another.
@@ -88,10 +89,22 @@ class Hand {
 
   protected:
     // Reads a menu; the command of the entry with this text, 0 for none.
-    int ReadMenu(const std::vector<platform::PopupMenu::Item>& items, const std::wstring& wanted);
+    int ReadMenu(const std::vector<platform::PopupMenu::Item>& items, const std::wstring& wanted) {
+        menu_.clear();
+        return ReadEntries(items, wanted);
+    }
 
   private:
-    int ReadEntries(const std::vector<platform::PopupMenu::Item>& items, const std::wstring& wanted);
+    int ReadEntries(const std::vector<platform::PopupMenu::Item>& items, const std::wstring& wanted) {
+        int command = 0;
+        for (const platform::PopupMenu::Item& item : items) {
+            menu_.push_back(item.text.empty() ? L"-" : item.enabled ? item.text : L"(" + item.text + L")");
+            if (item.text == wanted && item.enabled && item.command != 0) command = item.command;
+            const int below = item.submenu == nullptr ? 0 : ReadEntries(item.submenu->Items(), wanted);
+            if (command == 0) command = below;
+        }
+        return command;
+    }
 
     Texts menu_;
 };
@@ -101,27 +114,63 @@ class Steps {
   public:
     explicit Steps(Hand& hand) : hand_(hand) {}
 
-    void Play(const Script& script);
+    void Play(const Script& script) {
+        for (const Step& step : script) hand_.Then(step);
+    }
 
-    Step Down(platform::Point place);
-    Step Move(platform::Point place);
-    Step Up(platform::Point place);
-    // One stroke through these points.
-    Step Write(const std::vector<platform::Point>& points);
-    Step Press(int id);
-    Step Press(platform::Key key);
-    Step TypeInto(int item, const std::wstring& text);
+    // A step of the hand alone: Do(&Hand::TapTree, item).
+    template <typename... Wanted, typename... Given>
+    Step Do(void (Hand::*act)(Wanted...), Given... given) {
+        return [=] { (hand_.*act)(given...); };
+    }
+    Step Down(platform::Point place) { return Do(&Hand::PenDown, place); }
+    Step Move(platform::Point place) { return Move(std::vector{place}); }
+    Step Move(const std::vector<platform::Point>& places) { return Do(&Hand::PenMove, places); }
+    Step Up(platform::Point place) { return Do(&Hand::PenUp, place); }
+    Step Write(const std::vector<platform::Point>& points) {
+        return [this, points] {
+            hand_.PenDown(points.front());
+            for (size_t i = 1; i < points.size(); ++i) hand_.PenMove({points[i]});
+            hand_.PenUp(points.back());
+        };
+    }
+    Step Press(int id) { return Do(&Hand::PressButton, id); }
+    Step Press(platform::Key key) { return Do(&Hand::PressKey, key); }
+    Step Shortcut(wchar_t letter) { return Do(&Hand::PressShortcut, letter); }
+    Step Wait(uint32_t milliseconds) { return Do(&Hand::PassTime, milliseconds); }
+    Step TakePenAway() { return Do(&Hand::TakePenAway); }
+    Step TakeOver() { return Do(&Hand::TakeOver); }
+    Step TypeInto(int item, const std::wstring& text) { return Do(&Hand::TypeInto, item, text); }
+    Step Choose(int item, int index) { return Do(&Hand::Choose, item, index); }
+    Step ShowPage(size_t index) { return Do(&Hand::ShowPage, index); }
     Step Close() { return Press(platform::kIdOk); }
     // The menus that the next step opens are answered so: Picked({L"Change Folder...", L"Home"}).
-    Step Picked(const Texts& texts);
-    Step ExpectTitle(const std::wstring& title);
+    Step Picked(const Texts& texts) { return Do(&Hand::ChooseEntries, texts); }
+    Step ExpectTitle(const std::wstring& title) {
+        return [this, title] {
+            ASSERT_NE(hand_.Top(), nullptr);
+            EXPECT_EQ(hand_.Top()->Title(), title);
+        };
+    }
     // A box with this text comes up before the script is over, and is answered so. Boxes nobody expects are
     // faults, see CheckBoxes.
     Step ExpectBox(const std::wstring& text, const std::wstring& caption,
-                   platform::MessageAnswer answer = platform::MessageAnswer::Ok);
+                   platform::MessageAnswer answer = platform::MessageAnswer::Ok) {
+        return [=] {
+            expected_.push_back({text, caption});
+            hand_.Answer(answer);
+        };
+    }
 
-    // After the script: what was shown is what was expected, in this order.
-    void CheckBoxes();
+    void CheckBoxes() {
+        const std::vector<SeenBox> seen = hand_.Boxes();
+        for (size_t i = 0; i < std::max(seen.size(), expected_.size()); ++i) {
+            const SeenBox shown = i < seen.size() ? seen[i] : SeenBox{};
+            const SeenBox wanted = i < expected_.size() ? expected_[i] : SeenBox{};
+            EXPECT_EQ(shown.text, wanted.text);
+            EXPECT_EQ(shown.caption, wanted.caption);
+        }
+    }
 
   protected:
     Hand& hand_;

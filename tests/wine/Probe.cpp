@@ -49,7 +49,6 @@ std::wstring TextOf(HWND window) {
     return text;
 }
 
-// Adds what is known of the window to a JSON list.
 BOOL CALLBACK Describe(HWND window, LPARAM list) {
     // First of all: the window's thread answers only once the window is where it belongs.
     const std::wstring text = TextOf(window);

@@ -26,22 +26,15 @@ class Notes(desk.Case):
         desk.wait_for("the ink", lambda: all(self.pixel(page, *points[-1]) != desk.WHITE for points in LINES))
         self.close(program, "Plain - Inkwright")
 
-    def test_a_note_by_its_drive_on_the_classic_screen_is_saved_by_the_sessions_end(self):
+    def test_a_note_by_its_drive_on_the_classic_screen_and_its_memo_are_saved_by_the_sessions_end(self):
         outside = self.device / "Outside.ikw"
         outside.write_bytes(desk.note_bytes(268))
         self.environment.pop("INKWRIGHT_DEVICE")
         program = self.open(desk.windows_path(outside), INKWRIGHT_SCREEN="240x320")
+        editor = self.window("Outside - Inkwright")
         page = self.page("Outside - Inkwright")
         self.assertEqual(page["client"][3] - page["client"][1], 268)
         self.stroke(page, LINES[1])
-        self.post(self.window("Outside - Inkwright"), desk.WM_ENDSESSION, 1)
-        self.assertEqual(self.finish(program), 0)
-        self.assertEqual(outside.read_bytes(), desk.note_bytes(268, LINES[1:]))
-
-    def test_the_sessions_end_names_a_new_note_and_saves_the_memo_being_typed(self):
-        program = self.open("/newnotes")
-        self.stroke(self.page("[new] - Inkwright"), LINES[1])
-        editor = self.window("[new] - Inkwright")
         self.post(editor, desk.WM_COMMAND, TEXT_MEMO)
         memo = desk.wait_for("the memo", lambda: next((w for w in self.windows() if w["handle"] != editor["handle"]), None))
         self.child(memo, id=MEMO_TEXT)
@@ -50,9 +43,8 @@ class Notes(desk.Case):
         for window in (editor, memo):
             self.post(window, desk.WM_ENDSESSION, 1)
         self.assertEqual(self.finish(program), 0)
-        (note,) = (self.root / "New Notes").glob("*.ikw")
-        self.assertEqual(note.read_bytes(), desk.note_bytes(588, LINES[1:]))
-        self.assertEqual(note.with_suffix(".txt").read_bytes(), b"tea")
+        self.assertEqual(outside.read_bytes(), desk.note_bytes(268, LINES[1:]))
+        self.assertEqual(outside.with_suffix(".txt").read_bytes(), b"tea")
 
 
 if __name__ == "__main__":

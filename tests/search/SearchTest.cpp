@@ -1,4 +1,4 @@
-// The dialog over the real manager, on a device in memory.
+#include "search/MemoSearch.h"
 #include "search/TreeWalk.h"
 #include "tests/manager/ManagerRig.h"
 
@@ -101,7 +101,7 @@ TEST_F(Find, CancelOnlyAsksAndClosingWaits) {
     for (const int command : {kIdCancel, kIdOk}) {
         int reads = 0;
         device.files.fault = [this, command, &reads](platform::host::FileCall call, const std::wstring&) {
-            if (call != platform::host::FileCall::Read || reads++ != 0) return platform::FileError::None;
+            if (call != FileCall::Read || reads++ != 0) return platform::FileError::None;
             Desk().PrivateMessage(static_cast<uint32_t>(search::WalkCode::Done));
             Desk().PrivateMessage(static_cast<uint32_t>(search::WalkCode::RelativePath), 12345);
             for (const int id : kControls) EXPECT_FALSE(IsItemEnabled(id)) << "the worker still runs";
@@ -114,6 +114,50 @@ TEST_F(Find, CancelOnlyAsksAndClosingWaits) {
         device.files.fault = nullptr;
         EXPECT_EQ(reads, 1);
     }
+}
+
+class Memo : public DeskSteps {
+  protected:
+    bool Finds(const std::string& text, const std::string& memo) {
+        device.files.Put(L"\\m.txt", memo);
+        return search::MemoSearch(text).LookIn(L"\\m.txt", cancelled_) == search::MemoResult::Found;
+    }
+    std::atomic<bool> cancelled_{false};
+};
+
+TEST_F(Memo, CapitalsAndSmallLetters) {
+    EXPECT_TRUE(Finds("abc", "xx ABC") && Finds("ABC", "xx abc") && Finds("1b", "a1B"));
+    EXPECT_FALSE(Finds("abc", "axc abx xbc"));
+    EXPECT_FALSE(Finds("abc", "ABC and later abd")) << "capitals count only where no small letter is left";
+    EXPECT_TRUE(Finds("abc", "ABC" + std::string(1024, '.') + "abd")) << "in this window";
+    EXPECT_TRUE(Finds("az", "x AZ") && Finds("za", "x ZA"));
+    EXPECT_FALSE(Finds("\xE9t", "\xC9T")) << "only A to Z fold";
+    EXPECT_TRUE(Finds("\xE9t", "\xE9T"));
+}
+
+// What stands before a short text begins like it.
+TEST_F(Memo, EveryPlaceAroundTheEdgesOfReads) {
+    for (const std::string& text : {std::string("r"), std::string("qqr"), std::string(1500, 'q') + "r"}) {
+        for (const unsigned at :
+             {0u, 1u, 1020u, 1021u, 1022u, 1023u, 1024u, 1025u, 2047u, 65533u, 65534u, 65536u, 66560u}) {
+            const std::string before(at, text.size() < 1024 ? 'q' : '.');
+            EXPECT_TRUE(Finds(text, before + text)) << at;
+            EXPECT_TRUE(Finds(text, before + text + "..")) << at;
+            EXPECT_FALSE(Finds(text, before + text.substr(0, text.size() - 1))) << at;
+        }
+    }
+}
+
+TEST_F(Memo, HoldsNothingWhereItCannotBeRead) {
+    EXPECT_FALSE(Finds("a", std::string(200000, '.')));
+    EXPECT_TRUE(Finds("a", "a"));
+    EXPECT_FALSE(Finds("", "text"));
+    EXPECT_NE(search::MemoSearch("a").LookIn(L"\\none.txt", cancelled_), search::MemoResult::Found);
+    cancelled_ = true;
+    EXPECT_FALSE(Finds("a", "a"));
+    cancelled_ = false;
+    Fail({FileCall::Read})();
+    EXPECT_FALSE(Finds("a", "a"));
 }
 
 }  // namespace
