@@ -35,7 +35,7 @@ class Cards(desk.Case):
         program = self.open("/manage", "Work")
         self.post(self.window("Inkwright"), desk.WM_COMMAND, TOOLS)
         self.wait_for_menu()
-        self.keys("Down", "Down", "Right", "Down", "Return")
+        self.keys("Down", "Down", "Down", "Down", "Right", "Down", "Return")
         desk.wait_for("the store", (self.card / "Inkwright" / "Reminders").is_dir)
         self.close(program, "Inkwright")
 
