@@ -126,7 +126,7 @@ def show_manager(folder):
     page.picture(folder / "find.png")
     tool("key", "Escape", "sleep", 0.5)
     page.click(MANAGER_TOOLS)
-    tool("sleep", 0.5, "key", "Down", "Return")
+    tool("sleep", 0.5, "key", "Down", "Down", "Down", "Return")
     window_named("Options")
     page.picture(folder / "options.png")
     page.click(187, 173)  # the second tab

@@ -1,6 +1,7 @@
 #include "platform/windows/PenHistory.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace platform::windows {
 
@@ -12,6 +13,21 @@ bool IsLater(uint32_t time, uint32_t than) { return static_cast<int32_t>(time - 
 bool IsSame(const PointerSample& a, const PointerSample& b) { return a.time == b.time && a.place == b.place; }
 
 }  // namespace
+
+PointerTrail TrailByTime(const PointerSample& message, const PointerTrail& noted) {
+    constexpr int kNear = 1;  // pixels by which roundings differ
+    PointerTrail trail;
+    trail.samples[0] = message;
+    trail.count = 1;
+    for (int i = 0; i < noted.count && trail.count < PointerTrail::kMost; ++i) {
+        const PointerSample& sample = noted.samples[static_cast<size_t>(i)];
+        const bool isMessage = trail.count == 1 && std::abs(sample.place.x - message.place.x) <= kNear &&
+                               std::abs(sample.place.y - message.place.y) <= kNear;
+        if (IsLater(sample.time, message.time) || isMessage) continue;
+        trail.samples[static_cast<size_t>(trail.count++)] = sample;
+    }
+    return trail;
+}
 
 void PenHistory::Begin(const PointerTrail& trail) {
     trail_ = trail;

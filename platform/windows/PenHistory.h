@@ -23,6 +23,10 @@ struct PointerTrail {
     int count = 0;
 };
 
+// The trail of a message that the history does not hold as it was told, as with tablets in mouse mode, remote
+// sessions and scaled screens: the message, and what the system noted up to its time (newest first).
+PointerTrail TrailByTime(const PointerSample& message, const PointerTrail& noted);
+
 // Recovers the pen positions that the system merged into one mouse message. The last message handled is
 // remembered and bounds what counts as new. Nothing here asks the system for anything.
 class PenHistory {

@@ -6,6 +6,7 @@
 #include "platform/keeper/AlarmSchedule.h"
 #include "platform/keeper/NoticePlace.h"
 #include "platform/mail/MailMessage.h"
+#include "platform/windows/FingerRules.h"
 #include "platform/windows/NotificationEntry.h"
 #include "platform/windows/PathTranslation.h"
 #include "platform/windows/PenHistory.h"
@@ -147,6 +148,17 @@ TEST(Rules, WhatIsNewOfThePenSinceTheMessageBefore) {
         history.Arrive(TrailOf(each.move), false);
         EXPECT_EQ(each.sentDirectly, history.Samples({-100, 10}, samples, 64) != 0) << "handled already";
     }
+    // A message that the history knows by another pixel: what is newer or the same is none of its trail.
+    const PointerTrail trail = TrailByTime({{9, 9}, 40}, TrailOf({{12, 50}, {10, 40}, {5, 30}, {10, 10}}));
+    EXPECT_EQ(trail.count, 3);
+    EXPECT_TRUE(trail.samples[0].place.x == 9 && trail.samples[1].time == 30 && trail.samples[2].time == 10);
+}
+
+TEST(Rules, FingersWriteOnlyWhereNothingElseDoes) {
+    EXPECT_TRUE(FingersWrite(0x41, false, L"") && FingersWrite(0x45, true, L"write"));
+    EXPECT_FALSE(FingersWrite(0x41, true, L"") || FingersWrite(0x45, false, L"") ||
+                 FingersWrite(0x49, false, L""));
+    EXPECT_TRUE(IsMadeOfTouch(0xFF515780) && !IsMadeOfTouch(0xFF515701) && !IsMadeOfTouch(0x80));
 }
 
 TEST(Rules, AMailCarriesAnyPictureUnderAnyName) {
