@@ -24,9 +24,10 @@ size_t Side(int32_t reach) { return 2 * static_cast<size_t>(reach) + 1; }
 StampCache::StampCache(Nib& nib)
     : nib_(nib),
       reach_(nib.Reach()),
+      pitch_(kMaxDelta + Side(reach_) + kQuadOverhang),
       stamps_(Index(kMaxDelta, kMaxDelta) + 1),
       tip_(Side(reach_) * Side(reach_)),
-      picture_(kPitch * (kMaxDelta + Side(reach_))) {
+      picture_(pitch_ * (kMaxDelta + Side(reach_))) {
     if (!nib_.Prepare(kMaxDelta + static_cast<int32_t>(Side(reach_)))) throw std::bad_alloc();
     Draw(0, 0);
     MakeTip();
@@ -38,7 +39,7 @@ void StampCache::MakeTip() {
     std::vector<QuadPlace> rim;
     std::vector<QuadPlace> inner;
     for (int32_t y = 0; y < side; ++y) {
-        const uint8_t* row = &picture_[static_cast<size_t>(y) * kPitch];
+        const uint8_t* row = &picture_[static_cast<size_t>(y) * pitch_];
         std::copy_n(row, side, tip_.data() + y * side);
         for (int32_t x = 0; x < side; x += kQuadPixels) {
             const bool whole =
@@ -101,7 +102,7 @@ void StampCache::Draw(int32_t dx, int32_t dy) {
     const Sweep sweep = upwards ? Sweep{-dx, -dy} : Sweep{dx, dy};
     const int64_t left = std::min<int64_t>(sweep.dx, 0) - reach_;
     for (int32_t y = 0; y < rows_; ++y) {
-        nib_.CoverRow(sweep, y - reach_, left, columns_, &picture_[static_cast<size_t>(y) * kPitch]);
+        nib_.CoverRow(sweep, y - reach_, left, columns_, &picture_[static_cast<size_t>(y) * pitch_]);
     }
 }
 
@@ -121,7 +122,7 @@ void StampCache::AddRim(int32_t centerX, int32_t centerY) {
 uint32_t StampCache::AddBody(int32_t centerX, int32_t centerY) {
     size_t count = 0;
     for (int32_t y = 0; y < rows_; ++y) {
-        const uint8_t* row = &picture_[static_cast<size_t>(y) * kPitch];
+        const uint8_t* row = &picture_[static_cast<size_t>(y) * pitch_];
         const int32_t down = y - centerY;
         for (int32_t x = 0; x < columns_;) {
             const int32_t right = x - centerX;

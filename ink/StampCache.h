@@ -62,10 +62,6 @@ class StampCache {
     QuadList Body(const Stamp& stamp) const { return List(stamp.first + 2 * rimBatches_, stamp.count); }
 
   private:
-    // From row to row of picture_.
-    static constexpr size_t kPitch = 64;
-    static_assert(kPitch >= kWidestStamp + kQuadPixels, "a quad may end behind the widest stamp");
-
     QuadList List(size_t first, size_t count) const {
         return {&batches_[first], &places_[first * kQuadsPerBatch], count};
     }
@@ -74,7 +70,7 @@ class StampCache {
     }
 
     const uint8_t* PictureAt(int32_t x, int32_t y) const {
-        return &picture_[static_cast<size_t>(y) * kPitch + static_cast<size_t>(x)];
+        return &picture_[static_cast<size_t>(y) * pitch_ + static_cast<size_t>(x)];
     }
     void Draw(int32_t dx, int32_t dy);
     void MakeTip();
@@ -86,6 +82,7 @@ class StampCache {
 
     Nib& nib_;
     const int32_t reach_;
+    const size_t pitch_;  // from row to row of picture_; a quad may end behind the widest stamp
     size_t tipCount_ = 0;
     size_t rimCount_ = 0;
     size_t rimBatches_ = 0;

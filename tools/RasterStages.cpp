@@ -114,7 +114,7 @@ void PrintStamp() {
 std::vector<uint8_t> MaskOf(double width, const std::vector<Points>& lines, const ink::Rect& area) {
     ink::StrokeTracer tracer(std::make_unique<ink::SmoothNib>(width));
     tracer.Begin(area, area.Width());
-    for (const Points& line : lines) tracer.Trace(line.data(), line.size(), {}, false);
+    for (const Points& line : lines) tracer.Trace(line.data(), line.size(), {0, 0, ink::Scale()}, false);
     const uint8_t* bytes = tracer.Mask().Bytes();
     return {bytes, bytes + area.Width() * area.Height()};
 }
