@@ -132,7 +132,7 @@ bool InkPainter::SetPen(PenStyle style, double width, Scale scale) {
     EndStroke();
     try {
         impl_->tracer =
-            std::make_unique<StrokeTracer>(MakeNib(style, std::clamp(width, 0.0, kWidestPen), scale));
+            std::make_unique<StrokeTracer>(MakeNib(style, std::clamp(width, 0.0, kWidestPen), scale), scale);
         impl_->style = style;
         impl_->scale = scale;
     } catch (const std::exception&) {

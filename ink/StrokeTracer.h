@@ -56,7 +56,7 @@ class TraceShift {
 class StrokeTracer {
   public:
     // Throws bad_alloc.
-    explicit StrokeTracer(std::unique_ptr<Nib> nib);
+    explicit StrokeTracer(std::unique_ptr<Nib> nib, Scale scale = Scale());
 
     // Starts a new stroke on an area with nothing covered, of a picture with that many pixels from row to
     // row. False when memory is short.
