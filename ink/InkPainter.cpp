@@ -79,7 +79,7 @@ struct InkPainter::Impl {
 
     // The stroke in progress.
     bool live = false;
-    int32_t liveScroll = 0;
+    TraceShift liveShift{0, 0, Scale()};
     uint32_t pixel = 0;
     uint32_t rimPixel = 0;
     std::vector<uint32_t> below;
@@ -205,7 +205,7 @@ bool InkPainter::BeginStroke(PixelSurface& surface, ColorRef color, int32_t scro
     }
     impl_->SetColor(color);
     impl_->inked = Rect{};
-    impl_->liveScroll = scroll;
+    impl_->liveShift = TraceShift(scroll, scroll, impl_->scale);
     impl_->live = true;
     return true;
 }
@@ -213,7 +213,7 @@ bool InkPainter::BeginStroke(PixelSurface& surface, ColorRef color, int32_t scro
 Rect InkPainter::PaintSegment(PixelSurface& surface, const Point* points, size_t count) {
     if (!impl_->live || count == 0) return Rect{};
     StrokeTracer& tracer = *impl_->tracer;
-    const TraceShift shift(impl_->liveScroll, impl_->liveScroll, impl_->scale);
+    const TraceShift shift = impl_->liveShift;
     InkBox ink = BoxOf(points, count, shift, tracer.Reach());
     const Rect dirty = ink.ClippedTo(surface.Bounds());
     ink.right += kQuadOverhang;

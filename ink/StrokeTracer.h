@@ -28,10 +28,7 @@ class TraceShift {
   public:
     // `down` from the stroke to the page; page row `scroll` at the surface's top.
     TraceShift(int64_t down, int32_t scroll, Scale scale)
-        : down_(down),
-          scale_(scale),
-          top_(scale.ToScreen(scroll)),
-          limit_(std::min(kMostPage, scale.ToPage(kMostScreen))) {}
+        : down_(down), scale_(scale), top_(scale.ToScreen(scroll)) {}
 
     TracePoint operator()(const Point& point) const {
         return {OnScreen(point.x), OnScreen(point.y + down_) - top_};
@@ -43,12 +40,15 @@ class TraceShift {
     static constexpr int64_t kMostPage = int64_t{1} << 29;
     static constexpr int64_t kMostScreen = (int64_t{1} << 30) - 1;
 
-    int64_t OnScreen(int64_t page) const { return scale_.ToScreen(std::clamp(page, -limit_, limit_)); }
+    int64_t OnScreen(int64_t page) const {
+        const int64_t near = std::clamp(page, -kMostPage, kMostPage);
+        if (scale_ == Scale()) return near;
+        return std::clamp(scale_.ToScreen(near), -kMostScreen, kMostScreen);
+    }
 
     int64_t down_;
     Scale scale_;
     int64_t top_;
-    int64_t limit_;
 };
 
 // Points may be up to 2^34 away from the area. The mask depends on the sequence of points only: not on how it
