@@ -51,8 +51,8 @@ class TraceShift {
     int64_t top_;
 };
 
-// Points may be up to 2^34 away from the area. The mask depends on the sequence of points only: not on how it
-// was split into calls, and inside the area not on the area.
+// Points are the page's, and may be up to 2^34 screen pixels away from the area. The mask depends on the
+// sequence of points only: not on how it was split into calls, and inside the area not on the area.
 class StrokeTracer {
   public:
     // Throws bad_alloc.
