@@ -9,10 +9,11 @@
 
 namespace sketch {
 
+// Pages are in page pixels, what becomes of them in the screen's.
 struct Pen {
     ink::PenStyle style = ink::PenStyle::Smooth;
-    double width = 1;  // page pixels
-    int dots = 96;     // per inch of the screen
+    double width = 1;
+    int dots = 96;  // per inch of the screen
 
     double Scaled(double length) const { return length * dots / 96; }
     int32_t OnScreen(double page) const { return static_cast<int32_t>(std::floor(Scaled(page) + 0.5)); }
@@ -69,8 +70,7 @@ inline int SegmentShare(const Pen& pen, ink::Point end, int32_t x, int32_t y) {
     return IsBrushed(static_cast<int32_t>(pen.Scaled(1)), end, x, y) ? 2 : isBrushed ? 1 : 0;
 }
 
-// Screen pixels. Segments cover by the larger share. Smooth lines that go on share the tip at their joint and
-// nothing else.
+// Segments cover by the larger share. Smooth lines that go on share the tip at their joint and nothing else.
 inline int LineShare(const Pen& pen, const Points& line, int32_t x, int32_t y) {
     const int32_t reach = static_cast<int32_t>(std::ceil(std::max(pen.Thick(), 1.0) / 2 - 0.5));
     int largest = SegmentShare(pen, {}, x - line[0].x, y - line[0].y);
@@ -120,16 +120,14 @@ inline void PlainPaper(Picture& picture, const Pen& pen, ink::ColorRef backgroun
         const int32_t fromSide = std::min(x, picture.surface.width - 1 - x);
         const bool inHead = row >= 0 && row < pen.OnScreen(45);
         const bool onLine = title >= 0 && title < pen.OnScreen(1) && fromSide >= pen.OnScreen(14);
-        const bool onEdge = row >= pen.OnScreen(45) - pen.OnScreen(1);
-        const int percent = !inHead ? 0 : onEdge ? 26 : onLine ? 16 : 3;
+        const int percent = !inHead ? 0 : row >= pen.OnScreen(45) - pen.OnScreen(1) ? 26 : onLine ? 16 : 3;
         if (inHead || !headOnly) pixel = Mixed(ink::PixelOf(background), contrast, percent, 100);
     });
 }
 
 inline void PlainInk(Picture& picture, const Pen& pen, Points line, ink::ColorRef color, int32_t scroll,
                      const ink::Rect& clip) {
-    for (ink::Point& point : line)
-        point = {pen.OnScreen(point.x), pen.OnScreen(point.y) - pen.OnScreen(scroll)};
+    for (ink::Point& at : line) at = {pen.OnScreen(at.x), pen.OnScreen(at.y) - pen.OnScreen(scroll)};
     const uint32_t levels[] = {0, ink::PixelOf(ink::Shade(color, 0.39f)), ink::PixelOf(color)};
     EachPixel(picture, clip, [&](uint32_t& pixel, int32_t x, int32_t y) {
         const int share = LineShare(pen, line, x, y);
