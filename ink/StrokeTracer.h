@@ -41,9 +41,9 @@ class TraceShift {
     static constexpr int64_t kMostScreen = (int64_t{1} << 30) - 1;
 
     int64_t OnScreen(int64_t page) const {
-        const int64_t near = std::clamp(page, -kMostPage, kMostPage);
-        if (scale_ == Scale()) return near;
-        return std::clamp(scale_.ToScreen(near), -kMostScreen, kMostScreen);
+        const int64_t bounded = std::clamp(page, -kMostPage, kMostPage);
+        if (scale_ == Scale()) return bounded;
+        return std::clamp(scale_.ToScreen(bounded), -kMostScreen, kMostScreen);
     }
 
     int64_t down_;
