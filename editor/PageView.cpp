@@ -43,13 +43,13 @@ void PageView::Wipe(const ink::Rect& area) {
         std::fill(surface.Row(y) + inside.left, surface.Row(y) + inside.right,
                   ink::PixelOf(page_.background));
     }
-    ink::InkPainter::PaintHead(surface, page_.background, page_.scroll, inside);
+    painter_.PaintHead(surface, page_.background, page_.scroll, inside);
     window_.Show(image_, inside);
 }
 
 void PageView::BeginStroke() {
     ink::PixelSurface surface = image_.Surface();
-    painter_.BeginStroke(surface, page_.penColors[0]);
+    painter_.BeginStroke(surface, page_.penColors[0], page_.scroll);
 }
 
 void PageView::PaintSegment(const ink::Point* points, size_t count) {
@@ -68,7 +68,7 @@ void PageView::FinishStroke(const ink::Rect& box) {
 void PageView::MarkDot(ink::Point place) {
     Unmark();
     ink::PixelSurface surface = image_.Surface();
-    if (!painter_.BeginStroke(surface, page_.penColors[0])) return;
+    if (!painter_.BeginStroke(surface, page_.penColors[0], page_.scroll)) return;
     const ink::Rect dot = painter_.PaintSegment(surface, &place, 1);
     painter_.EndStroke();
     ShowMark(dot);

@@ -21,7 +21,7 @@ ink::PixelSurface view{pixels, kSide, kSide, kSide};
 ink::InkPainter& Painter(size_t style) {
     static ink::InkPainter painters[3];
     for (static uint8_t i = 0; i < 3; ++i)
-        Require(painters[i].SetPen(static_cast<ink::PenStyle>(i), 3.0), "a pen");
+        Require(painters[i].SetPen(static_cast<ink::PenStyle>(i), 3.0, ink::Scale(96 + 72 * i)), "a pen");
     return painters[style];
 }
 

@@ -41,8 +41,9 @@ struct SlotRange {
     int64_t last;
 };
 
-// Coordinates are device pixels; page y is measured from the top of the note, independent of scrolling.
-// No public member throws; none shows anything to the user.
+// Coordinates are page pixels, of which the screen may have several for one (see Scale); page y is measured
+// from the top of the note, independent of scrolling. No public member throws; none shows anything to the
+// user.
 class InkPage {
   public:
     // Strokes beyond this slot are refused: no real page is half a million screens tall.
@@ -53,7 +54,7 @@ class InkPage {
     int32_t canvasWidth = 0;
     int32_t canvasHeight = 0;
     PenStyle penStyle = PenStyle::Simple;
-    uint8_t penSize = 10;  // tenths of a pixel
+    uint8_t penSize = 10;  // tenths of a page pixel
     // Most recent first: [0] is the colour given to new strokes.
     std::array<ColorRef, 5> penColors{0x808080, 0x4040FF, 0x40FF40, 0xFF4040, 0xFF40FF};
     ColorRef background = 0x00FFFFFF;

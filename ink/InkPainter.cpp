@@ -19,17 +19,20 @@ constexpr uint8_t kRim = 1;
 constexpr uint8_t kCore = 2;
 constexpr float kRimShade = 0.39f;
 
-std::unique_ptr<Nib> MakeNib(PenStyle style, double width) {
+// `width` in page pixels.
+std::unique_ptr<Nib> MakeNib(PenStyle style, double width, Scale scale) {
     switch (style) {
         case PenStyle::Simple:
             return std::make_unique<SolidNib>(
-                std::vector<BrushLayer>{{std::max(1, static_cast<int32_t>(width)), 255}});
+                std::vector<BrushLayer>{{std::max(1, static_cast<int32_t>(scale.Length(width))), 255}});
         case PenStyle::Classic:
-            return std::make_unique<SolidNib>(std::vector<BrushLayer>{{2, kRim}, {1, kCore}});
+            return std::make_unique<SolidNib>(
+                std::vector<BrushLayer>{{static_cast<int32_t>(scale.Length(2.0)), kRim},
+                                        {static_cast<int32_t>(scale.Length(1.0)), kCore}});
         case PenStyle::Smooth:
             break;
     }
-    return std::make_unique<SmoothNib>(width);
+    return std::make_unique<SmoothNib>(scale.Length(width));
 }
 
 // What the ink of some points, at least one, can reach on the surface. Inclusive on all sides.
@@ -72,9 +75,11 @@ InkBox BoxOf(const Point* points, size_t count, const TraceShift& shift, int32_t
 struct InkPainter::Impl {
     std::unique_ptr<StrokeTracer> tracer;
     PenStyle style = PenStyle::Smooth;
+    Scale scale;
 
     // The stroke in progress.
     bool live = false;
+    TraceShift liveShift{0, 0, Scale()};
     uint32_t pixel = 0;
     uint32_t rimPixel = 0;
     std::vector<uint32_t> below;
@@ -105,7 +110,7 @@ bool InkPainter::Impl::PaintRecord(PixelSurface& surface, const StrokeRecord& re
                                    int32_t scroll, const Rect& clip) {
     const size_t count = static_cast<size_t>(std::max(record.count, 0));
     if (count == 0) return true;
-    const TraceShift shift{static_cast<int64_t>(record.yOffset), scroll};
+    const TraceShift shift(record.yOffset, scroll, scale);
     InkBox ink = BoxOf(record.Points(), count, shift, tracer->Reach());
     ink.right += kQuadOverhang;
     const Rect area = ink.ClippedTo(clip);
@@ -123,18 +128,25 @@ InkPainter::~InkPainter() = default;
 InkPainter::InkPainter(InkPainter&&) noexcept = default;
 InkPainter& InkPainter::operator=(InkPainter&&) noexcept = default;
 
-bool InkPainter::SetPen(PenStyle style, double width) {
+bool InkPainter::SetPen(PenStyle style, double width, Scale scale) {
     EndStroke();
     try {
-        impl_->tracer = std::make_unique<StrokeTracer>(MakeNib(style, std::clamp(width, 0.0, kWidestPen)));
+        impl_->tracer =
+            std::make_unique<StrokeTracer>(MakeNib(style, std::clamp(width, 0.0, kWidestPen), scale), scale);
         impl_->style = style;
+        impl_->scale = scale;
     } catch (const std::exception&) {
         return false;
     }
     return true;
 }
 
-int32_t InkPainter::Reach() const { return impl_->tracer ? impl_->tracer->Reach() : 0; }
+// Between points so far apart lie at least as many screen pixels as the tracer's reach, wherever they are.
+int32_t InkPainter::Reach() const {
+    if (!impl_->tracer) return 0;
+    const int32_t dots = impl_->scale.Dots();
+    return (impl_->tracer->Reach() * Scale::kPageDots + dots - 1) / dots;
+}
 
 bool InkPainter::Repaint(PixelSurface& surface, const InkPage& page, int32_t scroll, const Rect& clip) {
     const Rect box = Intersect(clip, surface.Bounds());
@@ -148,16 +160,18 @@ bool InkPainter::Repaint(PixelSurface& surface, const InkPage& page, int32_t scr
     if (!impl_->tracer) return false;
     bool enough = true;
     // Strokes that end outside the rows still reach into them by half the pen's width.
-    const int64_t top = static_cast<int64_t>(scroll) + box.top - Reach();
-    const int64_t bottom = static_cast<int64_t>(scroll) + box.bottom - 1 + Reach();
+    const int64_t first = impl_->scale.ToScreen(scroll);
+    const int64_t top = impl_->scale.ToPage(first + box.top) - Reach();
+    const int64_t bottom = impl_->scale.ToPage(first + box.bottom - 1) + Reach();
     page.VisitStrokes(top, bottom, [&](const StrokeRecord& record) {
         enough = impl_->PaintRecord(surface, record, record.Color(), scroll, box) && enough;
     });
     return enough;
 }
 
-void InkPainter::PaintHead(PixelSurface& surface, ColorRef background, int32_t scroll, const Rect& clip) {
-    PaintPageHead(surface, background, scroll, clip);
+void InkPainter::PaintHead(PixelSurface& surface, ColorRef background, int32_t scroll,
+                           const Rect& clip) const {
+    PaintPageHead(surface, background, scroll, clip, impl_->scale);
 }
 
 bool InkPainter::PaintStroke(PixelSurface& surface, const StrokeRecord& record, int32_t scroll,
@@ -173,7 +187,7 @@ bool InkPainter::PaintStroke(PixelSurface& surface, const StrokeRecord& record, 
     return impl_->tracer && impl_->PaintRecord(surface, record, color, scroll, box);
 }
 
-bool InkPainter::BeginStroke(PixelSurface& surface, ColorRef color) {
+bool InkPainter::BeginStroke(PixelSurface& surface, ColorRef color, int32_t scroll) {
     impl_->EndLive();
     if (!impl_->tracer || surface.Bounds().IsEmpty() ||
         !impl_->tracer->Begin(surface.Bounds(), surface.stride)) {
@@ -191,6 +205,7 @@ bool InkPainter::BeginStroke(PixelSurface& surface, ColorRef color) {
     }
     impl_->SetColor(color);
     impl_->inked = Rect{};
+    impl_->liveShift = TraceShift(scroll, scroll, impl_->scale);
     impl_->live = true;
     return true;
 }
@@ -198,10 +213,11 @@ bool InkPainter::BeginStroke(PixelSurface& surface, ColorRef color) {
 Rect InkPainter::PaintSegment(PixelSurface& surface, const Point* points, size_t count) {
     if (!impl_->live || count == 0) return Rect{};
     StrokeTracer& tracer = *impl_->tracer;
-    InkBox ink = BoxOf(points, count, {}, tracer.Reach());
+    const TraceShift shift = impl_->liveShift;
+    InkBox ink = BoxOf(points, count, shift, tracer.Reach());
     const Rect dirty = ink.ClippedTo(surface.Bounds());
     ink.right += kQuadOverhang;
-    tracer.Trace(points, count, {}, ink.LiesIn(surface.Bounds()));
+    tracer.Trace(points, count, shift, ink.LiesIn(surface.Bounds()));
     if (dirty.IsEmpty()) return dirty;
     impl_->Compose({surface, impl_->below.data(), dirty, false});
     tracer.Mask().ForgetNotes();

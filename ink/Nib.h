@@ -3,14 +3,16 @@
 
 #include <cstdint>
 
+#include "ink/Scale.h"
+
 namespace ink {
 
-// Settings hold a pen's width as a byte of tenths of a pixel.
+// Settings hold a pen's width as a byte of tenths of a page pixel.
 constexpr int32_t kWidestPenTenths = 255;
 constexpr double kWidestPen = kWidestPenTenths / 10.0;
-// How far the widest pen's ink reaches beyond its points: no nib's Reach is larger. What is made of fixed
-// size for the pictures of segments is made for it.
-constexpr int32_t kWidestReach = (kWidestPenTenths + 9) / 20;
+// By how many pixels the widest pen's ink reaches beyond its points on the finest screen: no nib's Reach is
+// larger. What is made of fixed size for the pictures of segments is made for it.
+constexpr int32_t kWidestReach = (kWidestPenTenths * Scale::kMostDots / Scale::kPageDots + 9) / 20;
 
 // A segment from the centre of pixel (0, 0) to the centre of pixel (dx, dy), always drawn downwards
 // (dy > 0, or dy = 0 and dx >= 0): a line has the same pixels from either end.

@@ -7,10 +7,8 @@
 namespace ink {
 namespace {
 
-// Page rows of the head's lines.
-constexpr int32_t kTitleRow = 37;
-constexpr int32_t kEdgeRow = kHeadRows - 1;
-constexpr int32_t kMargin = 14;  // columns left free beside the title line
+constexpr int32_t kTitleRow = 37;  // page row of the title line; the head's last row is a line as well
+constexpr int32_t kMargin = 14;    // page columns left free beside the title line
 
 // How far each part's tone lies between the background and black, or white on dark pages.
 constexpr int kPaperShare = 3;  // percent
@@ -28,20 +26,27 @@ uint32_t Tone(ColorRef background, int percent) {
 
 }  // namespace
 
-void PaintPageHead(PixelSurface& surface, ColorRef background, int32_t scroll, const Rect& clip) {
+void PaintPageHead(PixelSurface& surface, ColorRef background, int32_t scroll, const Rect& clip,
+                   Scale scale) {
     const Rect box = Intersect(clip, surface.Bounds());
-    if (box.IsEmpty() || static_cast<int64_t>(scroll) + box.top >= kHeadRows) return;
+    const int64_t top = scale.ToScreen(scroll);
+    const int64_t bottom = scale.ToScreen(kHeadRows);
+    if (box.IsEmpty() || top + box.top >= bottom) return;
     const uint32_t paper = Tone(background, kPaperShare);
     const uint32_t title = Tone(background, kTitleShare);
     const uint32_t edge = Tone(background, kEdgeShare);
+    const int64_t titleTop = scale.ToScreen(kTitleRow);
+    // The same for both lines, wherever on the raster they begin.
+    const int64_t line = scale.ToScreen(1);
+    const int32_t margin = static_cast<int32_t>(scale.ToScreen(kMargin));
     for (int32_t y = box.top; y < box.bottom; ++y) {
-        const int64_t row = static_cast<int64_t>(scroll) + y;
-        if (row < 0 || row >= kHeadRows) continue;
+        const int64_t row = top + y;
+        if (row < 0 || row >= bottom) continue;
         uint32_t* pixels = surface.Row(y);
-        std::fill(pixels + box.left, pixels + box.right, row == kEdgeRow ? edge : paper);
-        if (row != kTitleRow) continue;
-        const int32_t left = std::max(box.left, kMargin);
-        const int32_t right = std::min(box.right, surface.width - kMargin);
+        std::fill(pixels + box.left, pixels + box.right, row >= bottom - line ? edge : paper);
+        if (row < titleTop || row >= titleTop + line) continue;
+        const int32_t left = std::max(box.left, margin);
+        const int32_t right = std::min(box.right, surface.width - margin);
         if (left < right) std::fill(pixels + left, pixels + right, title);
     }
 }

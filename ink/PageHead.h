@@ -2,11 +2,13 @@
 #pragma once
 
 #include "ink/PixelSurface.h"
+#include "ink/Scale.h"
 
 namespace ink {
 
-// Paints the part of the page's first kHeadRows rows that lies inside the clip; surface row 0 shows page row
-// `scroll`. The tones follow from the background colour.
-void PaintPageHead(PixelSurface& surface, ColorRef background, int32_t scroll, const Rect& clip);
+// Paints the part of the page's first kHeadRows rows that lies inside the clip (surface coordinates); surface
+// row 0 is the first screen row of page row `scroll`. The tones follow from the background colour. Lines are
+// a page pixel wide, rounded to whole screen pixels.
+void PaintPageHead(PixelSurface& surface, ColorRef background, int32_t scroll, const Rect& clip, Scale scale);
 
 }  // namespace ink

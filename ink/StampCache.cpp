@@ -11,34 +11,43 @@ namespace ink {
 namespace {
 
 // Room for so many stamps with so many batches in their bodies: all segments that are common at a hand's
-// pace.
+// pace, which is so many page pixels from point to point.
 constexpr size_t kUsualStamps = 320;
-constexpr size_t kUsualBodyBatches = 24;
-static_assert(kUsualStamps * kUsualBodyBatches >= 2 * BatchesFor(StampCache::kMostQuads),
+constexpr size_t kLeastUsualBody = 24;
+constexpr int32_t kUsualLength = 6;
+static_assert(kUsualStamps * kLeastUsualBody >= 2 * BatchesFor(StampCache::kMostQuads),
               "any two stamps find room, also those of pens without a rim");
 
 size_t Side(int32_t reach) { return 2 * static_cast<size_t>(reach) + 1; }
 
+// Each row that the tip passes has quads across the length and where the tip parts them.
+size_t UsualBody(int32_t reach, Scale scale) {
+    const size_t length = static_cast<size_t>(scale.ToScreen(kUsualLength));
+    return std::max(kLeastUsualBody, (Side(reach) + length) * (length + 6) / (kQuadPixels * kQuadsPerBatch));
+}
+
 }  // namespace
 
-StampCache::StampCache(Nib& nib)
+StampCache::StampCache(Nib& nib, Scale scale)
     : nib_(nib),
       reach_(nib.Reach()),
-      stamps_(Index(kMaxDelta, kMaxDelta) + 1),
+      longest_(std::min<int64_t>(scale.ToScreen(kLongestOnPage), kLongest)),
+      pitch_(static_cast<size_t>(longest_) + Side(reach_) + kQuadOverhang),
+      stamps_(Index(longest_, longest_) + 1),
       tip_(Side(reach_) * Side(reach_)),
-      picture_(kPitch * (kMaxDelta + Side(reach_))) {
-    if (!nib_.Prepare(kMaxDelta + static_cast<int32_t>(Side(reach_)))) throw std::bad_alloc();
+      picture_(pitch_ * (static_cast<size_t>(longest_) + Side(reach_))) {
+    if (!nib_.Prepare(static_cast<int32_t>(pitch_))) throw std::bad_alloc();
     Draw(0, 0);
-    MakeTip();
+    MakeTip(UsualBody(reach_, scale));
 }
 
 // The rim comes first, so that it is a list of its own.
-void StampCache::MakeTip() {
+void StampCache::MakeTip(size_t usualBody) {
     const int32_t side = 2 * reach_ + 1;
     std::vector<QuadPlace> rim;
     std::vector<QuadPlace> inner;
     for (int32_t y = 0; y < side; ++y) {
-        const uint8_t* row = &picture_[static_cast<size_t>(y) * kPitch];
+        const uint8_t* row = &picture_[static_cast<size_t>(y) * pitch_];
         std::copy_n(row, side, tip_.data() + y * side);
         for (int32_t x = 0; x < side; x += kQuadPixels) {
             const bool whole =
@@ -52,7 +61,7 @@ void StampCache::MakeTip() {
     rimBatches_ = BatchesFor(rimCount_);
     rim.insert(rim.end(), inner.begin(), inner.end());
     tipCount_ = rim.size();
-    batches_.resize(BatchesFor(tipCount_) + kUsualStamps * (2 * rimBatches_ + kUsualBodyBatches));
+    batches_.resize(BatchesFor(tipCount_) + kUsualStamps * (2 * rimBatches_ + usualBody));
     places_.resize(batches_.size() * kQuadsPerBatch);
     for (size_t i = 0; i < tipCount_; ++i) {
         const QuadPlace& place = rim[i];
@@ -101,7 +110,7 @@ void StampCache::Draw(int32_t dx, int32_t dy) {
     const Sweep sweep = upwards ? Sweep{-dx, -dy} : Sweep{dx, dy};
     const int64_t left = std::min<int64_t>(sweep.dx, 0) - reach_;
     for (int32_t y = 0; y < rows_; ++y) {
-        nib_.CoverRow(sweep, y - reach_, left, columns_, &picture_[static_cast<size_t>(y) * kPitch]);
+        nib_.CoverRow(sweep, y - reach_, left, columns_, &picture_[static_cast<size_t>(y) * pitch_]);
     }
 }
 
@@ -121,7 +130,7 @@ void StampCache::AddRim(int32_t centerX, int32_t centerY) {
 uint32_t StampCache::AddBody(int32_t centerX, int32_t centerY) {
     size_t count = 0;
     for (int32_t y = 0; y < rows_; ++y) {
-        const uint8_t* row = &picture_[static_cast<size_t>(y) * kPitch];
+        const uint8_t* row = &picture_[static_cast<size_t>(y) * pitch_];
         const int32_t down = y - centerY;
         for (int32_t x = 0; x < columns_;) {
             const int32_t right = x - centerX;

@@ -7,6 +7,7 @@
 
 #include "ink/Nib.h"
 #include "ink/PixelQuad.h"
+#include "ink/Scale.h"
 
 namespace ink {
 
@@ -28,19 +29,21 @@ struct Stamp {
 // there is nothing to join. Nibs without soft edges have no rim.
 class StampCache {
   public:
-    static constexpr int32_t kMaxDelta = 24;  // longest dx or dy kept
+    // Longest dx or dy kept: as far as a hand's points lie apart, and no more of the finest screens.
+    static constexpr int32_t kLongestOnPage = 24;  // page pixels
+    static constexpr int32_t kLongest = 72;
     // No stamp's tip and body have more quads together. The tip may part each row of the body in two.
     static constexpr int32_t kWidestTip = 2 * kWidestReach + 1;
-    static constexpr int32_t kWidestStamp = kMaxDelta + kWidestTip;
+    static constexpr int32_t kWidestStamp = kLongest + kWidestTip;
     static constexpr size_t kMostQuads =
         kWidestTip * QuadsAcross(kWidestTip) + kWidestStamp * (QuadsAcross(kWidestStamp) + 1);
 
     // Throws bad_alloc. The nib must outlive the cache.
-    explicit StampCache(Nib& nib);
+    explicit StampCache(Nib& nib, Scale scale = Scale());
 
-    static bool Fits(int64_t dx, int64_t dy) {
-        return static_cast<uint64_t>(dx + kMaxDelta) <= 2 * kMaxDelta &&
-               static_cast<uint64_t>(dy + kMaxDelta) <= 2 * kMaxDelta;
+    bool Fits(int64_t dx, int64_t dy) const {
+        return static_cast<uint64_t>(dx + longest_) <= 2 * static_cast<uint64_t>(longest_) &&
+               static_cast<uint64_t>(dy + longest_) <= 2 * static_cast<uint64_t>(longest_);
     }
 
     // Offsets are for pictures of this many pixels from row to row.
@@ -62,22 +65,18 @@ class StampCache {
     QuadList Body(const Stamp& stamp) const { return List(stamp.first + 2 * rimBatches_, stamp.count); }
 
   private:
-    // From row to row of picture_.
-    static constexpr size_t kPitch = 64;
-    static_assert(kPitch >= kWidestStamp + kQuadPixels, "a quad may end behind the widest stamp");
-
     QuadList List(size_t first, size_t count) const {
         return {&batches_[first], &places_[first * kQuadsPerBatch], count};
     }
-    static size_t Index(int64_t dx, int64_t dy) {
-        return static_cast<size_t>((dy + kMaxDelta) * (2 * kMaxDelta + 1) + dx + kMaxDelta);
+    size_t Index(int64_t dx, int64_t dy) const {
+        return static_cast<size_t>((dy + longest_) * (2 * longest_ + 1) + dx + longest_);
     }
 
     const uint8_t* PictureAt(int32_t x, int32_t y) const {
-        return &picture_[static_cast<size_t>(y) * kPitch + static_cast<size_t>(x)];
+        return &picture_[static_cast<size_t>(y) * pitch_ + static_cast<size_t>(x)];
     }
     void Draw(int32_t dx, int32_t dy);
-    void MakeTip();
+    void MakeTip(size_t usualBody);
     void AddRim(int32_t centerX, int32_t centerY);
     uint32_t AddBody(int32_t centerX, int32_t centerY);
     void AddQuad(size_t index, int32_t x, int32_t y, const uint8_t* bytes);
@@ -86,6 +85,8 @@ class StampCache {
 
     Nib& nib_;
     const int32_t reach_;
+    const int64_t longest_;
+    const size_t pitch_;  // from row to row of picture_; a quad may end behind the widest stamp
     size_t tipCount_ = 0;
     size_t rimCount_ = 0;
     size_t rimBatches_ = 0;

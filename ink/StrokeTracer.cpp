@@ -18,11 +18,11 @@ bool GoesOn(const TracePoint& a, const TracePoint& b) { return a.x * b.x + a.y *
 
 }  // namespace
 
-StrokeTracer::StrokeTracer(std::unique_ptr<Nib> nib)
+StrokeTracer::StrokeTracer(std::unique_ptr<Nib> nib, Scale scale)
     : nib_(std::move(nib)),
       reach_(nib_->Reach()),
       softEdges_(nib_->HasSoftEdges()),
-      stamps_(*nib_),
+      stamps_(*nib_, scale),
       joint_(stamps_.RimBatches()),
       endRoom_(stamps_.RimBatches()),
       startRoom_(stamps_.RimBatches()),
@@ -60,7 +60,7 @@ size_t StrokeTracer::TraceStamps(const Point* points, size_t count, const TraceS
     for (; done < count; ++done) {
         const TracePoint point = shift(points[done]);
         const TracePoint direction = point - walk.last;
-        if (!StampCache::Fits(direction.x, direction.y)) break;
+        if (!stamps_.Fits(direction.x, direction.y)) break;
         const Stamp stamp = stamps_.Find(direction.x, direction.y);
         if (!stamp.IsMade() || !(inside || LiesInside(walk.last, direction))) break;
         const uint32_t place = mask_.PlaceOf(walk.last.x, walk.last.y);
@@ -78,7 +78,7 @@ void StrokeTracer::Step(const TracePoint& point) {
     const TracePoint direction = point - walk_.last;
     if (direction == TracePoint{}) {
         AddTip(point);
-    } else if (StampCache::Fits(direction.x, direction.y)) {
+    } else if (stamps_.Fits(direction.x, direction.y)) {
         ShortStep(point, direction);
     } else {
         LongStep(point, direction);
@@ -89,7 +89,7 @@ void StrokeTracer::ShortStep(const TracePoint& point, const TracePoint& directio
     const Stamp stamp = stamps_.Get(direction.x, direction.y);
     // Making it may have ended the last segment's stamp.
     const TracePoint& last = walk_.direction;
-    if (!(last == TracePoint{}) && StampCache::Fits(last.x, last.y)) {
+    if (!(last == TracePoint{}) && stamps_.Fits(last.x, last.y)) {
         walk_.before = stamps_.EndRim(stamps_.Get(last.x, last.y));
     }
     if (Touches(walk_.last, direction)) {

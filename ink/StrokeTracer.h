@@ -8,6 +8,7 @@
 
 #include "ink/Geometry.h"
 #include "ink/Nib.h"
+#include "ink/Scale.h"
 #include "ink/StampCache.h"
 #include "ink/StrokeMask.h"
 
@@ -23,27 +24,39 @@ inline bool operator==(const TracePoint& a, const TracePoint& b) { return a.x ==
 inline TracePoint operator-(const TracePoint& a, const TracePoint& b) { return {a.x - b.x, a.y - b.y}; }
 
 // Where a stroke's points lie on the surface.
-struct TraceShift {
-    int64_t down = 0;    // from the stroke to the page
-    int64_t scroll = 0;  // page row at the surface's top
+class TraceShift {
+  public:
+    // `down` from the stroke to the page; page row `scroll` at the surface's top.
+    TraceShift(int64_t down, int32_t scroll, Scale scale)
+        : down_(down), scale_(scale), top_(scale.ToScreen(scroll)) {}
 
-    // Ink half a billion rows away can't be told from ink farther away, and differences stay far from
-    // overflow.
-    static int64_t Bounded(int64_t coordinate) {
-        constexpr int64_t kLimit = int64_t{1} << 29;
-        return std::clamp(coordinate, -kLimit, kLimit);
-    }
     TracePoint operator()(const Point& point) const {
-        return {Bounded(point.x), Bounded(point.y + down) - scroll};
+        return {OnScreen(point.x), OnScreen(point.y + down_) - top_};
     }
+
+  private:
+    // Ink hundreds of millions of rows away can't be told from ink farther away. Differences stay below 2^31,
+    // and twice the product of two within 64 bits.
+    static constexpr int64_t kMostPage = int64_t{1} << 29;
+    static constexpr int64_t kMostScreen = (int64_t{1} << 30) - 1;
+
+    int64_t OnScreen(int64_t page) const {
+        const int64_t bounded = std::clamp(page, -kMostPage, kMostPage);
+        if (scale_ == Scale()) return bounded;
+        return std::clamp(scale_.ToScreen(bounded), -kMostScreen, kMostScreen);
+    }
+
+    int64_t down_;
+    Scale scale_;
+    int64_t top_;
 };
 
-// Points may be up to 2^31 away from the area. The mask depends on the sequence of points only: not on how it
-// was split into calls, and inside the area not on the area.
+// Points are the page's, and may be up to 2^34 screen pixels away from the area. The mask depends on the
+// sequence of points only: not on how it was split into calls, and inside the area not on the area.
 class StrokeTracer {
   public:
     // Throws bad_alloc.
-    explicit StrokeTracer(std::unique_ptr<Nib> nib);
+    explicit StrokeTracer(std::unique_ptr<Nib> nib, Scale scale = Scale());
 
     // Starts a new stroke on an area with nothing covered, of a picture with that many pixels from row to
     // row. False when memory is short.

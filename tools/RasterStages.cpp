@@ -45,9 +45,10 @@ class Panel {
     }
     void Dots(const Points& points) { dots_ = points; }
 
-    void Print(const char* picture) const {
-        std::printf("panel %s %d\n", picture, columns_);
-        for (const uint32_t cell : cells_) std::printf("%06X ", cell);
+    // A cell's side in the drawing; 0 is the usual one, with a grid.
+    void Print(const char* picture, int32_t cell = 0) const {
+        std::printf("panel %s %d %d\n", picture, columns_, cell);
+        for (const uint32_t color : cells_) std::printf("%06X ", color);
         std::printf("\n");
         for (const Box& box : boxes_) std::printf("%d %d %06X ", box.x, box.y, box.color);
         std::printf("\n");
@@ -114,7 +115,7 @@ void PrintStamp() {
 std::vector<uint8_t> MaskOf(double width, const std::vector<Points>& lines, const ink::Rect& area) {
     ink::StrokeTracer tracer(std::make_unique<ink::SmoothNib>(width));
     tracer.Begin(area, area.Width());
-    for (const Points& line : lines) tracer.Trace(line.data(), line.size(), {}, false);
+    for (const Points& line : lines) tracer.Trace(line.data(), line.size(), {0, 0, ink::Scale()}, false);
     const uint8_t* bytes = tracer.Mask().Bytes();
     return {bytes, bytes + area.Width() * area.Height()};
 }
@@ -141,12 +142,12 @@ void PrintJoint() {
     for (const auto& mask : {larger, joined, difference}) PrintMask(mask, area, line, "joint");
 }
 
-void PrintPixels(const ink::PixelSurface& surface) {
+void PrintPixels(const ink::PixelSurface& surface, const char* picture, int32_t cell = 0) {
     Panel panel(surface.width, surface.height);
     for (int32_t y = 0; y < surface.height; ++y) {
         for (int32_t x = 0; x < surface.width; ++x) panel.Cell(x, y, surface.Row(y)[x]);
     }
-    panel.Print("compose");
+    panel.Print(picture, cell);
 }
 
 void PrintCompose() {
@@ -160,13 +161,34 @@ void PrintCompose() {
     for (const Points* stroke : {&below, &line}) {
         if (stroke == &line) {
             PrintMask(MaskOf(2.5, {line}, area), area, line, "compose");
-            PrintPixels(surface);
+            PrintPixels(surface, "compose");
         }
         painter.BeginStroke(surface, stroke == &line ? 0x802010 : 0x40A0FF);
         painter.PaintSegment(surface, stroke->data(), stroke->size());
         painter.EndStroke();
     }
-    PrintPixels(surface);
+    PrintPixels(surface, "compose");
+}
+
+// One page on four screens, drawn as large as each other.
+void PrintScales() {
+    const Points line{{3, 9}, {5, 4}, {8, 2}, {10, 4}, {9, 8}, {7, 10}, {11, 8}, {16, 7}};
+    for (const int32_t dots : {96, 144, 192, 288}) {
+        const ink::Scale scale(dots);
+        const ink::Rect bounds = scale.ToSurface({0, 0, 20, 38}, 0);
+        std::vector<uint32_t> pixels(static_cast<size_t>(bounds.right * bounds.bottom), 0xFFFFF0);
+        ink::PixelSurface surface{pixels.data(), bounds.right, bounds.bottom, bounds.right};
+        ink::InkPainter painter;
+        Points stroke = line;
+        for (const uint32_t style : {2, 0, 1}) {
+            painter.SetPen(ink::PenStyleOf(style), 2.0, scale);
+            painter.BeginStroke(surface, 0x802010);
+            painter.PaintSegment(surface, stroke.data(), stroke.size());
+            painter.EndStroke();
+            for (Point& point : stroke) point.y += 13;
+        }
+        PrintPixels(surface, "scales", 12 * ink::Scale::kPageDots / dots);
+    }
 }
 
 }  // namespace
@@ -181,5 +203,6 @@ int main() {
     PrintStamp();
     PrintJoint();
     PrintCompose();
+    PrintScales();
     return 0;
 }

@@ -9,9 +9,15 @@
 
 namespace sketch {
 
+// Pages are in page pixels, what becomes of them in the screen's.
 struct Pen {
     ink::PenStyle style = ink::PenStyle::Smooth;
     double width = 1;
+    int dots = 96;  // per inch of the screen
+
+    double Scaled(double length) const { return length * dots / 96; }
+    int32_t OnScreen(double page) const { return static_cast<int32_t>(std::floor(Scaled(page) + 0.5)); }
+    double Thick() const { return Scaled(style == ink::PenStyle::Classic ? 2 : width); }
 };
 
 // From a segment that begins at (0, 0).
@@ -57,16 +63,16 @@ inline bool IsBrushed(int32_t width, ink::Point end, int32_t x, int32_t y) {
 
 // 0 to 255, or of the classic pen the rim 1 and the core 2.
 inline int SegmentShare(const Pen& pen, ink::Point end, int32_t x, int32_t y) {
-    if (Distance(end, x, y) > pen.width / 2 + 2) return 0;
-    if (pen.style == ink::PenStyle::Smooth) return SmoothShare(std::max(pen.width, 0.1) / 2, end, x, y);
-    if (pen.style == ink::PenStyle::Classic)
-        return IsBrushed(1, end, x, y) ? 2 : IsBrushed(2, end, x, y) ? 1 : 0;
-    return IsBrushed(std::max(static_cast<int32_t>(pen.width), 1), end, x, y) ? 255 : 0;
+    if (Distance(end, x, y) > pen.Thick() / 2 + 2) return 0;
+    if (pen.style == ink::PenStyle::Smooth) return SmoothShare(std::max(pen.Thick(), 0.1) / 2, end, x, y);
+    const bool isBrushed = IsBrushed(std::max(static_cast<int32_t>(pen.Thick()), 1), end, x, y);
+    if (pen.style == ink::PenStyle::Simple) return isBrushed ? 255 : 0;
+    return IsBrushed(static_cast<int32_t>(pen.Scaled(1)), end, x, y) ? 2 : isBrushed ? 1 : 0;
 }
 
 // Segments cover by the larger share. Smooth lines that go on share the tip at their joint and nothing else.
 inline int LineShare(const Pen& pen, const Points& line, int32_t x, int32_t y) {
-    const int32_t reach = static_cast<int32_t>(std::ceil(std::max(pen.width, 1.0) / 2 - 0.5));
+    const int32_t reach = static_cast<int32_t>(std::ceil(std::max(pen.Thick(), 1.0) / 2 - 0.5));
     int largest = SegmentShare(pen, {}, x - line[0].x, y - line[0].y);
     ink::Point last{};
     for (size_t i = 1; i < line.size(); ++i) {
@@ -103,25 +109,28 @@ inline void EachPixel(Picture& picture, const ink::Rect& clip, Visit&& visit) {
         for (int32_t x = area.left; x < area.right; ++x) visit(picture.surface.Row(y)[x], x, y);
 }
 
-inline void PlainPaper(Picture& picture, ink::ColorRef background, int32_t scroll, const ink::Rect& clip,
-                       bool headOnly) {
+inline void PlainPaper(Picture& picture, const Pen& pen, ink::ColorRef background, int32_t scroll,
+                       const ink::Rect& clip, bool headOnly) {
     const auto [low, high] =
         std::minmax({ink::Red(background), ink::Green(background), ink::Blue(background)});
     const uint32_t contrast = low + high > 230 ? 0 : 0xFFFFFF;
     EachPixel(picture, clip, [&](uint32_t& pixel, int32_t x, int32_t y) {
-        const int64_t row = int64_t{y} + scroll;
-        const bool inHead = row >= 0 && row < 45;
-        const bool onLine = row == 37 && x >= 14 && x < picture.surface.width - 14;
-        const int percent = !inHead ? 0 : row == 44 ? 26 : onLine ? 16 : 3;
+        const int32_t row = y + pen.OnScreen(scroll);
+        const int32_t title = row - pen.OnScreen(37);
+        const int32_t fromSide = std::min(x, picture.surface.width - 1 - x);
+        const bool inHead = row >= 0 && row < pen.OnScreen(45);
+        const bool onLine = title >= 0 && title < pen.OnScreen(1) && fromSide >= pen.OnScreen(14);
+        const int percent = !inHead ? 0 : row >= pen.OnScreen(45) - pen.OnScreen(1) ? 26 : onLine ? 16 : 3;
         if (inHead || !headOnly) pixel = Mixed(ink::PixelOf(background), contrast, percent, 100);
     });
 }
 
-inline void PlainInk(Picture& picture, const Pen& pen, const Points& line, ink::ColorRef color,
-                     int32_t scroll, const ink::Rect& clip) {
+inline void PlainInk(Picture& picture, const Pen& pen, Points line, ink::ColorRef color, int32_t scroll,
+                     const ink::Rect& clip) {
+    for (ink::Point& at : line) at = {pen.OnScreen(at.x), pen.OnScreen(at.y) - pen.OnScreen(scroll)};
     const uint32_t levels[] = {0, ink::PixelOf(ink::Shade(color, 0.39f)), ink::PixelOf(color)};
     EachPixel(picture, clip, [&](uint32_t& pixel, int32_t x, int32_t y) {
-        const int share = LineShare(pen, line, x, y + scroll);
+        const int share = LineShare(pen, line, x, y);
         if (pen.style != ink::PenStyle::Classic) pixel = Mixed(pixel, levels[2], share + share / 128, 256);
         if (pen.style == ink::PenStyle::Classic && share != 0) pixel = levels[share];
     });
