@@ -142,13 +142,19 @@ class BenchScreen : public platform::Screen {
                     Part(with.rest, 0.99), Part(with.rest, 0.999), Part(with.rest, 1));
     }
 
-    // The journal is on the disk when the note is saved, as it is after a second's rest; or has just got a
-    // stroke, which is then flushed as well.
+    // A note that was opened, and got a stroke. The journal is on the disk when the note is saved, as it is
+    // after a second's rest; or has just got a stroke, which is then flushed as well.
     void MeasureSaving(size_t count) {
         Desk desk(*this);
-        bench::FillPage(desk.Page(), bench::MakeStrokes(count));
+        ink::InkPage written;
+        written.bandHeight = desk.Page().bandHeight;
+        bench::FillPage(written, bench::MakeStrokes(count));
         ink::MemorySink sink;
-        ink::WriteNote(sink, desk.Page());
+        ink::WriteNote(sink, written);
+        ink::MemorySource source(sink.Bytes().data(), sink.Bytes().size());
+        ink::NoteFileHeader header;
+        if (!ink::ReadNoteHeader(source, header)) std::abort();
+        ink::ReadNoteBody(source, header, desk.Page());
         desk.KeepJournal();
         const std::vector<bench::Stroke> dot = bench::MakeStrokes(1);
         PenTimes ignored;

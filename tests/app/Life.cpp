@@ -164,13 +164,18 @@ void Life::FullErase() {
     std::set<int> removed = kept;
     const std::wstring title = hand.Top()->Title();
     const std::wstring name = title.substr(0, title.find(L" - "));
+    bool isNote = false;
     for (const auto& [key, node] : device.files.Nodes()) {
         if (node->name == name + L".txt") erasedMemo_ = node->bytes;
+        isNote = isNote || node->name == name + L".ikw";
         if (node->name == name + L".ikw") continue;
         for (const int k : StrokesOf(*node)) removed.erase(k);
     }
+    const auto before = std::tuple(kept, memos, added_, removed_);
     if (!hasEnded) memos.erase(erasedMemo_);
     Changes([this] { hand.PressButton(IDM_FULL_ERASE); }, {}, removed)();
+    // What could not be deleted stays on the page.
+    if (!hasEnded && isNote && hand.Top()->Title() == title) std::tie(kept, memos, added_, removed_) = before;
 }
 
 void Life::Delete(const std::wstring& path) {
