@@ -253,6 +253,7 @@ void InkCanvas::OnSessionEnd() {
 // False when the note could not be saved and the user does not want to lose it.
 bool InkCanvas::SaveOrDiscard(bool& discarded) {
     if (SaveNote(this, Kind(), page_, journal_)) return true;
+    if (HasFile(page_)) ShowTitle();  // only its memo may be missing
     const MessageAnswer answer =
         platform::ShowMessage(this, L"Saving '" + page_.notePath + L"' failed!\nDiscard changes?", L" Error",
                               MessageButtons::YesNo, MessageIcon::Error, DefaultButton::Second);
