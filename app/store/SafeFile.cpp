@@ -12,7 +12,7 @@ namespace {
 // A read-only file, or one that others hold, is not replaced behind their backs.
 bool MayReplace(const std::wstring& path) {
     uint64_t bytes = 0;
-    return !platform::Exists(path) || platform::CanWriteTo(path, bytes);
+    return platform::CanWriteTo(path, bytes) || !platform::Exists(path);
 }
 
 bool CopyBeside(const std::wstring& from, const std::wstring& to) {

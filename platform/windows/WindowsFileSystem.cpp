@@ -231,6 +231,9 @@ bool TakeOverAttributes(const std::wstring& hostFrom, const std::wstring& hostOl
     const windows::OwnedHandle old = OpenShared(hostOld, DELETE | FILE_READ_ATTRIBUTES);
     FILE_BASIC_INFO info{};
     if (!old || !GetFileInformationByHandleEx(old.get(), FileBasicInfo, &info, sizeof info)) return false;
+    // An ordinary file has nothing to take over: when it was made, NTFS itself remembers for a name that goes
+    // and comes back at once.
+    if ((info.FileAttributes & ~DWORD{FILE_ATTRIBUTE_NORMAL | FILE_ATTRIBUTE_ARCHIVE}) == 0) return true;
     const windows::OwnedHandle from = OpenShared(hostFrom, FILE_WRITE_ATTRIBUTES);
     info.LastAccessTime.QuadPart = info.LastWriteTime.QuadPart = info.ChangeTime.QuadPart = 0;
     return from && SetFileInformationByHandle(from.get(), FileBasicInfo, &info, sizeof info);
