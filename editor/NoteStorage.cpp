@@ -4,6 +4,7 @@
 #include "app/store/MemoFile.h"
 #include "app/store/StorePaths.h"
 #include "editor/NewNoteFile.h"
+#include "editor/ViewFiling.h"
 #include "ink/NoteFile.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
@@ -45,8 +46,12 @@ store::SafeFile OpenNoteFile(platform::Window* owner, NoteKind kind, ink::InkPag
     return store::SafeFile::At(page.notePath);
 }
 
+bool WriteAsViewed(ink::ByteSink& sink, const ink::InkPage& page) {
+    return ink::WriteNote(sink, ViewFiling(page).Page());
+}
+
 bool WriteSafely(store::SafeFile file, ink::InkPage& page, store::NoteJournal& journal) {
-    if (!file.IsOpen() || !ink::WriteNote(file, page)) return false;
+    if (!file.IsOpen() || !WriteAsViewed(file, page)) return false;
     journal.Saving(file.Path());
     if (!(page.isProposal ? file.CommitToFreePlace() : file.Commit())) return false;
     page.notePath = file.Path();
@@ -64,7 +69,7 @@ struct SizeSink : ink::ByteSink {
 
 bool FitsOnlyInPlace(const ink::InkPage& page) {
     SizeSink note;
-    return ink::WriteNote(note, page) && store::FitsOnlyInPlace(page.notePath, note.bytes);
+    return WriteAsViewed(note, page) && store::FitsOnlyInPlace(page.notePath, note.bytes);
 }
 
 // The old version is given up only once the journal has the page for good.
@@ -72,7 +77,7 @@ bool WriteInPlace(const ink::InkPage& page, store::NoteJournal& journal) {
     if (page.isProposal || !FitsOnlyInPlace(page) || !journal.Hold() || !FitsOnlyInPlace(page)) return false;
     platform::File file = platform::File::Create(page.notePath);
     store::FileSink sink(file);
-    if (file.IsOpen() && ink::WriteNote(sink, page) && file.Flush()) return true;
+    if (file.IsOpen() && WriteAsViewed(sink, page) && file.Flush()) return true;
     file.Close();
     platform::EraseFile(page.notePath);
     return false;

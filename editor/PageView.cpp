@@ -3,14 +3,42 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include "platform/MessageBox.h"
 
 namespace editor {
 
+namespace {
+
+constexpr int32_t kEdgeMarkWidth = 3;
+
+// Quiet on paper of any colour.
+uint32_t EdgeMarkOn(ink::ColorRef paper) {
+    constexpr uint32_t kStep = 72;
+    uint32_t mark = 0;
+    for (const int shift : {0, 8, 16}) {
+        const uint32_t channel = paper >> shift & 0xFF;
+        mark |= (channel < 128 ? channel + kStep : channel - kStep) << shift;
+    }
+    return ink::PixelOf(mark);
+}
+
+}  // namespace
+
 bool PageView::Create() {
     image_ = platform::Image::Make(page_.canvasWidth, page_.canvasHeight);
     return image_.IsValid() && painter_.SetPen(page_.penStyle, page_.PenWidth());
+}
+
+bool PageView::Resize(int32_t width, int32_t height) {
+    Unmark();
+    platform::Image fresh = platform::Image::Make(width, height);
+    if (!fresh.IsValid()) return false;
+    image_ = std::move(fresh);
+    page_.canvasWidth = width;
+    page_.canvasHeight = height;
+    return true;
 }
 
 void PageView::Redraw() {
@@ -60,8 +88,7 @@ void PageView::PaintSegment(const ink::Point* points, size_t count) {
 void PageView::FinishStroke(const ink::Rect& box) {
     const int32_t reach = Reach();
     const ink::Rect area = Intersect(Inflate(box, reach, reach), Bounds());
-    ink::PixelSurface surface = image_.Surface();
-    painter_.Repaint(surface, page_, page_.scroll, area);
+    Repaint(area);
     window_.Show(image_, area);
 }
 
@@ -96,15 +123,42 @@ void PageView::Unmark() {
 // The page image does not keep the mark.
 void PageView::ShowMark(const ink::Rect& area) {
     window_.Show(image_, area);
-    ink::PixelSurface surface = image_.Surface();
-    painter_.Repaint(surface, page_, page_.scroll, area);
+    Repaint(area);
     mark_ = area;
 }
 
-void PageView::DrawRows(int32_t top, int32_t bottom) {
+void PageView::Repaint(const ink::Rect& area) {
     ink::PixelSurface surface = image_.Surface();
-    painter_.Repaint(surface, page_, page_.scroll, {0, top, page_.canvasWidth, bottom});
+    painter_.Repaint(surface, page_, page_.scroll, area);
+    const ink::Rect inside = Intersect(area, Bounds());
+    if (!marksInkBeyond_ || inside.IsEmpty() || inside.right < page_.canvasWidth) return;
+    page_.VisitStrokes(int64_t{page_.scroll} + inside.top, int64_t{page_.scroll} + inside.bottom - 1,
+                       [&](const ink::StrokeRecord& stroke) { MarkRowsBeyond(inside, stroke); });
 }
+
+// The rows of what lies to the right of the view, of lines that cross its edge from there on. In floating
+// point: a damaged file may hold any number.
+void PageView::MarkRowsBeyond(const ink::Rect& area, const ink::StrokeRecord& stroke) {
+    const ink::PixelSurface surface = image_.Surface();
+    const double edge = page_.canvasWidth;
+    const int32_t left = std::max(area.left, page_.canvasWidth - kEdgeMarkWidth);
+    for (int32_t i = 0; i < stroke.count; ++i) {
+        double x = stroke.Points()[i].x;
+        double y = static_cast<double>(stroke.PageY(i) - page_.scroll);
+        double fromX = i == 0 ? x : stroke.Points()[i - 1].x;
+        double fromY = i == 0 ? y : static_cast<double>(stroke.PageY(i - 1) - page_.scroll);
+        if (std::max(x, fromX) < edge) continue;
+        if (fromX > x) std::swap(x, fromX), std::swap(y, fromY);
+        if (fromX < edge) fromY += (y - fromY) * (edge - fromX) / (x - fromX);
+        const auto [low, high] = std::minmax(fromY, y);
+        const auto top = static_cast<int32_t>(std::clamp<double>(low, area.top, area.bottom));
+        const auto bottom = static_cast<int32_t>(std::clamp<double>(high + 1, area.top, area.bottom));
+        for (int32_t row = top; row < bottom; ++row)
+            std::fill(surface.Row(row) + left, surface.Row(row) + area.right, EdgeMarkOn(page_.background));
+    }
+}
+
+void PageView::DrawRows(int32_t top, int32_t bottom) { Repaint({0, top, page_.canvasWidth, bottom}); }
 
 void PageView::MoveImageRows(int32_t dy) {
     const ink::PixelSurface surface = image_.Surface();
