@@ -12,6 +12,7 @@ namespace editor {
 namespace {
 
 constexpr int32_t kEdgeMarkWidth = 3;
+constexpr int32_t kEdgeMarkReach = 3;  // rows above and below the ink, for that of a level line to be seen
 
 // Quiet on paper of any colour.
 uint32_t EdgeMarkOn(ink::ColorRef paper) {
@@ -87,7 +88,12 @@ void PageView::PaintSegment(const ink::Point* points, size_t count) {
 
 void PageView::FinishStroke(const ink::Rect& box) {
     const int32_t reach = Reach();
-    const ink::Rect area = Intersect(Inflate(box, reach, reach), Bounds());
+    ink::Rect inked = Inflate(box, reach, reach);
+    if (marksInkBeyond_ && box.right > page_.canvasWidth) {
+        inked = Inflate(inked, 0, kEdgeMarkReach);
+        inked.left = std::min(inked.left, page_.canvasWidth - kEdgeMarkWidth);
+    }
+    const ink::Rect area = Intersect(inked, Bounds());
     Repaint(area);
     window_.Show(image_, area);
 }
@@ -132,7 +138,8 @@ void PageView::Repaint(const ink::Rect& area) {
     painter_.Repaint(surface, page_, page_.scroll, area);
     const ink::Rect inside = Intersect(area, Bounds());
     if (!marksInkBeyond_ || inside.IsEmpty() || inside.right < page_.canvasWidth) return;
-    page_.VisitStrokes(int64_t{page_.scroll} + inside.top, int64_t{page_.scroll} + inside.bottom - 1,
+    const int64_t top = int64_t{page_.scroll} + inside.top - kEdgeMarkReach;
+    page_.VisitStrokes(top, top + inside.Height() + 2 * kEdgeMarkReach,
                        [&](const ink::StrokeRecord& stroke) { MarkRowsBeyond(inside, stroke); });
 }
 
@@ -151,8 +158,10 @@ void PageView::MarkRowsBeyond(const ink::Rect& area, const ink::StrokeRecord& st
         if (fromX > x) std::swap(x, fromX), std::swap(y, fromY);
         if (fromX < edge) fromY += (y - fromY) * (edge - fromX) / (x - fromX);
         const auto [low, high] = std::minmax(fromY, y);
-        const auto top = static_cast<int32_t>(std::clamp<double>(low, area.top, area.bottom));
-        const auto bottom = static_cast<int32_t>(std::clamp<double>(high + 1, area.top, area.bottom));
+        const auto top =
+            static_cast<int32_t>(std::clamp<double>(low - kEdgeMarkReach, area.top, area.bottom));
+        const auto bottom =
+            static_cast<int32_t>(std::clamp<double>(high + kEdgeMarkReach + 1, area.top, area.bottom));
         for (int32_t row = top; row < bottom; ++row)
             std::fill(surface.Row(row) + left, surface.Row(row) + area.right, EdgeMarkOn(page_.background));
     }

@@ -73,7 +73,8 @@ Rect OntoMonitors(const Rect& frame, const std::vector<Rect>& workAreas, const R
         const Rect seen = Intersect(caption, each);
         return seen.Width() >= kHoldWidth && seen.Height() >= kHoldHeight;
     });
-    return isInReach ? sized : MovedInto(sized, area);
+    const bool isCut = sized.Width() < frame.Width() || sized.Height() < frame.Height();
+    return isInReach && !isCut ? sized : MovedInto(sized, area);
 }
 
 }  // namespace platform::windows

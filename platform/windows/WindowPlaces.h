@@ -20,7 +20,7 @@ std::wstring TextOfPlace(const WindowPlace& place);
 
 // The frame on these monitors, of which there is at least one: it keeps its place as long as its caption can
 // be taken hold of, otherwise it goes on to the nearest one. No larger than the work area it lies on mostly,
-// and no smaller than `least` where that has the room.
+// which it is moved into then, and no smaller than `least` where that has the room.
 ink::Rect OntoMonitors(const ink::Rect& frame, const std::vector<ink::Rect>& workAreas,
                        const ink::Rect& least);
 

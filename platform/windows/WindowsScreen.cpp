@@ -76,6 +76,8 @@ void LayOut(const Window::Impl& state) {
     if (!tools || !GetWindowRect(tools, &bar)) return;
     MapWindowPoints(nullptr, strip, reinterpret_cast<POINT*>(&bar), 2);
     MoveWindow(tools, bar.left, bar.top, room.cx - bar.left, bar.bottom - bar.top, TRUE);
+    // What moves along with the strip may be the page's pixels, which lay there before.
+    RedrawWindow(strip, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 // While a frame is minimised nothing changes for what is in it.
