@@ -14,6 +14,8 @@ class ViewFiling {
         isFiled_ = page.canvasHeight != page.bandHeight && filed_.FileAnew(page);
     }
 
+    // Of the bands of Page(), 0 for those of the page itself.
+    int32_t NewHeight() const { return isFiled_ ? filed_.bandHeight : 0; }
     // The page as it is when memory is short, or when it is too long for lower bands.
     const ink::InkPage& Page() const { return isFiled_ ? filed_ : page_; }
 

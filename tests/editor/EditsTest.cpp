@@ -63,7 +63,8 @@ TEST_F(Edits, AWindowOfAnotherSizeShowsTheSamePage) {
     EXPECT_EQ(sized, run(480, 640, {Write({{60, 100}, {90, 100}}), Write(tall)}));
     Desk().screen = {240, 320};
     Run(kNote, {ExpectInk({{30, 230}, {30, 260}}, {{223, 230}}), Scroll(C::ThumbPosition, 600),
-                ExpectInk({{222, 85}, {222, 150}}, {{222, 76}, {222, 151}, {220, 147}}), Ok()});
+                ExpectInk({{222, 85}, {222, 150}}, {{222, 76}, {222, 151}, {220, 147}}), Down({200, 200}),
+                Move({300, 200}), Up({300, 200}), ExpectInk({{222, 203}}, {{221, 204}}), Ok()});
 }
 
 // The pen's other end erases while it is used. What a pen near the page would do is on the screen alone.
