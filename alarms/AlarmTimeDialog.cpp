@@ -31,7 +31,7 @@ AlarmTimeDialog::AlarmTimeDialog(platform::Point anchor)
 bool AlarmTimeDialog::OnCreate() {
     SetPicked(IDC_ALARM_DATE, moment_);
     SetPicked(IDC_ALARM_TIME, moment_);
-    const platform::ScreenSize screen = platform::HandheldScreen();
+    const platform::ScreenSize screen = platform::HandheldScreen(*this);
     const platform::Rect size = SizeAroundControls();
     if (centred_) {
         Place(Offset(size, (screen.width - size.right) / 2, 2 * platform::kBarHeight));

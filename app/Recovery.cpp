@@ -41,6 +41,14 @@ std::vector<uint8_t> BytesOf(const ink::InkPage& page) {
     return ink::WriteNote(sink, page) ? sink.Bytes() : std::vector<uint8_t>();
 }
 
+// As it was being saved last: what then reached its place is to be known again.
+std::vector<uint8_t> BytesAsSaved(const store::JournalStory& story) {
+    ink::InkPage filed;
+    filed.bandHeight = story.savingHeight;
+    const bool isFiled = story.savingHeight > 0 && filed.FileAnew(*story.page);
+    return BytesOf(isFiled ? filed : *story.page);
+}
+
 // Of a new note, or of one that can't be brought up to date.
 void FindPlaceFor(Unsaved& unsaved, const std::wstring& wanted) {
     unsaved.place = store::PlaceFor(wanted, unsaved.note, unsaved.isInPlace);
@@ -83,7 +91,7 @@ void Judge(Unsaved& unsaved) {
     const bool isNote = story.page != nullptr && (store::NamesFile(story.notePath) || story.page->HasInk() ||
                                                   !story.page->memo.empty());
     if (isNote) {
-        unsaved.note = BytesOf(*story.page);
+        unsaved.note = BytesAsSaved(story);
         FindPlace(unsaved);
         EraseRemnants(unsaved.place);
         unsaved.wantsMemo =

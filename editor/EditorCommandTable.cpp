@@ -78,7 +78,7 @@ void InkCanvas::ShowToolsMenu() {
     menu.Add(IDM_SET_ALARM, L"Set Alarm and Exit", IsOffered(IDM_SET_ALARM));
     menu.AddSeparator();
     menu.Add(IDM_SEND_EMAIL, L"Send as Email Attachment", IsOffered(IDM_SEND_EMAIL));
-    const platform::ScreenSize screen = platform::HandheldScreen();
+    const platform::ScreenSize screen = platform::HandheldScreen(*this);
     OnCommand(menu.Choose(*this, {screen.width - kMenuInset, screen.height - kMenuInset}));
 }
 

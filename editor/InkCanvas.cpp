@@ -35,7 +35,7 @@ constexpr int32_t kRowsAbove = 20;  // of what an undone step brings into sight
 }  // namespace
 
 InkCanvas::InkCanvas(store::PenSettings& pen, const Opening& opening)
-    : Screen(ScrollBar::Vertical),
+    : Screen(ScrollBar::Vertical, L"Editor"),
       pen_(pen),
       titleOverride_(opening.titleOverride),
       alarmStamp_(opening.alarmStamp),
@@ -54,6 +54,7 @@ bool InkCanvas::OnCreate() {
     page_.canvasWidth = ClientWidth();
     page_.canvasHeight = ClientHeight();
     page_.bandHeight = page_.canvasHeight;
+    FollowTheWindow();
     MakeMenuBar();
     AddToFrameMenu(IDM_UNDO, L"Undo\tCtrl+Z");
     AddToFrameMenu(IDM_REDO, L"Redo\tCtrl+Y");
@@ -91,6 +92,24 @@ void InkCanvas::OnDestroy() {
 void InkCanvas::OnPaint() {
     view_.Paint();
     input_.PaintMarks();
+}
+
+// The ink, its slots and where the view begins stay; so does the view itself when memory is short for
+// another.
+void InkCanvas::OnSize() {
+    input_.Interrupt();
+    FollowTheWindow();
+    const bool isResized = view_.Resize(ClientWidth(), ClientHeight());
+    if (!isResized && !sizeRefused_) platform::ShowOutOfMemory(this);
+    sizeRefused_ = !isResized;
+    UpdateScrollRange();
+    view_.Redraw();
+}
+
+// Notes go from one size to another only where windows can be sized.
+void InkCanvas::FollowTheWindow() {
+    page_.findsTallStrokes = CanBeSized();
+    view_.MarkInkBeyond(CanBeSized());
 }
 
 // The commands.
@@ -276,6 +295,7 @@ void InkCanvas::ScheduleAlarm() {
 void InkCanvas::StartAnew() {
     history_.Clear();
     page_.Clear();
+    page_.bandHeight = page_.canvasHeight;
     ShowNewNote();
 }
 
@@ -308,6 +328,7 @@ void InkCanvas::OnPenUp(platform::Point place) {
 
 bool InkCanvas::OnKeyDown(platform::Key key) {
     if (key == platform::Key::F1) platform::OpenUserGuide(*this);
+    if (key == platform::Key::F11) ToggleFullScreen();
     struct KeyScroll {
         platform::Key key;
         platform::ScrollCode code;
@@ -365,7 +386,7 @@ void InkCanvas::MoveView(int32_t position) {
 // Makes room below: the page grows to hold a view that lies mostly beyond what was in sight.
 void InkCanvas::AdvancePage() {
     const int32_t position = PositionWithin(int64_t{page_.scroll} + AdvanceRows(page_));
-    page_.EnsureSlot(2 * ((int64_t{position} + page_.bandHeight) / page_.bandHeight));
+    page_.EnsureSlot(2 * ((int64_t{position} + page_.canvasHeight) / page_.bandHeight));
     MoveView(position);
     UpdateScrollRange();
 }

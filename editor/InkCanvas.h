@@ -38,6 +38,7 @@ class InkCanvas : public platform::Screen {
     bool OnCreate() override;
     void OnDestroy() override;
     void OnPaint() override;
+    void OnSize() override;
     void OnPenDown(platform::Point place) override { input_.PenDown(place); }
     void OnPenMove(platform::Point place) override { input_.PenMove(place); }
     void OnPenUp(platform::Point place) override;
@@ -62,6 +63,7 @@ class InkCanvas : public platform::Screen {
     static const Command kCommands[];
 
     bool OutOfMemory();
+    void FollowTheWindow();
     void MakeMenuBar();
 
     // Commands
@@ -106,6 +108,7 @@ class InkCanvas : public platform::Screen {
     const bool openedByAlarm_;
     bool storeChanged_ = false;
     bool closing_ = false;
+    bool sizeRefused_ = false;  // memory was short for the window's size, which the user was told
     options::TextMemoDialog* openMemo_ = nullptr;  // of a note without a file, while it is edited
     ink::InkPage page_;
     ink::PageHistory history_;

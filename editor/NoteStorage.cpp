@@ -4,6 +4,7 @@
 #include "app/store/MemoFile.h"
 #include "app/store/StorePaths.h"
 #include "editor/NewNoteFile.h"
+#include "editor/ViewFiling.h"
 #include "ink/NoteFile.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
@@ -46,8 +47,9 @@ store::SafeFile OpenNoteFile(platform::Window* owner, NoteKind kind, ink::InkPag
 }
 
 bool WriteSafely(store::SafeFile file, ink::InkPage& page, store::NoteJournal& journal) {
-    if (!file.IsOpen() || !ink::WriteNote(file, page)) return false;
-    journal.Saving(file.Path());
+    const ViewFiling filing(page);
+    if (!file.IsOpen() || !ink::WriteNote(file, filing.Page())) return false;
+    journal.Saving(file.Path(), filing.NewHeight());
     if (!(page.isProposal ? file.CommitToFreePlace() : file.Commit())) return false;
     page.notePath = file.Path();
     return true;
@@ -62,17 +64,22 @@ struct SizeSink : ink::ByteSink {
     uint64_t bytes = 0;
 };
 
-bool FitsOnlyInPlace(const ink::InkPage& page) {
+bool FitsOnlyInPlace(const std::wstring& path, const ink::InkPage& page) {
     SizeSink note;
-    return ink::WriteNote(note, page) && store::FitsOnlyInPlace(page.notePath, note.bytes);
+    return ink::WriteNote(note, page) && store::FitsOnlyInPlace(path, note.bytes);
 }
 
 // The old version is given up only once the journal has the page for good.
 bool WriteInPlace(const ink::InkPage& page, store::NoteJournal& journal) {
-    if (page.isProposal || !FitsOnlyInPlace(page) || !journal.Hold() || !FitsOnlyInPlace(page)) return false;
+    const ViewFiling filing(page);
+    const ink::InkPage& note = filing.Page();
+    if (page.isProposal || !FitsOnlyInPlace(page.notePath, note) || !journal.Hold() ||
+        !FitsOnlyInPlace(page.notePath, note))
+        return false;
+    journal.Saving(page.notePath, filing.NewHeight());
     platform::File file = platform::File::Create(page.notePath);
     store::FileSink sink(file);
-    if (file.IsOpen() && ink::WriteNote(sink, page) && file.Flush()) return true;
+    if (file.IsOpen() && ink::WriteNote(sink, note) && file.Flush()) return true;
     file.Close();
     platform::EraseFile(page.notePath);
     return false;

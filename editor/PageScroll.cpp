@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "editor/ViewFiling.h"
+
 namespace editor {
 
 namespace {
@@ -18,10 +20,12 @@ constexpr int32_t kLastPosition = std::numeric_limits<int32_t>::max() - 0x20000;
 
 platform::ScrollState ScrollRangeOf(const ink::InkPage& page) {
     const int64_t height = page.canvasHeight;
-    const auto slots = static_cast<int64_t>(page.SlotCount());
+    const auto slots = static_cast<int64_t>(ViewFiling(page).Page().SlotCount());
     const int64_t lastSlot = slots - 1;
     const int64_t bandRows = slots == 0 ? 1 : (lastSlot + lastSlot % 2) / 2 + 1;
-    const int64_t rows = std::min<int64_t>(bandRows * height, kLastPosition);
+    // A view that has grown or shrunk stays where it is.
+    const int64_t inSight = page.bandHeight == page.canvasHeight ? 0 : page.scroll + height;
+    const int64_t rows = std::min<int64_t>(std::max(bandRows * height, inSight), kLastPosition);
     platform::ScrollState state;
     state.maximum = static_cast<int>(rows);
     state.page = page.canvasHeight + 1;
@@ -57,9 +61,11 @@ ScrollTarget ScrollTargetOf(platform::ScrollCode code, const platform::ScrollSta
 }
 
 bool LastBandHoldsInk(const ink::InkPage& page) {
-    if (page.SlotCount() == 0) return false;
-    const size_t lastEven = (page.SlotCount() - 1) & ~size_t{1};
-    const ink::StrokeBand* band = page.Band(lastEven);
+    const ViewFiling filing(page);
+    const size_t slots = filing.Page().SlotCount();
+    if (slots == 0) return false;
+    const size_t lastEven = (slots - 1) & ~size_t{1};
+    const ink::StrokeBand* band = filing.Page().Band(lastEven);
     return band != nullptr && !band->IsEmpty();
 }
 

@@ -3,14 +3,43 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include "platform/MessageBox.h"
 
 namespace editor {
 
+namespace {
+
+constexpr int32_t kEdgeMarkWidth = 3;
+constexpr int32_t kEdgeMarkReach = 3;  // rows above and below the ink, for that of a level line to be seen
+
+// Quiet on paper of any colour.
+uint32_t EdgeMarkOn(ink::ColorRef paper) {
+    constexpr uint32_t kStep = 72;
+    uint32_t mark = 0;
+    for (const int shift : {0, 8, 16}) {
+        const uint32_t channel = paper >> shift & 0xFF;
+        mark |= (channel < 128 ? channel + kStep : channel - kStep) << shift;
+    }
+    return ink::PixelOf(mark);
+}
+
+}  // namespace
+
 bool PageView::Create() {
     image_ = platform::Image::Make(page_.canvasWidth, page_.canvasHeight);
     return image_.IsValid() && painter_.SetPen(page_.penStyle, page_.PenWidth());
+}
+
+bool PageView::Resize(int32_t width, int32_t height) {
+    Unmark();
+    platform::Image fresh = platform::Image::Make(width, height);
+    if (!fresh.IsValid()) return false;
+    image_ = std::move(fresh);
+    page_.canvasWidth = width;
+    page_.canvasHeight = height;
+    return true;
 }
 
 void PageView::Redraw() {
@@ -59,9 +88,13 @@ void PageView::PaintSegment(const ink::Point* points, size_t count) {
 
 void PageView::FinishStroke(const ink::Rect& box) {
     const int32_t reach = Reach();
-    const ink::Rect area = Intersect(Inflate(box, reach, reach), Bounds());
-    ink::PixelSurface surface = image_.Surface();
-    painter_.Repaint(surface, page_, page_.scroll, area);
+    ink::Rect inked = Inflate(box, reach, reach);
+    if (marksInkBeyond_ && box.right > page_.canvasWidth) {
+        inked = Inflate(inked, 0, kEdgeMarkReach);
+        inked.left = std::min(inked.left, page_.canvasWidth - kEdgeMarkWidth);
+    }
+    const ink::Rect area = Intersect(inked, Bounds());
+    Repaint(area);
     window_.Show(image_, area);
 }
 
@@ -96,15 +129,45 @@ void PageView::Unmark() {
 // The page image does not keep the mark.
 void PageView::ShowMark(const ink::Rect& area) {
     window_.Show(image_, area);
-    ink::PixelSurface surface = image_.Surface();
-    painter_.Repaint(surface, page_, page_.scroll, area);
+    Repaint(area);
     mark_ = area;
 }
 
-void PageView::DrawRows(int32_t top, int32_t bottom) {
+void PageView::Repaint(const ink::Rect& area) {
     ink::PixelSurface surface = image_.Surface();
-    painter_.Repaint(surface, page_, page_.scroll, {0, top, page_.canvasWidth, bottom});
+    painter_.Repaint(surface, page_, page_.scroll, area);
+    const ink::Rect inside = Intersect(area, Bounds());
+    if (!marksInkBeyond_ || inside.IsEmpty() || inside.right < page_.canvasWidth) return;
+    const int64_t top = int64_t{page_.scroll} + inside.top - kEdgeMarkReach;
+    page_.VisitStrokes(top, top + inside.Height() + 2 * kEdgeMarkReach,
+                       [&](const ink::StrokeRecord& stroke) { MarkRowsBeyond(inside, stroke); });
 }
+
+// The rows of what lies to the right of the view, of lines that cross its edge from there on. In floating
+// point: a damaged file may hold any number.
+void PageView::MarkRowsBeyond(const ink::Rect& area, const ink::StrokeRecord& stroke) {
+    const ink::PixelSurface surface = image_.Surface();
+    const double edge = page_.canvasWidth;
+    const int32_t left = std::max(area.left, page_.canvasWidth - kEdgeMarkWidth);
+    for (int32_t i = 0; i < stroke.count; ++i) {
+        double x = stroke.Points()[i].x;
+        double y = static_cast<double>(stroke.PageY(i) - page_.scroll);
+        double fromX = i == 0 ? x : stroke.Points()[i - 1].x;
+        double fromY = i == 0 ? y : static_cast<double>(stroke.PageY(i - 1) - page_.scroll);
+        if (std::max(x, fromX) < edge) continue;
+        if (fromX > x) std::swap(x, fromX), std::swap(y, fromY);
+        if (fromX < edge) fromY += (y - fromY) * (edge - fromX) / (x - fromX);
+        const auto [low, high] = std::minmax(fromY, y);
+        const auto top =
+            static_cast<int32_t>(std::clamp<double>(low - kEdgeMarkReach, area.top, area.bottom));
+        const auto bottom =
+            static_cast<int32_t>(std::clamp<double>(high + kEdgeMarkReach + 1, area.top, area.bottom));
+        for (int32_t row = top; row < bottom; ++row)
+            std::fill(surface.Row(row) + left, surface.Row(row) + area.right, EdgeMarkOn(page_.background));
+    }
+}
+
+void PageView::DrawRows(int32_t top, int32_t bottom) { Repaint({0, top, page_.canvasWidth, bottom}); }
 
 void PageView::MoveImageRows(int32_t dy) {
     const ink::PixelSurface surface = image_.Surface();

@@ -16,6 +16,10 @@ class PageView {
     // The page image and the pen, for the page's canvas size, pen style and pen size; false when memory is
     // short.
     bool Create();
+    // A view of another size, not drawn yet; without memory for it the view stays what it was: false.
+    bool Resize(int32_t width, int32_t height);
+    // From the next drawing on, rows whose ink goes on to the right of the view have a mark at its edge.
+    void MarkInkBeyond(bool isMarked) { marksInkBeyond_ = isMarked; }
 
     // By how many pixels the pen's ink reaches beyond its points.
     int32_t Reach() const { return painter_.Reach(); }
@@ -46,6 +50,8 @@ class PageView {
 
   private:
     ink::Rect Bounds() const { return {0, 0, page_.canvasWidth, page_.canvasHeight}; }
+    void Repaint(const ink::Rect& area);
+    void MarkRowsBeyond(const ink::Rect& area, const ink::StrokeRecord& stroke);
     void DrawRows(int32_t top, int32_t bottom);
     void MoveImageRows(int32_t dy);
     void ShowMark(const ink::Rect& area);
@@ -54,6 +60,7 @@ class PageView {
     ink::InkPage& page_;
     ink::InkPainter painter_;
     platform::Image image_;
+    bool marksInkBeyond_ = false;
     ink::Rect mark_;  // what the screen shows otherwise than the page image; empty without a mark
 };
 

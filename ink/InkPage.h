@@ -53,6 +53,7 @@ class InkPage {
     int32_t bandHeight = 1;  // rows per band: the canvas height when the editor was created
     int32_t canvasWidth = 0;
     int32_t canvasHeight = 0;
+    bool findsTallStrokes = false;  // SlotsFor reaches strokes of any height, not only of a band's
     PenStyle penStyle = PenStyle::Simple;
     uint8_t penSize = 10;  // tenths of a page pixel
     // Most recent first: [0] is the colour given to new strokes.
@@ -118,8 +119,9 @@ class InkPage {
     SlotRange SlotsFor(int64_t top, int64_t bottom) const;
 
     // Calls visit(const StrokeRecord&) for the records with points whose rows overlap top..bottom (both
-    // inclusive): from the highest slot to the lowest, in each in drawing order. A stroke taller than two
-    // bands may lie in a slot that is not looked through; the pen cannot make one.
+    // inclusive): from the highest slot to the lowest, in each in drawing order. Unless findsTallStrokes is
+    // set, a stroke taller than a band may lie in a slot that is not looked through; the pen cannot make one
+    // in a view of that height.
     template <typename Visitor>
     void VisitStrokes(int64_t top, int64_t bottom, Visitor&& visit) const;
 
@@ -129,6 +131,10 @@ class InkPage {
     bool FileRecord(StrokeRecord* record, int64_t slot);
     // Like EnsureSlot without its limit: a file may list more empty slots than strokes can use.
     void EnsureSlotCount(size_t count);
+    // Fills this page with the records of another one, which keeps them and lives longer, filed for this
+    // page's own band height as reading them from a file would; empty slots below them stay room of as many
+    // rows. Takes over background and view. False when memory is short or a stroke finds no slot.
+    bool FileAnew(const InkPage& page);
 
   private:
     int64_t BandOf(int64_t y) const { return y / (bandHeight > 0 ? bandHeight : 1); }
@@ -139,8 +145,10 @@ class InkPage {
     bool Splice(const StrokeChange& change, bool forward);
     // Gives up a change that was not made.
     bool Refuse(StrokeChange& change);
+    void NoteHeight(int32_t minY, int32_t maxY);
 
     SlotTable slots_;
+    int64_t mostBands_ = 1;  // from the first to the last band of any stroke so far, wherever it moves
     StrokePool pool_;
 };
 

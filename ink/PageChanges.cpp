@@ -69,6 +69,7 @@ AddResult InkPage::AddStroke(const Point* points, int32_t count, int32_t top, in
     record->minY = top;
     record->maxY = bottom;
     std::memcpy(record->Points(), points, static_cast<size_t>(count) * sizeof(Point));
+    NoteHeight(top, bottom);
 
     const size_t place = static_cast<size_t>(slot);
     const StrokeBand* band = Band(place);

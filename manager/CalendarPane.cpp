@@ -28,6 +28,11 @@ void CalendarPane::ReadFirstDayOfWeek() {
     firstDayOfWeek_ = kept < MonthGrid::kColumns ? kept : 0;
 }
 
+void CalendarPane::Place(const platform::Rect& area) {
+    area_ = area;
+    if (isUp_ && month_.Grid().Month() != 0) Draw();
+}
+
 void CalendarPane::Open(const std::optional<store::DayFolder>& day) {
     isUp_ = true;
     const bool isOfAMonth = day && day->Year() > 0 && day->Month() >= 1 && day->Month() <= 12;

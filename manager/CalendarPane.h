@@ -24,8 +24,8 @@ class CalendarPane {
 
     CalendarPane(Events& events, const platform::ImageList& images) : events_(events), month_(images) {}
 
-    // In client pixels of the window.
-    void Place(const platform::Rect& area) { area_ = area; }
+    // In client pixels of the window. A month that is shown is drawn anew.
+    void Place(const platform::Rect& area);
     // Where the marks are looked up: the store root with one "\" at its end.
     void SetRootPrefix(const std::wstring& rootPrefix) { rootPrefix_ = rootPrefix; }
     void ReadFirstDayOfWeek();

@@ -47,6 +47,11 @@ std::wstring HeaderBar::Text(const std::wstring& rootPrefix) {
 }
 
 void HeaderBar::Update(const std::wstring& rootPrefix, int width) {
+    text_ = Text(rootPrefix);
+    Draw(width);
+}
+
+void HeaderBar::Draw(int width) {
     using platform::SystemColor;
     const int height = Height();
     if (picture_.Width() != width || picture_.Height() != height)
@@ -56,10 +61,9 @@ void HeaderBar::Update(const std::wstring& rootPrefix, int width) {
     const platform::Rect all{0, 0, width, height};
     canvas.Fill(all, platform::ColorOf(SystemColor::ButtonFace));
     canvas.Fill({0, height - 1, width, height}, platform::ColorOf(SystemColor::WindowFrame));
-    const std::wstring text = Text(rootPrefix);
-    const platform::Rect size = platform::Canvas::TextSize(text, kFont);
+    const platform::Rect size = platform::Canvas::TextSize(text_, kFont);
     const platform::Point place{width - kRightMargin - size.right, (height - size.bottom) / 2 - 1};
-    canvas.Text(text, place, kFont, platform::ColorOf(SystemColor::ButtonText), all);
+    canvas.Text(text_, place, kFont, platform::ColorOf(SystemColor::ButtonText), all);
 }
 
 }  // namespace manager

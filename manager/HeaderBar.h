@@ -14,12 +14,15 @@ class HeaderBar {
 
     // Draws the bar anew for a store root prefix. When memory is short there is no picture.
     void Update(const std::wstring& rootPrefix, int width);
+    // The same bar in another width, without asking for the room again.
+    void Draw(int width);
     const platform::Image& Picture() const { return picture_; }
 
     // "Main Memory [ 1.50MB Free ]"; without the free space when it can't be told.
     static std::wstring Text(const std::wstring& rootPrefix);
 
   private:
+    std::wstring text_;
     platform::Image picture_;
 };
 

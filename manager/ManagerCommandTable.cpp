@@ -41,6 +41,7 @@ const ManagerWindow::Command ManagerWindow::kCommands[] = {
     {IDM_OPTIONS, &ManagerWindow::ShowOptions},
     {IDM_CHECK_NOTES, &ManagerWindow::CheckAllNotes},
     {IDM_USER_GUIDE, &ManagerWindow::ShowUserGuide, nullptr, 0, Key::F1},
+    {IDM_FULL_SCREEN, &ManagerWindow::ToggleFullScreen, nullptr, 0, Key::F11},
     {IDM_ABOUT, &ManagerWindow::ShowAbout},
     {IDM_OTHER_FOLDER, &ManagerWindow::ChooseOtherFolder},
 };

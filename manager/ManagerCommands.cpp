@@ -281,7 +281,7 @@ void ManagerWindow::ShowToolsMenu() {
     menu.Add(IDM_CHECK_NOTES, L"Check Notes\u2026");
     menu.AddSeparator();
     menu.Add(IDM_ABOUT, L"About Inkwright");
-    const platform::ScreenSize screen = platform::HandheldScreen();
+    const platform::ScreenSize screen = platform::HandheldScreen(*this);
     OnCommand(menu.Choose(*this, {screen.width - kMenuInset, screen.height - kMenuInset}));
 }
 

@@ -33,7 +33,7 @@ bool IsBelow(const std::wstring& path, const std::wstring& prefix) {
 }  // namespace
 
 ManagerWindow::ManagerWindow(store::PenSettings& pen, const std::wstring& path)
-    : Screen(ScrollBar::None),
+    : Screen(ScrollBar::None, L"Manager"),
       pen_(pen),
       pendingPath_(path),
       treePane_(pen, images_),
@@ -54,7 +54,8 @@ bool ManagerWindow::OnCreate() {
     const std::wstring configured = store::ConfiguredRoot();
     const bool isElsewhere = !pendingPath_.empty() && !IsBelow(pendingPath_, store::RootPrefix());
     const std::wstring around = isElsewhere ? StoreAround(pendingPath_) : std::wstring();
-    Layout();  // a tree that is filled before it has its place stays scrolled to where it was too small
+    PlacePanes();  // a tree that is filled before it has its place stays scrolled to where it was too small
+    treePane_.SetVisible(!calendar_.IsUp());
     SetRootFolder(around.empty() ? configured : around);
     return true;
 }
@@ -70,6 +71,12 @@ void ManagerWindow::OnPaint() {
     } else {
         ShowAt(treePane_.Picture(), treePane_.PicturePlace());
     }
+}
+
+void ManagerWindow::OnSize() {
+    header_.Draw(ClientWidth());
+    PlacePanes();
+    RedrawStrip();
 }
 
 // The root folder.
@@ -120,11 +127,10 @@ void ManagerWindow::ShowFreeSpace() {
     Invalidate();
 }
 
-void ManagerWindow::Layout() {
+void ManagerWindow::PlacePanes() {
     const platform::Rect area{0, HeaderBar::Height(), ClientWidth(), ClientHeight()};
     treePane_.Place(area);
     calendar_.Place(area);
-    treePane_.SetVisible(!calendar_.IsUp());
 }
 
 // The calendar in the place of the tree, or the other way round.

@@ -24,6 +24,7 @@ class ManagerWindow : public platform::Screen,
     bool OnCreate() override;
     void OnDestroy() override;
     void OnPaint() override;
+    void OnSize() override;
     void OnPenDown(platform::Point place) override { calendar_.PenDown(place); }
     void OnPenUp(platform::Point place) override { calendar_.PenUp(place); }
     bool OnKeyDown(platform::Key key) override;
@@ -96,7 +97,7 @@ class ManagerWindow : public platform::Screen,
     void DeleteSelectedFolder(platform::TreeItem item);
     void CountAgain(platform::TreeItem container);
     std::optional<store::DayFolder> SelectedDay() const;
-    void Layout();
+    void PlacePanes();
     void RedrawStrip();
     void UpdateTools();
 

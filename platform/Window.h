@@ -19,7 +19,23 @@ constexpr int kIdCancel = 2;
 
 // Other stands for requests that move nothing by themselves: a thumb under way, the end of a request.
 enum class ScrollCode { LineUp, LineDown, PageUp, PageDown, ThumbPosition, Top, Bottom, Other };
-enum class Key { Left, Up, Right, Down, PageUp, PageDown, Home, End, Enter, Escape, Delete, F2, F1, Other };
+enum class Key {
+    Left,
+    Up,
+    Right,
+    Down,
+    PageUp,
+    PageDown,
+    Home,
+    End,
+    Enter,
+    Escape,
+    Delete,
+    F2,
+    F1,
+    F11,
+    Other
+};
 
 struct ScrollState {
     int minimum = 0;

@@ -48,7 +48,9 @@ bool Follow(uint32_t kind, const ink::BlockBytes& content, JournalStory& story) 
             return story.page != nullptr && ink::Replay(kind, content, *story.page);
         case kSavingBlock:
             story.savingPath = block.Text();
-            return block.IsGood();
+            if (!block.IsGood()) return false;
+            story.savingHeight = static_cast<int32_t>(block.Number());  // not told by earlier releases
+            return true;
         case kMemoBlock:
             story.memoPath = block.Text();
             story.memoStamp = StampIn(block);

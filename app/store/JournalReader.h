@@ -20,6 +20,7 @@ struct JournalStory {
     FileStamp noteStamp;    // when it was opened
     std::wstring proposedPath;
     std::wstring savingPath;             // where a new note was being put; empty if that was not tried
+    int32_t savingHeight = 0;            // of the bands it was being put there in; 0 for the page's own
     std::unique_ptr<ink::InkPage> page;  // null when the journal is of a memo alone
     bool hasMemo = false;                // one was being typed
     std::wstring memoPath;

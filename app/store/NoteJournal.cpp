@@ -49,6 +49,7 @@ bool NoteJournal::Open(ink::BlockBytes& bytes) {
     if (!log_.IsOpen()) path_.clear();
     if (!log_.IsOpen()) return false;
     size_ = 0;
+    savingHeight_ = 0;
     ink::BlockPacker head(kHeadBlock);
     head.Text(kJournalMark);
     head.Number(kJournalVersion);
@@ -130,12 +131,14 @@ void NoteJournal::MemoClosed() {
     });
 }
 
-void NoteJournal::Saving(const std::wstring& path) {
+void NoteJournal::Saving(const std::wstring& path, int32_t bandHeight) {
     Guarded([&] {
         if (!log_.IsOpen()) return;
         ink::BlockPacker block(kSavingBlock);
         block.Text(path);
-        if (path != notePath_) Append(block.Finish());
+        block.Number(static_cast<uint32_t>(bandHeight));
+        if (path != notePath_ || bandHeight != savingHeight_) Append(block.Finish());
+        savingHeight_ = bandHeight;
         log_.Flush();
     });
 }

@@ -28,8 +28,9 @@ class NoteJournal : public ink::StepListener {
     void MemoTyped(const std::wstring& text);
     void MemoClosed();
 
-    // The note is about to be put there. After a power cut the journal is not to look older than the note.
-    void Saving(const std::wstring& path);
+    // The note is about to be put there, in bands of this height; 0 for the page's own. After a power cut the
+    // journal is not to look older than the note.
+    void Saving(const std::wstring& path, int32_t bandHeight = 0);
     // Puts the whole page on the disk; false when that failed.
     bool Hold();
 
@@ -57,6 +58,7 @@ class NoteJournal : public ink::StepListener {
     std::wstring path_;  // of the file; empty without one
     platform::LogFile log_;
     uint64_t size_ = 0;
+    int32_t savingHeight_ = 0;  // as last written down
     bool hasSteps_ = false;
     bool isOff_ = false;
 };

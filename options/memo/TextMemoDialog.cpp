@@ -87,7 +87,7 @@ bool TextMemoDialog::Edit(platform::Window& owner) {
 
 bool TextMemoDialog::OnCreate() {
     SetTitle(caption_);
-    const int left = (platform::HandheldScreen().width - kWidth) / 2;
+    const int left = (platform::HandheldScreen(*this).width - kWidth) / 2;
     Place({left, kTop, left + kWidth, kTop + kHeight});
     for (const ItemPlace& item : kItemPlaces) PlaceItem(item.id, item.place);
     DrawPicture();

@@ -48,7 +48,7 @@ ColorPalette::ColorPalette(ColorRef current) : chosen_(current), pressed_(0) {
 }
 
 bool ColorPalette::Choose(platform::Window& owner, ColorRef& color) {
-    const platform::ScreenSize screen = platform::HandheldScreen();
+    const platform::ScreenSize screen = platform::HandheldScreen(owner);
     const int width = kColumns * kCell + 2 * kMargin;
     const int height = Rows() * kCell + 2 * kMargin;
     // Above the tool bar's colour buttons, which are what calls it.

@@ -122,6 +122,15 @@ void HostDesk::TurnWheel(int notches) {
     for (int i = 0; i < std::abs(notches); ++i) window.OnScroll(code, 0);
 }
 
+void HostDesk::Resize(ScreenSize size) {
+    sizesScreens = true;
+    screen = size;
+    auto& window = dynamic_cast<Screen&>(Target());
+    if (!window.Handle()->OpenScreen()) return;
+    window.OnSize();
+    window.Invalidate();
+}
+
 void HostDesk::PrivateMessage(uint32_t code, intptr_t payload) {
     if (code == kTakeOver) return TakeOver(Target());
     Target().OnPrivateMessage(code, payload);

@@ -47,6 +47,7 @@ class HostDesk {
     void PressShortcut(wchar_t letter);  // with Ctrl; a small letter with Shift too
     void OpenFrameMenu();                // answered like a pop-up menu
     void TurnWheel(int notches);         // up when positive
+    void Resize(ScreenSize size);        // the screen on top, and those that open later
     void PrivateMessage(uint32_t code, intptr_t payload = 0);
     void Type(int item, const std::wstring& text);
     void Choose(int item, int index);   // in a drop-down list
@@ -80,6 +81,7 @@ class HostDesk {
     bool workersFail = false;
     bool textEditsFail = false;  // Dialog::MakeTextEdit finds no memory
     ScreenSize screen{480, 640};
+    bool sizesScreens = false;  // as soon as one was
 
     // What went wrong in the script itself, such as a window left open at its end. Empty in a good test.
     std::vector<std::string> problems;

@@ -52,16 +52,24 @@ void ToolBar::SetEnabled(int command, bool enabled) {
 
 ScreenSize HandheldScreen() { return HostDevice::Current().desk.screen; }
 
-Screen::Screen(ScrollBar scrollBar) : scrollBar_(scrollBar) {}
+ScreenSize HandheldScreen(const Window&) { return HandheldScreen(); }
+
+Screen::Screen(ScrollBar scrollBar, std::wstring kind) : scrollBar_(scrollBar), kind_(std::move(kind)) {}
 Screen::~Screen() = default;
 
 int Screen::RunModal(Window*) {
-    const ScreenSize screen = HandheldScreen();
     impl_->hasScrollBar = scrollBar_ == ScrollBar::Vertical;
-    const int bar = scrollBar_ == ScrollBar::Vertical ? kScrollBarWidth : 0;
-    if (!impl_->Open(screen.width - bar, screen.height - 2 * kBarHeight)) return CannotOpen();
+    if (!impl_->OpenScreen()) return CannotOpen();
     return HostDevice::Current().desk.RunModal(*this);
 }
+
+bool Window::Impl::OpenScreen() {
+    const ScreenSize screen = HandheldScreen();
+    return Open(screen.width - (hasScrollBar ? kScrollBarWidth : 0), screen.height - 2 * kBarHeight);
+}
+
+bool Screen::CanBeSized() const { return HostDevice::Current().desk.sizesScreens; }
+void Screen::ToggleFullScreen() {}
 
 void Screen::AddToFrameMenu(int command, const std::wstring& text) {
     impl_->frameMenu.push_back({command, text, true, nullptr});

@@ -69,6 +69,8 @@ struct Window::Impl {
 
     // Opens a dialog as its template says; false when there is none or memory is short.
     bool OpenTemplate(int templateId);
+    // Gives a Screen the client area that the desk's screen has for it; false when memory is short.
+    bool OpenScreen();
     // Opens with a client area of this size; false when memory is short.
     bool Open(int width, int height);
 };

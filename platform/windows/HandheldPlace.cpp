@@ -6,6 +6,7 @@
 
 #include "platform/Screen.h"
 #include "platform/windows/SystemText.h"
+#include "platform/windows/WindowImpl.h"
 
 namespace platform {
 
@@ -28,16 +29,22 @@ ScreenSize HandheldScreen() {
     return fits ? ScreenSize{static_cast<int>(width), static_cast<int>(height)} : kUsualScreen;
 }
 
+ScreenSize HandheldScreen(const Window& window) {
+    const HWND screen = windows::ScreenBelow(windows::FrameOf(&window));
+    RECT client{};
+    if (!screen || !GetClientRect(screen, &client)) return HandheldScreen();
+    return {client.right, client.bottom + kBarHeight};
+}
+
 namespace windows {
 
-namespace {
-
-bool IsScreen(HWND window) { return IsOfClass(window, kScreenClass); }
-
-}  // namespace
+HWND ScreenBelow(HWND window) {
+    while (window && !IsOfClass(window, kScreenClass)) window = GetWindow(window, GW_OWNER);
+    return window;
+}
 
 POINT HandheldOrigin(HWND window) {
-    while (window && !IsScreen(window)) window = GetWindow(window, GW_OWNER);
+    window = ScreenBelow(window);
     POINT origin{0, -kBarHeight};
     if (window) {
         ClientToScreen(window, &origin);

@@ -9,6 +9,10 @@ namespace platform::windows {
 
 constexpr wchar_t kScreenClass[] = L"InkwrightScreen";
 
+// The frame of the Screen that `window` is or that owns it, directly or through other windows; null without
+// one.
+HWND ScreenBelow(HWND window);
+
 // Desktop position of the handheld's (0, 0) for `window`: that of the Screen that owns it, directly or
 // through other windows. Without one, where the first Screen would open.
 POINT HandheldOrigin(HWND window);

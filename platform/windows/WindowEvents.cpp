@@ -195,7 +195,7 @@ Key KeyOf(WPARAM virtualKey) {
                  {VK_DOWN, Key::Down},     {VK_PRIOR, Key::PageUp},  {VK_NEXT, Key::PageDown},
                  {VK_HOME, Key::Home},     {VK_END, Key::End},       {VK_RETURN, Key::Enter},
                  {VK_ESCAPE, Key::Escape}, {VK_DELETE, Key::Delete}, {VK_F1, Key::F1},
-                 {VK_F2, Key::F2}};
+                 {VK_F2, Key::F2},         {VK_F11, Key::F11}};
     for (const auto& known : kKeys) {
         if (static_cast<int>(virtualKey) == known.code) return known.key;
     }

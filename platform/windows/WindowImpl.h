@@ -8,6 +8,7 @@
 #include "platform/Window.h"
 #include "platform/windows/PenHistory.h"
 #include "platform/windows/PointerInput.h"
+#include "platform/windows/SizedFrame.h"
 #include "platform/windows/SystemHeaders.h"
 
 namespace platform {
@@ -36,6 +37,8 @@ struct Window::Impl {
 
     windows::PenHistory pen;
     std::unique_ptr<windows::PointerInput> pointers;  // of a page that is written on
+    std::unique_ptr<windows::SizedFrame> sizing;      // of a frame that can be sized
+    SIZE clientSize{};                                // of its page, as last told to the window
 };
 
 namespace windows {

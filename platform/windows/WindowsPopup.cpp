@@ -84,7 +84,7 @@ LRESULT CALLBACK PopupProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM
 RECT PopupPlace(HWND owner, Point corner, int width, int height) {
     RECT outer{corner.x - width, corner.y - height, corner.x, corner.y};
     AdjustWindowRectEx(&outer, kPopupStyle, FALSE, 0);
-    const ScreenSize screen = HandheldScreen();
+    const ScreenSize screen = owner ? HandheldScreen(*WindowOf(owner)) : HandheldScreen();
     const Rect place = ink::MovedInto({outer.left, outer.top, outer.right, outer.bottom},
                                       {0, 0, screen.width, screen.height});
     return windows::OntoMonitor(owner, windows::ToDesktop(owner, place));

@@ -49,7 +49,7 @@ int PopupMenu::Choose(Window& owner, ink::Point place) const {
     if (!frame || !menu || state.ended) return 0;
     // The system keeps menus on the desktop, which may be far larger than the handheld: open towards its
     // middle.
-    const ScreenSize screen = HandheldScreen();
+    const ScreenSize screen = HandheldScreen(owner);
     const UINT across = place.x > screen.width / 2 ? TPM_RIGHTALIGN : TPM_LEFTALIGN;
     const UINT along = place.y > screen.height / 2 ? TPM_BOTTOMALIGN : TPM_TOPALIGN;
     const RECT desktop = windows::ToDesktop(frame, {place.x, place.y, place.x, place.y});

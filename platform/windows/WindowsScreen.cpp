@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "platform/Screen.h"
 #include "platform/windows/HandheldPlace.h"
@@ -15,7 +16,6 @@ namespace {
 
 constexpr wchar_t kPageClass[] = L"InkwrightPage";
 constexpr wchar_t kMenuBarClass[] = L"InkwrightMenuBar";
-constexpr DWORD kFrameStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
 
 // The pen service waits for gestures before it passes a press on, and draws rings around it. Ink must begin
 // at once.
@@ -25,17 +25,20 @@ constexpr UINT_PTR kNoTapFeedback = 0x00000008;
 constexpr UINT_PTR kNoBarrelFeedback = 0x00000010;
 constexpr UINT_PTR kNoFlicks = 0x00010000;
 
-SIZE FrameSize() {
+SIZE FixedFrame() {
     const ScreenSize screen = HandheldScreen();
-    RECT frame{0, 0, screen.width, screen.height - kBarHeight};
-    AdjustWindowRectEx(&frame, kFrameStyle, FALSE, 0);
-    return {frame.right - frame.left, frame.bottom - frame.top};
+    return FrameAround(screen.width, screen.height - 2 * kBarHeight, kFixedFrameStyle);
 }
 
 // A handheld screen may be larger than the desktop, or too narrow for a caption.
-void AllowAnySize(LPARAM lParam) {
+void LimitSizes(LPARAM lParam) {
     auto* limits = reinterpret_cast<MINMAXINFO*>(lParam);
-    const SIZE size = FrameSize();
+    if (!HasFixedScreen()) {
+        const SIZE least = LeastFrame();
+        limits->ptMinTrackSize = {least.cx, least.cy};
+        return;
+    }
+    const SIZE size = FixedFrame();
     limits->ptMinTrackSize = {1, 1};
     limits->ptMaxTrackSize = {size.cx, size.cy};
 }
@@ -55,8 +58,42 @@ void EnableFrameEntries(Screen& screen) {
     }
 }
 
+SIZE ClientSizeOf(HWND window) {
+    RECT client{};
+    GetClientRect(window, &client);
+    return {client.right, client.bottom};
+}
+
+// The page fills the frame but for the menu bar at its foot.
+void LayOut(const Window::Impl& state) {
+    const HWND strip = FindWindowExW(state.frame, nullptr, kMenuBarClass, nullptr);
+    const SIZE room = ClientSizeOf(state.frame);
+    const int pageHeight = std::max<int>(0, room.cy - kBarHeight);
+    MoveWindow(state.page, 0, 0, room.cx, pageHeight, TRUE);
+    MoveWindow(strip, 0, pageHeight, room.cx, kBarHeight, TRUE);
+    const HWND tools = GetWindow(strip, GW_CHILD);
+    RECT bar{};
+    if (!tools || !GetWindowRect(tools, &bar)) return;
+    MapWindowPoints(nullptr, strip, reinterpret_cast<POINT*>(&bar), 2);
+    MoveWindow(tools, bar.left, bar.top, room.cx - bar.left, bar.bottom - bar.top, TRUE);
+    // What moves along with the strip may be the page's pixels, which lay there before.
+    RedrawWindow(strip, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+// While a frame is minimised nothing changes for what is in it.
+void FollowFrame(Screen& screen) {
+    Window::Impl& state = *screen.Handle();
+    if (!state.sizing || !state.page || IsIconic(state.frame)) return;
+    state.sizing->Follow(state.frame);
+    LayOut(state);
+    const SIZE size = ClientSizeOf(state.page);
+    if (size.cx == state.clientSize.cx && size.cy == state.clientSize.cy) return;
+    state.clientSize = size;
+    if (!state.ended) Guarded(screen, [&] { screen.OnSize(); });
+}
+
 LRESULT CALLBACK FrameProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_GETMINMAXINFO) AllowAnySize(lParam);
+    if (message == WM_GETMINMAXINFO) LimitSizes(lParam);
     if (message == WM_NCCREATE) RememberWindow(handle, lParam);
     Window* window = WindowOf(handle);
     if (!window) return DefWindowProcW(handle, message, wParam, lParam);
@@ -83,7 +120,12 @@ LRESULT CALLBACK FrameProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM
         case WM_ENDSESSION:
             if (wParam && !state.ended) Guarded(*window, [&] { window->OnSessionEnd(); });
             return 0;
+        case WM_MOVE:
+        case WM_SIZE:
+            FollowFrame(static_cast<Screen&>(*window));
+            return 0;
         case WM_DESTROY:
+            if (state.sizing) Guarded(*window, [&] { state.sizing->Remember(); });
             Guarded(*window, [&] { window->OnDestroy(); });
             return 0;
         case WM_NCDESTROY:
@@ -149,34 +191,47 @@ void SetIcon(HWND frame, WPARAM which, int widthMetric, int heightMetric) {
 }
 
 // A screen that opens over another one takes its place, as on the handheld.
-POINT FramePlace(HWND owner) {
-    RECT above{};
-    if (owner && GetWindowRect(owner, &above)) return {above.left, above.top};
-    return CentredPlace(FrameSize());
+WindowPlace FixedPlace(HWND owner) {
+    const SIZE size = FixedFrame();
+    RECT below{};
+    POINT corner = CentredPlace(size);
+    if (owner && GetWindowRect(owner, &below)) corner = {below.left, below.top};
+    return {{corner.x, corner.y, corner.x + size.cx, corner.y + size.cy}, false};
 }
 
-bool CreateWindows(Screen& screen, bool withScrollBar, HWND owner) {
-    if (!RegisterClasses()) return false;
-    const SIZE size = FrameSize();
-    const POINT place = FramePlace(owner);
+// The frame, which of the two kinds it is, without anything in it.
+bool CreateFrame(Screen& screen, const std::wstring& kind, HWND owner) {
+    Window::Impl& state = *screen.Handle();
+    const SizedFrame* below = owner ? WindowOf(owner)->Handle()->sizing.get() : nullptr;
+    if (!HasFixedScreen()) state.sizing = std::make_unique<SizedFrame>(kind);
+    const WindowPlace place = state.sizing ? state.sizing->PlaceToOpen(below) : FixedPlace(owner);
+    const DWORD style = state.sizing ? kSizedFrameStyle : kFixedFrameStyle;
+    Window* object = &screen;
+    state.frame = CreateWindowExW(0, kScreenClass, L"", style | (place.isMaximised ? WS_MAXIMIZE : 0),
+                                  place.frame.left, place.frame.top, place.frame.Width(),
+                                  place.frame.Height(), owner, nullptr, Module(), object);
+    if (state.frame && below && below->IsFullScreen()) state.sizing->ToggleFullScreen(state.frame);
+    return state.frame != nullptr;
+}
+
+bool CreateWindows(Screen& screen, const std::wstring& kind, bool withScrollBar, HWND owner) {
+    if (!RegisterClasses() || !CreateFrame(screen, kind, owner)) return false;
     Window::Impl& state = *screen.Handle();
     Window* object = &screen;
-    state.frame = CreateWindowExW(0, kScreenClass, L"", kFrameStyle, place.x, place.y, size.cx, size.cy,
-                                  owner, nullptr, Module(), object);
-    if (!state.frame) return false;
     SetIcon(state.frame, ICON_BIG, SM_CXICON, SM_CYICON);
     SetIcon(state.frame, ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
 
-    const ScreenSize handheld = HandheldScreen();
-    const int pageHeight = handheld.height - 2 * kBarHeight;
+    const SIZE room = ClientSizeOf(state.frame);
+    const int pageHeight = room.cy - kBarHeight;
     const DWORD scrollStyle = withScrollBar ? WS_VSCROLL : 0;
     state.hasScrollBar = withScrollBar;
     state.page = CreateWindowExW(0, kPageClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | scrollStyle, 0,
-                                 0, handheld.width, pageHeight, state.frame, nullptr, Module(), object);
+                                 0, room.cx, pageHeight, state.frame, nullptr, Module(), object);
     const HWND menuBar =
         CreateWindowExW(0, kMenuBarClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, pageHeight,
-                        handheld.width, kBarHeight, state.frame, nullptr, Module(), object);
+                        room.cx, kBarHeight, state.frame, nullptr, Module(), object);
     if (!state.page || !menuBar) return false;
+    state.clientSize = ClientSizeOf(state.page);
     if (withScrollBar) state.pointers = std::make_unique<PointerInput>(screen);  // it is written on
     SetPropW(state.page, kPenServiceProperty,
              reinterpret_cast<HANDLE>(kNoPressAndHold | kNoTapFeedback | kNoBarrelFeedback | kNoFlicks));
@@ -187,14 +242,14 @@ bool CreateWindows(Screen& screen, bool withScrollBar, HWND owner) {
 
 }  // namespace windows
 
-Screen::Screen(ScrollBar scrollBar) : scrollBar_(scrollBar) {}
+Screen::Screen(ScrollBar scrollBar, std::wstring kind) : scrollBar_(scrollBar), kind_(std::move(kind)) {}
 Screen::~Screen() = default;
 
 int Screen::RunModal(Window* owner) {
     if (Exists()) return -1;
     *impl_ = Impl();
     const HWND ownerFrame = windows::FrameOf(owner);
-    const bool made = windows::CreateWindows(*this, scrollBar_ == ScrollBar::Vertical, ownerFrame);
+    const bool made = windows::CreateWindows(*this, kind_, scrollBar_ == ScrollBar::Vertical, ownerFrame);
     if (!made) {
         if (impl_->frame) windows::Attach(impl_->frame, nullptr);
         windows::GiveUp(*this);
@@ -206,6 +261,12 @@ int Screen::RunModal(Window* owner) {
         opens ? windows::RunToEnd(*this, ownerFrame, windows::KeyNavigation::None) : windows::GiveUp(*this);
     tools_.Handle().reset();
     return result;
+}
+
+bool Screen::CanBeSized() const { return impl_->sizing != nullptr; }
+
+void Screen::ToggleFullScreen() {
+    if (impl_->sizing && impl_->frame) impl_->sizing->ToggleFullScreen(impl_->frame);
 }
 
 void Screen::AddToFrameMenu(int command, const std::wstring& text) {

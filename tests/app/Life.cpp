@@ -292,6 +292,8 @@ Script Life::LineOf(const std::string& verb, const std::vector<std::wstring>& wo
                                                                               0,    0, 0, 0};
                     hand.PressButton(platform::kIdOk);
                 }};
+    if (verb == "size")
+        return {InEditor([=, width = number(1)] { device.desk.Resize({width, std::stoi(to)}); })};
     if (verb == "calendar") return {Press(IDM_CALENDAR), Press(IDM_NEXT_MONTH), Press(IDM_CALENDAR)};
     // With a storage that takes nothing it is as if the program was killed without a net.
     const bool canSave = trouble_ != Trouble::AllCalls && trouble_ != Trouble::NoRoom;

@@ -11,6 +11,7 @@
 #include "platform/windows/PathTranslation.h"
 #include "platform/windows/PenHistory.h"
 #include "platform/windows/WheelTurns.h"
+#include "platform/windows/WindowPlaces.h"
 
 namespace platform::windows {
 
@@ -85,6 +86,20 @@ TEST(Rules, TheWheelScrollsAsTheSystemSays) {
         }
         EXPECT_TRUE(code == c.code && count == c.count && rest == c.rest) << c.linesPerNotch << " " << rest;
     }
+}
+
+// On two monitors, the smaller one to the left: what was kept of a window, and where it opens.
+TEST(Rules, WindowsOpenWhereTheyWereWithinReach) {
+    const std::vector<Rect> kMonitors{{0, 0, 1920, 1040}, {-800, 200, 0, 800}};
+    std::wifstream cases(INKWRIGHT_PLACES);
+    int tried = 0;
+    for (std::wstring kept, wanted; std::getline(cases, kept, L'\t') && std::getline(cases, wanted);) {
+        std::optional<WindowPlace> place = ReadWindowPlace(kept);
+        if (place) place->frame = OntoMonitors(place->frame, kMonitors, {0, 0, 260, 330});
+        ++tried;
+        EXPECT_EQ(place ? TextOfPlace(*place) : L"none", wanted) << tried;
+    }
+    EXPECT_EQ(tried, 16);
 }
 
 TEST(Rules, NoticesStackAndThenStandBeside) {

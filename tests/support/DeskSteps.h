@@ -92,6 +92,9 @@ class DeskSteps : public DeskTest {
     Step Scroll(platform::ScrollCode code, int thumb = 0) {
         return [=] { Desk().Scroll(code, thumb); };
     }
+    Step Resize(int width, int height) {
+        return [=] { Desk().Resize({width, height}); };
+    }
     Step ExpectMenu(const Texts& entries) {
         return [=] { EXPECT_EQ(hand.Menu(), entries); };
     }
