@@ -87,8 +87,9 @@ class WindowsHand : public testing_support::Hand {
                 (state & TBSTATE_ENABLED) != 0};
     }
     void PressKey(platform::Key key) override {
-        constexpr WORD kCodes[] = {VK_LEFT, VK_UP,     VK_RIGHT,  VK_DOWN,   VK_PRIOR, VK_NEXT, VK_HOME,
-                                   VK_END,  VK_RETURN, VK_ESCAPE, VK_DELETE, VK_F2,    'Q'};
+        constexpr WORD kCodes[] = {VK_LEFT,   VK_UP,   VK_RIGHT, VK_DOWN,   VK_PRIOR,
+                                   VK_NEXT,   VK_HOME, VK_END,   VK_RETURN, VK_ESCAPE,
+                                   VK_DELETE, VK_F2,   VK_F1,    VK_F11,    'Q'};
         SendKey(kCodes[static_cast<size_t>(key)]);
     }
     void PressShortcut(wchar_t letter) override {
