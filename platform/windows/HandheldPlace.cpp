@@ -32,7 +32,7 @@ ScreenSize HandheldScreen() {
 ScreenSize HandheldScreen(const Window& window) {
     const HWND screen = windows::ScreenBelow(windows::FrameOf(&window));
     RECT client{};
-    if (!screen || !GetClientRect(screen, &client)) return HandheldScreen();
+    if (windows::HasFixedScreen() || !screen || !GetClientRect(screen, &client)) return HandheldScreen();
     return {client.right, client.bottom + kBarHeight};
 }
 

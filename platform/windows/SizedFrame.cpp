@@ -95,7 +95,7 @@ void SizedFrame::ToggleFullScreen(HWND frame) {
     SetWindowLongPtrW(frame, GWL_STYLE, isFullScreen_ ? plain : decorated);
     const Rect place = isFullScreen_ ? RectOf(monitor.rcMonitor) : place_.frame;
     SetWindowPos(frame, nullptr, place.left, place.top, place.Width(), place.Height(),
-                 SWP_NOZORDER | SWP_NOOWNERZORDER | SWP_FRAMECHANGED);
+                 SWP_NOZORDER | SWP_NOOWNERZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
     if (!isFullScreen_ && isMaximised) ShowWindow(frame, SW_MAXIMIZE);
 }
 

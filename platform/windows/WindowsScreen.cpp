@@ -221,7 +221,8 @@ bool CreateWindows(Screen& screen, const std::wstring& kind, bool withScrollBar,
     SetIcon(state.frame, ICON_BIG, SM_CXICON, SM_CYICON);
     SetIcon(state.frame, ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
 
-    const SIZE room = ClientSizeOf(state.frame);
+    const ScreenSize handheld = HandheldScreen(screen);
+    const SIZE room{handheld.width, handheld.height - kBarHeight};
     const int pageHeight = room.cy - kBarHeight;
     const DWORD scrollStyle = withScrollBar ? WS_VSCROLL : 0;
     state.hasScrollBar = withScrollBar;

@@ -48,21 +48,23 @@ TEST_F(Edits, AWindowOfAnotherSizeShowsTheSamePage) {
         Run(kNote, All({script, {Ok()}}));
         return device.files.Get(kNote);
     };
-    Trace tall{{300, 560}, {300, 500}};
-    for (int y = 480; y >= 20; y -= 20) tall.push_back({30, y});
-    EXPECT_EQ(run(240, 320, {Resize(480, 640), Resize(240, 300), ExpectPosition(187)}), before);
+    Trace tall{{300, 1060}, {300, 1000}};
+    for (int y = 980; y >= 20; y -= 20) tall.push_back({30, y});
+    EXPECT_EQ(run(240, 320, {Resize(480, 1200), Resize(240, 300), ExpectPosition(187)}), before);
     shortages_ = 1;
-    const Script refused{Down({60, 100}), Move({90, 100}), WithPictures(1, Resize(480, 640)),
-                         WithPictures(1, Resize(470, 640)), ExpectInk({{70, 100}})};
-    const Script resized{Resize(480, 640), Move({120, 100}), Up({120, 100}),
+    const Script refused{Down({60, 100}), Move({90, 100}), WithPictures(1, Resize(480, 1200)),
+                         WithPictures(1, Resize(470, 1200)), ExpectInk({{70, 100}})};
+    const Script resized{Resize(480, 1200), Move({120, 100}), Up({120, 100}),
                          ExpectInk({{70, 100}, {100, 113}}, {{110, 100}})};
     const Script undone{Shortcut(L'Z'), ExpectInk({}, {{70, 100}}), Resize(240, 320), Shortcut(L'Y')};
-    const Script undoneTall{ExpectInk({{70, 100}}), Resize(480, 640), Write(tall),     Shortcut(L'Z'),
-                            Resize(500, 400),       Shortcut(L'Y'),   Resize(480, 640)};
-    const std::string sized = run(240, 320, All({refused, resized, undone, undoneTall}));
-    EXPECT_EQ(sized, run(480, 640, {Write({{60, 100}, {90, 100}}), Write(tall)}));
+    const Script undoneTall{ExpectInk({{70, 100}}), Resize(480, 1200), Write(tall),
+                            Shortcut(L'Z'),         Resize(240, 320),  Shortcut(L'Y')};
+    const Script shown{Scroll(C::Top),    ExpectInk({{30, 230}}), Scroll(C::ThumbPosition, 187),
+                       Resize(480, 1200), ExpectPosition(187),    ExpectInk({{30, 30}, {30, 470}})};
+    const std::string sized = run(240, 320, All({refused, resized, undone, undoneTall, shown}));
+    EXPECT_EQ(sized, run(480, 1200, {Write({{60, 100}, {90, 100}}), Write(tall)}));
     Desk().screen = {240, 320};
-    Run(kNote, {ExpectInk({{30, 230}, {30, 260}}, {{223, 230}}), Scroll(C::ThumbPosition, 600),
+    Run(kNote, {ExpectInk({{30, 230}, {30, 260}}, {{223, 230}}), Scroll(C::ThumbPosition, 1100),
                 ExpectInk({{222, 85}, {222, 150}}, {{222, 76}, {222, 151}, {220, 147}}), Down({200, 200}),
                 Move({300, 200}), Up({300, 200}), ExpectInk({{222, 203}}, {{221, 204}}), Ok()});
 }

@@ -68,12 +68,13 @@ TEST_F(Calendar, FillsTheWindowAsTheTreeDoes) {
     const Step isWide = [this] {
         EXPECT_EQ(Desk().PlaceOf(L"12").left, 600 / 7 + 5);
         EXPECT_EQ(Shown().Row(746)[598], 0xC0C0C0u) << "the last day";
+        EXPECT_EQ(Shown().Row(10)[598], Shown().Row(10)[2]) << "the bar on top";
     };
     const Step isTree = [this] {
-        EXPECT_EQ(TreeControl().Handle()->place, (ink::Rect{0, 19, 500, 700 - 2 * 26 - 75}));
-        EXPECT_NE(Shown().Row(640)[498], 0xFFFFFFu) << "the strip";
+        EXPECT_EQ(TreeControl().Handle()->place, (ink::Rect{0, 19, 700, 700 - 2 * 26 - 75}));
+        EXPECT_NE(Shown().Row(640)[698], 0u) << "the strip";
     };
-    RunManager(L"", {Resize(600, 800), isWide, Press(IDM_CALENDAR), Resize(500, 700), isTree});
+    RunManager(L"", {Resize(600, 800), isWide, Press(IDM_CALENDAR), Resize(700, 700), isTree});
 }
 
 // Where no reminder is, Enter begins one. Days are looked up once for each month that is shown.
