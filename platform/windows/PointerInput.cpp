@@ -88,7 +88,7 @@ bool PointerInput::Take(UINT message, WPARAM wParam, LPARAM) {
 
 // The history comes newest first.
 bool PointerInput::TakePen(UINT32 pointer) {
-    std::array<POINTER_PEN_INFO, kMostPackets> history;
+    std::array<POINTER_PEN_INFO, kMostPackets> history{};
     UINT32 count = kMostPackets;
     if (!Functions().penHistory(pointer, &count, history.data())) return false;
     count = std::min(count, kMostPackets);
