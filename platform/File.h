@@ -33,6 +33,10 @@ class File {
     bool Size(uint64_t& bytes);
     // What was written is on the disk, and would survive a power cut. May take long.
     bool Flush();
+    // As PutInPlace() of FileSystem.h, for this file while it is written: of what was flushed nothing is read
+    // again, and a power cut leaves the old file or this one, as long as the storage keeps its changes in
+    // order. False where the system moves no open file, or where PutInPlace() has more to do.
+    bool MoveInPlace(const std::wstring& to);
 
     // Why the last open, read or write failed.
     FileError Error() const;

@@ -4,16 +4,11 @@
 
 #include "app/store/StorePaths.h"
 #include "platform/FileSystem.h"
+#include "platform/StoragePaths.h"
 
 namespace store {
 
 namespace {
-
-// A read-only file, or one that others hold, is not replaced behind their backs.
-bool MayReplace(const std::wstring& path) {
-    uint64_t bytes = 0;
-    return platform::CanWriteTo(path, bytes) || !platform::Exists(path);
-}
 
 bool CopyBeside(const std::wstring& from, const std::wstring& to) {
     const std::wstring beside = SafeFile::PathBeside(to);
@@ -30,7 +25,6 @@ std::wstring SafeFile::PathBeside(const std::wstring& path) {
 
 SafeFile SafeFile::At(const std::wstring& path) {
     SafeFile made;
-    if (!MayReplace(path)) return made;
     made.path_ = path;
     made.file_ = platform::File::Create(PathBeside(path));
     if (made.file_.IsOpen()) made.beside_ = PathBeside(path);
@@ -54,7 +48,12 @@ bool SafeFile::Finish() {
 }
 
 bool SafeFile::Commit() {
-    if (!Finish() || !platform::PutInPlace(beside_, path_)) return false;
+    if (!file_.Flush()) return false;
+    const bool isPut = file_.MoveInPlace(path_);
+    // The journal may lie on another disk, which must not forget the page before this one has it.
+    if (isPut && !platform::StorageOf(path_).empty()) file_.Flush();
+    file_.Close();
+    if (!isPut && !platform::PutInPlace(beside_, path_)) return false;
     beside_.clear();
     return true;
 }
@@ -99,7 +98,6 @@ bool FitsOnlyInPlace(const std::wstring& path, uint64_t bytes) {
 }
 
 bool CopySafely(const std::wstring& from, const std::wstring& to) {
-    if (!MayReplace(to)) return false;
     if (CopyBeside(from, to)) return true;
     uint64_t bytes = 0;
     const bool makesRoom = platform::FileSize(from, bytes) && FitsOnlyInPlace(to, bytes);

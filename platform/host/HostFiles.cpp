@@ -162,6 +162,14 @@ bool File::Flush() {
     return impl_->error == FileError::None;
 }
 
+bool File::MoveInPlace(const std::wstring& to) {
+    if (impl_ == nullptr || !impl_->writing) return false;
+    impl_->node->writer = false;
+    const bool isPut = PutInPlace(impl_->path, to);
+    impl_->node->writer = true;
+    return isPut;
+}
+
 FileError File::Error() const { return impl_ == nullptr ? openError_ : impl_->error; }
 
 void File::Close() { impl_.reset(); }

@@ -1,6 +1,9 @@
 #include <algorithm>
+#include <cstring>
+#include <vector>
 
 #include "platform/File.h"
+#include "platform/windows/FileAttributes.h"
 #include "platform/windows/FileHolds.h"
 #include "platform/windows/Guards.h"
 #include "platform/windows/HandheldPath.h"
@@ -75,7 +78,7 @@ File File::OpenForReading(const std::wstring& path, Share share) {
 
 File File::Create(const std::wstring& path) {
     File file;
-    OpenResult opened = Open(path, GENERIC_WRITE, 0, CREATE_ALWAYS);
+    OpenResult opened = Open(path, GENERIC_WRITE | DELETE, 0, CREATE_ALWAYS);
     file.openError_ = opened.error;
     if (opened.handle) file.impl_ = std::make_unique<Impl>(Impl{std::move(opened.handle)});
     return file;
@@ -125,6 +128,21 @@ bool File::Size(uint64_t& bytes) {
 }
 
 bool File::Flush() { return impl_ && impl_->Report(FlushFileBuffers(impl_->handle.get())); }
+
+bool File::MoveInPlace(const std::wstring& to) {
+    const std::wstring host = windows::ToHostPath(to);
+    if (!impl_ || host.empty()) return false;
+    const DWORD old = GetFileAttributesW(host.c_str());
+    if (old != INVALID_FILE_ATTRIBUTES && !windows::IsOrdinaryFile(old)) return false;
+    const size_t nameBytes = host.size() * sizeof(wchar_t);
+    std::vector<uint64_t> memory((sizeof(FILE_RENAME_INFO) + nameBytes) / sizeof(uint64_t) + 1);
+    auto* const info = reinterpret_cast<FILE_RENAME_INFO*>(memory.data());
+    info->ReplaceIfExists = old != INVALID_FILE_ATTRIBUTES;
+    info->FileNameLength = static_cast<DWORD>(nameBytes);
+    std::memcpy(info->FileName, host.c_str(), nameBytes);
+    return impl_->Report(SetFileInformationByHandle(impl_->handle.get(), FileRenameInfo, info,
+                                                    static_cast<DWORD>(memory.size() * sizeof(uint64_t))));
+}
 
 FileError File::Error() const { return impl_ ? impl_->error : openError_; }
 

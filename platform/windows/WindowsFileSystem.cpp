@@ -4,6 +4,7 @@
 #include "platform/FileSystem.h"
 #include "platform/StoragePaths.h"
 #include "platform/TextEncoding.h"
+#include "platform/windows/FileAttributes.h"
 #include "platform/windows/FileHolds.h"
 #include "platform/windows/Guards.h"
 #include "platform/windows/HandheldPath.h"
@@ -231,9 +232,7 @@ bool TakeOverAttributes(const std::wstring& hostFrom, const std::wstring& hostOl
     const windows::OwnedHandle old = OpenShared(hostOld, DELETE | FILE_READ_ATTRIBUTES);
     FILE_BASIC_INFO info{};
     if (!old || !GetFileInformationByHandleEx(old.get(), FileBasicInfo, &info, sizeof info)) return false;
-    // An ordinary file has nothing to take over: when it was made, NTFS itself remembers for a name that goes
-    // and comes back at once.
-    if ((info.FileAttributes & ~DWORD{FILE_ATTRIBUTE_NORMAL | FILE_ATTRIBUTE_ARCHIVE}) == 0) return true;
+    if (windows::IsOrdinaryFile(info.FileAttributes)) return true;
     const windows::OwnedHandle from = OpenShared(hostFrom, FILE_WRITE_ATTRIBUTES);
     info.LastAccessTime.QuadPart = info.LastWriteTime.QuadPart = info.ChangeTime.QuadPart = 0;
     return from && SetFileInformationByHandle(from.get(), FileBasicInfo, &info, sizeof info);
@@ -248,7 +247,12 @@ bool PutInPlace(const std::wstring& from, const std::wstring& to) {
     const std::wstring hostTo = ToHostPath(to);
     if (hostFrom.empty() || hostTo.empty()) return false;
     return windows::TryThroughHolds(hostTo, [&] {
-        const bool isThere = GetFileAttributesW(hostTo.c_str()) != INVALID_FILE_ATTRIBUTES;
+        const DWORD attributes = GetFileAttributesW(hostTo.c_str());
+        const bool isThere = attributes != INVALID_FILE_ATTRIBUTES;
+        if (isThere && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+            SetLastError(ERROR_ACCESS_DENIED);
+            return false;
+        }
         if (isThere && !TakeOverAttributes(hostFrom, hostTo)) return false;
         const DWORD how = MOVEFILE_WRITE_THROUGH | (isThere ? DWORD{MOVEFILE_REPLACE_EXISTING} : 0u);
         if (MoveFileExW(hostFrom.c_str(), hostTo.c_str(), how)) return true;

@@ -70,6 +70,26 @@ TEST_F(FileContract, AFileIsPutInPlaceWholeOrNotAtAll) {
     EXPECT_FALSE(PutInPlace(L"\\note.ik~", L"\\note.ikw") || FileSize(L"\\My Documents", size));
 }
 
+TEST_F(FileContract, AnOpenFileMovesInPlaceOrStaysWhereItIs) {
+    ASSERT_TRUE(WriteWhole(L"\\note.ikw", "the old one"));
+    for (const wchar_t* place : {L"\\note.ikw", L"\\free.ikw"}) {
+        File file = File::Create(L"\\note.ik~");
+        ASSERT_TRUE(file.Write("new one", 7) && file.Flush());
+        {
+            const File held = File::OpenForReading(L"\\note.ikw");
+            EXPECT_FALSE(file.MoveInPlace(L"\\note.ikw"));
+        }
+        EXPECT_FALSE(file.MoveInPlace(L"\\My Documents") || file.MoveInPlace(L"\\no folder\\note.ikw"));
+        EXPECT_TRUE(file.MoveInPlace(place) && file.Flush());
+        EXPECT_FALSE(File::OpenForReading(place).IsOpen()) << "it is still being written";
+        file.Close();
+        EXPECT_FALSE(file.MoveInPlace(L"\\closed.ikw"));
+        EXPECT_EQ(ReadWhole(place), "new one");
+        EXPECT_THAT(Names(L"\\", L"*.ik~"), IsEmpty());
+    }
+    EXPECT_THAT(Names(L"\\", L"*.ikw"), UnorderedElementsAre(L"note.ikw", L"free.ikw"));
+}
+
 TEST_F(FileContract, ALogIsItsOwnersAloneAndReadAfterwards) {
     LogFile log = LogFile::Create(L"\\a.log");
     EXPECT_TRUE(log.Append("ab", 2) && log.Flush() && log.Append("cd", 2));
