@@ -19,8 +19,8 @@ class SafeFile : public ink::ByteSink {
     SafeFile& operator=(SafeFile&&) = delete;
     ~SafeFile() override;
 
-    // For the place of this file, which may exist. Not open when the folder takes no file; whether the old one
-    // can be replaced turns out when it is.
+    // For the place of this file, which may exist. Not open when the folder takes no file; whether the old
+    // one can be replaced turns out when it is.
     static SafeFile At(const std::wstring& path);
 
     bool IsOpen() const { return file_.IsOpen(); }
