@@ -80,7 +80,8 @@ void InkCanvas::MakeMenuBar() {
         platform::ShowMessage(this, L"SHCreateMenuBar() failed!", L" Error", MessageButtons::Ok,
                               MessageIcon::Error);
     }
-    ShowPenColors(Tools(), page_.penColors);
+    ShowPenColors(Tools(), page_.penColors, PageScale());
+    CheckTool(Tools(), IDM_PEN);
 }
 
 void InkCanvas::OnDestroy() {
@@ -99,6 +100,7 @@ void InkCanvas::OnPaint() {
 void InkCanvas::OnSize() {
     input_.Interrupt();
     FollowTheWindow();
+    if (view_.PageScale() != PageScale()) ShowPenColors(Tools(), page_.penColors, PageScale());
     const bool isResized = view_.Resize(ClientWidth(), ClientHeight());
     if (!isResized && !sizeRefused_) platform::ShowOutOfMemory(this);
     sizeRefused_ = !isResized;
@@ -149,7 +151,8 @@ void InkCanvas::UseSpaceTool() {
 void InkCanvas::UsePenColor(size_t position, ink::ColorRef color) {
     input_.UsePen();
     MoveToFront(page_.penColors, position, color);
-    ShowPenColors(Tools(), page_.penColors);
+    ShowPenColors(Tools(), page_.penColors, PageScale());
+    CheckTool(Tools(), IDM_PEN);
 }
 
 void InkCanvas::UsePaletteColor() {

@@ -26,15 +26,16 @@ constexpr ink::ColorRef kBlack = 0;
 constexpr int kMarkRight = 17;
 constexpr int kMarkBottom = 16;
 
-int RowHeight(const platform::Font& font) {
-    return static_cast<int>(Canvas::TextSize(L"Aqua", font).bottom * 1.5);
+int RowHeight(const platform::Font& font, ink::Scale scale) {
+    return static_cast<int>(Canvas::TextSize(L"Aqua", font, scale).bottom * 1.5);
 }
 
-void DrawCentred(Canvas& canvas, const std::wstring& text, const Rect& area, const platform::Font& font) {
-    const Rect size = Canvas::TextSize(text, font);
+void DrawCentred(const platform::Image& picture, const std::wstring& text, const Rect& area,
+                 const platform::Font& font) {
+    const Rect size = Canvas::TextSize(text, font, picture.PageScale());
     const Point place{area.left + (area.Width() - size.right) / 2,
                       area.top + (area.Height() - size.bottom) / 2};
-    canvas.Text(text, place, font, kWhite, area);
+    Canvas(picture).Text(text, place, font, kWhite, area);
 }
 
 // Names of two characters or more ask for the narrower font: their count includes the terminator.
@@ -65,9 +66,9 @@ void MonthView::ReadMarks(const std::wstring& rootPrefix) {
     }
 }
 
-void MonthView::Draw(int width, int height, int cursorDay) {
-    if (picture_.Width() != width || picture_.Height() != height)
-        picture_ = platform::Image::Make(width, height);
+void MonthView::Draw(int width, int height, ink::Scale scale, int cursorDay) {
+    if (picture_.Width() != width || picture_.Height() != height || picture_.PageScale() != scale)
+        picture_ = platform::Image::Make(width, height, scale);
     if (!picture_.IsValid()) return;
     today_ = platform::LocalNow();
     DrawTitle();
@@ -97,24 +98,24 @@ Rect MonthView::CellRect(int row, int column) const {
 
 void MonthView::DrawTitle() {
     Canvas canvas(picture_);
-    titleHeight_ = RowHeight(kTitleFont);
+    titleHeight_ = RowHeight(kTitleFont, picture_.PageScale());
     const Rect row{0, 0, picture_.Width(), titleHeight_};
     canvas.Fill(row, kDark);
     const std::wstring text = platform::YearAndMonth(grid_.Year(), grid_.Month()) + L"  ";
-    const Rect size = Canvas::TextSize(text, kTitleFont);
+    const Rect size = Canvas::TextSize(text, kTitleFont, picture_.PageScale());
     canvas.Text(text, {row.right - size.right, (row.bottom - size.bottom) / 2}, kTitleFont, kWhite, row);
 }
 
 void MonthView::DrawWeekdays() {
     Canvas canvas(picture_);
     const platform::Font font = WeekdayFont();
-    gridTop_ = titleHeight_ + RowHeight(font);
+    gridTop_ = titleHeight_ + RowHeight(font, picture_.PageScale());
     const int width = picture_.Width();
     canvas.Fill({0, titleHeight_, width, gridTop_}, kDark);
     for (int i = 0; i < MonthGrid::kColumns; ++i) {
         const Rect column{width * i / MonthGrid::kColumns, titleHeight_,
                           width * (i + 1) / MonthGrid::kColumns, gridTop_};
-        DrawCentred(canvas, platform::ShortDayName((firstDayOfWeek_ + i) % MonthGrid::kColumns), column,
+        DrawCentred(picture_, platform::ShortDayName((firstDayOfWeek_ + i) % MonthGrid::kColumns), column,
                     font);
     }
 }

@@ -10,8 +10,9 @@ bool TreePane::Create(platform::Window& window, platform::TreeView::Events& even
     return tree_.Create(window, IDC_TREE, {0, 0, 1, 1}, images, events);
 }
 
-void TreePane::Place(const platform::Rect& area) {
+void TreePane::Place(const platform::Rect& area, ink::Scale scale) {
     area_ = area;
+    scale_ = scale;
     tree_.Place({area.left, area.top, area.right, area.bottom - PreviewStrip::kHeight});
 }
 

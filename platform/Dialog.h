@@ -29,7 +29,7 @@ class Dialog : public Window {
     void EnableItem(int id, bool enabled);
     void FocusItem(int id);
     void SelectItemText(int id);  // all of an edit's text
-    // Free pixels left and right of an edit's text.
+    // Free page pixels left and right of an edit's text.
     void SetItemMargins(int id, int pixels);
 
     // Characters that the user can type into an edit.

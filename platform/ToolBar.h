@@ -12,7 +12,8 @@ struct ToolBarButton {
     const wchar_t* title = nullptr;  // tool tip
 };
 
-// Buttons in order; button images stand side by side in the bitmap resource, separators take none.
+// Buttons in order; button images stand side by side in the bitmap resource, separators take none. Sizes are
+// page pixels.
 struct ToolBarLayout {
     int bitmapId = 0;
     int imageWidth = 0;
@@ -26,7 +27,8 @@ class ToolBar {
     ToolBar();
     ~ToolBar();
 
-    // Replaces all button images at once.
+    // Replaces all button images at once by those of an image from the layout's resource. To be called again
+    // when the scale has changed; without this the tool bar follows by itself.
     void SetImages(const Image& images);
     void SetChecked(int command, bool checked);
     void SetPressed(int command, bool pressed);

@@ -24,7 +24,7 @@ class TreeView {
     TreeView& operator=(const TreeView&) = delete;
     ~TreeView();
 
-    // Images come from a bitmap resource of square images of `imageSize` pixels in a row, `mask` being
+    // Images come from a bitmap resource of square images of `imageSize` page pixels in a row, `mask` being
     // transparent; image `overlay` marks items that carry the overlay.
     struct Images {
         int bitmapId = 0;

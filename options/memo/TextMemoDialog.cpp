@@ -126,7 +126,7 @@ void TextMemoDialog::OnTimer(int) {
 void TextMemoDialog::OnDestroy() { platform::ShowInputPanel(false); }
 
 void TextMemoDialog::DrawPicture() {
-    picture_ = platform::Image::Make(kWidth, kHeight);
+    picture_ = platform::Image::Make(kWidth, kHeight, PageScale());
     if (!picture_.IsValid()) return;
     platform::Canvas canvas(picture_);
     const ink::ColorRef frame = ColorOf(SystemColor::WindowFrame);
@@ -136,7 +136,7 @@ void TextMemoDialog::DrawPicture() {
     canvas.Fill({1, 1, kWidth - 1, kStripHeight}, ink::Shade(face, kStripShade));
     canvas.Fill({1, kStripHeight, kWidth - 1, kStripHeight + 1}, frame);
     canvas.Fill({kDragRight, 1, kDragRight + 1, kStripHeight}, frame);
-    const Rect text = platform::Canvas::TextSize(L"Text Memo", kStripFont);
+    const Rect text = platform::Canvas::TextSize(L"Text Memo", kStripFont, PageScale());
     canvas.Text(L"Text Memo", {kEditPlace.left, (kStripHeight - text.bottom) / 2}, kStripFont,
                 ColorOf(SystemColor::ButtonText), {1, 1, kDragRight, kStripHeight});
     DrawDeleteMark(canvas);

@@ -2,6 +2,7 @@
 // enough to see where texts go.
 #include <algorithm>
 
+#include "platform/Artwork.h"
 #include "platform/Canvas.h"
 #include "platform/host/HostImage.h"
 #include "platform/host/HostResources.h"
@@ -17,7 +18,7 @@ int CharacterWidth(const Font& font) { return font.tenthPoints * 96 / 720 / 2 + 
 
 struct ImageList::Impl {
     Image strip;
-    int imageSize = 0;
+    int imageSize = 0;  // page pixels
     uint32_t mask = 0;
 };
 
@@ -26,9 +27,9 @@ ImageList::ImageList(ImageList&&) noexcept = default;
 ImageList& ImageList::operator=(ImageList&&) noexcept = default;
 ImageList::~ImageList() = default;
 
-ImageList ImageList::FromResource(int bitmapId, int imageSize, ink::ColorRef mask) {
+ImageList ImageList::FromResource(int bitmapId, int imageSize, ink::ColorRef mask, ink::Scale scale) {
     ImageList list;
-    Image strip = Image::FromResource(bitmapId);
+    Image strip = Image::FromResource(bitmapId, scale);
     if (!strip.IsValid()) return list;
     list.impl_ = std::make_unique<Impl>();
     list.impl_->strip = std::move(strip);
@@ -51,7 +52,7 @@ ink::ColorRef ColorOf(SystemColor color) {
 
 void Canvas::Fill(const Rect& area, ink::ColorRef color) {
     const ink::PixelSurface surface = image_.Surface();
-    const Rect inside = Intersect(area, surface.Bounds());
+    const Rect inside = Intersect(image_.PageScale().ToSurface(area), surface.Bounds());
     if (image_.IsValid()) image_.Handle()->Cover(inside);
     for (int y = inside.top; y < inside.bottom; ++y) {
         std::fill(surface.Row(y) + inside.left, surface.Row(y) + inside.right, ink::PixelOf(color));
@@ -60,15 +61,16 @@ void Canvas::Fill(const Rect& area, ink::ColorRef color) {
 
 void Canvas::Text(const std::wstring& text, Point topLeft, const Font& font, ink::ColorRef color,
                   const Rect& clip) {
-    Rect bar = Offset(TextSize(text, font), topLeft.x, topLeft.y);
+    const Rect whole = Offset(TextSize(text, font), topLeft.x, topLeft.y);
+    Rect bar = whole;
     bar.top += bar.Height() / 2;
     bar.bottom = bar.top + 1;
     Fill(Intersect(bar, clip), color);
-    const Rect place = Intersect(Offset(TextSize(text, font), topLeft.x, topLeft.y), clip);
+    const Rect place = image_.PageScale().ToSurface(Intersect(whole, clip));
     if (image_.IsValid() && !place.IsEmpty()) image_.Handle()->things.push_back({text, place});
 }
 
-Rect Canvas::TextSize(const std::wstring& text, const Font& font) {
+Rect Canvas::TextSize(const std::wstring& text, const Font& font, ink::Scale) {
     return {0, 0, static_cast<int>(text.size()) * CharacterWidth(font), LineHeight(font)};
 }
 
@@ -77,19 +79,25 @@ void Canvas::Draw(const ImageList& images, int index, Point topLeft) {
     const ImageList::Impl& list = *images.Handle();
     const ink::PixelSurface from = list.strip.Surface();
     const ink::PixelSurface to = image_.Surface();
-    for (int y = 0; y < list.imageSize && y < from.height; ++y) {
-        for (int x = 0; x < list.imageSize; ++x) {
-            const uint32_t pixel = from.Row(y)[index * list.imageSize + x];
-            const Point at{topLeft.x + x, topLeft.y + y};
+    const auto side = static_cast<int>(list.strip.PageScale().ToScreen(list.imageSize));
+    const Rect room = image_.PageScale().ToSurface(
+        {topLeft.x, topLeft.y, topLeft.x + list.imageSize, topLeft.y + list.imageSize});
+    const Point start = InTheMiddleOf(room, side, side);
+    for (int y = 0; y < side && y < from.height; ++y) {
+        for (int x = 0; x < side; ++x) {
+            const uint32_t pixel = from.Row(y)[index * side + x];
+            const Point at{start.x + x, start.y + y};
             if (pixel != list.mask && to.Bounds().Contains(at)) to.Row(at.y)[at.x] = pixel;
         }
     }
-    const Rect place = ink::Offset({0, 0, list.imageSize, list.imageSize}, topLeft.x, topLeft.y);
-    if (image_.IsValid()) image_.Handle()->things.push_back({L"picture " + std::to_wstring(index), place});
+    if (image_.IsValid()) image_.Handle()->things.push_back({L"picture " + std::to_wstring(index), room});
 }
 
 void Canvas::Draw(const Image& picture, Point topLeft) {
-    host::CopyPicture(picture, {0, 0, picture.Width(), picture.Height()}, image_, topLeft);
+    const Rect whole = picture.Surface().Bounds();
+    const Rect room = image_.PageScale().ToSurface(
+        {topLeft.x, topLeft.y, topLeft.x + picture.Width(), topLeft.y + picture.Height()});
+    host::CopyPicture(picture, whole, image_, InTheMiddleOf(room, whole.right, whole.bottom));
 }
 
 }  // namespace platform

@@ -82,6 +82,7 @@ class HostDesk {
     bool textEditsFail = false;  // Dialog::MakeTextEdit finds no memory
     ScreenSize screen{480, 640};
     bool sizesScreens = false;  // as soon as one was
+    ink::Scale scale;           // of windows that open, and of those that are sized
 
     // What went wrong in the script itself, such as a window left open at its end. Empty in a good test.
     std::vector<std::string> problems;

@@ -145,16 +145,18 @@ std::string FindBitmapFile(int id) {
     return i == 0 ? std::string() : script.Text(i);
 }
 
-Image LoadBitmapFile(const std::string& name) {
+Image LoadBitmapFile(const std::string& name, ink::Scale scale) {
     const std::string bytes = ReadFile(name);
     constexpr size_t kHeaders = 54;
     if (bytes.size() < kHeaders || bytes[28] != 24) return {};
     int32_t size[2];
     std::memcpy(size, bytes.data() + 18, sizeof size);
-    Image image = Image::Make(size[0], size[1]);
+    const ink::Point page = scale.ToView({size[0], size[1]});
+    Image image = Image::Make(page.x, page.y, scale);
     const size_t stride = (static_cast<size_t>(size[0]) * 3 + 3) / 4 * 4;
     if (!image.IsValid() || bytes.size() < kHeaders + stride * static_cast<size_t>(size[1])) return {};
     const ink::PixelSurface surface = image.Surface();
+    if (surface.width != size[0] || surface.height != size[1]) return {};
     for (int y = 0; y < size[1]; ++y) {
         const char* row = bytes.data() + kHeaders + stride * static_cast<size_t>(size[1] - 1 - y);
         for (int x = 0; x < size[0]; ++x) {

@@ -28,7 +28,7 @@ bool FindDialogTemplate(int id, DialogTemplate& found);
 // The file of a BITMAP resource; empty when there is none.
 std::string FindBitmapFile(int id);
 
-// The named file of the resource folder as an image; only uncompressed 24-bit bitmaps.
-Image LoadBitmapFile(const std::string& name);
+// The named file of the resource folder as an image of this scale; only uncompressed 24-bit bitmaps.
+Image LoadBitmapFile(const std::string& name, ink::Scale scale = ink::Scale());
 
 }  // namespace platform::host

@@ -164,7 +164,7 @@ void Dialog::Place(const Rect& windowRect) {
         windowRect.Width() != impl_->place.Width() || windowRect.Height() != impl_->place.Height();
     impl_->place = windowRect;
     if (!isResized) return;
-    impl_->shown = Image::Make(windowRect.Width(), windowRect.Height());
+    impl_->shown = Image::Make(windowRect.Width(), windowRect.Height(), HostDevice::Current().desk.scale);
     impl_->needsPaint = true;
 }
 

@@ -2,9 +2,11 @@
 
 #include "platform/Dialog.h"
 #include "platform/windows/DialogEvents.h"
+#include "platform/windows/DialogSource.h"
 #include "platform/windows/HandheldPlace.h"
 #include "platform/windows/ModalRun.h"
 #include "platform/windows/MonthTaps.h"
+#include "platform/windows/ScreenScale.h"
 #include "platform/windows/SystemTimes.h"
 
 namespace platform {
@@ -39,8 +41,9 @@ int Dialog::RunModal(Window* owner) {
     *impl_ = Impl();
     const HWND ownerFrame = windows::FrameOf(owner);
     Window* object = this;
-    const HWND handle = CreateDialogParamW(windows::Module(), MAKEINTRESOURCEW(templateId_), ownerFrame,
-                                           DialogProcedure, reinterpret_cast<LPARAM>(object));
+    const windows::DialogSource source = windows::FindDialog(templateId_);
+    const HWND handle = CreateDialogIndirectParamW(windows::Module(), source.Template(), ownerFrame,
+                                                   DialogProcedure, reinterpret_cast<LPARAM>(object));
     if (!handle || !impl_->frame) return windows::CannotOpen(ownerFrame);
     return windows::RunToEnd(*this, ownerFrame, windows::KeyNavigation::Dialog);
 }
@@ -144,7 +147,9 @@ void Dialog::Place(const Rect& windowRect) {
 
 void Dialog::PlaceItem(int id, const Rect& client) {
     const HWND item = Item(impl_->frame, id);
-    if (item) MoveWindow(item, client.left, client.top, client.Width(), client.Height(), TRUE);
+    const RECT place = windows::ToDesktop(client, impl_->scale);
+    if (item)
+        MoveWindow(item, place.left, place.top, place.right - place.left, place.bottom - place.top, TRUE);
 }
 
 }  // namespace platform

@@ -1,5 +1,6 @@
 #include "platform/Screen.h"
 #include "platform/windows/ImageImpl.h"
+#include "platform/windows/ScreenScale.h"
 #include "platform/windows/ToolBarImpl.h"
 #include "platform/windows/WindowImpl.h"
 
@@ -7,35 +8,56 @@ namespace platform {
 
 namespace {
 
+// Page pixels.
 constexpr int kSeparatorWidth = 6;
 constexpr int kButtonMargin = 6;  // both sides of an image together
 constexpr int kLeftMargin = 2;
+constexpr int kTopMargin = 1;
+constexpr int kBarEdges = 3;  // of the menu bar's rows, what the buttons leave
 constexpr COLORREF kTransparent = RGB(192, 192, 192);
 
 }  // namespace
 
-bool ToolBar::Impl::Create(HWND menuBar, const ToolBarLayout& layout) {
+bool ToolBar::Impl::Create(HWND menuBar, const ToolBarLayout& source, ink::Scale menuBarScale) {
     constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | CCS_NOPARENTALIGN |
                              CCS_NORESIZE | CCS_NODIVIDER;
+    bar = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"", kStyle, 0, 0, 0, 0, menuBar, nullptr, windows::Module(),
+                          nullptr);
+    if (!bar) return false;
+    layout = source;
+    scale = menuBarScale;
     RECT strip{};
     GetClientRect(menuBar, &strip);
-    bar = CreateWindowExW(0, TOOLBARCLASSNAMEW, L"", kStyle, kLeftMargin, 1, strip.right - kLeftMargin,
-                          strip.bottom - 1, menuBar, nullptr, windows::Module(), nullptr);
-    if (!bar) return false;
-    imageWidth = layout.imageWidth;
-    imageHeight = layout.imageHeight;
     SendMessageW(bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
-    SendMessageW(bar, TB_SETBITMAPSIZE, 0, MAKELPARAM(imageWidth, imageHeight));
-    const Image picture = Image::FromResource(layout.bitmapId);
-    if (!picture.IsValid() || !UseImages(picture) || !AddButtons(layout)) {
+    if (!Dress(strip.bottom) || !AddButtons()) {
         DestroyWindow(bar);
         return false;
     }
-    SendMessageW(bar, TB_SETBUTTONSIZE, 0, MAKELPARAM(imageWidth + kButtonMargin, strip.bottom - 3));
+    Place({strip.right, strip.bottom}, menuBarScale);
     return true;
 }
 
-bool ToolBar::Impl::AddButtons(const ToolBarLayout& layout) {
+bool ToolBar::Impl::Dress(int menuBarHeight) {
+    const Image picture = Image::FromResource(layout.bitmapId, scale);
+    const RECT image = windows::ToDesktop({0, 0, layout.imageWidth, layout.imageHeight}, picture.PageScale());
+    const RECT button = windows::ToDesktop({0, 0, layout.imageWidth + kButtonMargin, kBarEdges}, scale);
+    SendMessageW(bar, TB_SETBITMAPSIZE, 0, MAKELPARAM(image.right, image.bottom));
+    if (!picture.IsValid() || !UseImages(picture)) return false;
+    SendMessageW(bar, TB_SETBUTTONSIZE, 0, MAKELPARAM(button.right, menuBarHeight - button.bottom));
+    return true;
+}
+
+void ToolBar::Impl::Place(SIZE menuBar, ink::Scale menuBarScale) {
+    if (menuBarScale != scale) {
+        scale = menuBarScale;
+        Dress(menuBar.cy);
+    }
+    const auto left = static_cast<int>(scale.ToScreen(kLeftMargin));
+    const auto top = static_cast<int>(scale.ToScreen(kTopMargin));
+    MoveWindow(bar, left, top, menuBar.cx - left, menuBar.cy - top, TRUE);
+}
+
+bool ToolBar::Impl::AddButtons() {
     std::vector<TBBUTTON> buttons;
     int image = 0;
     for (const ToolBarButton& source : layout.buttons) {
@@ -43,7 +65,7 @@ bool ToolBar::Impl::AddButtons(const ToolBarLayout& layout) {
         button.idCommand = source.command;
         button.fsState = TBSTATE_ENABLED;
         button.fsStyle = source.command == 0 ? BTNS_SEP : BTNS_BUTTON;
-        button.iBitmap = source.command == 0 ? kSeparatorWidth : image++;
+        button.iBitmap = source.command == 0 ? static_cast<int>(scale.ToScreen(kSeparatorWidth)) : image++;
         buttons.push_back(button);
         if (source.command != 0 && source.title) toolTips.push_back({source.command, source.title});
     }
@@ -51,7 +73,8 @@ bool ToolBar::Impl::AddButtons(const ToolBarLayout& layout) {
 }
 
 bool ToolBar::Impl::UseImages(const Image& picture) {
-    windows::OwnedImageList fresh = windows::MaskedImages(picture, imageWidth, imageHeight, kTransparent);
+    windows::OwnedImageList fresh =
+        windows::MaskedImages(picture, layout.imageWidth, layout.imageHeight, kTransparent);
     if (!fresh) return false;
     SendMessageW(bar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(fresh.get()));
     InvalidateRect(bar, nullptr, TRUE);

@@ -102,7 +102,7 @@ TEST_F(WindowContract, ShownPixels) {
     const Image image = Image::Make(64, 64);
     for (int y = 0; y < 64; ++y)
         std::fill_n(image.Surface().Row(y), 64, 0x00102000u + static_cast<uint32_t>(y));
-    const Step showPart = [&] { screen_.Show(image, {10, 10, 500, 500}); };
+    const Step showPart = [&] { screen_.ShowPixels(image, {10, 10, 500, 500}); };
     const Step showAt = [&] { screen_.ShowAt(image, {40, -1}); };
     const Step invert = [&] { screen_.InvertPixels({10, 13, 12, 14}); };
     Run({showPart, ExpectPixel({10, 10}, 0x0010200A), ExpectPixel({63, 63}, 0x0010203F),
