@@ -7,9 +7,11 @@
 
 namespace platform::windows {
 
-// A dialog template of the program's resources, with text as large as INKWRIGHT_SCALE asks for: dialogs are
-// measured in their font, so all that is in them grows with it. The system itself enlarges them as the
-// monitor asks for.
+// Gives a dialog that is still to be made text as large as INKWRIGHT_SCALE asks for: dialogs are measured in
+// their font, so all that is in them grows with it. The system itself enlarges them as the monitor asks for.
+void EnlargeDialog(DLGTEMPLATE& source);
+
+// A dialog template of the program's resources, enlarged so.
 class DialogSource {
   public:
     // Null for an id that the resources lack.

@@ -35,7 +35,8 @@ PROPSHEETPAGEW SourceOf(PropertyPage& page, const windows::DialogSource& dialog)
     return source;
 }
 
-int CALLBACK SheetEvent(HWND sheet, UINT event, LPARAM) {
+int CALLBACK SheetEvent(HWND sheet, UINT event, LPARAM lParam) {
+    if (event == PSCB_PRECREATE) windows::EnlargeDialog(*reinterpret_cast<DLGTEMPLATE*>(lParam));
     if (event == PSCB_INITIALIZED) windows::Centre(sheet);
     return 0;
 }

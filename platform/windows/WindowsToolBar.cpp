@@ -10,9 +10,10 @@ namespace {
 
 // Page pixels.
 constexpr int kSeparatorWidth = 6;
-constexpr int kButtonMargin = 6;  // both sides of an image together
 constexpr int kLeftMargin = 2;
 constexpr int kTopMargin = 1;
+constexpr int kPaddingAcross = 7;  // around images, what the control itself takes on small screens
+constexpr int kPaddingAlong = 6;
 constexpr int kBarEdges = 3;  // of the menu bar's rows, what the buttons leave
 constexpr COLORREF kTransparent = RGB(192, 192, 192);
 
@@ -40,8 +41,10 @@ bool ToolBar::Impl::Create(HWND menuBar, const ToolBarLayout& source, ink::Scale
 bool ToolBar::Impl::Dress(int menuBarHeight) {
     const Image picture = Image::FromResource(layout.bitmapId, scale);
     const RECT image = windows::ToDesktop({0, 0, layout.imageWidth, layout.imageHeight}, picture.PageScale());
-    const RECT button = windows::ToDesktop({0, 0, layout.imageWidth + kButtonMargin, kBarEdges}, scale);
+    const RECT button = windows::ToDesktop({0, 0, layout.imageWidth + kPaddingAcross, kBarEdges}, scale);
+    const RECT padding = windows::ToDesktop({0, 0, kPaddingAcross, kPaddingAlong}, scale);
     SendMessageW(bar, TB_SETBITMAPSIZE, 0, MAKELPARAM(image.right, image.bottom));
+    SendMessageW(bar, TB_SETPADDING, 0, MAKELPARAM(padding.right, padding.bottom));
     if (!picture.IsValid() || !UseImages(picture)) return false;
     SendMessageW(bar, TB_SETBUTTONSIZE, 0, MAKELPARAM(button.right, menuBarHeight - button.bottom));
     return true;
