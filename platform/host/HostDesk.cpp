@@ -122,9 +122,18 @@ void HostDesk::TurnWheel(int notches) {
     for (int i = 0; i < std::abs(notches); ++i) window.OnScroll(code, 0);
 }
 
+void HostDesk::Rescale(ink::Scale to) {
+    scale = to;
+    SizeTop();
+}
+
 void HostDesk::Resize(ScreenSize size) {
     sizesScreens = true;
     screen = size;
+    SizeTop();
+}
+
+void HostDesk::SizeTop() {
     auto& window = dynamic_cast<Screen&>(Target());
     if (!window.Handle()->OpenScreen()) return;
     window.OnSize();

@@ -48,6 +48,7 @@ class HostDesk {
     void OpenFrameMenu();                // answered like a pop-up menu
     void TurnWheel(int notches);         // up when positive
     void Resize(ScreenSize size);        // the screen on top, and those that open later
+    void Rescale(ink::Scale to);         // likewise
     void PrivateMessage(uint32_t code, intptr_t payload = 0);
     void Type(int item, const std::wstring& text);
     void Choose(int item, int index);   // in a drop-down list
@@ -95,6 +96,7 @@ class HostDesk {
 
   private:
     Window& Target();
+    void SizeTop();
     static void TakeOver(Window& window);
 
     std::deque<std::function<void()>> steps_;

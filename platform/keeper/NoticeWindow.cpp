@@ -63,10 +63,10 @@ struct Looks {
 HWND AddControl(HWND parent, const wchar_t* kind, const std::wstring& text, DWORD style, const Rect& place,
                 int id, const Looks& looks) {
     const RECT area = ToDesktop(place, looks.scale);
-    const HWND control = CreateWindowExW(
-        0, kind, text.c_str(), WS_CHILD | WS_VISIBLE | style, area.left, area.top, area.right - area.left,
-        area.bottom - area.top, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-        GetModuleHandleW(nullptr), nullptr);
+    const HWND control = CreateWindowExW(0, kind, text.c_str(), WS_CHILD | WS_VISIBLE | style, area.left,
+                                         area.top, area.right - area.left, area.bottom - area.top, parent,
+                                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                                         GetModuleHandleW(nullptr), nullptr);
     SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(looks.font.get()), TRUE);
     return control;
 }
