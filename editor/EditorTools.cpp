@@ -52,8 +52,8 @@ const platform::ToolBarLayout& EditorToolBarLayout() {
     return layout;
 }
 
-void ShowPenColors(platform::ToolBar& tools, const RecentColors& colors, ink::Scale scale) {
-    const platform::Image images = platform::Image::FromResource(IDB_EDITOR_TOOLS, scale);
+void ShowPenColors(platform::ToolBar& tools, const RecentColors& colors) {
+    const platform::Image images = tools.Images();
     if (images.IsValid()) {
         for (int i = 0; i < 4; ++i) FillSwatch(images, kFirstSwatch + i, colors[static_cast<size_t>(i)]);
         tools.SetImages(images);

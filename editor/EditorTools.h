@@ -3,7 +3,6 @@
 #include <array>
 
 #include "ink/Color.h"
-#include "ink/Scale.h"
 #include "platform/ToolBar.h"
 
 namespace editor {
@@ -13,8 +12,8 @@ using RecentColors = std::array<ink::ColorRef, 5>;
 // The editor's tool bar: buttons in order with their titles.
 const platform::ToolBarLayout& EditorToolBarLayout();
 
-// Shows the four most recent colours on the pen buttons, as fine as `scale`.
-void ShowPenColors(platform::ToolBar& tools, const RecentColors& colors, ink::Scale scale);
+// Shows the four most recent colours on the pen buttons.
+void ShowPenColors(platform::ToolBar& tools, const RecentColors& colors);
 
 // Checks one of the tools that exclude each other and unchecks the rest.
 void CheckTool(platform::ToolBar& tools, int command);

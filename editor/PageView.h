@@ -23,7 +23,6 @@ class PageView {
     // From the next drawing on, rows whose ink goes on to the right of the view have a mark at its edge.
     void MarkInkBeyond(bool isMarked) { marksInkBeyond_ = isMarked; }
 
-    ink::Scale PageScale() const { return image_.PageScale(); }
     // By how many page pixels the pen's ink reaches beyond its points.
     int32_t Reach() const { return painter_.Reach(); }
 

@@ -59,11 +59,11 @@ void HeaderBar::Draw(int width, ink::Scale scale) {
     if (!picture_.IsValid()) return;
     platform::Canvas canvas(picture_);
     const platform::Rect all{0, 0, width, height};
-    canvas.Fill(all, platform::ColorOf(SystemColor::ButtonFace));
-    canvas.Fill({0, height - 1, width, height}, platform::ColorOf(SystemColor::WindowFrame));
+    canvas.Fill(all, platform::ColorOf(SystemColor::BarFace));
+    canvas.Fill({0, height - 1, width, height}, platform::ColorOf(SystemColor::BarEdge));
     const platform::Rect size = platform::Canvas::TextSize(text_, kFont, scale);
     const platform::Point place{width - kRightMargin - size.right, (height - size.bottom) / 2 - 1};
-    canvas.Text(text_, place, kFont, platform::ColorOf(SystemColor::ButtonText), all);
+    canvas.Text(text_, place, kFont, platform::ColorOf(SystemColor::BarText), all);
 }
 
 }  // namespace manager

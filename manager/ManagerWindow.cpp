@@ -43,6 +43,7 @@ bool ManagerWindow::OnCreate() {
     const platform::WaitCursor wait;
     SetTitle(L"Inkwright");
     CreateMenuBar(ManagerToolBarLayout());
+    NameClient(L"Calendar");
     ReadImages();
     if (!treePane_.Create(*this, *this)) {
         platform::ShowOutOfMemory(this);

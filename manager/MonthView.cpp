@@ -14,6 +14,7 @@ namespace {
 using platform::Canvas;
 using platform::Point;
 using platform::Rect;
+using platform::SystemColor;
 
 constexpr platform::Font kTitleFont{100, true};
 constexpr platform::Font kWideDaysFont{90, false};
@@ -23,6 +24,15 @@ constexpr ink::ColorRef kDark = ink::MakeColor(32, 32, 32);
 constexpr ink::ColorRef kWhite = ink::MakeColor(255, 255, 255);
 constexpr ink::ColorRef kGrey = ink::MakeColor(192, 192, 192);
 constexpr ink::ColorRef kBlack = 0;
+
+// The month's own colours, or the system's that stand for them.
+ink::ColorRef ColorOr(ink::ColorRef own, SystemColor system) {
+    return platform::HasHighContrast() ? platform::ColorOf(system) : own;
+}
+ink::ColorRef HeadColor() { return ColorOr(kDark, SystemColor::ButtonFace); }
+ink::ColorRef HeadTextColor() { return ColorOr(kWhite, SystemColor::ButtonText); }
+ink::ColorRef CursorColor() { return ColorOr(kDark, SystemColor::WindowText); }
+
 constexpr int kMarkRight = 17;
 constexpr int kMarkBottom = 16;
 
@@ -35,7 +45,7 @@ void DrawCentred(const platform::Image& picture, const std::wstring& text, const
     const Rect size = Canvas::TextSize(text, font, picture.PageScale());
     const Point place{area.left + (area.Width() - size.right) / 2,
                       area.top + (area.Height() - size.bottom) / 2};
-    Canvas(picture).Text(text, place, font, kWhite, area);
+    Canvas(picture).Text(text, place, font, HeadTextColor(), area);
 }
 
 // Names of two characters or more ask for the narrower font: their count includes the terminator.
@@ -100,10 +110,10 @@ void MonthView::DrawTitle() {
     Canvas canvas(picture_);
     titleHeight_ = RowHeight(kTitleFont, picture_.PageScale());
     const Rect row{0, 0, picture_.Width(), titleHeight_};
-    canvas.Fill(row, kDark);
+    canvas.Fill(row, HeadColor());
     const std::wstring text = platform::YearAndMonth(grid_.Year(), grid_.Month()) + L"  ";
     const Rect size = Canvas::TextSize(text, kTitleFont, picture_.PageScale());
-    canvas.Text(text, {row.right - size.right, (row.bottom - size.bottom) / 2}, kTitleFont, kWhite, row);
+    canvas.Text(text, {row.right - size.right, (row.bottom - size.bottom) / 2}, kTitleFont, HeadTextColor(), row);
 }
 
 void MonthView::DrawWeekdays() {
@@ -111,7 +121,7 @@ void MonthView::DrawWeekdays() {
     const platform::Font font = WeekdayFont();
     gridTop_ = titleHeight_ + RowHeight(font, picture_.PageScale());
     const int width = picture_.Width();
-    canvas.Fill({0, titleHeight_, width, gridTop_}, kDark);
+    canvas.Fill({0, titleHeight_, width, gridTop_}, HeadColor());
     for (int i = 0; i < MonthGrid::kColumns; ++i) {
         const Rect column{width * i / MonthGrid::kColumns, titleHeight_,
                           width * (i + 1) / MonthGrid::kColumns, gridTop_};
@@ -125,7 +135,7 @@ void MonthView::DrawCell(int row, int column) {
     const MonthGrid::Cell& cell = grid_.At(row, column);
     const Rect area = CellRect(row, column);
     const bool isShownMonth = cell.monthOffset == 0;
-    canvas.Fill(area, isShownMonth ? kWhite : kGrey);
+    canvas.Fill(area, isShownMonth ? ColorOr(kWhite, SystemColor::Window) : ColorOr(kGrey, SystemColor::ButtonFace));
     if (isShownMonth && ShowsCurrentMonth() && cell.day == today_.day) {
         canvas.Draw(images_, kTodayImage, {area.right - kMarkRight, area.top + 1});
     }
@@ -133,7 +143,9 @@ void MonthView::DrawCell(int row, int column) {
         canvas.Draw(images_, IsPast(cell) ? kPastDayImage : kComingDayImage,
                     {area.right - kMarkRight, area.bottom - kMarkBottom});
     }
-    canvas.Text(std::to_wstring(cell.day), {area.left + 5, area.top + 1}, kCellFont, kBlack, area);
+    canvas.Text(std::to_wstring(cell.day), {area.left + 5, area.top + 1}, kCellFont,
+                isShownMonth ? ColorOr(kBlack, SystemColor::WindowText) : ColorOr(kBlack, SystemColor::ButtonText),
+                area);
 }
 
 bool MonthView::IsPast(const MonthGrid::Cell& cell) const {
@@ -161,10 +173,10 @@ void MonthView::DrawCursor(int cell) {
     Canvas canvas(picture_);
     const Rect area = CellRect(cell / MonthGrid::kColumns, cell % MonthGrid::kColumns);
     const Rect inner = Inflate(area, -2, -2);
-    canvas.Fill({area.left + 1, area.top + 1, area.right, inner.top + 1}, kDark);
-    canvas.Fill({area.left + 1, inner.bottom, area.right, area.bottom}, kDark);
-    canvas.Fill({area.left + 1, area.top + 1, inner.left + 1, area.bottom}, kDark);
-    canvas.Fill({inner.right, area.top + 1, area.right, area.bottom}, kDark);
+    canvas.Fill({area.left + 1, area.top + 1, area.right, inner.top + 1}, CursorColor());
+    canvas.Fill({area.left + 1, inner.bottom, area.right, area.bottom}, CursorColor());
+    canvas.Fill({area.left + 1, area.top + 1, inner.left + 1, area.bottom}, CursorColor());
+    canvas.Fill({inner.right, area.top + 1, area.right, area.bottom}, CursorColor());
 }
 
 }  // namespace manager

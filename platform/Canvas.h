@@ -18,8 +18,13 @@ struct Font {
     bool bold = false;
 };
 
-enum class SystemColor { ButtonFace, ButtonText, WindowFrame };
+// Colours of dialogs and panes, and of the bars around them, which are dark where the user wants dark
+// surroundings.
+enum class SystemColor { ButtonFace, ButtonText, WindowFrame, Window, WindowText, BarFace, BarText, BarEdge };
 ink::ColorRef ColorOf(SystemColor color);
+// The user has asked for few colours that stand out from each other: all that is drawn but ink and paper is
+// then drawn in the system's colours.
+bool HasHighContrast();
 
 // Small pictures side by side in one bitmap resource, with a transparent colour. Move-only.
 class ImageList {

@@ -41,8 +41,11 @@ class Screen : public Window {
 
     // Whether the user may size it.
     bool CanBeSized() const;
-    // The client area has another size, or another scale as on another monitor.
+    // The client area has another size, or another scale as on another monitor; or the system's colours have
+    // changed. What is drawn is to be drawn anew.
     virtual void OnSize() {}
+    // What the client area is, for screen readers.
+    void NameClient(const std::wstring& name);
     // Over the whole monitor without a caption, and back; not with a fixed size.
     void ToggleFullScreen();
 

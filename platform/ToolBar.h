@@ -27,8 +27,11 @@ class ToolBar {
     ToolBar();
     ~ToolBar();
 
-    // Replaces all button images at once by those of an image from the layout's resource. To be called again
-    // when the scale has changed; without this the tool bar follows by itself.
+    // The button images as the bar shows them now, fit for its scale and its colour, and without what
+    // SetImages brought.
+    Image Images() const;
+    // Replaces all button images at once by others of the same shape. When the Screen has another scale or
+    // other colours (OnSize) the bar has taken its own images again.
     void SetImages(const Image& images);
     void SetChecked(int command, bool checked);
     void SetPressed(int command, bool pressed);

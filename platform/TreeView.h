@@ -50,7 +50,9 @@ class TreeView {
         virtual void OnTreeHold(TreeItem /*item*/, Point /*place*/) {}
     };
 
-    bool Create(Window& parent, int id, const Rect& place, const Images& images, Events& events);
+    // `name` tells screen readers what the tree is.
+    bool Create(Window& parent, int id, const Rect& place, const Images& images, Events& events,
+                const std::wstring& name = {});
     void Place(const Rect& place);
     void SetVisible(bool visible);
     void Focus();

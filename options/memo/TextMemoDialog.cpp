@@ -93,7 +93,7 @@ bool TextMemoDialog::OnCreate() {
     DrawPicture();
     const bool wordWrap = store::Settings::Number(store::SettingId::TextMemoWordWrap) != 0;
     CheckItem(IDC_WORD_WRAP, wordWrap);
-    if (!MakeTextEdit(IDC_MEMO_TEXT, kEditPlace, wordWrap)) {
+    if (!MakeEdit(wordWrap)) {
         platform::ShowOutOfMemory(this);
         EndModal(platform::kIdCancel);
         return false;
@@ -104,6 +104,12 @@ bool TextMemoDialog::OnCreate() {
     FocusItem(IDC_MEMO_TEXT);
     platform::ShowInputPanel(true);
     return true;
+}
+
+bool TextMemoDialog::MakeEdit(bool wordWrap) {
+    const bool isMade = MakeTextEdit(IDC_MEMO_TEXT, kEditPlace, wordWrap);
+    NameItem(IDC_MEMO_TEXT, L"Text Memo");
+    return isMade;
 }
 
 // A control that can't take all of the text shows none of it: saving a part would lose the rest.
@@ -151,7 +157,7 @@ void TextMemoDialog::OnCommand(int id) {
 void TextMemoDialog::ToggleWordWrap() {
     const platform::WaitCursor wait;
     const bool wordWrap = IsItemChecked(IDC_WORD_WRAP);
-    if (!MakeTextEdit(IDC_MEMO_TEXT, kEditPlace, wordWrap)) {
+    if (!MakeEdit(wordWrap)) {
         CheckItem(IDC_WORD_WRAP, !wordWrap);
         platform::ShowOutOfMemory(this);
         return;

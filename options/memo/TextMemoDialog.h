@@ -37,6 +37,7 @@ class TextMemoDialog : public platform::Dialog {
     void OnEditHold(int id, platform::Point place) override;
 
   private:
+    bool MakeEdit(bool wordWrap);
     void Fill();
     void DrawPicture();
     void Save();

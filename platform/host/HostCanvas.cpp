@@ -4,6 +4,7 @@
 
 #include "platform/Artwork.h"
 #include "platform/Canvas.h"
+#include "platform/host/HostDevice.h"
 #include "platform/host/HostImage.h"
 #include "platform/host/HostResources.h"
 
@@ -41,14 +42,22 @@ ImageList ImageList::FromResource(int bitmapId, int imageSize, ink::ColorRef mas
 ink::ColorRef ColorOf(SystemColor color) {
     switch (color) {
         case SystemColor::ButtonFace:
+        case SystemColor::BarFace:
             return ink::MakeColor(240, 240, 240);
-        case SystemColor::ButtonText:
-            return 0;
+        case SystemColor::Window:
+            return ink::MakeColor(255, 255, 255);
         case SystemColor::WindowFrame:
+        case SystemColor::BarEdge:
             return ink::MakeColor(100, 100, 100);
+        case SystemColor::ButtonText:
+        case SystemColor::WindowText:
+        case SystemColor::BarText:
+            break;
     }
     return 0;
 }
+
+bool HasHighContrast() { return host::HostDevice::Current().desk.highContrast; }
 
 void Canvas::Fill(const Rect& area, ink::ColorRef color) {
     const ink::PixelSurface surface = image_.Surface();

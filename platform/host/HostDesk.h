@@ -78,6 +78,7 @@ class HostDesk {
     int outOfMemoryBoxes = 0;
     int waitCursorDepth = 0;
     int waitCursors = 0;  // how often it came up
+    bool highContrast = false;
     bool menuBarFails = false;
     bool workersFail = false;
     bool textEditsFail = false;  // Dialog::MakeTextEdit finds no memory

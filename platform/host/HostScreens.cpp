@@ -24,6 +24,10 @@ int CannotOpen() {
 ToolBar::ToolBar() = default;
 ToolBar::~ToolBar() = default;
 
+Image ToolBar::Images() const {
+    return impl_ == nullptr ? Image() : Image::FromResource(impl_->bitmapId, HostDevice::Current().desk.scale);
+}
+
 void ToolBar::SetImages(const Image& images) {
     if (impl_ == nullptr) return;
     const ink::PixelSurface surface = images.Surface();
@@ -70,6 +74,7 @@ bool Window::Impl::OpenScreen() {
 
 bool Screen::CanBeSized() const { return HostDevice::Current().desk.sizesScreens; }
 void Screen::ToggleFullScreen() {}
+void Screen::NameClient(const std::wstring& name) { impl_->name = name; }
 
 void Screen::AddToFrameMenu(int command, const std::wstring& text) {
     impl_->frameMenu.push_back({command, text, true, nullptr});
@@ -78,6 +83,7 @@ void Screen::AddToFrameMenu(int command, const std::wstring& text) {
 bool Screen::CreateMenuBar(const ToolBarLayout& layout) {
     if (!Exists() || HostDevice::Current().desk.menuBarFails) return false;
     tools_.Handle() = std::make_unique<ToolBar::Impl>();
+    tools_.Handle()->bitmapId = layout.bitmapId;
     for (const ToolBarButton& button : layout.buttons) {
         if (button.command != 0) tools_.Handle()->buttons[button.command] = {};
     }

@@ -24,6 +24,7 @@ struct HostItem {
     host::TemplateItem source;
     std::wstring text;
     bool enabled = true;
+    std::wstring name;  // for screen readers
     DateTime moment;
     bool checked = false;
     std::vector<std::wstring> choices;
@@ -46,6 +47,7 @@ struct Window::Impl {
     bool takenOver = false;  // another copy takes this one's place
     int result = -1;
     std::wstring title;
+    std::wstring name;  // of the client area
     Image shown;  // what the client area shows
     bool needsPaint = false;
     bool hasScrollBar = false;

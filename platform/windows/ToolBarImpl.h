@@ -23,7 +23,10 @@ struct ToolBar::Impl {
     bool Create(HWND menuBar, const ToolBarLayout& source, ink::Scale menuBarScale);
     // The menu bar has another size or scale.
     void Place(SIZE menuBar, ink::Scale menuBarScale);
+    Image Images() const;
     bool UseImages(const Image& picture);
+    // Takes its own images again, as large and as light as they now have to be.
+    void Follow(SIZE menuBar);
     void GiveToolTip(NMHDR& request) const;
 
     void SetState(int command, BYTE bit, bool on);

@@ -68,18 +68,6 @@ ImageList ImageList::FromResource(int bitmapId, int imageSize, ink::ColorRef mas
     return result;
 }
 
-ink::ColorRef ColorOf(SystemColor color) {
-    switch (color) {
-        case SystemColor::ButtonFace:
-            return GetSysColor(COLOR_BTNFACE);
-        case SystemColor::ButtonText:
-            return GetSysColor(COLOR_BTNTEXT);
-        case SystemColor::WindowFrame:
-            return GetSysColor(COLOR_WINDOWFRAME);
-    }
-    return 0;
-}
-
 void Canvas::Fill(const Rect& area, ink::ColorRef color) {
     const ink::PixelSurface surface = image_.Surface();
     const Rect inside = Intersect(image_.PageScale().ToSurface(area), surface.Bounds());

@@ -6,6 +6,7 @@
 #include "platform/windows/HandheldPlace.h"
 #include "platform/windows/ModalRun.h"
 #include "platform/windows/MonthTaps.h"
+#include "platform/windows/ReaderNames.h"
 #include "platform/windows/ScreenScale.h"
 #include "platform/windows/SystemTimes.h"
 
@@ -67,6 +68,10 @@ void Dialog::EnableItem(int id, bool enabled) {
     // A disabled control that kept the focus would swallow Esc and Tab.
     if (!enabled && GetFocus() == item) SendMessageW(impl_->frame, WM_NEXTDLGCTL, 0, FALSE);
     EnableWindow(item, enabled);
+}
+
+void Dialog::NameItem(int id, const std::wstring& name) {
+    windows::NameForReaders(Item(impl_->frame, id), name);
 }
 
 // The dialog manager moves the default button's mark along only when it is asked to move the focus itself.

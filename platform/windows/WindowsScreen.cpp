@@ -1,9 +1,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/Canvas.h"
 #include "platform/Screen.h"
 #include "platform/windows/HandheldPlace.h"
+#include "platform/windows/Looks.h"
 #include "platform/windows/ModalRun.h"
+#include "platform/windows/ReaderNames.h"
 #include "platform/windows/ScreenScale.h"
 #include "platform/windows/ToolBarImpl.h"
 #include "platform/windows/TreeViewImpl.h"
@@ -107,12 +110,22 @@ void ChangeScale(Screen& screen, UINT dots, const RECT& frame) {
     screen.Invalidate();
 }
 
+void FollowColors(Screen& screen) {
+    Window::Impl& state = *screen.Handle();
+    const HWND strip = FindWindowExW(state.frame, nullptr, kMenuBarClass, nullptr);
+    ColorFrame(state.frame);
+    if (screen.Tools().Handle()) screen.Tools().Handle()->Follow(ClientSizeOf(strip));
+    if (!state.ended) Guarded(screen, [&] { screen.OnSize(); });
+    RedrawWindow(state.frame, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
 LRESULT CALLBACK FrameProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_GETMINMAXINFO) LimitSizes(handle, lParam);
     if (message == WM_NCCREATE) RememberWindow(handle, lParam);
     Window* window = WindowOf(handle);
     if (!window) return DefWindowProcW(handle, message, wParam, lParam);
     Window::Impl& state = *window->Handle();
+    if (TellsOfColors(message, lParam) && state.page) FollowColors(static_cast<Screen&>(*window));
     switch (message) {
         case WM_GETMINMAXINFO:
             return 0;
@@ -185,13 +198,33 @@ LRESULT CALLBACK PageProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM 
     return DefWindowProcW(handle, message, wParam, lParam);
 }
 
+void EraseMenuBar(HWND strip, HDC dc) {
+    RECT area{};
+    GetClientRect(strip, &area);
+    SetDCBrushColor(dc, ColorOf(SystemColor::BarFace));
+    FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
+// The tool bar is as dark as the menu bar below it.
+bool LeavesErasing(const NMHDR& notice) {
+    const auto& drawing = reinterpret_cast<const NMTBCUSTOMDRAW&>(notice).nmcd;
+    if (notice.code != NM_CUSTOMDRAW || drawing.dwDrawStage != CDDS_PREERASE || !WantsDark()) return false;
+    EraseMenuBar(notice.hwndFrom, drawing.hdc);
+    return true;
+}
+
 LRESULT CALLBACK MenuBarProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_ERASEBKGND) {
+        EraseMenuBar(handle, reinterpret_cast<HDC>(wParam));
+        return 1;
+    }
     if (message == WM_NCCREATE) RememberWindow(handle, lParam);
     auto* screen = static_cast<Screen*>(WindowOf(handle));
     if (screen && message == WM_COMMAND && DispatchEvent(*screen, handle, message, wParam, lParam)) return 0;
     if (screen && message == WM_NOTIFY && screen->Tools().Handle()) {
-        screen->Tools().Handle()->GiveToolTip(*reinterpret_cast<NMHDR*>(lParam));
-        return 0;
+        auto& notice = *reinterpret_cast<NMHDR*>(lParam);
+        screen->Tools().Handle()->GiveToolTip(notice);
+        return LeavesErasing(notice) ? CDRF_SKIPDEFAULT : CDRF_DODEFAULT;
     }
     return DefWindowProcW(handle, message, wParam, lParam);
 }
@@ -199,8 +232,7 @@ LRESULT CALLBACK MenuBarProcedure(HWND handle, UINT message, WPARAM wParam, LPAR
 bool RegisterClasses() {
     return RegisterWindowClass(kScreenClass, FrameProcedure, 0, nullptr) &&
            RegisterWindowClass(kPageClass, PageProcedure, CS_OWNDC, nullptr) &&
-           RegisterWindowClass(kMenuBarClass, MenuBarProcedure, 0,
-                               reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
+           RegisterWindowClass(kMenuBarClass, MenuBarProcedure, 0, nullptr);
 }
 
 void SetIcon(HWND frame, WPARAM which, int widthMetric, int heightMetric) {
@@ -245,6 +277,7 @@ bool CreateWindows(Screen& screen, const std::wstring& kind, bool withScrollBar,
     if (!RegisterClasses() || !CreateFrame(screen, kind, owner)) return false;
     Window::Impl& state = *screen.Handle();
     Window* object = &screen;
+    ColorFrame(state.frame);
     SetIcon(state.frame, ICON_BIG, SM_CXICON, SM_CYICON);
     SetIcon(state.frame, ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
 
@@ -292,6 +325,8 @@ int Screen::RunModal(Window* owner) {
 }
 
 bool Screen::CanBeSized() const { return impl_->sizing != nullptr; }
+
+void Screen::NameClient(const std::wstring& name) { windows::NameForReaders(impl_->page, name); }
 
 void Screen::ToggleFullScreen() {
     if (impl_->sizing && impl_->frame) impl_->sizing->ToggleFullScreen(impl_->frame);

@@ -1,5 +1,7 @@
+#include "platform/DarkBars.h"
 #include "platform/Screen.h"
 #include "platform/windows/ImageImpl.h"
+#include "platform/windows/Looks.h"
 #include "platform/windows/ScreenScale.h"
 #include "platform/windows/ToolBarImpl.h"
 #include "platform/windows/WindowImpl.h"
@@ -30,6 +32,7 @@ bool ToolBar::Impl::Create(HWND menuBar, const ToolBarLayout& source, ink::Scale
     RECT strip{};
     GetClientRect(menuBar, &strip);
     SendMessageW(bar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+    SendMessageW(bar, TB_SETMAXTEXTROWS, 0, 0);
     if (!Dress(strip.bottom) || !AddButtons()) {
         DestroyWindow(bar);
         return false;
@@ -39,7 +42,7 @@ bool ToolBar::Impl::Create(HWND menuBar, const ToolBarLayout& source, ink::Scale
 }
 
 bool ToolBar::Impl::Dress(int menuBarHeight) {
-    const Image picture = Image::FromResource(layout.bitmapId, scale);
+    const Image picture = Images();
     const RECT image = windows::ToDesktop({0, 0, layout.imageWidth, layout.imageHeight}, picture.PageScale());
     const RECT button = windows::ToDesktop({0, 0, layout.imageWidth + kPaddingAcross, kBarEdges}, scale);
     const RECT padding = windows::ToDesktop({0, 0, kPaddingAcross, kPaddingAlong}, scale);
@@ -49,6 +52,14 @@ bool ToolBar::Impl::Dress(int menuBarHeight) {
     SendMessageW(bar, TB_SETBUTTONSIZE, 0, MAKELPARAM(button.right, menuBarHeight - button.bottom));
     return true;
 }
+
+Image ToolBar::Impl::Images() const {
+    Image picture = Image::FromResource(layout.bitmapId, scale);
+    if (picture.IsValid() && windows::WantsDark()) LightenPictures(picture.Surface(), kTransparent);
+    return picture;
+}
+
+void ToolBar::Impl::Follow(SIZE menuBar) { Dress(menuBar.cy); }
 
 void ToolBar::Impl::Place(SIZE menuBar, ink::Scale menuBarScale) {
     if (menuBarScale != scale) {
@@ -70,6 +81,8 @@ bool ToolBar::Impl::AddButtons() {
         button.fsStyle = source.command == 0 ? BTNS_SEP : BTNS_BUTTON;
         button.iBitmap = source.command == 0 ? static_cast<int>(scale.ToScreen(kSeparatorWidth)) : image++;
         buttons.push_back(button);
+        // Not shown, but read out.
+        button.iString = reinterpret_cast<INT_PTR>(source.title ? source.title : L"");
         if (source.command != 0 && source.title) toolTips.push_back({source.command, source.title});
     }
     return SendMessageW(bar, TB_ADDBUTTONSW, buttons.size(), reinterpret_cast<LPARAM>(buttons.data())) != 0;
@@ -104,6 +117,8 @@ void ToolBar::Impl::SetState(int command, BYTE bit, bool on) {
 
 ToolBar::ToolBar() = default;
 ToolBar::~ToolBar() = default;
+
+Image ToolBar::Images() const { return impl_ ? impl_->Images() : Image(); }
 
 void ToolBar::SetImages(const Image& images) {
     if (impl_ && images.IsValid()) impl_->UseImages(images);

@@ -2,6 +2,7 @@
 #include <vector>
 
 #include "platform/windows/ImageImpl.h"
+#include "platform/windows/ReaderNames.h"
 #include "platform/windows/ScreenScale.h"
 #include "platform/windows/TreeViewImpl.h"
 #include "platform/windows/WindowImpl.h"
@@ -147,11 +148,14 @@ TreeView::~TreeView() {
     if (impl_->tree) DestroyWindow(impl_->tree);
 }
 
-bool TreeView::Create(Window& parent, int id, const Rect& place, const Images& images, Events& events) {
+bool TreeView::Create(Window& parent, int id, const Rect& place, const Images& images, Events& events,
+                      const std::wstring& name) {
     impl_->events = &events;
     impl_->frozen = 0;
     impl_->visible = true;
-    return impl_->Create(parent, id, place, images);
+    if (!impl_->Create(parent, id, place, images)) return false;
+    windows::NameForReaders(impl_->tree, name);
+    return true;
 }
 
 void TreeView::Place(const Rect& place) {
