@@ -113,7 +113,8 @@ void MonthView::DrawTitle() {
     canvas.Fill(row, HeadColor());
     const std::wstring text = platform::YearAndMonth(grid_.Year(), grid_.Month()) + L"  ";
     const Rect size = Canvas::TextSize(text, kTitleFont, picture_.PageScale());
-    canvas.Text(text, {row.right - size.right, (row.bottom - size.bottom) / 2}, kTitleFont, HeadTextColor(), row);
+    canvas.Text(text, {row.right - size.right, (row.bottom - size.bottom) / 2}, kTitleFont, HeadTextColor(),
+                row);
 }
 
 void MonthView::DrawWeekdays() {
@@ -135,7 +136,8 @@ void MonthView::DrawCell(int row, int column) {
     const MonthGrid::Cell& cell = grid_.At(row, column);
     const Rect area = CellRect(row, column);
     const bool isShownMonth = cell.monthOffset == 0;
-    canvas.Fill(area, isShownMonth ? ColorOr(kWhite, SystemColor::Window) : ColorOr(kGrey, SystemColor::ButtonFace));
+    canvas.Fill(
+        area, isShownMonth ? ColorOr(kWhite, SystemColor::Window) : ColorOr(kGrey, SystemColor::ButtonFace));
     if (isShownMonth && ShowsCurrentMonth() && cell.day == today_.day) {
         canvas.Draw(images_, kTodayImage, {area.right - kMarkRight, area.top + 1});
     }
@@ -143,9 +145,10 @@ void MonthView::DrawCell(int row, int column) {
         canvas.Draw(images_, IsPast(cell) ? kPastDayImage : kComingDayImage,
                     {area.right - kMarkRight, area.bottom - kMarkBottom});
     }
-    canvas.Text(std::to_wstring(cell.day), {area.left + 5, area.top + 1}, kCellFont,
-                isShownMonth ? ColorOr(kBlack, SystemColor::WindowText) : ColorOr(kBlack, SystemColor::ButtonText),
-                area);
+    canvas.Text(
+        std::to_wstring(cell.day), {area.left + 5, area.top + 1}, kCellFont,
+        isShownMonth ? ColorOr(kBlack, SystemColor::WindowText) : ColorOr(kBlack, SystemColor::ButtonText),
+        area);
 }
 
 bool MonthView::IsPast(const MonthGrid::Cell& cell) const {

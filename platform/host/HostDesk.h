@@ -79,6 +79,7 @@ class HostDesk {
     int waitCursorDepth = 0;
     int waitCursors = 0;  // how often it came up
     bool highContrast = false;
+    bool wantsNames = false;  // an input of a dialog that has no name is a problem
     bool menuBarFails = false;
     bool workersFail = false;
     bool textEditsFail = false;  // Dialog::MakeTextEdit finds no memory
@@ -98,6 +99,7 @@ class HostDesk {
   private:
     Window& Target();
     void SizeTop();
+    void CheckNames(const Window& window);
     static void TakeOver(Window& window);
 
     std::deque<std::function<void()>> steps_;

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "platform/Dialog.h"
 #include "platform/MessageBox.h"
 #include "platform/Popup.h"
@@ -25,7 +27,8 @@ ToolBar::ToolBar() = default;
 ToolBar::~ToolBar() = default;
 
 Image ToolBar::Images() const {
-    return impl_ == nullptr ? Image() : Image::FromResource(impl_->bitmapId, HostDevice::Current().desk.scale);
+    return impl_ == nullptr ? Image()
+                            : Image::FromResource(impl_->bitmapId, HostDevice::Current().desk.scale);
 }
 
 void ToolBar::SetImages(const Image& images) {
@@ -104,8 +107,10 @@ bool Window::Impl::OpenTemplate(int templateId) {
     isDialog = true;
     title = source.caption;
     place = pixels({0, 0, source.width, source.height});
+    std::wstring label;  // names what comes next, as screen readers take it
     for (const host::TemplateItem& item : source.items) {
         HostItem& made = items[item.id] = HostItem();
+        made.name = std::exchange(label, item.kind == L"LTEXT" ? item.text : std::wstring());
         made.source = item;
         made.source.place = pixels(item.place);
         made.text = item.text;

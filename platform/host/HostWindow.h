@@ -48,7 +48,7 @@ struct Window::Impl {
     int result = -1;
     std::wstring title;
     std::wstring name;  // of the client area
-    Image shown;  // what the client area shows
+    Image shown;        // what the client area shows
     bool needsPaint = false;
     bool hasScrollBar = false;
     bool hasPen = false;
