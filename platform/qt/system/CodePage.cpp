@@ -11,6 +11,7 @@
 #include <new>
 
 #include "platform/qt/system/UserFolders.h"
+#include "platform/qt/system/UserLocale.h"
 
 namespace platform::qt {
 
@@ -19,7 +20,7 @@ namespace {
 constexpr int kUsual = 1252;
 // What a page has no character for keeps its byte: in the columns of control characters as that, elsewhere at
 // this distance in the private area.
-constexpr uint32_t kPrivate = 0xF700;
+constexpr uint32_t kPrivate = 0xF800;
 constexpr int kSimplifiedChinese = 936;
 constexpr unsigned char kItsEuro = 0x80;
 constexpr wchar_t kEuro = 0x20AC;
@@ -158,12 +159,7 @@ int CodePageOf(const std::string& locale) {
 
 int UserCodePage() {
     const int told = std::atoi(Environment("INKWRIGHT_CODEPAGE").c_str());
-    if (told > 0) return told;
-    for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
-        const std::string locale = Environment(name);
-        if (!locale.empty()) return CodePageOf(locale);
-    }
-    return kUsual;
+    return told > 0 ? told : CodePageOf(LocaleName("LC_CTYPE"));
 }
 
 bool ToCodePage(int codePage, const std::wstring& text, std::string& bytes) {

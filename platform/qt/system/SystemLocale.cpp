@@ -3,15 +3,24 @@
 #include <QTime>
 
 #include "platform/Locale.h"
+#include "platform/qt/system/UserFolders.h"
 #include "platform/qt/system/UserLocale.h"
 
 namespace platform {
 
 namespace qt {
 
-QLocale UserLocale() {
-    const QLocale system = QLocale::system();
-    return system.language() == QLocale::C ? QLocale(QLocale::English, QLocale::UnitedStates) : system;
+std::string LocaleName(const char* category) {
+    for (const char* const variable : {"LC_ALL", category, "LANG"}) {
+        const std::string name = Environment(variable);
+        if (!name.empty()) return name;
+    }
+    return {};
+}
+
+QLocale UserLocale(const char* category) {
+    const QLocale named(QString::fromStdString(LocaleName(category)));
+    return named.language() == QLocale::C ? QLocale(QLocale::English, QLocale::UnitedStates) : named;
 }
 
 }  // namespace qt
@@ -20,26 +29,31 @@ namespace {
 
 constexpr QChar kNarrowBlank(0x202F);
 
+QLocale TimeLocale() { return qt::UserLocale("LC_TIME"); }
+
 bool IsDate(const DateTime& date) { return IsValidDate(date.year, date.month, date.day); }
 
 QString Format(const DateTime& date, const QString& picture) {
-    return IsDate(date) ? qt::UserLocale().toString(QDate(date.year, date.month, date.day), picture)
-                        : QString();
+    return IsDate(date) ? TimeLocale().toString(QDate(date.year, date.month, date.day), picture) : QString();
 }
 
 // Years are written in full: a note may be older than its reader thinks.
 QString ShortPicture() {
-    QString picture = qt::UserLocale().dateFormat(QLocale::ShortFormat);
+    QString picture = TimeLocale().dateFormat(QLocale::ShortFormat);
     if (!picture.contains(QLatin1String("yyyy"))) picture.replace(QLatin1String("yy"), QLatin1String("yyyy"));
     return picture;
 }
 
-// With seconds, without the zone.
+// With seconds, which the short form lacks, and without the zone of the long one.
 QString TimePicture() {
-    QString picture = qt::UserLocale().timeFormat(QLocale::LongFormat);
-    while (picture.contains(QLatin1Char('t'))) picture.remove(picture.lastIndexOf(QLatin1Char('t')), 1);
-    picture.remove(QLatin1String("()"));
-    picture.remove(QLatin1String("[]"));
+    constexpr char kMinutes[] = "mm";
+    QString picture = TimeLocale().timeFormat(QLocale::ShortFormat);
+    const qsizetype minutes = picture.indexOf(QLatin1String(kMinutes));
+    if (minutes > 0 && picture[minutes - 1].isPunct() && picture[minutes - 1] != QLatin1Char('\'')) {
+        picture.insert(minutes + 2, picture[minutes - 1] + QStringLiteral("ss"));
+    } else {
+        picture = TimeLocale().timeFormat(QLocale::LongFormat).remove(QLatin1Char('t'));
+    }
     return picture.replace(kNarrowBlank, QLatin1Char(' ')).trimmed();
 }
 
@@ -48,7 +62,7 @@ QString TimePicture() {
 std::wstring ShortDate(const DateTime& date) { return Format(date, ShortPicture()).toStdWString(); }
 
 std::wstring LongDate(const DateTime& date) {
-    return Format(date, qt::UserLocale().dateFormat(QLocale::LongFormat)).toStdWString();
+    return Format(date, TimeLocale().dateFormat(QLocale::LongFormat)).toStdWString();
 }
 
 std::wstring DatePicture(const DateTime& date, const wchar_t* picture) {
@@ -59,7 +73,7 @@ std::wstring DatePicture(const DateTime& date, const wchar_t* picture) {
 std::wstring YearAndMonth(int year, int month) {
     const DateTime first{year, month, 0, 1, 0, 0, 0, 0};
     if (!IsDate(first)) return {};
-    const QLocale locale = qt::UserLocale();
+    const QLocale locale = TimeLocale();
     const QString picture = locale.dateFormat(QLocale::LongFormat);
     const qsizetype day = picture.indexOf(QLatin1Char('d'));
     if (picture.startsWith(QLatin1Char('y')) && day > 0)
@@ -68,18 +82,18 @@ std::wstring YearAndMonth(int year, int month) {
 }
 
 std::wstring ShortDayName(int day) {
-    return qt::UserLocale().standaloneDayName(day + 1, QLocale::ShortFormat).toStdWString();
+    return TimeLocale().standaloneDayName(day + 1, QLocale::ShortFormat).toStdWString();
 }
 
-std::wstring DayName(int day) { return qt::UserLocale().standaloneDayName(day + 1).toStdWString(); }
+std::wstring DayName(int day) { return TimeLocale().standaloneDayName(day + 1).toStdWString(); }
 
-int FirstDayOfWeek() { return qt::UserLocale().firstDayOfWeek() - 1; }
+int FirstDayOfWeek() { return TimeLocale().firstDayOfWeek() - 1; }
 
 std::wstring DateAndTime(const DateTime& moment) {
     std::wstring text = IsValidMoment(moment) ? ShortDate(moment) : std::wstring();
     if (text.empty() || (moment.hour == 0 && moment.minute == 0 && moment.second == 0)) return text;
     const QTime time(moment.hour, moment.minute, moment.second);
-    return text + L" " + qt::UserLocale().toString(time, TimePicture()).toStdWString();
+    return text + L" " + TimeLocale().toString(time, TimePicture()).toStdWString();
 }
 
 }  // namespace platform
