@@ -17,6 +17,7 @@
 #include "platform/qt/system/CommandText.h"
 #include "platform/qt/system/Copies.h"
 #include "platform/qt/system/HandheldPath.h"
+#include "platform/qt/system/Mail.h"
 #include "platform/qt/system/NotificationStore.h"
 #include "platform/qt/system/Processes.h"
 #include "platform/qt/system/UserFolders.h"
@@ -229,6 +230,21 @@ TEST_F(Linux, ArgumentsBecomeTheProgramsTextAndBack) {
         EXPECT_EQ(CommandTextOf(each.arguments), each.text);
         EXPECT_EQ(CommandTextOf(SplitCommandText(each.text)), each.text);
     }
+}
+
+TEST_F(Linux, MailGoesToTheDesktopsTool) {
+    const std::string before = Environment("PATH");
+    const fs::path tool = Root() / "xdg-email";
+    setenv("PATH", (":relative:" + Root().string()).c_str(), 1);
+    EXPECT_FALSE(OpenMailMessage("/a.bmp")) << "there is none";
+    for (const int code : {0, 3}) {
+        Put(tool,
+            "#!/bin/sh\nexec >" + (Root() / "said").string() + "\necho \"$@\"\nexit " + std::to_string(code));
+        fs::permissions(tool, fs::perms::owner_all);
+        EXPECT_EQ(OpenMailMessage("/$HOME/a 'b'.bmp"), code == 0);
+        EXPECT_EQ(Read(Root() / "said"), "--attach /$HOME/a 'b'.bmp\n");
+    }
+    setenv("PATH", before.c_str(), 1);
 }
 
 TEST_F(Linux, CopiesSeeAndReachEachOther) {

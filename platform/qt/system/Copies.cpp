@@ -6,7 +6,6 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 
-#include <climits>
 #include <cstring>
 #include <sstream>
 #include <system_error>
@@ -62,21 +61,6 @@ std::string ReceiveAll(int peer) {
     for (ssize_t got = 0; (got = recv(peer, piece, sizeof piece, 0)) > 0;)
         text.append(piece, static_cast<size_t>(got));
     return text;
-}
-
-// An update takes the file away from under a running program.
-std::string WithoutMark(const std::string& file) {
-    constexpr char kDeleted[] = " (deleted)";
-    const size_t length = sizeof kDeleted - 1;
-    const bool isMarked = file.size() > length && file.compare(file.size() - length, length, kDeleted) == 0;
-    return isMarked ? file.substr(0, file.size() - length) : file;
-}
-
-std::string FileOfProcess(pid_t process) {
-    char path[PATH_MAX];
-    const std::string link = "/proc/" + std::to_string(process) + "/exe";
-    const ssize_t length = readlink(link.c_str(), path, sizeof path);
-    return length > 0 ? WithoutMark(std::string(path, static_cast<size_t>(length))) : std::string();
 }
 
 std::string SocketOf(pid_t process) { return RuntimeFolder() + "/" + kPrefix + std::to_string(process); }
@@ -218,7 +202,7 @@ bool ShowCopiesOf(const std::string& programFile) {
 
 std::vector<OtherWindow> WindowsOfOtherCopies() {
     std::vector<OtherWindow> found;
-    for (const qt::Copy& copy : qt::CopiesOf(qt::FileOfProcess(getpid()))) {
+    for (const qt::Copy& copy : qt::CopiesOf(qt::ProgramFile())) {
         if (!qt::Send(copy.peer.Get(), qt::kList)) continue;
         std::istringstream lines(qt::ReceiveAll(copy.peer.Get()));
         uint32_t window = 0;

@@ -36,11 +36,23 @@ bool IsFolder(const std::string& path) {
     return stat(path.c_str(), &found) == 0 && S_ISDIR(found.st_mode);
 }
 
+char SmallAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+// False for names that differ in their first plain letters, as most do: then nothing else need be asked.
+bool MayBeAlike(const char* a, const char* b) {
+    for (; *a != '\0' && *b != '\0'; ++a, ++b) {
+        if (((*a | *b) & 0x80) != 0) return true;
+        if (SmallAscii(*a) != SmallAscii(*b)) return false;
+    }
+    return true;
+}
+
 // The entry that the handheld would find under this name; empty when there is none.
-std::string EntryLike(const std::string& folder, const std::wstring& name) {
+std::string EntryLike(const std::string& folder, const std::wstring& name, const std::string& asTyped) {
     const std::unique_ptr<DIR, CloseFolder> open(opendir(folder.empty() ? "/" : folder.c_str()));
     while (const dirent* const entry = open ? readdir(open.get()) : nullptr) {
-        if (EqualNoCase(NameFromDisk(entry->d_name), name)) return entry->d_name;
+        const bool isAlike = MayBeAlike(entry->d_name, asTyped.c_str());
+        if (isAlike && EqualNoCase(NameFromDisk(entry->d_name), name)) return entry->d_name;
     }
     return {};
 }
@@ -52,7 +64,7 @@ std::string Below(std::string place, const std::vector<std::wstring>& parts, siz
         errno = EINVAL;
         if (!IsName(parts[i]) || !ToDisk(parts[i], name)) return {};
         if (isThere && !Exists(place + "/" + name)) {
-            const std::string like = EntryLike(place, parts[i]);
+            const std::string like = EntryLike(place, parts[i], name);
             isThere = !like.empty();
             if (isThere) name = like;
         }

@@ -63,13 +63,24 @@ std::vector<std::string> EnvironmentFor(const ProcessStart& start) {
     _exit(127);
 }
 
+// An update takes the file away from under a running program.
+std::string WithoutMark(const std::string& file) {
+    constexpr char kDeleted[] = " (deleted)";
+    const size_t length = sizeof kDeleted - 1;
+    const bool isMarked = file.size() > length && file.compare(file.size() - length, length, kDeleted) == 0;
+    return isMarked ? file.substr(0, file.size() - length) : file;
+}
+
 }  // namespace
 
-std::string ProgramFile() {
+std::string FileOfProcess(pid_t process) {
     char path[PATH_MAX];
-    const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
-    return length > 0 ? std::string(path, static_cast<size_t>(length)) : std::string();
+    const std::string link = "/proc/" + std::to_string(process) + "/exe";
+    const ssize_t length = readlink(link.c_str(), path, sizeof path);
+    return length > 0 ? WithoutMark(std::string(path, static_cast<size_t>(length))) : std::string();
 }
+
+std::string ProgramFile() { return FileOfProcess(getpid()); }
 
 std::string PathBesideProgram(const std::string& fileName) {
     return FolderOf(ProgramFile()) + "/" + fileName;
