@@ -47,7 +47,7 @@ constexpr struct {
 constexpr struct {
     uint32_t first;
     uint32_t last;
-    char substitute;
+    wchar_t substitute;
 } kLookAlikes[] = {
     {0x2000, 0x200A, ' '},  {0x2010, 0x2011, '-'},  {0x2018, 0x2019, '\''}, {0x201C, 0x201D, '"'},
     {0x2022, 0x2022, '.'},  {0x2032, 0x2032, '\''}, {0x2035, 0x2035, '`'},  {0x2039, 0x2039, '<'},
@@ -111,8 +111,7 @@ char OwnByte(int codePage, uint32_t point) {
 // Letters lose their marks, forms of letters are the letters. Empty where nothing comes near.
 std::wstring BestFit(uint32_t point) {
     for (const auto& each : kLookAlikes) {
-        if (point >= each.first && point <= each.last)
-            return std::wstring(1, static_cast<wchar_t>(each.substitute));
+        if (point >= each.first && point <= each.last) return std::wstring(1, each.substitute);
     }
     const char32_t character = point;
     const QString parts = QString::fromUcs4(&character, 1).normalized(QString::NormalizationForm_KD);
@@ -172,7 +171,7 @@ bool ToCodePage(int codePage, const std::wstring& text, std::string& bytes) {
         while (left > 0) {
             converter.Convert(in, left, bytes);
             if (left == 0) break;
-            const auto point = static_cast<uint32_t>(*reinterpret_cast<const wchar_t*>(in));
+            const auto point = static_cast<uint32_t>(text[text.size() - left / sizeof(wchar_t)]);
             AppendSubstitute(converter, codePage, point, bytes);
             in += sizeof(wchar_t);
             left -= sizeof(wchar_t);

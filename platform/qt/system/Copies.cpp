@@ -97,7 +97,7 @@ std::vector<Copy> CopiesOf(const std::string& programFile) {
     if (open) closedir(open);
     for (const std::string& name : names) {
         if (name.compare(0, sizeof kPrefix - 1, kPrefix) != 0) continue;
-        OwnedFd peer = ConnectTo(folder + "/" + name);
+        OwnedFd peer = ConnectTo(PathIn(folder, name));
         const pid_t process = peer ? ProcessAt(peer.Get()) : 0;
         if (process != 0 && process != getpid() && FileOfProcess(process) == programFile)
             copies.push_back({process, std::move(peer)});

@@ -63,12 +63,12 @@ std::string Below(std::string place, const std::vector<std::wstring>& parts, siz
         std::string name;
         errno = EINVAL;
         if (!IsName(parts[i]) || !ToDisk(parts[i], name)) return {};
-        if (isThere && !Exists(place + "/" + name)) {
+        if (isThere && !Exists(PathIn(place, name))) {
             const std::string like = EntryLike(place, parts[i], name);
             isThere = !like.empty();
             if (isThere) name = like;
         }
-        place += "/" + name;
+        place = PathIn(place, name);
     }
     return place.empty() ? "/" : place;
 }

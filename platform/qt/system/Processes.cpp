@@ -89,7 +89,7 @@ std::string PathBesideProgram(const std::string& fileName) {
 std::string PathOfCommand(const std::string& name) {
     std::istringstream folders(Environment("PATH"));
     for (std::string folder; std::getline(folders, folder, ':');) {
-        std::string path = folder + "/" + name;
+        std::string path = PathIn(folder, name);
         if (!folder.empty() && folder[0] == '/' && access(path.c_str(), X_OK) == 0) return path;
     }
     return {};

@@ -12,7 +12,7 @@ namespace qt {
 
 std::string LocaleName(const char* category) {
     for (const char* const variable : {"LC_ALL", category, "LANG"}) {
-        const std::string name = Environment(variable);
+        std::string name = Environment(variable);
         if (!name.empty()) return name;
     }
     return {};

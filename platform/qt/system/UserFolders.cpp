@@ -68,6 +68,11 @@ std::string FolderOf(const std::string& path) {
     return path.substr(0, slash == 0 || slash == std::string::npos ? slash + 1 : slash);
 }
 
+std::string PathIn(const std::string& folder, const std::string& name) {
+    std::string path = folder;
+    return path.append("/").append(name);
+}
+
 std::string NameOf(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
 }  // namespace platform::qt
