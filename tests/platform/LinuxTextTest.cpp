@@ -1,4 +1,5 @@
 // Texts, settings and dates of the native Linux port.
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -127,6 +128,7 @@ TEST_F(LinuxText, SettingsOfManyProcessesAreAllKept) {
     for (int i = 0; i < kProcesses; ++i) {
         processes.push_back(fork());
         if (processes.back() != 0) continue;
+        prctl(PR_SET_PDEATHSIG, SIGKILL);  // or they would write for ever
         KeyFile file(path_);
         for (uint32_t n = 1; n <= kTimes || i % 2 != 0; ++n) {
             file.Change([&](KeyTable& table) {
