@@ -31,7 +31,7 @@ constexpr int kWindowBits = 32;  // of a reference; the process is above them
 bool AddressOf(const std::string& path, sockaddr_un& address) {
     address = {};
     address.sun_family = AF_UNIX;
-    if (path.size() >= sizeof address.sun_path) return false;
+    if (path.empty() || path.size() >= sizeof address.sun_path) return false;
     std::memcpy(address.sun_path, path.c_str(), path.size());
     return true;
 }
@@ -63,7 +63,11 @@ std::string ReceiveAll(int peer) {
     return text;
 }
 
-std::string SocketOf(pid_t process) { return RuntimeFolder() + "/" + kPrefix + std::to_string(process); }
+// Empty where there is no folder for it.
+std::string SocketOf(pid_t process) {
+    const std::string folder = RuntimeFolder();
+    return folder.empty() ? folder : folder + "/" + kPrefix + std::to_string(process);
+}
 
 // Empty when nobody listens there any more; the name of one that is dead goes.
 OwnedFd ConnectTo(const std::string& path) {

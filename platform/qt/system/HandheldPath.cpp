@@ -143,8 +143,9 @@ struct Place {
 std::vector<Place> Places() {
     const std::string device = DeviceFolder();
     if (!device.empty()) return {{device, L""}};
-    std::vector<Place> places{{DocumentsPlace(), L"\\" + std::wstring(kDocumentsName)},
-                              {DataFolder() + "/device", L""}};
+    // The documents may be all of the user's folders, with ours among them.
+    std::vector<Place> places{{DataFolder() + "/device", L""},
+                              {DocumentsPlace(), L"\\" + std::wstring(kDocumentsName)}};
     const CardTable cards = CardsNow();
     for (size_t i = 0; i < cards.Count(); ++i)
         places.push_back({cards.Folder(i), L"\\" + StorageCardName(static_cast<int>(i))});

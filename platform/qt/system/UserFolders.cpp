@@ -50,10 +50,13 @@ std::string DocumentsPlace() {
 
 std::string RuntimeFolder() {
     const std::string session = Environment("XDG_RUNTIME_DIR");
-    std::string folder = session.empty() ? std::string("/tmp") + kOurName + "-" + std::to_string(getuid())
-                                         : session + kOurName;
-    mkdir(folder.c_str(), 0700);
-    return IsOursAlone(folder) ? folder : std::string();
+    const std::string ofAll = std::string("/tmp") + kOurName + "-" + std::to_string(getuid());
+    for (const std::string& folder : {session + kOurName, ofAll}) {
+        if (session.empty() && folder != ofAll) continue;
+        mkdir(folder.c_str(), 0700);
+        if (IsOursAlone(folder)) return folder;
+    }
+    return {};
 }
 
 void MakeLevels(const std::string& folder) {
