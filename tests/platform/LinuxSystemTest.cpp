@@ -287,7 +287,9 @@ TEST_F(Linux, AnAlarmStartsItsProgramAndLeavesTheDatabase) {
         const ssize_t got = read(listener.Get(), text, sizeof text);
         return std::string(text, static_cast<size_t>(std::max<ssize_t>(0, got)));
     };
-    const std::string script = "-c \"echo $1 $INKWRIGHT_SCREEN $INKWRIGHT_DEVICE >" + pipe + "\" sh ";
+    const std::string script =
+        "-c \"echo $1 $INKWRIGHT_SCREEN $INKWRIGHT_DEVICE $(sed -n s/SigBlk:.//p /proc/self/status) >" +
+        pipe + "\" sh ";
     setenv("INKWRIGHT_SCREEN", "240x320", 1);
     const auto set = [&](const wchar_t* word, int seconds) {
         NotificationTrigger trigger{L"/bin/sh",
@@ -298,9 +300,11 @@ TEST_F(Linux, AnAlarmStartsItsProgramAndLeavesTheDatabase) {
     };
     const NotificationHandle later = set(L"later", 3600);
     EXPECT_NE(set(L"overdue", -3600), 0u);
-    EXPECT_EQ(hear(), "overdue 240x320 " + DeviceFolder() + "\n");
+    const std::string surroundings =
+        " 240x320 " + DeviceFolder() + " 0000000000000000\n";  // no signal blocked
+    EXPECT_EQ(hear(), "overdue" + surroundings);
     EXPECT_NE(set(L"soon", 1), 0u);
-    EXPECT_EQ(hear(), "soon 240x320 " + DeviceFolder() + "\n");
+    EXPECT_EQ(hear(), "soon" + surroundings);
     unsetenv("INKWRIGHT_SCREEN");
     // An entry goes after its program was started: a third one sees both gone.
     std::vector<NotificationHandle> left;

@@ -118,6 +118,11 @@ KeeperRole::KeeperRole() : file_(RoleFile()) {
     held_ = file_ && fcntl(file_.Get(), F_SETLK, &lock) == 0;
 }
 
+bool KeeperRole::IsLost() const {
+    struct stat found {};
+    return fstat(file_.Get(), &found) != 0 || found.st_nlink == 0;
+}
+
 FiringClaim::FiringClaim(uint32_t handle) : file_(ClaimFile()) {
     flock lock = OneByte(handle);
     held_ = file_ && fcntl(file_.Get(), F_OFD_SETLK, &lock) == 0;

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <chrono>
 #include <climits>
+#include <csignal>
 #include <sstream>
 
 #include "platform/qt/system/OwnedFd.h"
@@ -45,6 +46,10 @@ std::vector<std::string> EnvironmentFor(const ProcessStart& start) {
 // system. `failed` ends up behind what is closed.
 [[noreturn]] void BecomeProgram(const ProcessStart& start, char* const* arguments, char* const* variables,
                                 int failed) {
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none,
+                nullptr);  // what the keeper waits for would be blocked in the program, too
     setsid();
     const int nothing = open("/dev/null", O_RDWR);
     for (int standard = 0; standard < 3; ++standard) dup2(nothing, standard);
