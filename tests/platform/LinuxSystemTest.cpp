@@ -1,5 +1,6 @@
 // What the native Linux port promises beyond the contract: names of this system, several processes, places.
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -100,6 +101,19 @@ TEST_F(Linux, NamesAreFoundInWhateverLettersAndExactOnesFirst) {
     EXPECT_FALSE(MoveEntry(L"\\Notes\\twin.ikw", L"\\Notes\\TWIN.ikw")) << "that is another file";
 }
 
+TEST_F(Linux, AFolderThatOthersChangeIsReadAgain) {
+    for (const char* folder : {"still", "busy"}) fs::create_directories(Root() / folder);
+    Put(Root() / "still" / "Note.ikw");
+    const auto find = [](const wchar_t* name) { return Exists(L"\\still\\" + std::wstring(name)); };
+    Pause(2000);  // until the folder counts as settled
+    for (int i = 0; i < 3; ++i) EXPECT_TRUE(find(L"NOTE.ikw") && !find(L"OTHER.ikw")) << i;
+    fs::rename(Root() / "still" / "Note.ikw", Root() / "still" / "Other.ikw");
+    for (int i = 0; i < 3; ++i) EXPECT_TRUE(!find(L"NOTE.ikw") && find(L"OTHER.ikw")) << i;
+    fs::rename(Root() / "still", Root() / "gone");
+    fs::rename(Root() / "busy", Root() / "still");
+    EXPECT_FALSE(find(L"NOTE.ikw") || find(L"OTHER.ikw"));
+}
+
 // Other programs of this system name their files as they like.
 TEST_F(Linux, NamesThatTheHandheldCannotHoldAreListedAndOpened) {
     const std::vector<std::string> names{"10:30.ikw", "a\\b.ikw", "\xFFz.ikw", "dot.", "con.ikw"};
@@ -137,6 +151,18 @@ TEST_F(Linux, AFileIsItsHoldersInEveryProcessUntilThatEnds) {
     other.End(SIGKILL);
     EXPECT_TRUE(File::OpenForReading(L"\\a.log").IsOpen());
     EXPECT_TRUE(EraseFile(L"\\a.log") && CanWriteTo(L"\\a.ikw", size));
+}
+
+TEST_F(Linux, AWriteThatFailsTellsWhyAndTheNextOneCounts) {
+    rlimit limit{};
+    ASSERT_TRUE(getrlimit(RLIMIT_FSIZE, &limit) == 0 && std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR);
+    const rlimit small{4, limit.rlim_max};
+    File file = File::Create(L"\\a.ikw");
+    setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_FALSE(file.Write("abcde", 5));
+    EXPECT_EQ(file.Error(), FileError::Other);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_TRUE(file.Write("e", 1) && file.Error() == FileError::None && Read(Root() / "a.ikw") == "abcde");
 }
 
 TEST_F(Linux, PermissionsAreKeptAndReadOnlyFilesStay) {

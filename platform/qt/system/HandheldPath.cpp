@@ -1,19 +1,18 @@
 #include "platform/qt/system/HandheldPath.h"
 
-#include <dirent.h>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
-#include <memory>
 
 #include "platform/PathParts.h"
 #include "platform/StoragePaths.h"
 #include "platform/TextEncoding.h"
 #include "platform/qt/system/Cards.h"
 #include "platform/qt/system/DiskText.h"
+#include "platform/qt/system/NameLookup.h"
 #include "platform/qt/system/UserFolders.h"
 
 namespace platform::qt {
@@ -21,10 +20,6 @@ namespace platform::qt {
 namespace {
 
 constexpr wchar_t kElsewhere[] = L"File System";
-
-struct CloseFolder {
-    void operator()(DIR* folder) const { closedir(folder); }
-};
 
 bool Exists(const std::string& path) {
     struct stat found {};
@@ -34,27 +29,6 @@ bool Exists(const std::string& path) {
 bool IsFolder(const std::string& path) {
     struct stat found {};
     return stat(path.c_str(), &found) == 0 && S_ISDIR(found.st_mode);
-}
-
-char SmallAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-// False for names that differ in their first plain letters, as most do: then nothing else need be asked.
-bool MayBeAlike(const char* a, const char* b) {
-    for (; *a != '\0' && *b != '\0'; ++a, ++b) {
-        if (((*a | *b) & 0x80) != 0) return true;
-        if (SmallAscii(*a) != SmallAscii(*b)) return false;
-    }
-    return true;
-}
-
-// The entry that the handheld would find under this name; empty when there is none.
-std::string EntryLike(const std::string& folder, const std::wstring& name, const std::string& asTyped) {
-    const std::unique_ptr<DIR, CloseFolder> open(opendir(folder.empty() ? "/" : folder.c_str()));
-    while (const dirent* const entry = open ? readdir(open.get()) : nullptr) {
-        const bool isAlike = MayBeAlike(entry->d_name, asTyped.c_str());
-        if (isAlike && EqualNoCase(NameFromDisk(entry->d_name), name)) return entry->d_name;
-    }
-    return {};
 }
 
 std::string Below(std::string place, const std::vector<std::wstring>& parts, size_t first) {
