@@ -126,9 +126,14 @@ TEST_F(Linux, NamesThatTheHandheldCannotHoldAreListedAndOpened) {
         if (file.IsOpen() && file.Read(bytes, sizeof bytes, got)) read.emplace_back(bytes, got);
     }
     EXPECT_THAT(read, testing::UnorderedElementsAreArray(names));
+    EXPECT_THAT(Names(L"\\"), testing::IsSupersetOf({L"\xF0FFz.ikw",
+                                                     L"a\xF05C"
+                                                     L"b.ikw",
+                                                     L"dot\xF02E"}));
     EXPECT_TRUE(MoveEntry(L"\\CON.ikw", L"\\fine.ikw") && EraseFile(L"\\10\xF03A"
                                                                     L"30.ikw"));
-    for (const wchar_t* name : {L"\\con.ikw", L"\\Lpt9", L"\\nul.tar.gz", L"\\half\xD800.ikw"}) {
+    for (const wchar_t* name :
+         {L"\\con.ikw", L"\\Lpt9", L"\\nul.tar.gz", L"\\half\xD800.ikw", L"\\half\xDFFF.ikw"}) {
         EXPECT_FALSE(File::Create(name).IsOpen() || MakeFolder(name) || LogFile::Create(name).IsOpen());
         EXPECT_FALSE(MoveEntry(L"\\fine.ikw", name) || CopyFileTo(L"\\fine.ikw", name)) << name;
     }

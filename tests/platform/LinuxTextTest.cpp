@@ -11,6 +11,7 @@
 #include "platform/TextEncoding.h"
 #include "platform/qt/system/CodePage.h"
 #include "platform/qt/system/KeyFile.h"
+#include "platform/qt/system/LocalTime.h"
 #include "platform/qt/system/UserFolders.h"
 #include "tests/contract/OnDevice.h"
 
@@ -88,6 +89,18 @@ TEST_F(LinuxText, DatesFollowTheUsersLocale) {
     }
 }
 
+TEST_F(LinuxText, MomentsOfThisPlaceBothWays) {
+    const DateTime summer{2007, 7, 0, 15, 14, 0, 0, 250};
+    time_t seconds = 0;
+    EXPECT_TRUE(UniversalSeconds(summer, seconds) && seconds == 1184500800);
+    const DateTime again = LocalTime({seconds, 250999999});
+    EXPECT_TRUE(LocalTicks(again) == LocalTicks(summer) && again.milliseconds == 250 && again.month == 7);
+    // By the calendar alone: no hour is missing on the day when the clocks are set.
+    EXPECT_EQ(LocalTicks({2007, 3, 0, 26, 0, 0, 0, 0}) - LocalTicks({2007, 3, 0, 25, 0, 0, 0, 0}), 86400000);
+    EXPECT_EQ(LocalTicks({2007, 3, 0, 1, 0, 0, 0, 1}) - LocalTicks({2007, 2, 0, 28, 23, 59, 59, 0}), 1001);
+    EXPECT_FALSE(UniversalSeconds({2007, 2, 0, 30, 0, 0, 0, 0}, seconds));
+}
+
 TEST_F(LinuxText, LettersAreComparedOneByOne) {
     for (const auto& [a, b, areEqual] : {std::tuple{L"\u03C3", L"\u03C2", true},
                                          {L"\u0436", L"\u0416", true},
@@ -103,13 +116,13 @@ TEST_F(LinuxText, LettersAreComparedOneByOne) {
 TEST_F(LinuxText, SettingsArePlainTextThatKeepsWhatPeopleWrote) {
     const std::string text =
         "# mine\n\n[Software\\A]\nPenInfo = 7\n\"Pen\" = number 4294967295\n\"Root\" = text "
-        "\"\\\\a\\x0A\\\"\xE2\x82\xAC\"\n"
+        "\"\\\\a\\x0A1\\\"\xE2\x82\xAC\"\n"
         "\"Form\" = number \"%F\"\n\"Bytes\" = binary bytes 01 FF\n\"None\" = text bytes\n";
     KeyTable table = KeyTable::Parse(text);
     std::string plain = table.Text();
     EXPECT_EQ(plain, text);
     EXPECT_EQ(NumberOf(table.Find(L"software\\a", L"pen")->data), 4294967295u);
-    EXPECT_EQ(UnitsOf(table.Find(L"Software\\A", L"Root")->data), std::u16string(u"\\a\n\"\u20AC") + u'\0');
+    EXPECT_EQ(UnitsOf(table.Find(L"Software\\A", L"Root")->data), std::u16string(u"\\a\n1\"\u20AC") + u'\0');
     EXPECT_TRUE(table.Remove(L"Software\\A", L"PEN") && !table.Remove(L"Software\\B", L"Root"));
     for (const char* odd :
          {"[a]\n\"x\" = number 4294967296\n", "[a]\n\"x\" = number -1\n", "[a]\n\"x\" = binary bytes 100\n",

@@ -171,8 +171,8 @@ bool ToCodePage(int codePage, const std::wstring& text, std::string& bytes) {
         while (left > 0) {
             converter.Convert(in, left, bytes);
             if (left == 0) break;
-            const auto point = static_cast<uint32_t>(text[text.size() - left / sizeof(wchar_t)]);
-            AppendSubstitute(converter, codePage, point, bytes);
+            const wchar_t odd = text[text.size() - left / sizeof(wchar_t)];
+            AppendSubstitute(converter, codePage, static_cast<uint32_t>(odd), bytes);
             in += sizeof(wchar_t);
             left -= sizeof(wchar_t);
         }

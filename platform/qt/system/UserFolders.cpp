@@ -14,7 +14,7 @@ namespace {
 constexpr char kOurName[] = "/inkwright";
 
 std::string Home() {
-    const std::string home = Environment("HOME");
+    std::string home = Environment("HOME");
     if (!home.empty()) return home;
     const passwd* const user = getpwuid(getuid());
     return user ? user->pw_dir : "/";
