@@ -4,10 +4,10 @@
 
 #include "ink/Geometry.h"
 #include "platform/AlarmSchedule.h"
+#include "platform/NotificationEntry.h"
 #include "platform/keeper/NoticePlace.h"
 #include "platform/mail/MailMessage.h"
 #include "platform/windows/FingerRules.h"
-#include "platform/NotificationEntry.h"
 #include "platform/windows/PathTranslation.h"
 #include "platform/windows/PenHistory.h"
 #include "platform/windows/WheelTurns.h"
