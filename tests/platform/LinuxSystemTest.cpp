@@ -18,6 +18,7 @@
 #include "platform/qt/system/CommandText.h"
 #include "platform/qt/system/Copies.h"
 #include "platform/qt/system/HandheldPath.h"
+#include "platform/qt/system/KeeperControl.h"
 #include "platform/qt/system/Mail.h"
 #include "platform/qt/system/NotificationStore.h"
 #include "platform/qt/system/Processes.h"
@@ -41,7 +42,7 @@ class Linux : public contract::DeviceContract {
         return text;
     }
     std::vector<std::wstring> Names(const std::wstring& folder) {
-        std::vector<FolderEntry> entries;
+        std::vector<FolderEntry> entries(1);  // which goes
         std::vector<std::wstring> names;
         EXPECT_TRUE(ListFolder(folder, L"*.*", entries));
         for (const FolderEntry& entry : entries) names.push_back(entry.name);
@@ -261,6 +262,7 @@ TEST_F(Linux, ArgumentsBecomeTheProgramsTextAndBack) {
         EXPECT_EQ(CommandTextOf(each.arguments), each.text);
         EXPECT_EQ(CommandTextOf(SplitCommandText(each.text)), each.text);
     }
+    EXPECT_THAT(SplitCommandText(L" a  \"b c\"d \"\" "), testing::ElementsAre("a", "b cd", ""));
 }
 
 TEST_F(Linux, MailGoesToTheDesktopsTool) {
@@ -319,7 +321,7 @@ TEST_F(Linux, AnAlarmStartsItsProgramAndLeavesTheDatabase) {
         return std::string(text, static_cast<size_t>(std::max<ssize_t>(0, got)));
     };
     const std::string script =
-        "-c \"echo $1 $INKWRIGHT_SCREEN $INKWRIGHT_DEVICE $(sed -n s/SigBlk:.//p /proc/self/status) >" +
+        "-c \"echo $1 $INKWRIGHT_SCREEN $INKWRIGHT_DEVICE $TZ $(sed -n s/SigBlk:.//p /proc/self/status) >" +
         pipe + "\" sh ";
     setenv("INKWRIGHT_SCREEN", "240x320", 1);
     const auto set = [&](const wchar_t* word, int seconds) {
@@ -329,10 +331,13 @@ TEST_F(Linux, AnAlarmStartsItsProgramAndLeavesTheDatabase) {
                                     {}};
         return SetNotification(0, trigger, {});
     };
+    const FiringClaim claim(77);
+    EXPECT_TRUE(FiringClaim::IsTaken(77) && !FiringClaim(77).IsHeld());
+    EXPECT_FALSE(FiringClaim::IsTaken(76) || FiringClaim::IsTaken(78)) << "each by itself";
     const NotificationHandle later = set(L"later", 3600);
     EXPECT_NE(set(L"overdue", -3600), 0u);
     const std::string surroundings =
-        " 240x320 " + DeviceFolder() + " 0000000000000000\n";  // no signal blocked
+        " 240x320 " + DeviceFolder() + " Europe/Berlin 0000000000000000\n";  // no signal blocked
     EXPECT_EQ(hear(), "overdue" + surroundings);
     EXPECT_NE(set(L"soon", 1), 0u);
     EXPECT_EQ(hear(), "soon" + surroundings);

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/Clock.h"
 #include "platform/Locale.h"
 #include "platform/TextEncoding.h"
 #include "platform/qt/system/CodePage.h"
@@ -98,6 +99,9 @@ TEST_F(LinuxText, MomentsOfThisPlaceBothWays) {
     // By the calendar alone: no hour is missing on the day when the clocks are set.
     EXPECT_EQ(LocalTicks({2007, 3, 0, 26, 0, 0, 0, 0}) - LocalTicks({2007, 3, 0, 25, 0, 0, 0, 0}), 86400000);
     EXPECT_EQ(LocalTicks({2007, 3, 0, 1, 0, 0, 0, 1}) - LocalTicks({2007, 2, 0, 28, 23, 59, 59, 0}), 1001);
+    const uint32_t start = TickMilliseconds();
+    Pause(20);
+    EXPECT_THAT(TickMilliseconds() - start, testing::AllOf(testing::Ge(20u), testing::Lt(5000u)));
     EXPECT_FALSE(UniversalSeconds({2007, 2, 0, 30, 0, 0, 0, 0}, seconds));
 }
 
