@@ -2,8 +2,8 @@
 
 #include <vector>
 
+#include "platform/NotificationEntry.h"
 #include "platform/windows/Guards.h"
-#include "platform/windows/NotificationEntry.h"
 
 namespace platform::windows {
 

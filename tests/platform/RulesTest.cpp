@@ -3,11 +3,11 @@
 #include <fstream>
 
 #include "ink/Geometry.h"
-#include "platform/keeper/AlarmSchedule.h"
+#include "platform/AlarmSchedule.h"
+#include "platform/NotificationEntry.h"
 #include "platform/keeper/NoticePlace.h"
 #include "platform/mail/MailMessage.h"
 #include "platform/windows/FingerRules.h"
-#include "platform/windows/NotificationEntry.h"
 #include "platform/windows/PathTranslation.h"
 #include "platform/windows/PenHistory.h"
 #include "platform/windows/WheelTurns.h"
@@ -48,7 +48,7 @@ TEST(Rules, WhatIsDueIsFiredOnceAndTriedAgainInMinutes) {
 TEST(Rules, AnEntryKeepsWhatItWasSetUnder) {
     NotificationEntry entry;
     entry.trigger = {L"C:\\p.exe", L"\"\\a.ikw\" /alarm", {2099, 3, 4, 15, 20, 30, 5, 0}, {}};
-    entry.notification = {true, false, L"title", L"text \u20AC"};
+    entry.notification = {true, false, L"title", L"text \u20AC\U0001F600"};
     entry.device = L"D:\\Device";
     entry.screen = L"240x320";
     NotificationEntry read;
