@@ -72,8 +72,9 @@ class Measured : public editor::InkCanvas {
     }
 
     void Print(const char* what, std::vector<double>& times) {
-        std::printf("| %s | %.2f | %.1f us | %.1f us | %.1f us | %.1f us |\n", what, PageScale().Dots() / 96.0,
-                    Part(times, 0.5), Part(times, 0.99), Part(times, 0.999), Part(times, 1));
+        std::printf("| %s | %.2f | %.1f us | %.1f us | %.1f us | %.1f us |\n", what,
+                    PageScale().Dots() / 96.0, Part(times, 0.5), Part(times, 0.99), Part(times, 0.999),
+                    Part(times, 1));
     }
 };
 

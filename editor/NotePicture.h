@@ -9,8 +9,8 @@ namespace editor {
 enum class PictureWidth { OfView, OfInk };
 
 // The whole note in its colours and the current pen style, at least as wide as the view and as tall as its
-// ink, with the program's line in the bottom right corner. False when memory is short; `picture` is then of no
-// use.
+// ink, with the program's line in the bottom right corner. False when memory is short; `picture` is then of
+// no use.
 bool MakeNotePicture(const ink::InkPage& page, PictureWidth wanted, ink::PaletteBitmap& picture);
 
 }  // namespace editor
