@@ -1,10 +1,8 @@
 // Shapes are drawn for real; a text is a bar of its colour, as wide as its characters are many, which is
 // enough to see where texts go.
-#include <algorithm>
-
 #include "platform/Canvas.h"
+#include "platform/Pixels.h"
 #include "platform/host/HostImage.h"
-#include "platform/host/HostResources.h"
 
 namespace platform {
 
@@ -53,9 +51,7 @@ void Canvas::Fill(const Rect& area, ink::ColorRef color) {
     const ink::PixelSurface surface = image_.Surface();
     const Rect inside = Intersect(area, surface.Bounds());
     if (image_.IsValid()) image_.Handle()->Cover(inside);
-    for (int y = inside.top; y < inside.bottom; ++y) {
-        std::fill(surface.Row(y) + inside.left, surface.Row(y) + inside.right, ink::PixelOf(color));
-    }
+    FillPixels(surface, inside, ink::PixelOf(color));
 }
 
 void Canvas::Text(const std::wstring& text, Point topLeft, const Font& font, ink::ColorRef color,
@@ -75,16 +71,10 @@ Rect Canvas::TextSize(const std::wstring& text, const Font& font) {
 void Canvas::Draw(const ImageList& images, int index, Point topLeft) {
     if (!images.IsValid()) return;
     const ImageList::Impl& list = *images.Handle();
-    const ink::PixelSurface from = list.strip.Surface();
-    const ink::PixelSurface to = image_.Surface();
-    for (int y = 0; y < list.imageSize && y < from.height; ++y) {
-        for (int x = 0; x < list.imageSize; ++x) {
-            const uint32_t pixel = from.Row(y)[index * list.imageSize + x];
-            const Point at{topLeft.x + x, topLeft.y + y};
-            if (pixel != list.mask && to.Bounds().Contains(at)) to.Row(at.y)[at.x] = pixel;
-        }
-    }
-    const Rect place = ink::Offset({0, 0, list.imageSize, list.imageSize}, topLeft.x, topLeft.y);
+    const Rect size{0, 0, list.imageSize, list.imageSize};
+    CopyMasked(list.strip.Surface(), Offset(size, index * list.imageSize, 0), list.mask, image_.Surface(),
+               topLeft);
+    const Rect place = Offset(size, topLeft.x, topLeft.y);
     if (image_.IsValid()) image_.Handle()->things.push_back({L"picture " + std::to_wstring(index), place});
 }
 

@@ -89,16 +89,16 @@ Dialog::Dialog(int templateId) : templateId_(templateId) {}
 Dialog::~Dialog() = default;
 
 bool Window::Impl::OpenTemplate(int templateId) {
-    host::DialogTemplate source;
-    if (!host::FindDialogTemplate(templateId, source)) return false;
+    const resources::DialogTemplate* source = resources::FindDialog(templateId);
+    if (source == nullptr) return false;
     // Dialog units of the usual 6 x 13 pixel font.
     const auto pixels = [](const Rect& units) {
         return Rect{units.left * 6 / 4, units.top * 13 / 8, units.right * 6 / 4, units.bottom * 13 / 8};
     };
     isDialog = true;
-    title = source.caption;
-    place = pixels({0, 0, source.width, source.height});
-    for (const host::TemplateItem& item : source.items) {
+    title = source->caption;
+    place = pixels({0, 0, source->width, source->height});
+    for (const resources::DialogItem& item : source->items) {
         HostItem& made = items[item.id] = HostItem();
         made.source = item;
         made.source.place = pixels(item.place);

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "platform/WindowPlaces.h"
 #include "platform/windows/SystemHeaders.h"
-#include "platform/windows/WindowPlaces.h"
 
 namespace platform::windows {
 

@@ -3,6 +3,8 @@
 #include <fstream>
 
 #include "ink/Geometry.h"
+#include "platform/WheelTurns.h"
+#include "platform/WindowPlaces.h"
 #include "platform/keeper/AlarmSchedule.h"
 #include "platform/keeper/NoticePlace.h"
 #include "platform/mail/MailMessage.h"
@@ -10,8 +12,6 @@
 #include "platform/windows/NotificationEntry.h"
 #include "platform/windows/PathTranslation.h"
 #include "platform/windows/PenHistory.h"
-#include "platform/windows/WheelTurns.h"
-#include "platform/windows/WindowPlaces.h"
 
 namespace platform::windows {
 
