@@ -11,7 +11,7 @@
 #include "fuzz/Target.h"
 #include "platform/Locale.h"
 #include "platform/host/HostDevice.h"
-#include "platform/windows/NotificationEntry.h"
+#include "platform/NotificationEntry.h"
 #include "search/MemoSearch.h"
 
 namespace fuzz {
@@ -19,7 +19,7 @@ namespace fuzz {
 using platform::host::HostDevice;
 
 void TryNotificationEntry(const Bytes& bytes, Care) {
-    platform::windows::NotificationEntry entry, again;
+    platform::NotificationEntry entry, again;
     if (!DecodeEntry(bytes, entry)) return;
     const Bytes encoded = EncodeEntry(entry);
     Require(bytes[0] == 1 || encoded == bytes, "an entry is what was encoded, but for an earlier release's");

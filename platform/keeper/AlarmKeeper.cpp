@@ -12,7 +12,7 @@
 #include "platform/Clock.h"
 #include "platform/Shell.h"
 #include "platform/keeper/AlarmFiring.h"
-#include "platform/keeper/AlarmSchedule.h"
+#include "platform/AlarmSchedule.h"
 #include "platform/windows/KeeperControl.h"
 #include "platform/windows/NotificationStore.h"
 #include "platform/windows/Processes.h"
@@ -23,12 +23,12 @@ namespace {
 
 using platform::DateTime;
 using platform::NotificationHandle;
-using platform::windows::AlarmSchedule;
+using platform::AlarmSchedule;
 using platform::windows::LocalTicks;
-using platform::windows::NotificationEntry;
+using platform::NotificationEntry;
 using platform::windows::NotificationStore;
 using platform::windows::OwnedHandle;
-using platform::windows::ScheduledEntry;
+using platform::ScheduledEntry;
 
 constexpr wchar_t kFireSwitch[] = L"/fire";
 constexpr wchar_t kStopSwitch[] = L"/stop";
@@ -69,7 +69,7 @@ bool ReadEntries(std::vector<ScheduledEntry>& entries, std::vector<DateTime>& mo
         NotificationEntry entry;
         scheduled.handle = handle;
         scheduled.bytes = store.Bytes(handle);
-        if (!platform::windows::DecodeEntry(scheduled.bytes, entry)) continue;
+        if (!platform::DecodeEntry(scheduled.bytes, entry)) continue;
         scheduled.start = LocalTicks(entry.trigger.start);
         if (scheduled.start == 0) continue;
         entries.push_back(std::move(scheduled));

@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QSessionManager>
 #include <QSocketNotifier>
+#include <QTabletEvent>
 #include <csignal>
 
 #include "platform/Product.h"
@@ -70,7 +71,48 @@ void Application::Push(Open open) {
     for (const Open& below : open_) {
         if (below.window && below.window->Handle()->events) below.window->Handle()->events->TakePenAway();
     }
+    if (copies_ && !open_.empty()) copies_->SetWindow(open_.back().number, false, false);
+    open.number = ++lastNumber_;
     open_.push_back(std::move(open));
+    TellOfTop();
+}
+
+void Application::Pop() {
+    if (copies_) copies_->RemoveWindow(open_.back().number);
+    open_.pop_back();
+    TellOfTop();
+}
+
+void Application::Listen() {
+    copies_ = std::make_unique<Copies>([this](const PostedMessage& message) {
+        QMetaObject::invokeMethod(this, [this, message] { Take(message); }, Qt::QueuedConnection);
+    });
+    connect(this, &QGuiApplication::applicationStateChanged, this, [this] { TellOfTop(); });
+}
+
+void Application::TellOfTop() {
+    if (!copies_ || open_.empty()) return;
+    copies_->SetWindow(open_.back().number, true, applicationState() == Qt::ApplicationActive);
+}
+
+// What was meant for a window that something else is open over by now is meant for nobody.
+void Application::Take(const PostedMessage& message) {
+    if (open_.empty()) return;
+    const bool isForTop = message.window == open_.back().number;
+    if (message.kind == PostedMessage::Kind::Show) return ShowTop();
+    if (!isForTop) return;
+    if (message.kind == PostedMessage::Kind::Command) return CommandFromOutside(static_cast<int>(message.code));
+    if (message.code == kTakeOver) return TakeOverFromOutside();
+    if (Window* window = open_.back().window) window->PostPrivateMessage(message.code, 0);
+}
+
+void Application::ShowTop() {
+    QWidget* top = activeModalWidget();
+    if (!top && open_.back().window) top = open_.back().window->Handle()->frame;
+    if (!top) return;
+    if (top->isMinimized()) top->showNormal();
+    top->raise();
+    top->activateWindow();
 }
 
 void Application::CommandFromOutside(int id) {

@@ -7,6 +7,7 @@
 
 #include "platform/Window.h"
 #include "platform/qt/CallQueue.h"
+#include "platform/qt/system/Copies.h"
 
 class QSocketNotifier;
 
@@ -28,14 +29,17 @@ class Application : public QApplication {
         Window* window = nullptr;
         std::function<void()> refuse;
         bool* isTakenOver = nullptr;
+        uint32_t number = 0;  // by which other copies know it
     };
     // The last one has the user.
     void Push(Open open);
-    void Pop() { open_.pop_back(); }
+    void Pop();
     const std::vector<Open>& OpenOnes() const { return open_; }
     bool IsOnTop(const Window& window) const { return !open_.empty() && open_.back().window == &window; }
 
-    // What another copy asks for; handled by what is on top.
+    // From now on other copies find this one.
+    void Listen();
+    // What another copy asks of what is on top.
     void CommandFromOutside(int id);
     void TakeOverFromOutside();
 
@@ -49,10 +53,15 @@ class Application : public QApplication {
 
   private:
     void WatchSignals();
+    void TellOfTop();
+    void ShowTop();
+    void Take(const PostedMessage& message);
 
     std::vector<Open> open_;
     CallQueue calls_;
     std::unique_ptr<QSocketNotifier> signals_;
+    uint32_t lastNumber_ = 0;
+    std::unique_ptr<Copies> copies_;  // last: its thread hands messages to this object
 };
 
 // Stands while something runs modally.

@@ -106,7 +106,7 @@ QWidget* MakeSpin(Making& making, const DialogItem&) {
     spin->setRange(0, kLatestSpin);
     if (!making.buddy) return spin;
     const int id = making.buddyId;
-    spin->lineEdit()->setReadOnly(making.buddy->isReadOnly());
+    spin->findChild<QLineEdit*>()->setReadOnly(making.buddy->isReadOnly());
     spin->setAccessibleName(making.buddy->accessibleName());
     QObject::connect(spin, &QSpinBox::textChanged, [window = &making.window, id] { TellChange(*window, id); });
     making.window.Handle()->items[id] = spin;

@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-#include "platform/Window.h"
+#include "platform/qt/WindowImpl.h"
 #include "platform/resources/ResourceTables.h"
 
 namespace platform::qt {

@@ -56,5 +56,6 @@ std::wstring ArgumentText(const QStringList& arguments) {
 int main(int count, char** arguments) {
     platform::qt::Application application(count, arguments);
     std::set_terminate(ShowAndEnd);
+    application.Listen();
     return platform::RunProgram(ArgumentText(QCoreApplication::arguments()));
 }

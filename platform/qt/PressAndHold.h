@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QObject>
 #include <QTimer>
+#include <QWidget>
 #include <functional>
 #include <memory>
 

@@ -11,9 +11,9 @@
 #include "platform/MessageBox.h"
 #include "platform/Shell.h"
 #include "platform/qt/Application.h"
-#include "platform/qt/HostPath.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WindowImpl.h"
+#include "platform/qt/system/HandheldPath.h"
 
 namespace platform {
 
@@ -40,7 +40,7 @@ void ShowInputPanel(bool up) { QGuiApplication::inputMethod()->setVisible(up); }
 
 // A place that has no name on the handheld can't be chosen: the question comes again.
 bool ChooseFolder(Window* owner, const std::wstring& title, const std::wstring& start, std::wstring& chosen) {
-    QFileDialog dialog(qt::FrameOf(owner), qt::ToQt(title), qt::ToHostPath(start));
+    QFileDialog dialog(qt::FrameOf(owner), qt::ToQt(title), QString::fromStdString(qt::ToHostPath(start)));
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     const qt::SystemDialog running(owner, [&dialog] { dialog.reject(); });

@@ -2,6 +2,7 @@
 
 #include "platform/qt/ImageImpl.h"
 #include "platform/qt/MenuBar.h"
+#include "platform/qt/ScreenFrame.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/ToolBarImpl.h"
 #include "platform/qt/WindowImpl.h"

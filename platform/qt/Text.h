@@ -10,6 +10,6 @@ inline QString ToQt(const std::wstring& text) { return QString::fromStdWString(t
 inline std::wstring FromQt(const QString& text) { return text.toStdWString(); }
 
 // The toolkit takes a single "&" for the mark of an access key.
-inline QString WithoutAccessKeys(const std::wstring& text) { return ToQt(text).replace(u'&', u"&&"); }
+inline QString WithoutAccessKeys(const std::wstring& text) { return ToQt(text).replace('&', "&&"); }
 
 }  // namespace platform::qt

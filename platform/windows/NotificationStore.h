@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "platform/windows/Guards.h"
-#include "platform/windows/NotificationEntry.h"
+#include "platform/NotificationEntry.h"
 
 namespace platform::windows {
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cwchar>
 
+#include "platform/PathParts.h"
 #include "platform/StoragePaths.h"
 #include "platform/TextEncoding.h"
 
@@ -18,31 +19,6 @@ bool StartsWith(const std::wstring& text, const wchar_t* prefix) {
 }
 
 bool IsDrive(const std::wstring& text) { return text.size() == 2 && BeginsWithDrive(text); }
-
-bool IsName(const std::wstring& part) {
-    for (const wchar_t c : part) {
-        if (c < L' ' || std::wcschr(L"/:*?\"<>|", c)) return false;
-    }
-    return true;
-}
-
-// The system drops trailing dots and blanks of names, except behind the prefix that we use. This leaves
-// nothing of "." and "..".
-std::wstring WithoutTrailingDots(const std::wstring& part) {
-    const size_t last = part.find_last_not_of(L". ");
-    return last == std::wstring::npos ? std::wstring() : part.substr(0, last + 1);
-}
-
-std::vector<std::wstring> PartsOf(const std::wstring& path) {
-    std::vector<std::wstring> parts;
-    for (size_t begin = 0; begin < path.size();) {
-        const size_t end = std::min(path.find(L'\\', begin), path.size());
-        const std::wstring part = WithoutTrailingDots(path.substr(begin, end - begin));
-        if (!part.empty()) parts.push_back(part);
-        begin = end + 1;
-    }
-    return parts;
-}
 
 // The host folder that the first `used` parts of a path stand for.
 struct Beginning {

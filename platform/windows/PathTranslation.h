@@ -8,8 +8,6 @@
 // system anything.
 namespace platform::windows {
 
-constexpr wchar_t kDocumentsName[] = L"My Documents";
-
 // What the handheld's names stand for. Folders of the host have no "\" at their end; an empty one can't be
 // reached.
 struct HostPlaces {

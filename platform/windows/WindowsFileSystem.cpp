@@ -2,13 +2,13 @@
 #include <cwchar>
 
 #include "platform/FileSystem.h"
+#include "platform/PathParts.h"
 #include "platform/StoragePaths.h"
 #include "platform/TextEncoding.h"
 #include "platform/windows/FileAttributes.h"
 #include "platform/windows/FileHolds.h"
 #include "platform/windows/Guards.h"
 #include "platform/windows/HandheldPath.h"
-#include "platform/windows/PathTranslation.h"
 #include "platform/windows/SystemTimes.h"
 
 namespace platform {
@@ -16,14 +16,6 @@ namespace platform {
 namespace {
 
 using windows::ToHostPath;
-
-// The system's own patterns also match short names that nobody sees.
-bool MatchesPattern(const std::wstring& name, const std::wstring& pattern) {
-    if (pattern == L"*.*" || pattern == L"*") return true;
-    if (pattern.empty() || pattern[0] != L'*') return EqualNoCase(name, pattern);
-    const size_t length = pattern.size() - 1;
-    return name.size() >= length && EqualNoCase(name.substr(name.size() - length), pattern.substr(1));
-}
 
 // With the daylight saving of that day, not of today.
 DateTime LocalTime(const FILETIME& written) {
@@ -55,18 +47,9 @@ bool ListHostFolder(const std::wstring& hostFolder, const std::wstring& pattern,
     return GetLastError() == ERROR_NO_MORE_FILES;
 }
 
-// The place that must answer before an entry of it can be missing for certain.
-std::wstring MemoryOf(const std::wstring& path) {
-    const std::wstring rooted = path.empty() || path[0] != L'\\' ? L"\\" + path : path;
-    std::wstring storage = StorageOf(rooted);
-    if (!storage.empty()) return storage;
-    const std::wstring documents = L"\\" + std::wstring(windows::kDocumentsName);
-    return EqualNoCase(rooted.substr(0, documents.size() + 1), documents + L"\\") ? documents : L"\\";
-}
-
 // What lies in the handheld's root without lying in the folder behind it.
 void AddRootNames(const std::wstring& pattern, std::vector<FolderEntry>& entries) {
-    std::vector<std::wstring> names{windows::kDocumentsName};
+    std::vector<std::wstring> names{kDocumentsName};
     const std::vector<std::wstring> cards = windows::ReadableCards();
     names.insert(names.end(), cards.begin(), cards.end());
     for (const std::wstring& name : names) {
@@ -105,8 +88,7 @@ bool ListFolder(const std::wstring& folder, const std::wstring& pattern, std::ve
     entries.clear();
     const std::wstring host = ToHostPath(folder);
     if (host.empty() || !ListHostFolder(host, pattern, entries)) return false;
-    const bool isRoot = folder.find_first_not_of(L'\\') == std::wstring::npos;
-    if (isRoot && windows::DeviceFolder().empty()) AddRootNames(pattern, entries);
+    if (IsRoot(folder) && windows::DeviceFolder().empty()) AddRootNames(pattern, entries);
     return true;
 }
 
@@ -273,7 +255,7 @@ bool FreeBytes(const std::wstring& folder, uint64_t& bytes) {
 }
 
 std::wstring DocumentsFolder() {
-    std::wstring folder = L"\\" + std::wstring(windows::kDocumentsName);
+    std::wstring folder = L"\\" + std::wstring(kDocumentsName);
     MakeFolder(folder);  // fails when it is there already
     return folder;
 }

@@ -8,7 +8,6 @@
 
 namespace platform {
 
-using windows::NotificationEntry;
 using windows::NotificationStore;
 
 namespace {

@@ -2,14 +2,14 @@
 
 #include "platform/Locale.h"
 #include "platform/TextEncoding.h"
-#include "tests/contract/Recording.h"
+#include "tests/contract/OnDevice.h"
 
 using namespace contract;
 using namespace platform;
 
 namespace {
 
-using DateContract = Contract;
+using DateContract = DeviceContract;
 
 // The day of the week is deliberately wrong: callers pass what they were given.
 DateTime Moment(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {

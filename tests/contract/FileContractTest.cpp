@@ -2,7 +2,7 @@
 #include "platform/File.h"
 #include "platform/FileSystem.h"
 #include "platform/LogFile.h"
-#include "tests/contract/Recording.h"
+#include "tests/contract/OnDevice.h"
 
 using namespace contract;
 using namespace platform;
@@ -33,7 +33,7 @@ Texts Names(const std::wstring& folder, const std::wstring& pattern = L"*.*") {
     return names;
 }
 
-using FileContract = Contract;
+using FileContract = DeviceContract;
 
 TEST_F(FileContract, FilesKeepTheirBytes) {
     const std::string bytes("\0\r\n\x1a\xff end", 9);

@@ -2,7 +2,7 @@
 
 #include "platform/Notifications.h"
 #include "platform/RegistryKey.h"
-#include "tests/contract/Recording.h"
+#include "tests/contract/OnDevice.h"
 
 using namespace contract;
 using namespace platform;
@@ -20,7 +20,7 @@ NotificationTrigger InTheYear(int year, const std::wstring& arguments = L"") {
     return {L"C:\\Somewhere\\program.exe", arguments, start, start};
 }
 
-using NotificationContract = Contract;
+using NotificationContract = DeviceContract;
 
 TEST_F(NotificationContract, EntriesAreKeptReplacedAndCleared) {
     const NotificationHandle other = SetNotification(0, InTheYear(2098), {});
@@ -50,7 +50,7 @@ TEST_F(NotificationContract, EntriesAreKeptReplacedAndCleared) {
     }
 }
 
-using RegistryContract = Contract;
+using RegistryContract = DeviceContract;
 
 TEST_F(RegistryContract, ValuesReadAsNumbersAndTexts) {
     const struct {

@@ -1,22 +1,12 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "platform/Dialog.h"
 #include "platform/Popup.h"
 #include "platform/Screen.h"
 #include "res/resource.h"
-#include "tests/contract/Device.h"
+#include "tests/contract/OnDevice.h"
 
 namespace contract {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing_support::Hand;
-using testing_support::Script;
-using testing_support::Step;
-using testing_support::Texts;
 
 // Records every event as a short text and can be given something to do in a command.
 template <typename Kind>
@@ -82,10 +72,6 @@ class Recording : public Kind {
 
 using TestScreen = Recording<platform::Screen>;
 using TestDialog = Recording<platform::Dialog>;
-
-struct HasDevice {
-    Device device_;
-};
 
 class Contract : public testing::Test, protected HasDevice, public testing_support::Steps {
   protected:

@@ -22,6 +22,8 @@ MAY_USE = {
 
 # The Windows port and the programs that come with it.
 WINDOWS = ("platform/windows/", "platform/keeper/", "platform/mail/")
+LINUX = ("platform/qt/",)
+PORTS = {"windows": WINDOWS, "keeper": WINDOWS, "mail": WINDOWS, "host": ("platform/host/",), "qt": LINUX}
 
 # All but what would go past the contract. Names with a dot or a slash are the system's.
 STANDARD_HEADERS = re.compile(r"^(?!filesystem|iostream|thread)[a-z_]+$")
@@ -35,20 +37,20 @@ def problems_of(path):
     name = path.relative_to(TOP).as_posix()
     folder = floor_of(name)
     allowed = MAY_USE[folder] | {folder}
-    in_windows = name.startswith(WINDOWS)
+    in_system_port = name.startswith(WINDOWS + LINUX)
     for number, line in enumerate(path.read_text(encoding="utf-8").split("\n"), 1):
         own = re.match(r'\s*#\s*include\s*"([^"]+)"', line)
         if own and floor_of(own.group(1)) not in allowed:
             yield f"{name}:{number}: {folder} may not use {own.group(1)}"
         system = re.match(r"\s*#\s*include\s*<([^>]+)>", line)
-        if system and not in_windows and not STANDARD_HEADERS.match(system.group(1)):
-            yield f"{name}:{number}: <{system.group(1)}> belongs into the Windows port"
+        if system and not in_system_port and not STANDARD_HEADERS.match(system.group(1)):
+            yield f"{name}:{number}: <{system.group(1)}> belongs into a port to a system"
         if re.search(r"\bassert\(", line):
             yield f"{name}:{number}: ink::Require holds in releases, assert does not"
         if "_WIN32" in line and folder != "platform":
             yield f"{name}:{number}: the port is chosen by the build, not by the preprocessor"
-        port = re.match(r'\s*#\s*include\s*"platform/(windows|keeper|mail|host)/', line)
-        if port and not name.startswith(WINDOWS if port.group(1) != "host" else "platform/host/"):
+        port = re.match(r'\s*#\s*include\s*"platform/(windows|keeper|mail|host|qt)/', line)
+        if port and not name.startswith(PORTS[port.group(1)]):
             yield f"{name}:{number}: the contract is platform/*.h; a port's own headers stay in it"
 
 

@@ -3,13 +3,13 @@
 #include <fstream>
 
 #include "ink/Geometry.h"
+#include "platform/AlarmSchedule.h"
 #include "platform/WheelTurns.h"
 #include "platform/WindowPlaces.h"
-#include "platform/keeper/AlarmSchedule.h"
 #include "platform/keeper/NoticePlace.h"
 #include "platform/mail/MailMessage.h"
 #include "platform/windows/FingerRules.h"
-#include "platform/windows/NotificationEntry.h"
+#include "platform/NotificationEntry.h"
 #include "platform/windows/PathTranslation.h"
 #include "platform/windows/PenHistory.h"
 

@@ -1,8 +1,10 @@
-#include "platform/windows/NotificationEntry.h"
+#include "platform/NotificationEntry.h"
 
 #include <cstring>
 
-namespace platform::windows {
+#include "platform/Utf16.h"
+
+namespace platform {
 
 namespace {
 
@@ -24,8 +26,9 @@ class Writer {
         }
     }
     void Text(const std::wstring& text) {
-        Number(static_cast<uint32_t>(text.size()));
-        for (const wchar_t unit : text) {
+        const std::u16string units = ToUtf16(text);
+        Number(static_cast<uint32_t>(units.size()));
+        for (const char16_t unit : units) {
             bytes_.push_back(static_cast<uint8_t>(unit));
             bytes_.push_back(static_cast<uint8_t>(unit >> 8));
         }
@@ -57,12 +60,12 @@ class Reader {
     std::wstring Text() {
         const uint32_t length = Number();
         if (length > kLongestText || length > (bytes_.size() - at_) / 2) failed_ = true;
-        std::wstring text;
+        std::u16string units;
         for (uint32_t i = 0; i < length && !failed_; ++i) {
             const uint8_t low = Byte();
-            text += static_cast<wchar_t>(low | Byte() << 8);
+            units += static_cast<char16_t>(low | Byte() << 8);
         }
-        return text;
+        return FromUtf16(units);
     }
     bool IsWhole() const { return !failed_ && at_ == bytes_.size(); }
 
@@ -113,4 +116,4 @@ bool DecodeEntry(const std::vector<uint8_t>& bytes, NotificationEntry& entry) {
     return reader.IsWhole();
 }
 
-}  // namespace platform::windows
+}  // namespace platform

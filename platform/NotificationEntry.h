@@ -6,9 +6,9 @@
 
 #include "platform/Notifications.h"
 
-namespace platform::windows {
+namespace platform {
 
-// One entry of the notification database, and its form in the registry.
+// One entry of the notification database, and its form there.
 struct NotificationEntry {
     NotificationTrigger trigger;
     UserNotification notification;
@@ -23,4 +23,4 @@ std::vector<uint8_t> EncodeEntry(const NotificationEntry& entry);
 // False for bytes that no EncodeEntry made, whatever they are.
 bool DecodeEntry(const std::vector<uint8_t>& bytes, NotificationEntry& entry);
 
-}  // namespace platform::windows
+}  // namespace platform

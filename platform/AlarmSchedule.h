@@ -7,7 +7,7 @@
 
 #include "platform/Notifications.h"
 
-namespace platform::windows {
+namespace platform {
 
 // An entry of the notification database as the alarm keeper sees it.
 struct ScheduledEntry {
@@ -39,4 +39,4 @@ class AlarmSchedule {
     std::map<NotificationHandle, Attempt> attempts_;
 };
 
-}  // namespace platform::windows
+}  // namespace platform

@@ -1,8 +1,8 @@
-#include "platform/keeper/AlarmSchedule.h"
+#include "platform/AlarmSchedule.h"
 
 #include <utility>
 
-namespace platform::windows {
+namespace platform {
 
 AlarmSchedule::Plan AlarmSchedule::Make(const std::vector<ScheduledEntry>& entries, int64_t now,
                                         uint64_t ticks) {
@@ -27,4 +27,4 @@ AlarmSchedule::Plan AlarmSchedule::Make(const std::vector<ScheduledEntry>& entri
     return plan;
 }
 
-}  // namespace platform::windows
+}  // namespace platform
