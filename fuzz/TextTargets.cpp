@@ -10,8 +10,8 @@
 #include "editor/FileNamePattern.h"
 #include "fuzz/Target.h"
 #include "platform/Locale.h"
-#include "platform/host/HostDevice.h"
 #include "platform/NotificationEntry.h"
+#include "platform/host/HostDevice.h"
 #include "search/MemoSearch.h"
 
 namespace fuzz {

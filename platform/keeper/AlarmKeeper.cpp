@@ -9,10 +9,10 @@
 #include <memory>
 #include <string>
 
+#include "platform/AlarmSchedule.h"
 #include "platform/Clock.h"
 #include "platform/Shell.h"
 #include "platform/keeper/AlarmFiring.h"
-#include "platform/AlarmSchedule.h"
 #include "platform/windows/KeeperControl.h"
 #include "platform/windows/NotificationStore.h"
 #include "platform/windows/Processes.h"
@@ -21,14 +21,14 @@
 
 namespace {
 
-using platform::DateTime;
-using platform::NotificationHandle;
 using platform::AlarmSchedule;
-using platform::windows::LocalTicks;
+using platform::DateTime;
 using platform::NotificationEntry;
+using platform::NotificationHandle;
+using platform::ScheduledEntry;
+using platform::windows::LocalTicks;
 using platform::windows::NotificationStore;
 using platform::windows::OwnedHandle;
-using platform::ScheduledEntry;
 
 constexpr wchar_t kFireSwitch[] = L"/fire";
 constexpr wchar_t kStopSwitch[] = L"/stop";

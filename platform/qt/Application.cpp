@@ -30,7 +30,8 @@ extern "C" void NoteSignal(int) {
 
 Application::Application(int& count, char** arguments)
     : QApplication(count, arguments), calls_([this] {
-          QMetaObject::invokeMethod(this, [this] { calls_.Run(); }, Qt::QueuedConnection);
+          QMetaObject::invokeMethod(
+              this, [this] { calls_.Run(); }, Qt::QueuedConnection);
       }) {
     setApplicationName(ToQt(kProductName));
     setDesktopFileName("inkwright");
@@ -38,7 +39,8 @@ Application::Application(int& count, char** arguments)
     // Each position of the pen counts.
     setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     setAttribute(Qt::AA_CompressTabletEvents, false);
-    connect(this, &QGuiApplication::commitDataRequest, this, [this] { EndSession(); }, Qt::DirectConnection);
+    connect(
+        this, &QGuiApplication::commitDataRequest, this, [this] { EndSession(); }, Qt::DirectConnection);
     WatchSignals();
 }
 
@@ -85,7 +87,8 @@ void Application::Pop() {
 
 void Application::Listen() {
     copies_ = std::make_unique<Copies>([this](const PostedMessage& message) {
-        QMetaObject::invokeMethod(this, [this, message] { Take(message); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this, message] { Take(message); }, Qt::QueuedConnection);
     });
     connect(this, &QGuiApplication::applicationStateChanged, this, [this] { TellOfTop(); });
 }
@@ -101,7 +104,8 @@ void Application::Take(const PostedMessage& message) {
     const bool isForTop = message.window == open_.back().number;
     if (message.kind == PostedMessage::Kind::Show) return ShowTop();
     if (!isForTop) return;
-    if (message.kind == PostedMessage::Kind::Command) return CommandFromOutside(static_cast<int>(message.code));
+    if (message.kind == PostedMessage::Kind::Command)
+        return CommandFromOutside(static_cast<int>(message.code));
     if (message.code == kTakeOver) return TakeOverFromOutside();
     if (Window* window = open_.back().window) window->PostPrivateMessage(message.code, 0);
 }

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QFontMetrics>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -13,8 +14,10 @@
 #include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QSpinBox>
+#include <QTableView>
 #include <QTimeEdit>
 #include <iterator>
+#include <utility>
 
 #include "platform/qt/Fonts.h"
 #include "platform/qt/Text.h"
@@ -31,9 +34,47 @@ constexpr int kLatestSpin = 100;
 
 Qt::WindowFlags FlagsOf(const resources::DialogTemplate& source) {
     const bool hasCaption = source.styles.find(L" WS_CAPTION ") != std::wstring::npos;
-    const Qt::WindowFlags captioned = Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+    const Qt::WindowFlags captioned =
+        Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
     return Qt::Dialog | (hasCaption ? captioned : Qt::FramelessWindowHint);
 }
+
+// Taps anywhere in its place count, beside the text too.
+class CheckBox : public QCheckBox {
+  public:
+    using QCheckBox::QCheckBox;
+
+  protected:
+    bool hitButton(const QPoint& place) const override { return rect().contains(place); }
+};
+
+// A day that is tapped twice is chosen when the pen is up: it must not be lifted over whatever lies below the
+// dialog.
+class MonthCalendar : public QCalendarWidget {
+  public:
+    MonthCalendar(QWidget* parent, Window& window) : QCalendarWidget(parent), window_(window) {
+        setDateRange({1601, 1, 1}, {9999, 12, 31});
+        setVerticalHeaderFormat(NoVerticalHeader);
+        setHorizontalHeaderFormat(ShortDayNames);
+        setAccessibleName("Month");
+        findChild<QTableView*>()->viewport()->installEventFilter(this);
+        connect(this, &QCalendarWidget::activated, [this] {
+            isChosen_ = QGuiApplication::mouseButtons() != Qt::NoButton;
+            if (!isChosen_) window_.PostCommand(kIdOk);
+        });
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool isUp = event->type() == QEvent::MouseButtonRelease;
+        if (isUp && std::exchange(isChosen_, false)) window_.PostCommand(kIdOk);
+        return QCalendarWidget::eventFilter(watched, event);
+    }
+
+  private:
+    Window& window_;
+    bool isChosen_ = false;
+};
 
 // What is being made: the dialog, the window it belongs to, and what came before.
 struct Making {
@@ -67,7 +108,7 @@ QWidget* MakeButton(Making& making, const DialogItem& item) {
 }
 
 QWidget* MakeCheckBox(Making& making, const DialogItem& item) {
-    auto* box = new QCheckBox(WithoutAccessKeys(item.text), &making.parent);
+    auto* box = new CheckBox(WithoutAccessKeys(item.text), &making.parent);
     const int id = item.id;
     QObject::connect(box, &QAbstractButton::clicked,
                      [window = &making.window, id] { DispatchCommand(*window, id); });
@@ -108,7 +149,8 @@ QWidget* MakeSpin(Making& making, const DialogItem&) {
     const int id = making.buddyId;
     spin->findChild<QLineEdit*>()->setReadOnly(making.buddy->isReadOnly());
     spin->setAccessibleName(making.buddy->accessibleName());
-    QObject::connect(spin, &QSpinBox::textChanged, [window = &making.window, id] { TellChange(*window, id); });
+    QObject::connect(spin, &QSpinBox::textChanged,
+                     [window = &making.window, id] { TellChange(*window, id); });
     making.window.Handle()->items[id] = spin;
     const std::unique_ptr<QWidget> gone(making.buddy);
     making.buddy = nullptr;
@@ -124,7 +166,8 @@ QWidget* MakePicker(Making& making, const DialogItem& item) {
     } else {
         picker = new QDateEdit(QDate::currentDate(), &making.parent);
         picker->setDateRange({1601, 1, 1}, {9999, 12, 31});
-        picker->setDisplayFormat(QLocale().dateFormat(QLocale::ShortFormat).replace("yyyy", "yy").replace("yy", "yyyy"));
+        picker->setDisplayFormat(
+            QLocale().dateFormat(QLocale::ShortFormat).replace("yyyy", "yy").replace("yy", "yyyy"));
         picker->setCalendarPopup(true);
     }
     picker->setAccessibleName(isTime ? "Time" : "Date");
@@ -134,15 +177,7 @@ QWidget* MakePicker(Making& making, const DialogItem& item) {
 }
 
 QWidget* MakeCalendar(Making& making, const DialogItem&) {
-    auto* calendar = new QCalendarWidget(&making.parent);
-    calendar->setDateRange({1601, 1, 1}, {9999, 12, 31});
-    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    calendar->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
-    calendar->setAccessibleName("Month");
-    // The dialog ends only when the pen is up: it must not be lifted over whatever lies below.
-    QObject::connect(calendar, &QCalendarWidget::activated,
-                     [window = &making.window] { window->PostCommand(kIdOk); });
-    return calendar;
+    return new MonthCalendar(&making.parent, making.window);
 }
 
 struct Maker {

@@ -43,9 +43,10 @@ std::wstring ArgumentText(const QStringList& arguments) {
     } catch (...) {
         what = "not an exception of the library";
     }
-    const QString text = "Inkwright has found a fault in itself and must close. Notes that were saved are not "
-                         "touched.\n\n" +
-                         QString::fromStdString(what);
+    const QString text =
+        "Inkwright has found a fault in itself and must close. Notes that were saved are not "
+        "touched.\n\n" +
+        QString::fromStdString(what);
     qCritical("%s", qPrintable(text));
     QMessageBox(QMessageBox::Critical, " Inkwright", text, QMessageBox::Ok).exec();
     std::_Exit(3);

@@ -68,7 +68,9 @@ void PointerInput::TakePen(const QTabletEvent& event) {
 
 void PointerInput::Wait(const PointerPacket& packet) {
     if (!waiting_.empty() && waiting_.back().pointer != packet.pointer) HandOn();
-    if (waiting_.empty()) QMetaObject::invokeMethod(this, [this] { HandOn(); }, Qt::QueuedConnection);
+    if (waiting_.empty())
+        QMetaObject::invokeMethod(
+            this, [this] { HandOn(); }, Qt::QueuedConnection);
     waiting_.push_back(packet);
 }
 

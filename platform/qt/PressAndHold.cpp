@@ -8,8 +8,8 @@ namespace platform::qt {
 
 namespace {
 
-// Longer than a slow double click's half, shorter than a person's patience; a system setting that makes double
-// clicks slower makes this slower too.
+// Longer than a slow double click's half, shorter than a person's patience; a system setting that makes
+// double clicks slower makes this slower too.
 constexpr int kShortestHold = 600;
 
 }  // namespace
@@ -45,8 +45,8 @@ bool PressAndHold::eventFilter(QObject*, QEvent* event) {
         }
         case QEvent::MouseMove: {
             const QPointF place = static_cast<QMouseEvent*>(event)->position();
-            const bool isStill = press_ && (place - press_->position()).manhattanLength() <
-                                               QApplication::startDragDistance();
+            const bool isStill =
+                press_ && (place - press_->position()).manhattanLength() < QApplication::startDragDistance();
             if (press_ && !isStill) PassOn();
             return isStill || isHeld_;
         }

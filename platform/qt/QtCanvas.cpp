@@ -89,8 +89,9 @@ Rect Canvas::TextSize(const std::wstring& text, const Font& font) {
 void Canvas::Draw(const ImageList& images, int index, Point topLeft) {
     if (!images.IsValid()) return;
     const ImageList::Impl& list = *images.Handle();
-    CopyMasked(list.strip.Surface(), ink::Offset({0, 0, list.imageSize, list.imageSize}, index * list.imageSize, 0),
-               list.mask, image_.Surface(), topLeft);
+    CopyMasked(list.strip.Surface(),
+               ink::Offset({0, 0, list.imageSize, list.imageSize}, index * list.imageSize, 0), list.mask,
+               image_.Surface(), topLeft);
 }
 
 void Canvas::Draw(const Image& picture, Point topLeft) {

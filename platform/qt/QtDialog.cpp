@@ -97,8 +97,8 @@ DateTime Dialog::PickedDate(int id) const {
     if (!picked.isValid()) return {};
     const QDate date = picked.date();
     const QTime time = picked.time();
-    return {date.year(),  date.month(),   date.dayOfWeek() % 7, date.day(),
-            time.hour(),  time.minute(),  time.second(),        time.msec()};
+    return {date.year(), date.month(),  date.dayOfWeek() % 7, date.day(),
+            time.hour(), time.minute(), time.second(),        time.msec()};
 }
 
 DateTime Dialog::PickedTime(int id) const { return PickedDate(id); }

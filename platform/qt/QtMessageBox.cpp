@@ -1,7 +1,6 @@
-#include "platform/MessageBox.h"
-
 #include <QMessageBox>
 
+#include "platform/MessageBox.h"
 #include "platform/qt/Application.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WindowImpl.h"

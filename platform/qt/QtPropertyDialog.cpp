@@ -1,11 +1,10 @@
-#include "platform/PropertyDialog.h"
-
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "platform/PropertyDialog.h"
 #include "platform/qt/Application.h"
 #include "platform/qt/DialogFrame.h"
 #include "platform/qt/Fonts.h"

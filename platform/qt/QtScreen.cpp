@@ -1,7 +1,6 @@
-#include "platform/Screen.h"
-
 #include <utility>
 
+#include "platform/Screen.h"
 #include "platform/qt/HandheldPlace.h"
 #include "platform/qt/MenuBar.h"
 #include "platform/qt/ModalRun.h"

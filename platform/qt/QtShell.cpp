@@ -46,7 +46,8 @@ bool ChooseFolder(Window* owner, const std::wstring& title, const std::wstring& 
     const qt::SystemDialog running(owner, [&dialog] { dialog.reject(); });
     while (dialog.exec() == QDialog::Accepted) {
         const QStringList picked = dialog.selectedFiles();
-        const std::wstring path = picked.isEmpty() ? std::wstring() : FromHostPath(qt::FromQt(picked.front()));
+        const std::wstring path =
+            picked.isEmpty() ? std::wstring() : FromHostPath(qt::FromQt(picked.front()));
         if (path.empty() || path.front() != L'\\') continue;
         chosen = path;
         return true;

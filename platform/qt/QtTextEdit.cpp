@@ -25,9 +25,10 @@ namespace {
 class TextEdit : public QPlainTextEdit {
   public:
     TextEdit(QWidget* parent, Dialog& dialog, int id)
-        : QPlainTextEdit(parent), dialog_(dialog), id_(id), presses_(viewport(), [this](QPoint place) {
-              Hold(viewport()->mapToGlobal(place));
-          }) {
+        : QPlainTextEdit(parent),
+          dialog_(dialog),
+          id_(id),
+          presses_(viewport(), [this](QPoint place) { Hold(viewport()->mapToGlobal(place)); }) {
         setAccessibleName("Memo");
         setTabChangesFocus(true);
     }

@@ -58,7 +58,8 @@ bool TreeView::Impl::Create(Window& window, int id, const Rect& place, const Tre
 
 void TreeView::Impl::ShowImage(Node& node) const {
     const auto count = static_cast<int>(images.size());
-    QPixmap picture = node.image >= 0 && node.image < count ? images[static_cast<size_t>(node.image)] : QPixmap();
+    QPixmap picture =
+        node.image >= 0 && node.image < count ? images[static_cast<size_t>(node.image)] : QPixmap();
     if (node.hasOverlay && overlay < count)
         QPainter(&picture).drawPixmap(0, 0, images[static_cast<size_t>(overlay)]);
     node.setIcon(0, picture);
@@ -173,9 +174,8 @@ bool TreeView::IsExpanded(TreeItem item) const {
 bool TreeView::HasChildren(TreeItem item) const { return FirstChild(item) != 0; }
 
 TreeItem TreeView::FirstChild(TreeItem item) const {
-    return Ask(*impl_, TreeItem{0}, [item](qt::TreeWidget&) {
-        return item == 0 ? TreeItem{0} : ItemOf(NodeOf(item)->child(0));
-    });
+    return Ask(*impl_, TreeItem{0},
+               [item](qt::TreeWidget&) { return item == 0 ? TreeItem{0} : ItemOf(NodeOf(item)->child(0)); });
 }
 
 TreeItem TreeView::NextSibling(TreeItem item) const {

@@ -14,11 +14,18 @@
 
 namespace platform {
 
+namespace {
+
+constexpr char kWindowProperty[] = "inkwright window";
+
+}  // namespace
+
 void Window::Impl::Begin(Window& window, Window* below, std::unique_ptr<QWidget> newFrame, QWidget* newPage) {
     owned = std::move(newFrame);
     frame = owned ? owned.get() : newPage;
     page = newPage;
     owner = below;
+    frame->setProperty(kWindowProperty, QVariant::fromValue(static_cast<void*>(&window)));
     events = std::make_unique<qt::WindowEvents>(window);
 }
 
@@ -172,9 +179,7 @@ void Window::SendPrivateMessage(uint32_t code, intptr_t payload) {
 void Window::PostPrivateMessage(uint32_t code, intptr_t payload) {
     QWidget* frame = impl_->frame;
     if (!frame) return;
-    const auto tell = [this, code, payload] {
-        qt::Guarded(*this, [&] { OnPrivateMessage(code, payload); });
-    };
+    const auto tell = [this, code, payload] { qt::Guarded(*this, [&] { OnPrivateMessage(code, payload); }); };
     QMetaObject::invokeMethod(frame, tell, Qt::QueuedConnection);
 }
 
@@ -186,6 +191,10 @@ void Window::EndModal(int result) {
 }
 
 namespace qt {
+
+Window* WindowOf(const QWidget* widget) {
+    return widget ? static_cast<Window*>(widget->property(kWindowProperty).value<void*>()) : nullptr;
+}
 
 void DispatchCommand(Window& window, int id) {
     const Window::Impl& state = *window.Handle();

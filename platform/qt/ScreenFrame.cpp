@@ -37,7 +37,10 @@ class PageScrollBar : public QScrollBar {
 }  // namespace
 
 ScreenFrame::ScreenFrame(QWidget* owner, Screen& screen, bool withScrollBar)
-    : QWidget(owner, Qt::Window), screen_(screen), page_(new QWidget(this)), strip_(new MenuBar(this, screen)) {
+    : QWidget(owner, Qt::Window),
+      screen_(screen),
+      page_(new QWidget(this)),
+      strip_(new MenuBar(this, screen)) {
     page_->setAttribute(Qt::WA_OpaquePaintEvent);
     page_->setFocusPolicy(Qt::StrongFocus);
     page_->setAccessibleName("Page");

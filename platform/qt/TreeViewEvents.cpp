@@ -78,7 +78,8 @@ void TreeView::Impl::Erase(Node* node) {
 void TreeView::Impl::EditLabel(Node& node) {
     slowTap.stop();
     std::wstring text = qt::FromQt(node.text(0));
-    if (tree && events && events->OnTreeEditBegins(ItemOf(&node), text)) tree->EditLabel(node, qt::ToQt(text));
+    if (tree && events && events->OnTreeEditBegins(ItemOf(&node), text))
+        tree->EditLabel(node, qt::ToQt(text));
 }
 
 void TreeView::Impl::LabelEdited(Node* node, const QString& text, bool isKept) {

@@ -16,8 +16,8 @@ struct TreeView::Impl : qt::TreeUser {
     using Node = qt::TreeNode;
 
     Window* parent = nullptr;
-    Events* events = nullptr;          // null once nobody is to hear of anything any more
-    QPointer<qt::TreeWidget> tree;     // belongs to the parent's window, and goes with it
+    Events* events = nullptr;       // null once nobody is to hear of anything any more
+    QPointer<qt::TreeWidget> tree;  // belongs to the parent's window, and goes with it
     std::vector<QPixmap> images;
     int overlay = 0;
     Node* selected = nullptr;

@@ -85,7 +85,8 @@ TreeWidget::~TreeWidget() { isOurs_ = true; }
 void TreeWidget::SetCurrent(TreeNode* node) {
     const bool before = std::exchange(isOurs_, true);
     if (node) {
-        for (QTreeWidgetItem* above = node->parent(); above; above = above->parent()) above->setExpanded(true);
+        for (QTreeWidgetItem* above = node->parent(); above; above = above->parent())
+            above->setExpanded(true);
         setCurrentItem(node);
         scrollToItem(node);
     } else {
@@ -190,6 +191,7 @@ void TreeWidget::drawBranches(QPainter* painter, const QRect& area, const QModel
     const int middleY = (area.top() + area.bottom()) / 2;
     int x = area.right() + 1 - kIndent / 2;
     painter->save();
+    painter->fillRect(area, palette().color(QPalette::Base));  // what is selected is the text
     painter->setPen(QPen(palette().color(QPalette::Mid), 1, Qt::DotLine));
     const bool isFirst = !index.parent().isValid() && index.row() == 0;
     const bool hasNext = index.siblingAtRow(index.row() + 1).isValid();

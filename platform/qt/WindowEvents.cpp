@@ -22,14 +22,12 @@ Key KeyOf(int toolkitKey) {
     constexpr struct {
         int code;
         Key key;
-    } kKeys[] = {{Qt::Key_Left, Key::Left},     {Qt::Key_Up, Key::Up},
-                 {Qt::Key_Right, Key::Right},   {Qt::Key_Down, Key::Down},
-                 {Qt::Key_PageUp, Key::PageUp}, {Qt::Key_PageDown, Key::PageDown},
-                 {Qt::Key_Home, Key::Home},     {Qt::Key_End, Key::End},
-                 {Qt::Key_Return, Key::Enter},  {Qt::Key_Enter, Key::Enter},
-                 {Qt::Key_Escape, Key::Escape}, {Qt::Key_Delete, Key::Delete},
-                 {Qt::Key_F2, Key::F2},         {Qt::Key_F1, Key::F1},
-                 {Qt::Key_F11, Key::F11}};
+    } kKeys[] = {
+        {Qt::Key_Left, Key::Left},   {Qt::Key_Up, Key::Up},         {Qt::Key_Right, Key::Right},
+        {Qt::Key_Down, Key::Down},   {Qt::Key_PageUp, Key::PageUp}, {Qt::Key_PageDown, Key::PageDown},
+        {Qt::Key_Home, Key::Home},   {Qt::Key_End, Key::End},       {Qt::Key_Return, Key::Enter},
+        {Qt::Key_Enter, Key::Enter}, {Qt::Key_Escape, Key::Escape}, {Qt::Key_Delete, Key::Delete},
+        {Qt::Key_F2, Key::F2},       {Qt::Key_F1, Key::F1},         {Qt::Key_F11, Key::F11}};
     for (const auto& known : kKeys) {
         if (toolkitKey == known.code) return known.key;
     }
@@ -189,7 +187,9 @@ bool WindowEvents::Mouse(QMouseEvent& event) {
 // What comes in one go is handed on as one movement. A mouse that does not press is not there.
 void WindowEvents::MouseMoved(const QMouseEvent& event) {
     if (!holdsPen_ && !event.buttons().testFlag(Qt::LeftButton)) return;
-    if (waiting_.empty()) QMetaObject::invokeMethod(this, [this] { GoOn(); }, Qt::QueuedConnection);
+    if (waiting_.empty())
+        QMetaObject::invokeMethod(
+            this, [this] { GoOn(); }, Qt::QueuedConnection);
     waiting_.push_back({event.position().toPoint().x(), event.position().toPoint().y()});
 }
 

@@ -70,6 +70,9 @@ namespace qt {
 // The toolkit's window that `window` has; null when there is none.
 inline QWidget* FrameOf(const Window* window) { return window ? window->Handle()->frame : nullptr; }
 
+// The window object behind a frame or page of ours; null for any other widget.
+Window* WindowOf(const QWidget* widget);
+
 // Runs what handles an event: nothing may be thrown through the toolkit. False when memory was short, which
 // the user was told.
 template <typename Handler>

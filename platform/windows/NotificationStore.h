@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "platform/windows/Guards.h"
 #include "platform/NotificationEntry.h"
+#include "platform/windows/Guards.h"
 
 namespace platform::windows {
 

@@ -4,12 +4,12 @@
 
 #include "ink/Geometry.h"
 #include "platform/AlarmSchedule.h"
+#include "platform/NotificationEntry.h"
 #include "platform/WheelTurns.h"
 #include "platform/WindowPlaces.h"
 #include "platform/keeper/NoticePlace.h"
 #include "platform/mail/MailMessage.h"
 #include "platform/windows/FingerRules.h"
-#include "platform/NotificationEntry.h"
 #include "platform/windows/PathTranslation.h"
 #include "platform/windows/PenHistory.h"
 
