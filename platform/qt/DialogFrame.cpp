@@ -8,7 +8,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -22,6 +21,7 @@
 #include "platform/qt/Fonts.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WindowImpl.h"
+#include "platform/qt/system/UserLocale.h"
 
 namespace platform::qt {
 
@@ -56,6 +56,7 @@ class MonthCalendar : public QCalendarWidget {
         setDateRange({1601, 1, 1}, {9999, 12, 31});
         setVerticalHeaderFormat(NoVerticalHeader);
         setHorizontalHeaderFormat(ShortDayNames);
+        setLocale(UserLocale());
         setAccessibleName("Month");
         findChild<QTableView*>()->viewport()->installEventFilter(this);
         connect(this, &QCalendarWidget::activated, [this] {
@@ -162,14 +163,14 @@ QWidget* MakePicker(Making& making, const DialogItem& item) {
     QDateTimeEdit* picker = nullptr;
     if (isTime) {
         picker = new QTimeEdit(QTime::currentTime(), &making.parent);
-        picker->setDisplayFormat(QLocale().timeFormat(QLocale::LongFormat).remove(" t").remove('t'));
+        picker->setDisplayFormat(TimePicture());
     } else {
         picker = new QDateEdit(QDate::currentDate(), &making.parent);
         picker->setDateRange({1601, 1, 1}, {9999, 12, 31});
-        picker->setDisplayFormat(
-            QLocale().dateFormat(QLocale::ShortFormat).replace("yyyy", "yy").replace("yy", "yyyy"));
+        picker->setDisplayFormat(ShortPicture());
         picker->setCalendarPopup(true);
     }
+    picker->setLocale(UserLocale());
     picker->setAccessibleName(isTime ? "Time" : "Date");
     QObject::connect(picker, &QDateTimeEdit::dateTimeChanged,
                      [window = &making.window, id = item.id] { TellChange(*window, id); });
@@ -248,6 +249,7 @@ void MakeItems(QWidget& parent, Window& window, const resources::DialogTemplate&
         before = PlaceOf(parent, item, *made, before);
         made->setGeometry(before);
         made->setObjectName(QString::number(item.id));
+        made->show();  // a page of a sheet may be shown before it is filled
         const bool isLabel = qobject_cast<QLabel*>(made) != nullptr;
         if (!isLabel && made->accessibleName().isEmpty()) made->setAccessibleName(making.label);
         window.Handle()->items[item.id] = made;

@@ -16,6 +16,7 @@ void Show(Window::Impl& state) {
     } else {
         state.frame->show();
     }
+    if (state.sizing) state.sizing->FillMonitor(*state.frame);
     state.frame->raise();
     state.frame->activateWindow();
     if (!state.focusPlaced && state.hasOwnFocus) (state.control ? state.control : state.page)->setFocus();

@@ -76,7 +76,6 @@ void Sheet::Open(int index) {
     opened_.push_back(&page);
     page.Handle()->Begin(page, nullptr, nullptr, tabs_.widget(index));
     qt::MakeItems(*tabs_.widget(index), page, *source);
-    for (const auto& [id, item] : page.Handle()->items) item->show();
     qt::Guarded(page, [&page] { page.OnCreate(); });
 }
 

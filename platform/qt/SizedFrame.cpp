@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QTimer>
 
 #include "platform/Product.h"
 #include "platform/RegistryKey.h"
@@ -58,14 +59,29 @@ void SizedFrame::Remember() const {
         PlacesKey().SetText(ValueName(kind_).c_str(), RegistryType::Text, TextOfPlace(place_));
 }
 
+void SizedFrame::FillMonitor(QWidget& frame) {
+    constexpr int kPatienceMilliseconds = 200;
+    QTimer::singleShot(kPatienceMilliseconds, &frame, [this, &frame] {
+        const bool isOver = frame.isFullScreen() || frame.isMaximized();
+        const QRect wanted =
+            frame.isFullScreen() ? frame.screen()->geometry() : frame.screen()->availableGeometry();
+        if (isOver && frame.size() == QSize(place_.frame.Width(), place_.frame.Height()))
+            frame.setGeometry(wanted);
+    });
+}
+
 // The place before is known, so a maximised frame is maximised again after it.
 void SizedFrame::ToggleFullScreen(QWidget& frame) {
     isFullScreen_ = !isFullScreen_;
-    if (isFullScreen_) return frame.showFullScreen();
-    if (place_.isMaximised) return frame.showMaximized();
-    frame.showNormal();
-    frame.move(place_.frame.left, place_.frame.top);
-    frame.resize(place_.frame.Width(), place_.frame.Height());
+    if (isFullScreen_ || place_.isMaximised) {
+        isFullScreen_ ? frame.showFullScreen() : frame.showMaximized();
+        return FillMonitor(frame);
+    }
+    const WindowPlace place = place_;
+    frame.showNormal();  // on the way there it is followed
+    place_ = place;
+    frame.move(place.frame.left, place.frame.top);
+    frame.resize(place.frame.Width(), place.frame.Height());
 }
 
 }  // namespace platform::qt

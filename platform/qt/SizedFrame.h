@@ -27,6 +27,8 @@ class SizedFrame {
     void ToggleFullScreen(QWidget& frame);
     // The frame opens so.
     void BeginFullScreen() { isFullScreen_ = true; }
+    // Where no window manager makes a frame as large as it was asked to be, it is done here.
+    void FillMonitor(QWidget& frame);
 
   private:
     std::wstring kind_;

@@ -171,16 +171,10 @@ bool WindowEvents::Mouse(QMouseEvent& event) {
     }
     if (event.button() != Qt::LeftButton) return false;
     const Point place{event.position().toPoint().x(), event.position().toPoint().y()};
-    if (event.type() == QEvent::MouseButtonRelease) {
-        samples_.swap(waiting_);
-        if (!samples_.empty() && samples_.back() == place) samples_.pop_back();
-        Guarded(window_, [&] { window_.OnPenUp(place); });
-    } else {
-        GoOn();
-        Guarded(window_, [&] { window_.OnPenDown(place); });
-    }
-    samples_.clear();
-    waiting_.clear();
+    GoOn();
+    Guarded(window_, [&] {
+        event.type() == QEvent::MouseButtonRelease ? window_.OnPenUp(place) : window_.OnPenDown(place);
+    });
     return true;
 }
 

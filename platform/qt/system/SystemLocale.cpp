@@ -9,16 +9,34 @@ namespace platform {
 
 namespace qt {
 
+namespace {
+
+constexpr QChar kNarrowBlank(0x202F);
+
+}  // namespace
+
 QLocale UserLocale() {
     const QLocale system = QLocale::system();
     return system.language() == QLocale::C ? QLocale(QLocale::English, QLocale::UnitedStates) : system;
 }
 
+QString ShortPicture() {
+    QString picture = UserLocale().dateFormat(QLocale::ShortFormat);
+    if (!picture.contains(QLatin1String("yyyy"))) picture.replace(QLatin1String("yy"), QLatin1String("yyyy"));
+    return picture;
+}
+
+QString TimePicture() {
+    QString picture = UserLocale().timeFormat(QLocale::LongFormat);
+    while (picture.contains(QLatin1Char('t'))) picture.remove(picture.lastIndexOf(QLatin1Char('t')), 1);
+    picture.remove(QLatin1String("()"));
+    picture.remove(QLatin1String("[]"));
+    return picture.replace(kNarrowBlank, QLatin1Char(' ')).trimmed();
+}
+
 }  // namespace qt
 
 namespace {
-
-constexpr QChar kNarrowBlank(0x202F);
 
 bool IsDate(const DateTime& date) { return IsValidDate(date.year, date.month, date.day); }
 
@@ -27,25 +45,9 @@ QString Format(const DateTime& date, const QString& picture) {
                         : QString();
 }
 
-// Years are written in full: a note may be older than its reader thinks.
-QString ShortPicture() {
-    QString picture = qt::UserLocale().dateFormat(QLocale::ShortFormat);
-    if (!picture.contains(QLatin1String("yyyy"))) picture.replace(QLatin1String("yy"), QLatin1String("yyyy"));
-    return picture;
-}
-
-// With seconds, without the zone.
-QString TimePicture() {
-    QString picture = qt::UserLocale().timeFormat(QLocale::LongFormat);
-    while (picture.contains(QLatin1Char('t'))) picture.remove(picture.lastIndexOf(QLatin1Char('t')), 1);
-    picture.remove(QLatin1String("()"));
-    picture.remove(QLatin1String("[]"));
-    return picture.replace(kNarrowBlank, QLatin1Char(' ')).trimmed();
-}
-
 }  // namespace
 
-std::wstring ShortDate(const DateTime& date) { return Format(date, ShortPicture()).toStdWString(); }
+std::wstring ShortDate(const DateTime& date) { return Format(date, qt::ShortPicture()).toStdWString(); }
 
 std::wstring LongDate(const DateTime& date) {
     return Format(date, qt::UserLocale().dateFormat(QLocale::LongFormat)).toStdWString();
@@ -79,7 +81,7 @@ std::wstring DateAndTime(const DateTime& moment) {
     std::wstring text = IsValidMoment(moment) ? ShortDate(moment) : std::wstring();
     if (text.empty() || (moment.hour == 0 && moment.minute == 0 && moment.second == 0)) return text;
     const QTime time(moment.hour, moment.minute, moment.second);
-    return text + L" " + qt::UserLocale().toString(time, TimePicture()).toStdWString();
+    return text + L" " + qt::UserLocale().toString(time, qt::TimePicture()).toStdWString();
 }
 
 }  // namespace platform
