@@ -20,9 +20,9 @@ bool HasDevice(QInputDevice::DeviceType type) {
 
 // Only on a machine that has nothing better, or where they are told to.
 bool FingersWrite() {
-    const bool hasBetter =
-        HasDevice(QInputDevice::DeviceType::Mouse) || HasDevice(QInputDevice::DeviceType::Stylus);
-    return !hasBetter || qgetenv("INKWRIGHT_FINGERS") == "write";
+    using Type = QInputDevice::DeviceType;
+    const bool hasBetter = HasDevice(Type::Mouse) || HasDevice(Type::Stylus);
+    return (HasDevice(Type::TouchScreen) && !hasBetter) || qgetenv("INKWRIGHT_FINGERS") == "write";
 }
 
 Point PlaceOf(const QPointF& place) { return {place.toPoint().x(), place.toPoint().y()}; }
@@ -43,11 +43,11 @@ PointerPacket PacketOf(const QTabletEvent& event) {
     return packet;
 }
 
-PointerPacket PacketOf(const QEventPoint& point, uint32_t time) {
+PointerPacket PacketOf(const QWidget& page, const QEventPoint& point, uint32_t time) {
     PointerPacket packet;
     packet.pointer = static_cast<uint32_t>(point.id()) & 0x7FFFFFFFu;
     packet.kind = PointerKind::Touch;
-    packet.place = PlaceOf(point.position());
+    packet.place = PlaceOf(page.mapFromGlobal(point.globalPosition()));
     packet.time = time;
     packet.isNear = packet.isDown = point.state() != QEventPoint::Released;
     return packet;
@@ -96,7 +96,7 @@ void PointerInput::TakeTouch(const QTouchEvent& event) {
 
 void PointerInput::TakeFinger(const QEventPoint& point, uint32_t time) {
     if (point.state() == QEventPoint::Stationary) return;
-    const PointerPacket packet = PacketOf(point, time);
+    const PointerPacket packet = PacketOf(*window_.Handle()->page, point, time);
     bool isTaken = false;
     Guarded(window_, [&] { isTaken = pens_.Take(&packet, 1); });
     if (!isTaken) Gesture(point, packet);
