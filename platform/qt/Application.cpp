@@ -3,7 +3,10 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <QBuffer>
 #include <QEvent>
+#include <QImageReader>
+#include <QPixmap>
 #include <QSessionManager>
 #include <QSocketNotifier>
 #include <QTabletEvent>
@@ -13,10 +16,14 @@
 #include "platform/qt/ModalRun.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WindowImpl.h"
+#include "platform/resources/ResourceTables.h"
 
 namespace platform::qt {
 
 namespace {
+
+// The id that every program here gives its own icon.
+constexpr int kProgramIcon = 128;
 
 // A handler of signals gets nothing to tell it whose they are, and may do little more than write.
 volatile std::sig_atomic_t signalPipe = -1;
@@ -24,6 +31,18 @@ volatile std::sig_atomic_t signalPipe = -1;
 extern "C" void NoteSignal(int) {
     const char byte = 1;
     if (signalPipe >= 0) static_cast<void>(!write(signalPipe, &byte, 1));
+}
+
+// In all the sizes that it was drawn in.
+QIcon ProgramIcon() {
+    const resources::ResourceFile file = resources::FindIcon(kProgramIcon);
+    QByteArray bytes(reinterpret_cast<const char*>(file.bytes), static_cast<qsizetype>(file.size));
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer);
+    QIcon icon;
+    for (int i = 0; i < reader.imageCount() && reader.jumpToImage(i); ++i)
+        icon.addPixmap(QPixmap::fromImage(reader.read()));
+    return icon;
 }
 
 }  // namespace
@@ -36,6 +55,7 @@ Application::Application(int& count, char** arguments)
     setApplicationName(ToQt(kProductName));
     setDesktopFileName("inkwright");
     setQuitOnLastWindowClosed(false);
+    setWindowIcon(ProgramIcon());
     // Each position of the pen counts.
     setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     setAttribute(Qt::AA_CompressTabletEvents, false);

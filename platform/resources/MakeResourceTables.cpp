@@ -49,23 +49,23 @@ void WriteDialogs(std::ostream& out, const Script& script) {
 }
 
 // False when a file is not there.
-bool WriteBitmaps(std::ostream& out, const Script& script, const std::string& folder) {
-    for (const ScriptBitmap& bitmap : script.bitmaps) {
-        const std::string bytes = ReadFile(folder + "/" + bitmap.file);
+bool WriteFiles(std::ostream& out, const char* function, const std::vector<ScriptFile>& files,
+                const std::string& folder) {
+    std::string entries;
+    for (const ScriptFile& file : files) {
+        const std::string bytes = ReadFile(folder + "/" + file.name);
         if (bytes.empty()) return false;
-        out << "const unsigned char kBitmap" << bitmap.id << "[] = {";
+        const std::string name = "kFile" + std::to_string(file.id);
+        out << "const unsigned char " << name << "[] = {";
         for (size_t i = 0; i < bytes.size(); ++i)
             out << (i % 32 == 0 ? "\n" : "") << static_cast<int>(static_cast<unsigned char>(bytes[i])) << ",";
         out << "};\n";
+        entries += "        {" + std::to_string(file.id) + ", " + name + ", sizeof " + name + "},\n";
     }
-    out << "const std::vector<BitmapFile>& Bitmaps() {\n"
-           "    static const std::vector<BitmapFile> bitmaps{\n";
-    for (const ScriptBitmap& bitmap : script.bitmaps) {
-        const std::string name = "kBitmap" + std::to_string(bitmap.id);
-        out << "        {" << bitmap.id << ", " << name << ", sizeof " << name << "},\n";
-    }
-    out << "    };\n    return bitmaps;\n}\n\n";
-    return true;
+    out << "const std::vector<ResourceFile>& " << function << "() {\n"
+        << "    static const std::vector<ResourceFile> files{\n"
+        << entries << "    };\n    return files;\n}\n\n";
+    return !files.empty();
 }
 
 }  // namespace
@@ -77,10 +77,11 @@ int main(int count, char** arguments) {
     std::ofstream out(arguments[2]);
     out << "#include \"platform/resources/ResourceTables.h\"\n\nnamespace platform::resources {\n\n";
     WriteDialogs(out, script);
-    const bool isWhole = WriteBitmaps(out, script, folder);
+    const bool isWhole = WriteFiles(out, "Bitmaps", script.bitmaps, folder) &&
+                         WriteFiles(out, "Icons", script.icons, folder);
     out << "}  // namespace platform::resources\n";
     out.flush();
-    if (isWhole && out && !script.dialogs.empty() && !script.bitmaps.empty()) return 0;
+    if (isWhole && out && !script.dialogs.empty()) return 0;
     std::fprintf(stderr, "%s: incomplete resources\n", folder.c_str());
     return 1;
 }

@@ -78,6 +78,7 @@ class Reader {
         Script script;
         for (at_ = 1; at_ + 1 < tokens_.size(); ++at_) {
             if (tokens_[at_].quoted) continue;
+            if (Text() == "ICON") script.icons.push_back({Number(at_ - 1), tokens_[at_ + 1].text});
             if (Text() == "BITMAP") script.bitmaps.push_back({Number(at_ - 1), tokens_[at_ + 1].text});
             if (Text() == "DIALOGEX") script.dialogs.push_back(ReadDialog());
         }

@@ -22,14 +22,15 @@ struct ScriptDialog {
     std::vector<ScriptItem> items;
 };
 
-struct ScriptBitmap {
+struct ScriptFile {
     int id = 0;
-    std::string file;
+    std::string name;
 };
 
 struct Script {
     std::vector<ScriptDialog> dialogs;
-    std::vector<ScriptBitmap> bitmaps;
+    std::vector<ScriptFile> bitmaps;
+    std::vector<ScriptFile> icons;
 };
 
 // `header` is the text of resource.h.

@@ -27,8 +27,13 @@ bool DialogItem::Has(const wchar_t* style) const {
 
 const DialogTemplate* FindDialog(int id) { return FindIn(Dialogs(), id); }
 
+ResourceFile FindIcon(int id) {
+    const ResourceFile* icon = FindIn(Icons(), id);
+    return icon != nullptr ? *icon : ResourceFile{};
+}
+
 Image ImageOfBitmap(int id) {
-    const BitmapFile* file = FindIn(Bitmaps(), id);
+    const ResourceFile* file = FindIn(Bitmaps(), id);
     if (file == nullptr || file->size < kHeaders || file->bytes[kDepthAt] != 24) return {};
     int32_t size[2];
     std::memcpy(size, file->bytes + kSizeAt, sizeof size);

@@ -30,7 +30,8 @@ struct DialogTemplate {
     std::vector<DialogItem> items;
 };
 
-struct BitmapFile {
+// A file of res/ as it is.
+struct ResourceFile {
     int id = 0;
     const unsigned char* bytes = nullptr;
     size_t size = 0;
@@ -38,11 +39,14 @@ struct BitmapFile {
 
 // Null for an id that the program does not have.
 const DialogTemplate* FindDialog(int id);
+// Without bytes for an id that the program does not have.
+ResourceFile FindIcon(int id);
 // Only uncompressed 24-bit bitmaps; invalid when there is none or memory is short.
 Image ImageOfBitmap(int id);
 
 // The tables themselves.
 const std::vector<DialogTemplate>& Dialogs();
-const std::vector<BitmapFile>& Bitmaps();
+const std::vector<ResourceFile>& Bitmaps();
+const std::vector<ResourceFile>& Icons();
 
 }  // namespace platform::resources
