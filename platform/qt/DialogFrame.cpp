@@ -241,7 +241,7 @@ QRect PixelsOf(const QWidget& dialog, const ink::Rect& units) {
 }
 
 void MakeItems(QWidget& parent, Window& window, const resources::DialogTemplate& source) {
-    Making making{parent, window, {}, nullptr, 0};
+    Making making{parent, window, ToQt(source.caption).trimmed(), nullptr, 0};
     QRect before;
     for (const DialogItem& item : source.items) {
         QWidget* made = MakeItem(making, item);
@@ -250,8 +250,8 @@ void MakeItems(QWidget& parent, Window& window, const resources::DialogTemplate&
         made->setGeometry(before);
         made->setObjectName(QString::number(item.id));
         made->show();  // a page of a sheet may be shown before it is filled
-        const bool isLabel = qobject_cast<QLabel*>(made) != nullptr;
-        if (!isLabel && made->accessibleName().isEmpty()) made->setAccessibleName(making.label);
+        const bool hasText = qobject_cast<QLabel*>(made) || qobject_cast<QAbstractButton*>(made);
+        if (!hasText && made->accessibleName().isEmpty()) made->setAccessibleName(making.label);
         window.Handle()->items[item.id] = made;
     }
     window.Handle()->hasOwnFocus = false;

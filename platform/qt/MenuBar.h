@@ -40,10 +40,11 @@ class MenuBar : public QWidget {
 // A button that is down or marked only when the program says so.
 class ToolButton : public QToolButton {
   public:
-    ToolButton(QWidget* parent, int command) : QToolButton(parent), command_(command) { setCheckable(true); }
+    ToolButton(QWidget* parent, int command) : QToolButton(parent), command_(command) {}
 
     int Command() const { return command_; }
     bool IsPressed() const { return isPressed_; }
+    void Mark(bool isMarked);
     void SetPressed(bool pressed);
 
   protected:

@@ -22,6 +22,13 @@ constexpr ink::ColorRef kTransparent = ink::MakeColor(192, 192, 192);
 
 namespace qt {
 
+// A button that is not marked is an ordinary one for those who hear about it only.
+void ToolButton::Mark(bool isMarked) {
+    setCheckable(true);
+    setChecked(isMarked);
+    setCheckable(isMarked);
+}
+
 void ToolButton::SetPressed(bool pressed) {
     isPressed_ = pressed;
     setDown(pressed);
@@ -36,6 +43,7 @@ MenuBar::MenuBar(QWidget* parent, Screen& screen)
     : QWidget(parent), screen_(screen), menuButton_(new QToolButton(this)) {
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Button);
+    setAccessibleName("Menu bar");
     menuButton_->setText(QString(QChar(0x2261)));
     menuButton_->setAccessibleName("Menu");
     menuButton_->setToolTip("Menu");
@@ -111,7 +119,7 @@ void ToolBar::SetImages(const Image& images) {
     if (impl_ && images.IsValid()) impl_->strip.UseImages(images);
 }
 void ToolBar::SetChecked(int command, bool checked) {
-    if (qt::ToolButton* button = impl_ ? impl_->strip.Find(command) : nullptr) button->setChecked(checked);
+    if (qt::ToolButton* button = impl_ ? impl_->strip.Find(command) : nullptr) button->Mark(checked);
 }
 void ToolBar::SetPressed(int command, bool pressed) {
     if (qt::ToolButton* button = impl_ ? impl_->strip.Find(command) : nullptr) button->SetPressed(pressed);
