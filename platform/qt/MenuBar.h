@@ -23,6 +23,7 @@ class MenuBar : public QWidget {
     void ShowMenuButton();
 
   protected:
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
@@ -31,6 +32,7 @@ class MenuBar : public QWidget {
     Screen& screen_;
     std::vector<ToolButton*> buttons_;
     QToolButton* menuButton_;
+    std::vector<int> separators_;  // their x
     int end_ = 0;  // of the buttons, in pixels
     int imageWidth_ = 0;
     int imageHeight_ = 0;

@@ -1,4 +1,5 @@
 #include <QMouseEvent>
+#include <QPainter>
 
 #include "platform/qt/ImageImpl.h"
 #include "platform/qt/MenuBar.h"
@@ -60,6 +61,7 @@ bool MenuBar::AddButtons(const ToolBarLayout& layout) {
     end_ = kLeftMargin;
     for (const ToolBarButton& source : layout.buttons) {
         if (source.command == 0) {
+            separators_.push_back(end_ + kSeparatorWidth / 2);
             end_ += kSeparatorWidth;
             continue;
         }
@@ -106,6 +108,12 @@ void MenuBar::ShowMenuButton() {
 void MenuBar::PlaceMenuButton() {
     menuButton_->setGeometry(width() - kMenuButtonWidth - kLeftMargin, 1, kMenuButtonWidth, kButtonHeight);
     menuButton_->setVisible(hasMenu_ && menuButton_->x() >= end_);
+}
+
+void MenuBar::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    for (const int x : separators_) painter.drawLine(x, 4, x, height() - 5);
 }
 
 void MenuBar::resizeEvent(QResizeEvent*) { PlaceMenuButton(); }
