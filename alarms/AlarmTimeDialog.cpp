@@ -31,6 +31,8 @@ AlarmTimeDialog::AlarmTimeDialog(platform::Point anchor)
 bool AlarmTimeDialog::OnCreate() {
     SetPicked(IDC_ALARM_DATE, moment_);
     SetPicked(IDC_ALARM_TIME, moment_);
+    NameItem(IDC_ALARM_DATE, L"Date");
+    NameItem(IDC_ALARM_TIME, L"Time");
     const platform::ScreenSize screen = platform::HandheldScreen(*this);
     const platform::Rect size = SizeAroundControls();
     if (centred_) {

@@ -57,7 +57,7 @@ void MakeStore() {
 
 void PaintHead(ink::ByteSource& source, const platform::Image& raster, const store::PenSettings& pen) {
     manager::NoteHead head(source);
-    if (head.ReadHeader()) head.Paint(raster.Surface(), pen);
+    if (head.ReadHeader()) head.Paint(raster, pen);
 }
 
 // `wanted` 0: a figure to know, without a target.
@@ -126,7 +126,7 @@ class BenchScreen : public platform::Screen, private platform::TreeView::Events 
             platform::ImageList::FromResource(163, 16, ink::MakeColor(0, 255, 0));
         manager::PreviewStrip strip(pen, images);
         const double wholeStrip =
-            BestMilliseconds([&] { strip.Update(path, ClientWidth(), false); }, kShortRounds);
+            BestMilliseconds([&] { strip.Update(path, ClientWidth(), PageScale(), false); }, kShortRounds);
         const platform::Image raster = platform::Image::Make(ClientWidth(), manager::PreviewStrip::kHeight);
         const double read = BestMilliseconds(
             [&] {

@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
-#include "ink/PixelSurface.h"
+#include "platform/Canvas.h"
 #include "res/resource.h"
 
 namespace editor {
 
 namespace {
 
+// Page pixels.
 constexpr int kImageWidth = 12;
 constexpr int kImageHeight = 14;
 constexpr int kSwatchTop = 2;
@@ -21,11 +22,11 @@ constexpr int kToolGroup[] = {IDM_PEN,         IDM_PEN_COLOR_2, IDM_PEN_COLOR_3,
 // Tool bars show this grey as their own face: a pen of just that colour is drawn a shade beside it.
 constexpr uint32_t kFaceColor = 0xC0C0C0;
 
-void FillSwatch(const ink::PixelSurface& surface, int image, ink::ColorRef color) {
-    const uint32_t pixel = ink::PixelOf(color) == kFaceColor ? kFaceColor + 1 : ink::PixelOf(color);
-    for (int y = kSwatchTop; y < kImageHeight; ++y) {
-        std::fill_n(surface.Row(y) + image * kImageWidth, kImageWidth, pixel);
-    }
+void FillSwatch(const platform::Image& images, int image, ink::ColorRef color) {
+    const bool isFace = ink::PixelOf(color) == kFaceColor;
+    const int left = image * kImageWidth;
+    platform::Canvas(images).Fill({left, kSwatchTop, left + kImageWidth, kImageHeight},
+                                  isFace ? ink::ColorOf(kFaceColor + 1) : color);
 }
 
 }  // namespace
@@ -52,10 +53,9 @@ const platform::ToolBarLayout& EditorToolBarLayout() {
 }
 
 void ShowPenColors(platform::ToolBar& tools, const RecentColors& colors) {
-    const platform::Image images = platform::Image::FromResource(IDB_EDITOR_TOOLS);
+    const platform::Image images = tools.Images();
     if (images.IsValid()) {
-        for (int i = 0; i < 4; ++i)
-            FillSwatch(images.Surface(), kFirstSwatch + i, colors[static_cast<size_t>(i)]);
+        for (int i = 0; i < 4; ++i) FillSwatch(images, kFirstSwatch + i, colors[static_cast<size_t>(i)]);
         tools.SetImages(images);
     }
     // A button repaints its image only when its state changes.
@@ -63,7 +63,6 @@ void ShowPenColors(platform::ToolBar& tools, const RecentColors& colors) {
         tools.SetEnabled(button, false);
         tools.SetEnabled(button, true);
     }
-    CheckTool(tools, IDM_PEN);
 }
 
 void CheckTool(platform::ToolBar& tools, int command) {

@@ -12,7 +12,7 @@ using RecentColors = std::array<ink::ColorRef, 5>;
 // The editor's tool bar: buttons in order with their titles.
 const platform::ToolBarLayout& EditorToolBarLayout();
 
-// Shows the four most recent colours on the pen buttons and checks the current pen's.
+// Shows the four most recent colours on the pen buttons.
 void ShowPenColors(platform::ToolBar& tools, const RecentColors& colors);
 
 // Checks one of the tools that exclude each other and unchecks the rest.

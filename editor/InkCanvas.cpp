@@ -56,6 +56,7 @@ bool InkCanvas::OnCreate() {
     page_.bandHeight = page_.canvasHeight;
     FollowTheWindow();
     MakeMenuBar();
+    NameClient(L"Page");
     AddToFrameMenu(IDM_UNDO, L"Undo\tCtrl+Z");
     AddToFrameMenu(IDM_REDO, L"Redo\tCtrl+Y");
     if (!view_.Create()) return OutOfMemory();
@@ -81,6 +82,7 @@ void InkCanvas::MakeMenuBar() {
                               MessageIcon::Error);
     }
     ShowPenColors(Tools(), page_.penColors);
+    CheckTool(Tools(), IDM_PEN);
 }
 
 void InkCanvas::OnDestroy() {
@@ -99,6 +101,7 @@ void InkCanvas::OnPaint() {
 void InkCanvas::OnSize() {
     input_.Interrupt();
     FollowTheWindow();
+    ShowPenColors(Tools(), page_.penColors);
     const bool isResized = view_.Resize(ClientWidth(), ClientHeight());
     if (!isResized && !sizeRefused_) platform::ShowOutOfMemory(this);
     sizeRefused_ = !isResized;
@@ -150,6 +153,7 @@ void InkCanvas::UsePenColor(size_t position, ink::ColorRef color) {
     input_.UsePen();
     MoveToFront(page_.penColors, position, color);
     ShowPenColors(Tools(), page_.penColors);
+    CheckTool(Tools(), IDM_PEN);
 }
 
 void InkCanvas::UsePaletteColor() {

@@ -37,7 +37,7 @@ void SpaceTool::ViewMoved(int32_t rows) {
 // Both rows belong to the band.
 void SpaceTool::Invert() {
     const auto [top, bottom] = std::minmax(start_, current_);
-    window_.InvertPixels({0, top, page_.canvasWidth, bottom + 1});
+    view_.InvertRows(top, bottom + 1);
 }
 
 }  // namespace editor

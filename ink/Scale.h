@@ -43,6 +43,9 @@ class Scale {
         return {Fit(ToScreen(view.left)), Fit(ToScreen(int64_t{view.top} + scroll) - top),
                 Fit(ToScreen(view.right)), Fit(ToScreen(int64_t{view.bottom} + scroll) - top)};
     }
+    // For surfaces that begin with their own page, such as pictures and windows.
+    constexpr Rect ToSurface(const Rect& view) const { return ToSurface(view, 0); }
+    constexpr Point ToView(const Point& surface) const { return ToView(surface, 0); }
     constexpr Point ToView(const Point& surface, int32_t scroll) const {
         return {Fit(ToPage(surface.x)), Fit(ToPage(surface.y + ToScreen(scroll)) - scroll)};
     }

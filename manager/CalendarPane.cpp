@@ -28,8 +28,9 @@ void CalendarPane::ReadFirstDayOfWeek() {
     firstDayOfWeek_ = kept < MonthGrid::kColumns ? kept : 0;
 }
 
-void CalendarPane::Place(const platform::Rect& area) {
+void CalendarPane::Place(const platform::Rect& area, ink::Scale scale) {
     area_ = area;
+    scale_ = scale;
     if (isUp_ && month_.Grid().Month() != 0) Draw();
 }
 
@@ -68,7 +69,7 @@ void CalendarPane::ShowMonth(int year, int month) {
 }
 
 void CalendarPane::Draw() {
-    month_.Draw(area_.Width(), area_.Height(), cursorDay_);
+    month_.Draw(area_.Width(), area_.Height(), scale_, cursorDay_);
     events_.OnCalendarDrawn();
 }
 

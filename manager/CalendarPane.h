@@ -25,7 +25,7 @@ class CalendarPane {
     CalendarPane(Events& events, const platform::ImageList& images) : events_(events), month_(images) {}
 
     // In client pixels of the window. A month that is shown is drawn anew.
-    void Place(const platform::Rect& area);
+    void Place(const platform::Rect& area, ink::Scale scale);
     // Where the marks are looked up: the store root with one "\" at its end.
     void SetRootPrefix(const std::wstring& rootPrefix) { rootPrefix_ = rootPrefix; }
     void ReadFirstDayOfWeek();
@@ -62,6 +62,7 @@ class CalendarPane {
     Events& events_;
     MonthView month_;
     platform::Rect area_;
+    ink::Scale scale_;
     std::wstring rootPrefix_;
     int firstDayOfWeek_ = 0;
     bool isUp_ = false;

@@ -11,6 +11,7 @@ DatePickerDialog::DatePickerDialog(int firstDayOfWeek)
 bool DatePickerDialog::OnCreate() {
     SetFirstDayOfWeek(IDC_MONTH_CALENDAR, firstDayOfWeek_);
     SetPicked(IDC_MONTH_CALENDAR, day_);
+    NameItem(IDC_MONTH_CALENDAR, L"Date");
     return true;
 }
 

@@ -17,8 +17,6 @@ constexpr platform::Font kFont{85, true};
 constexpr double kHeightFactor = 1.5;
 constexpr int kRightMargin = 5;
 
-int TextHeight() { return platform::Canvas::TextSize(L"Aqua", kFont).bottom; }
-
 std::wstring StorageName(const std::wstring& rootPrefix) {
     const size_t productTail = std::wstring(platform::kProductName).size() + 2;  // between backslashes
     const std::wstring storage =
@@ -38,7 +36,9 @@ std::wstring FreeSpace(const std::wstring& rootPrefix) {
 
 }  // namespace
 
-int HeaderBar::Height() { return static_cast<int>(TextHeight() * kHeightFactor); }
+int HeaderBar::Height(ink::Scale scale) {
+    return static_cast<int>(platform::Canvas::TextSize(L"Aqua", kFont, scale).bottom * kHeightFactor);
+}
 
 std::wstring HeaderBar::Text(const std::wstring& rootPrefix) {
     const std::wstring text = StorageName(rootPrefix) + FreeSpace(rootPrefix);
@@ -46,24 +46,24 @@ std::wstring HeaderBar::Text(const std::wstring& rootPrefix) {
     return first == std::wstring::npos ? std::wstring() : text.substr(first);
 }
 
-void HeaderBar::Update(const std::wstring& rootPrefix, int width) {
+void HeaderBar::Update(const std::wstring& rootPrefix, int width, ink::Scale scale) {
     text_ = Text(rootPrefix);
-    Draw(width);
+    Draw(width, scale);
 }
 
-void HeaderBar::Draw(int width) {
+void HeaderBar::Draw(int width, ink::Scale scale) {
     using platform::SystemColor;
-    const int height = Height();
-    if (picture_.Width() != width || picture_.Height() != height)
-        picture_ = platform::Image::Make(width, height);
+    const int height = Height(scale);
+    if (picture_.Width() != width || picture_.Height() != height || picture_.PageScale() != scale)
+        picture_ = platform::Image::Make(width, height, scale);
     if (!picture_.IsValid()) return;
     platform::Canvas canvas(picture_);
     const platform::Rect all{0, 0, width, height};
-    canvas.Fill(all, platform::ColorOf(SystemColor::ButtonFace));
-    canvas.Fill({0, height - 1, width, height}, platform::ColorOf(SystemColor::WindowFrame));
-    const platform::Rect size = platform::Canvas::TextSize(text_, kFont);
+    canvas.Fill(all, platform::ColorOf(SystemColor::BarFace));
+    canvas.Fill({0, height - 1, width, height}, platform::ColorOf(SystemColor::BarEdge));
+    const platform::Rect size = platform::Canvas::TextSize(text_, kFont, scale);
     const platform::Point place{width - kRightMargin - size.right, (height - size.bottom) / 2 - 1};
-    canvas.Text(text_, place, kFont, platform::ColorOf(SystemColor::ButtonText), all);
+    canvas.Text(text_, place, kFont, platform::ColorOf(SystemColor::BarText), all);
 }
 
 }  // namespace manager

@@ -43,7 +43,8 @@ bool ManagerWindow::OnCreate() {
     const platform::WaitCursor wait;
     SetTitle(L"Inkwright");
     CreateMenuBar(ManagerToolBarLayout());
-    images_ = platform::ImageList::FromResource(IDB_TREE_IMAGES, kStripImageSize, kStripMask);
+    NameClient(L"Calendar");
+    ReadImages();
     if (!treePane_.Create(*this, *this)) {
         platform::ShowOutOfMemory(this);
         EndModal(-1);
@@ -74,9 +75,14 @@ void ManagerWindow::OnPaint() {
 }
 
 void ManagerWindow::OnSize() {
-    header_.Draw(ClientWidth());
+    ReadImages();
+    header_.Draw(ClientWidth(), PageScale());
     PlacePanes();
     RedrawStrip();
+}
+
+void ManagerWindow::ReadImages() {
+    images_ = platform::ImageList::FromResource(IDB_TREE_IMAGES, kStripImageSize, kStripMask, PageScale());
 }
 
 // The root folder.
@@ -123,14 +129,14 @@ void ManagerWindow::ShowStore(const std::wstring& path) {
 }
 
 void ManagerWindow::ShowFreeSpace() {
-    header_.Update(folders_.RootPrefix(), ClientWidth());
+    header_.Update(folders_.RootPrefix(), ClientWidth(), PageScale());
     Invalidate();
 }
 
 void ManagerWindow::PlacePanes() {
-    const platform::Rect area{0, HeaderBar::Height(), ClientWidth(), ClientHeight()};
-    treePane_.Place(area);
-    calendar_.Place(area);
+    const platform::Rect area{0, HeaderBar::Height(PageScale()), ClientWidth(), ClientHeight()};
+    treePane_.Place(area, PageScale());
+    calendar_.Place(area, PageScale());
 }
 
 // The calendar in the place of the tree, or the other way round.

@@ -97,6 +97,7 @@ class ManagerWindow : public platform::Screen,
     void DeleteSelectedFolder(platform::TreeItem item);
     void CountAgain(platform::TreeItem container);
     std::optional<store::DayFolder> SelectedDay() const;
+    void ReadImages();
     void PlacePanes();
     void RedrawStrip();
     void UpdateTools();

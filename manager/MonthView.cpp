@@ -14,6 +14,7 @@ namespace {
 using platform::Canvas;
 using platform::Point;
 using platform::Rect;
+using platform::SystemColor;
 
 constexpr platform::Font kTitleFont{100, true};
 constexpr platform::Font kWideDaysFont{90, false};
@@ -23,18 +24,28 @@ constexpr ink::ColorRef kDark = ink::MakeColor(32, 32, 32);
 constexpr ink::ColorRef kWhite = ink::MakeColor(255, 255, 255);
 constexpr ink::ColorRef kGrey = ink::MakeColor(192, 192, 192);
 constexpr ink::ColorRef kBlack = 0;
+
+// The month's own colours, or the system's that stand for them.
+ink::ColorRef ColorOr(ink::ColorRef own, SystemColor system) {
+    return platform::HasHighContrast() ? platform::ColorOf(system) : own;
+}
+ink::ColorRef HeadColor() { return ColorOr(kDark, SystemColor::ButtonFace); }
+ink::ColorRef HeadTextColor() { return ColorOr(kWhite, SystemColor::ButtonText); }
+ink::ColorRef CursorColor() { return ColorOr(kDark, SystemColor::WindowText); }
+
 constexpr int kMarkRight = 17;
 constexpr int kMarkBottom = 16;
 
-int RowHeight(const platform::Font& font) {
-    return static_cast<int>(Canvas::TextSize(L"Aqua", font).bottom * 1.5);
+int RowHeight(const platform::Font& font, ink::Scale scale) {
+    return static_cast<int>(Canvas::TextSize(L"Aqua", font, scale).bottom * 1.5);
 }
 
-void DrawCentred(Canvas& canvas, const std::wstring& text, const Rect& area, const platform::Font& font) {
-    const Rect size = Canvas::TextSize(text, font);
+void DrawCentred(const platform::Image& picture, const std::wstring& text, const Rect& area,
+                 const platform::Font& font) {
+    const Rect size = Canvas::TextSize(text, font, picture.PageScale());
     const Point place{area.left + (area.Width() - size.right) / 2,
                       area.top + (area.Height() - size.bottom) / 2};
-    canvas.Text(text, place, font, kWhite, area);
+    Canvas(picture).Text(text, place, font, HeadTextColor(), area);
 }
 
 // Names of two characters or more ask for the narrower font: their count includes the terminator.
@@ -65,9 +76,9 @@ void MonthView::ReadMarks(const std::wstring& rootPrefix) {
     }
 }
 
-void MonthView::Draw(int width, int height, int cursorDay) {
-    if (picture_.Width() != width || picture_.Height() != height)
-        picture_ = platform::Image::Make(width, height);
+void MonthView::Draw(int width, int height, ink::Scale scale, int cursorDay) {
+    if (picture_.Width() != width || picture_.Height() != height || picture_.PageScale() != scale)
+        picture_ = platform::Image::Make(width, height, scale);
     if (!picture_.IsValid()) return;
     today_ = platform::LocalNow();
     DrawTitle();
@@ -97,24 +108,25 @@ Rect MonthView::CellRect(int row, int column) const {
 
 void MonthView::DrawTitle() {
     Canvas canvas(picture_);
-    titleHeight_ = RowHeight(kTitleFont);
+    titleHeight_ = RowHeight(kTitleFont, picture_.PageScale());
     const Rect row{0, 0, picture_.Width(), titleHeight_};
-    canvas.Fill(row, kDark);
+    canvas.Fill(row, HeadColor());
     const std::wstring text = platform::YearAndMonth(grid_.Year(), grid_.Month()) + L"  ";
-    const Rect size = Canvas::TextSize(text, kTitleFont);
-    canvas.Text(text, {row.right - size.right, (row.bottom - size.bottom) / 2}, kTitleFont, kWhite, row);
+    const Rect size = Canvas::TextSize(text, kTitleFont, picture_.PageScale());
+    canvas.Text(text, {row.right - size.right, (row.bottom - size.bottom) / 2}, kTitleFont, HeadTextColor(),
+                row);
 }
 
 void MonthView::DrawWeekdays() {
     Canvas canvas(picture_);
     const platform::Font font = WeekdayFont();
-    gridTop_ = titleHeight_ + RowHeight(font);
+    gridTop_ = titleHeight_ + RowHeight(font, picture_.PageScale());
     const int width = picture_.Width();
-    canvas.Fill({0, titleHeight_, width, gridTop_}, kDark);
+    canvas.Fill({0, titleHeight_, width, gridTop_}, HeadColor());
     for (int i = 0; i < MonthGrid::kColumns; ++i) {
         const Rect column{width * i / MonthGrid::kColumns, titleHeight_,
                           width * (i + 1) / MonthGrid::kColumns, gridTop_};
-        DrawCentred(canvas, platform::ShortDayName((firstDayOfWeek_ + i) % MonthGrid::kColumns), column,
+        DrawCentred(picture_, platform::ShortDayName((firstDayOfWeek_ + i) % MonthGrid::kColumns), column,
                     font);
     }
 }
@@ -124,7 +136,8 @@ void MonthView::DrawCell(int row, int column) {
     const MonthGrid::Cell& cell = grid_.At(row, column);
     const Rect area = CellRect(row, column);
     const bool isShownMonth = cell.monthOffset == 0;
-    canvas.Fill(area, isShownMonth ? kWhite : kGrey);
+    canvas.Fill(
+        area, isShownMonth ? ColorOr(kWhite, SystemColor::Window) : ColorOr(kGrey, SystemColor::ButtonFace));
     if (isShownMonth && ShowsCurrentMonth() && cell.day == today_.day) {
         canvas.Draw(images_, kTodayImage, {area.right - kMarkRight, area.top + 1});
     }
@@ -132,7 +145,10 @@ void MonthView::DrawCell(int row, int column) {
         canvas.Draw(images_, IsPast(cell) ? kPastDayImage : kComingDayImage,
                     {area.right - kMarkRight, area.bottom - kMarkBottom});
     }
-    canvas.Text(std::to_wstring(cell.day), {area.left + 5, area.top + 1}, kCellFont, kBlack, area);
+    canvas.Text(
+        std::to_wstring(cell.day), {area.left + 5, area.top + 1}, kCellFont,
+        isShownMonth ? ColorOr(kBlack, SystemColor::WindowText) : ColorOr(kBlack, SystemColor::ButtonText),
+        area);
 }
 
 bool MonthView::IsPast(const MonthGrid::Cell& cell) const {
@@ -160,10 +176,10 @@ void MonthView::DrawCursor(int cell) {
     Canvas canvas(picture_);
     const Rect area = CellRect(cell / MonthGrid::kColumns, cell % MonthGrid::kColumns);
     const Rect inner = Inflate(area, -2, -2);
-    canvas.Fill({area.left + 1, area.top + 1, area.right, inner.top + 1}, kDark);
-    canvas.Fill({area.left + 1, inner.bottom, area.right, area.bottom}, kDark);
-    canvas.Fill({area.left + 1, area.top + 1, inner.left + 1, area.bottom}, kDark);
-    canvas.Fill({inner.right, area.top + 1, area.right, area.bottom}, kDark);
+    canvas.Fill({area.left + 1, area.top + 1, area.right, inner.top + 1}, CursorColor());
+    canvas.Fill({area.left + 1, inner.bottom, area.right, area.bottom}, CursorColor());
+    canvas.Fill({area.left + 1, area.top + 1, inner.left + 1, area.bottom}, CursorColor());
+    canvas.Fill({inner.right, area.top + 1, area.right, area.bottom}, CursorColor());
 }
 
 }  // namespace manager

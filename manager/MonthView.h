@@ -22,7 +22,7 @@ class MonthView {
     void ReadMarks(const std::wstring& rootPrefix);
     // Draws the month anew, with an outline around the day that the keys act on. When memory is short
     // there is no picture.
-    void Draw(int width, int height, int cursorDay);
+    void Draw(int width, int height, ink::Scale scale, int cursorDay);
     const platform::Image& Picture() const { return picture_; }
 
     // The cell at a position of the picture; false outside the cells.

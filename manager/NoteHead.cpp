@@ -22,16 +22,16 @@ ink::ColorRef NoteHead::PaperColor() const {
 
 // A tall stroke that begins in the head may lie in any block of the file. The records are looked at as they
 // pass, none is kept.
-void NoteHead::Paint(const ink::PixelSurface& surface, const store::PenSettings& pen) {
+void NoteHead::Paint(const platform::Image& picture, const store::PenSettings& pen) {
     ink::InkPainter painter;
-    if (!isNote_ || !painter.SetPen(pen.penStyle, pen.penSize * 0.1)) return;
+    if (!isNote_ || !painter.SetPen(pen.penStyle, pen.penSize * 0.1, picture.PageScale())) return;
     ink::StrokePool pool;
     ink::NoteScanner scanner(source_, header_, header_.bandHeight, pool, ink::NoteScanner::Mode::Visit);
     ink::StrokeRecord* record = nullptr;
     while (scanner.Next(record) == ink::ScanResult::Record) {
         if (record->count < 1 || record->minY >= ink::kHeadRows) continue;
-        ink::PixelSurface target = surface;
-        painter.PaintStroke(target, *record, 0, surface.Bounds());
+        ink::PixelSurface target = picture.Surface();
+        painter.PaintStroke(target, *record, 0, target.Bounds());
     }
 }
 

@@ -4,7 +4,7 @@
 #include "ink/ByteStream.h"
 #include "ink/Color.h"
 #include "ink/NoteFile.h"
-#include "ink/PixelSurface.h"
+#include "platform/Image.h"
 
 namespace manager {
 
@@ -17,9 +17,9 @@ class NoteHead {
     bool ReadHeader();
     // White for notes of versions that keep none, and before the header was read.
     ink::ColorRef PaperColor() const;
-    // Paints the strokes that begin in the page's first 45 rows; page row 0 is the surface's. What a damaged
+    // Paints the strokes that begin in the page's first 45 rows; page row 0 is the picture's. What a damaged
     // file holds before the damage is painted.
-    void Paint(const ink::PixelSurface& surface, const store::PenSettings& pen);
+    void Paint(const platform::Image& picture, const store::PenSettings& pen);
 
   private:
     ink::ByteSource& source_;

@@ -23,8 +23,10 @@ constexpr ink::ColorRef kCaptionColor = ink::MakeColor(96, 96, 96);  // ink may 
 
 }  // namespace
 
-void PreviewStrip::Update(const std::wstring& notePath, int width, bool isBare) {
-    if (picture_.Width() != width) picture_ = platform::Image::Make(width, kHeight);
+void PreviewStrip::Update(const std::wstring& notePath, int width, ink::Scale scale, bool isBare) {
+    if (picture_.PageScale() != scale) noteMark_ = {};
+    if (picture_.Width() != width || picture_.PageScale() != scale)
+        picture_ = platform::Image::Make(width, kHeight, scale);
     if (!picture_.IsValid()) return;
     if (notePath.empty()) {
         DrawNoNote(isBare ? IDB_BEGINNING : IDB_BANNER);
@@ -35,7 +37,7 @@ void PreviewStrip::Update(const std::wstring& notePath, int width, bool isBare) 
 }
 
 void PreviewStrip::DrawNoNote(int bannerId) {
-    const platform::Image banner = platform::Image::FromResource(bannerId);
+    const platform::Image banner = platform::Image::FromResource(bannerId, picture_.PageScale());
     const int width = picture_.Width();
     platform::Canvas canvas(picture_);
     const ink::ColorRef edge = banner.IsValid() ? ink::ColorOf(banner.Surface().pixels[0]) : kWhite;
@@ -66,9 +68,9 @@ void PreviewStrip::DrawInk(const std::wstring& notePath) {
     NoteHead head(source);
     const bool isNote = file.IsOpen() && head.ReadHeader();
     canvas.Fill({0, 0, width, kHeight}, ink::Shade(head.PaperColor(), kShade));
-    if (!noteMark_.IsValid()) noteMark_ = platform::Image::FromResource(IDB_NOTE_MARK);
+    if (!noteMark_.IsValid()) noteMark_ = platform::Image::FromResource(IDB_NOTE_MARK, picture_.PageScale());
     canvas.Draw(noteMark_, {width - noteMark_.Width(), kNoteMarkTop});
-    if (isNote) head.Paint(picture_.Surface(), pen_);
+    if (isNote) head.Paint(picture_, pen_);
 }
 
 }  // namespace manager

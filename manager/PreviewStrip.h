@@ -17,7 +17,7 @@ class PreviewStrip {
 
     // Draws the strip anew for a note's path; empty for no note: then `isBare` has it say how to begin. When
     // memory is short there is no picture.
-    void Update(const std::wstring& notePath, int width, bool isBare);
+    void Update(const std::wstring& notePath, int width, ink::Scale scale, bool isBare);
     const platform::Image& Picture() const { return picture_; }
 
   private:

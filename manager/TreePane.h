@@ -16,12 +16,12 @@ class TreePane {
     // The tree as a control of the window, which is told of its events; false when memory is short.
     bool Create(platform::Window& window, platform::TreeView::Events& events);
     // In client pixels of the window. The tree keeps to the rows that the strip leaves.
-    void Place(const platform::Rect& area);
+    void Place(const platform::Rect& area, ink::Scale scale);
     // The tree that is shown takes the keyboard.
     void SetVisible(bool isVisible);
 
     // Draws the strip for the note that is selected now.
-    void DrawStrip() { strip_.Update(folders_.SelectedNotePath(), area_.Width(), IsBare()); }
+    void DrawStrip() { strip_.Update(folders_.SelectedNotePath(), area_.Width(), scale_, IsBare()); }
     const platform::Image& Picture() const { return strip_.Picture(); }
     platform::Point PicturePlace() const { return {area_.left, area_.bottom - PreviewStrip::kHeight}; }
 
@@ -39,6 +39,7 @@ class TreePane {
     FolderTree folders_;
     PreviewStrip strip_;
     platform::Rect area_;
+    ink::Scale scale_;
 };
 
 }  // namespace manager

@@ -27,9 +27,11 @@ class Dialog : public Window {
     std::wstring ItemText(int id) const;
     void SetItemText(int id, const std::wstring& text);
     void EnableItem(int id, bool enabled);
+    // What a control is, for screen readers: where neither its own text nor a label before it says so.
+    void NameItem(int id, const std::wstring& name);
     void FocusItem(int id);
     void SelectItemText(int id);  // all of an edit's text
-    // Free pixels left and right of an edit's text.
+    // Free page pixels left and right of an edit's text.
     void SetItemMargins(int id, int pixels);
 
     // Characters that the user can type into an edit.

@@ -19,7 +19,7 @@ enum class PenEnd { Tip, Eraser };
 struct PointerPacket {
     uint32_t pointer = 0;  // the system's number for the pen or finger, from its coming near to its leaving
     PointerKind kind = PointerKind::Pen;
-    ink::Point place;   // client pixels
+    ink::Point place;   // page pixels of the client area
     uint32_t time = 0;  // milliseconds that wrap
     bool isNear = true;
     bool isDown = false;

@@ -10,7 +10,7 @@ struct ScreenSize {
     int height = 0;
 };
 
-// Size of the handheld's screen in pixels: 480 x 640, or what INKWRIGHT_SCREEN=WIDTHxHEIGHT asks for
+// Size of the handheld's screen in page pixels: 480 x 640, or what INKWRIGHT_SCREEN=WIDTHxHEIGHT asks for
 // (each side 160 to 4096). The navigation bar and the menu bar take kBarHeight rows each.
 ScreenSize HandheldScreen();
 // The same for the Screen that `window` is or lies over, as its frame has been sized.
@@ -39,9 +39,13 @@ class Screen : public Window {
     // Asked when the frame's menu opens.
     virtual bool OffersInFrame(int /*command*/) { return true; }
 
-    // Whether the user may size it. Then OnSize tells that the client area has another size.
+    // Whether the user may size it.
     bool CanBeSized() const;
+    // The client area has another size, or another scale as on another monitor; or the system's colours have
+    // changed. What is drawn is to be drawn anew.
     virtual void OnSize() {}
+    // What the client area is, for screen readers.
+    void NameClient(const std::wstring& name);
     // Over the whole monitor without a caption, and back; not with a fixed size.
     void ToggleFullScreen();
 

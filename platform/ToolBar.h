@@ -12,7 +12,8 @@ struct ToolBarButton {
     const wchar_t* title = nullptr;  // tool tip
 };
 
-// Buttons in order; button images stand side by side in the bitmap resource, separators take none.
+// Buttons in order; button images stand side by side in the bitmap resource, separators take none. Sizes are
+// page pixels.
 struct ToolBarLayout {
     int bitmapId = 0;
     int imageWidth = 0;
@@ -26,7 +27,11 @@ class ToolBar {
     ToolBar();
     ~ToolBar();
 
-    // Replaces all button images at once.
+    // The button images as the bar shows them now, fit for its scale and its colour, and without what
+    // SetImages brought.
+    Image Images() const;
+    // Replaces all button images at once by others of the same shape. When the Screen has another scale or
+    // other colours (OnSize) the bar has taken its own images again.
     void SetImages(const Image& images);
     void SetChecked(int command, bool checked);
     void SetPressed(int command, bool pressed);

@@ -24,7 +24,7 @@ class TreeView {
     TreeView& operator=(const TreeView&) = delete;
     ~TreeView();
 
-    // Images come from a bitmap resource of square images of `imageSize` pixels in a row, `mask` being
+    // Images come from a bitmap resource of square images of `imageSize` page pixels in a row, `mask` being
     // transparent; image `overlay` marks items that carry the overlay.
     struct Images {
         int bitmapId = 0;
@@ -50,7 +50,9 @@ class TreeView {
         virtual void OnTreeHold(TreeItem /*item*/, Point /*place*/) {}
     };
 
-    bool Create(Window& parent, int id, const Rect& place, const Images& images, Events& events);
+    // `name` tells screen readers what the tree is.
+    bool Create(Window& parent, int id, const Rect& place, const Images& images, Events& events,
+                const std::wstring& name = {});
     void Place(const Rect& place);
     void SetVisible(bool visible);
     void Focus();

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "ink/Geometry.h"
+#include "ink/Scale.h"
 #include "platform/Image.h"
 #include "platform/PenTranslator.h"
 
@@ -45,8 +46,9 @@ struct ScrollState {
 };
 
 // Base of every window of the program: the operations that windows need and one virtual function for each
-// event. Positions are client pixels unless a name says otherwise. A window is created by its kind (Screen,
-// Dialog, Popup) and destroyed before its object; operations on a window that does not exist do nothing.
+// event. Sizes and positions are page pixels of the client area unless a name says otherwise; the screen
+// shows each as PageScale() screen pixels. A window is created by its kind (Screen, Dialog, Popup) and
+// destroyed before its object; operations on a window that does not exist do nothing.
 class Window {
   public:
     Window();
@@ -55,6 +57,8 @@ class Window {
     virtual ~Window();
 
     bool Exists() const;
+    ink::Scale PageScale() const;
+    // What is seen of a last column or row counts as a whole one.
     int ClientWidth() const;
     int ClientHeight() const;
 
@@ -63,10 +67,11 @@ class Window {
 
     // Asks for OnPaint of the whole client area (nothing is erased first).
     void Invalidate();
-    // Copies `source` (in image pixels) to the same place of the client area, at once or within OnPaint.
-    void Show(const Image& image, const Rect& source);
     // Copies the whole image to `topLeft` of the client area, at once or within OnPaint.
     void ShowAt(const Image& image, Point topLeft);
+    // These are told in screen pixels.
+    // Copies `source` of the image to the same place of the client area, at once or within OnPaint.
+    void ShowPixels(const Image& image, const Rect& source);
     // Moves what the client area shows by `dy` rows (down when positive); the uncovered rows keep what
     // they showed and are the caller's to draw. Rows that another window covered are invalidated.
     void ScrollPixels(int dy);

@@ -9,6 +9,26 @@
 #define IDB_BANNER 144
 #define IDB_BEGINNING 148
 #define IDB_TREE_IMAGES 163
+// The same at one and a half, two and three times their size; ids follow from those above, see
+// platform/Artwork.h.
+#define IDB_NOTE_MARK_15 1134
+#define IDB_EDITOR_TOOLS_15 1137
+#define IDB_MANAGER_TOOLS_15 1142
+#define IDB_BANNER_15 1144
+#define IDB_BEGINNING_15 1148
+#define IDB_TREE_IMAGES_15 1163
+#define IDB_NOTE_MARK_20 2134
+#define IDB_EDITOR_TOOLS_20 2137
+#define IDB_MANAGER_TOOLS_20 2142
+#define IDB_BANNER_20 2144
+#define IDB_BEGINNING_20 2148
+#define IDB_TREE_IMAGES_20 2163
+#define IDB_NOTE_MARK_30 3134
+#define IDB_EDITOR_TOOLS_30 3137
+#define IDB_MANAGER_TOOLS_30 3142
+#define IDB_BANNER_30 3144
+#define IDB_BEGINNING_30 3148
+#define IDB_TREE_IMAGES_30 3163
 
 // Dialogs
 #define IDD_DATE_PICKER 164

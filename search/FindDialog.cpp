@@ -34,6 +34,7 @@ bool FindDialog::OnCreate() {
         SetItemText(IDC_SEARCH_TEXT, settings.ReadText(SettingId::SearchLastText));
         ShowOptions(settings.ReadNumber(SettingId::SearchOpt));
     }
+    NameItem(IDC_SEARCH_TEXT, L"Text to search for");
     const platform::Rect owner = OwnerRect();
     const platform::Rect own = WindowRect();
     Place({owner.right - own.Width(), owner.bottom - own.Height(), owner.right, owner.bottom});

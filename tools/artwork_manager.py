@@ -162,36 +162,60 @@ def curve(picture, points, color, width):
             picture.dot(x, y, tuple(round(b + (c - b) * share) for b, c in zip(below, color)))
 
 
-def banner(handwriting):
+class Paper:
+    """A picture in pixels of the handheld, drawn `scale` times as large."""
+
+    def __init__(self, width, height, back, scale):
+        self.scale = scale
+        self.picture = Picture(round(width * scale), round(height * scale), back)
+
+    def rule(self, left, y, right, color):
+        """A horizontal line, corners inclusive."""
+        top, below = round(y * self.scale), max(round((y + 1) * self.scale), round(y * self.scale) + 1)
+        self.picture.box(round(left * self.scale), top, round((right + 1) * self.scale) - 1, below - 1, color, color)
+
+    def curve(self, points, color, width):
+        curve(self.picture, [(x * self.scale, y * self.scale) for x, y in points], color, width * self.scale)
+
+    def write(self, handwriting, text, left, baseline, size, seed, color, width):
+        # Traces come as whole pixels: for a large picture they are to be finer.
+        fine = 1 if self.scale == 1 else 8
+        for stroke in handwriting.write(text, left * fine, baseline * fine, size * fine, seed):
+            self.curve([(x / fine, y / fine) for x, y in stroke], color, width)
+
+
+def ruled_paper(scale):
+    paper = Paper(240, 70, (244, 246, 250), scale)
+    for y in (22, 46, 68):
+        paper.rule(0, y, 239, (214, 222, 234))
+    return paper
+
+
+def banner(handwriting, scale):
     """The program's name as if written by hand, on quiet ruled paper."""
-    back = (244, 246, 250)
-    picture = Picture(240, 70, back)
-    for y in (22, 46, 68):
-        picture.line(0, y, 239, y, (214, 222, 234))
-    for stroke in handwriting.write("Inkwright", 42, 46, 15, 3):
-        curve(picture, stroke, BLUE, 2.2)
-    wave = [(44 + i, 56 + 2.4 * math.sin(i / 9)) for i in range(0, 150, 2)]
-    curve(picture, wave, RED, 1.4)
-    return picture
+    paper = ruled_paper(scale)
+    paper.write(handwriting, "Inkwright", 42, 46, 15, 3, BLUE, 2.2)
+    paper.curve([(44 + i, 56 + 2.4 * math.sin(i / 9)) for i in range(0, 150, 2)], RED, 1.4)
+    return paper.picture
 
 
-def beginning(handwriting):
+def beginning(handwriting, scale):
     """The same paper for who has no folder yet: how to begin, in a quiet hand."""
-    picture = Picture(240, 70, (244, 246, 250))
-    for y in (22, 46, 68):
-        picture.line(0, y, 239, y, (214, 222, 234))
+    paper = ruled_paper(scale)
     for text, left, baseline, seed in (("Begin with Tools, New Folder,", 10, 22, 4), ("then New Note, and write.", 34, 46, 6)):
-        for stroke in handwriting.write(text, left, baseline, 7, seed):
-            curve(picture, stroke, (96, 116, 160), 1.2)
-    return picture
+        paper.write(handwriting, text, left, baseline, 7, seed, (96, 116, 160), 1.2)
+    return paper.picture
 
 
-def note_mark(handwriting):
+def note_mark(handwriting, scale):
     """What stands behind the head of a previewed note, at its right: a faint pen."""
-    picture = Picture(80, 25, (236, 238, 242))
-    picture.box(0, 0, 79, 24, (214, 218, 226))
+    paper = Paper(80, 25, (236, 238, 242), scale)
+    for y in (0, 24):
+        paper.rule(0, y, 79, (214, 218, 226))
+    for x in (0, 79):
+        for y in range(25):
+            paper.rule(x, y, x, (214, 218, 226))
     for y in (8, 16):
-        picture.line(4, y, 75, y, (214, 222, 234))
-    for stroke in handwriting.write("ink", 24, 18, 7, 5):
-        curve(picture, stroke, (140, 156, 184), 1.2)
-    return picture
+        paper.rule(4, y, 75, (214, 222, 234))
+    paper.write(handwriting, "ink", 24, 18, 7, 5, (140, 156, 184), 1.2)
+    return paper.picture

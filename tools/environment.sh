@@ -58,11 +58,11 @@ let_wine_manage_windows() {
     fi
 }
 
-# start_display: a virtual screen of 800 x 900 on a free number; sets DISPLAY and display_process.
+# start_display [SIZE]: a virtual screen (of 800x900) on a free number; sets DISPLAY and display_process.
 start_display() {
     local number_file
     number_file=$(mktemp)
-    Xvfb -displayfd 3 -screen 0 800x900x24 -nolisten tcp 3>"$number_file" >/dev/null 2>&1 &
+    Xvfb -displayfd 3 -screen 0 "${1:-800x900}x24" -nolisten tcp 3>"$number_file" >/dev/null 2>&1 &
     display_process=$!
     local tries=0
     until [ -s "$number_file" ]; do

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Draws the program's small pictures (tool bar, icon) from the character grids below into res/.
+"""Draws the program's small pictures (tool bars, tree, strip, icon) into res/, at 1, 1.5, 2 and 3 times their size; the
+editor's tools from the character grids below.
 
 Run it after changing a grid and commit the pictures with it. Grey 192 is shown as the button face.
 """
@@ -8,6 +9,7 @@ import pathlib
 import struct
 
 import artwork_manager
+import artwork_scales
 import handwriting
 
 RES = pathlib.Path(__file__).resolve().parent.parent / "res"
@@ -145,11 +147,19 @@ def bmp(width, height, pixel):
     return struct.pack("<2sIHHI", b"BM", 54 + len(rows), 0, 0, 54) + info + bytes(rows)
 
 
-def tool_strip(grids, width, height):
-    rows = [grid.strip("\n").split("\n") for grid in grids]
-    for grid in rows:
-        assert len(grid) == height and all(len(row) == width for row in grid), grid
-    return bmp(width * len(rows), height, lambda x, y: COLORS[rows[x // width][y][x % width]])
+def editor_tools():
+    grids = [[[COLORS[cell] for cell in row] for row in grid.strip("\n").split("\n")] for grid in EDITOR_TOOLS]
+    assert all(len(grid) == 14 and all(len(row) == 12 for row in grid) for grid in grids)
+    return grids
+
+
+def cut(picture, width):
+    """The pictures of this width that stand side by side in one."""
+    return [[row[left:left + width] for row in picture.pixels] for left in range(0, picture.width, width)]
+
+
+def write(name, pixels):
+    (RES / f"{name}.bmp").write_bytes(bmp(len(pixels[0]), len(pixels), lambda x, y: pixels[y][x]))
 
 
 def icon_pixel(u, v):
@@ -207,13 +217,15 @@ def icon(sizes):
 
 
 def main():
-    (RES / "editor_tools.bmp").write_bytes(tool_strip(EDITOR_TOOLS, 12, 14))
-    pictures = {"tree_images": artwork_manager.tree_images(), "manager_tools": artwork_manager.manager_tools(),
-                "banner": artwork_manager.banner(handwriting),
-                "beginning": artwork_manager.beginning(handwriting), "note_mark": artwork_manager.note_mark(handwriting)}
-    for name, picture in pictures.items():
-        pixels = picture.pixels
-        (RES / f"{name}.bmp").write_bytes(bmp(picture.width, picture.height, lambda x, y, p=pixels: p[y][x]))
+    face, mask = artwork_manager.FACE, artwork_manager.MASK
+    strips = {"editor_tools": (editor_tools(), face), "manager_tools": (cut(artwork_manager.manager_tools(), 12), face),
+              "tree_images": (cut(artwork_manager.tree_images(), 16), mask)}
+    for tenths in (10, 15, 20, 30):
+        end = "" if tenths == 10 else f"_{tenths}"
+        for name, (grids, keep) in strips.items():
+            write(name + end, artwork_scales.strip(grids, tenths, keep))
+        for name in ("banner", "beginning", "note_mark"):
+            write(name + end, getattr(artwork_manager, name)(handwriting, tenths / 10).pixels)
     (RES / "inkwright.ico").write_bytes(icon([16, 32, 48]))
 
 

@@ -1,12 +1,14 @@
 #!/usr/bin/env python3
 """Writes a page into the program that runs on this display, and takes pictures of it on the way."""
+import os
 import pathlib
 import subprocess
 import sys
 
 import handwriting
 
-# x of tool buttons in the window's client area
+SCALE = float(os.environ.get("PICTURE_SCALE", "1"))
+# x of tool buttons in the window's client area, in page pixels as all places here
 PAGE_TOOLS = {"pen 2": 74, "pen 3": 93, "palette": 131, "space": 158, "eraser": 177}
 EDITOR_TOOLS = 219
 MANAGER_TOOLS = 181
@@ -36,18 +38,21 @@ class Page:
         left, top, width, height = window_named("Inkwright$")
         self.window = (left, top, width, height)
         # The caption and frame lie around the client area of 480 x 614.
-        border = (width - 480) // 2
+        border = (width - round(480 * SCALE)) // 2
         self.left = left + border
-        self.top = top + height - border - 614
+        self.top = top + height - border - round(588 * SCALE) - round(26 * SCALE)
+
+    def on_screen(self, x, y):
+        return self.left + round((x + 0.3) * SCALE), self.top + round((y + 0.3) * SCALE)
 
     def stroke(self, points):
         self.drag(points)
         tool("mouseup", 1)
 
     def drag(self, points):
-        steps = ["mousemove", self.left + points[0][0], self.top + points[0][1], "mousedown", 1]
+        steps = ["mousemove", *self.on_screen(*points[0]), "mousedown", 1]
         for x, y in points[1:]:
-            steps += ["mousemove", self.left + x, self.top + y, "sleep", 0.004]
+            steps += ["mousemove", *self.on_screen(x, y), "sleep", 0.004]
         tool(*steps)
 
     def write(self, text, left, baseline, size, seed):
@@ -55,7 +60,7 @@ class Page:
             self.stroke(points)
 
     def click(self, x, y=TOOL_ROW):
-        tool("mousemove", self.left + x, self.top + y, "click", 1)
+        tool("mousemove", *self.on_screen(x, y), "click", 1)
 
     def picture(self, path, pointer_away=True):
         if pointer_away:

@@ -93,7 +93,7 @@ bool TextMemoDialog::OnCreate() {
     DrawPicture();
     const bool wordWrap = store::Settings::Number(store::SettingId::TextMemoWordWrap) != 0;
     CheckItem(IDC_WORD_WRAP, wordWrap);
-    if (!MakeTextEdit(IDC_MEMO_TEXT, kEditPlace, wordWrap)) {
+    if (!MakeEdit(wordWrap)) {
         platform::ShowOutOfMemory(this);
         EndModal(platform::kIdCancel);
         return false;
@@ -104,6 +104,12 @@ bool TextMemoDialog::OnCreate() {
     FocusItem(IDC_MEMO_TEXT);
     platform::ShowInputPanel(true);
     return true;
+}
+
+bool TextMemoDialog::MakeEdit(bool wordWrap) {
+    const bool isMade = MakeTextEdit(IDC_MEMO_TEXT, kEditPlace, wordWrap);
+    NameItem(IDC_MEMO_TEXT, L"Text Memo");
+    return isMade;
 }
 
 // A control that can't take all of the text shows none of it: saving a part would lose the rest.
@@ -126,7 +132,7 @@ void TextMemoDialog::OnTimer(int) {
 void TextMemoDialog::OnDestroy() { platform::ShowInputPanel(false); }
 
 void TextMemoDialog::DrawPicture() {
-    picture_ = platform::Image::Make(kWidth, kHeight);
+    picture_ = platform::Image::Make(kWidth, kHeight, PageScale());
     if (!picture_.IsValid()) return;
     platform::Canvas canvas(picture_);
     const ink::ColorRef frame = ColorOf(SystemColor::WindowFrame);
@@ -136,7 +142,7 @@ void TextMemoDialog::DrawPicture() {
     canvas.Fill({1, 1, kWidth - 1, kStripHeight}, ink::Shade(face, kStripShade));
     canvas.Fill({1, kStripHeight, kWidth - 1, kStripHeight + 1}, frame);
     canvas.Fill({kDragRight, 1, kDragRight + 1, kStripHeight}, frame);
-    const Rect text = platform::Canvas::TextSize(L"Text Memo", kStripFont);
+    const Rect text = platform::Canvas::TextSize(L"Text Memo", kStripFont, PageScale());
     canvas.Text(L"Text Memo", {kEditPlace.left, (kStripHeight - text.bottom) / 2}, kStripFont,
                 ColorOf(SystemColor::ButtonText), {1, 1, kDragRight, kStripHeight});
     DrawDeleteMark(canvas);
@@ -151,7 +157,7 @@ void TextMemoDialog::OnCommand(int id) {
 void TextMemoDialog::ToggleWordWrap() {
     const platform::WaitCursor wait;
     const bool wordWrap = IsItemChecked(IDC_WORD_WRAP);
-    if (!MakeTextEdit(IDC_MEMO_TEXT, kEditPlace, wordWrap)) {
+    if (!MakeEdit(wordWrap)) {
         CheckItem(IDC_WORD_WRAP, !wordWrap);
         platform::ShowOutOfMemory(this);
         return;

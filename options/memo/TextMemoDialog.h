@@ -24,7 +24,7 @@ class TextMemoDialog : public platform::Dialog {
 
     bool OnCreate() override;
     void OnDestroy() override;
-    void OnPaint() override { Show(picture_, {0, 0, picture_.Width(), picture_.Height()}); }
+    void OnPaint() override { ShowAt(picture_, {0, 0}); }
     void OnPenDown(platform::Point place) override;
     void OnPenMove(platform::Point place) override;
     void OnPenUp(platform::Point place) override;
@@ -37,6 +37,7 @@ class TextMemoDialog : public platform::Dialog {
     void OnEditHold(int id, platform::Point place) override;
 
   private:
+    bool MakeEdit(bool wordWrap);
     void Fill();
     void DrawPicture();
     void Save();

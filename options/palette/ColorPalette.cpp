@@ -1,8 +1,8 @@
 #include "options/palette/ColorPalette.h"
 
 #include <algorithm>
-#include <iterator>
 
+#include "platform/Canvas.h"
 #include "platform/Screen.h"
 
 namespace options {
@@ -13,12 +13,12 @@ using ink::ColorRef;
 using platform::Rect;
 
 constexpr int kColumns = 8;
-constexpr int kCell = 24;   // pixels: wide enough for a fingertip of a stylus
+constexpr int kCell = 24;   // page pixels: wide enough for a fingertip of a stylus
 constexpr int kMargin = 4;  // around the grid
 constexpr int kInset = 2;   // from a cell's edge to its colour
-constexpr uint32_t kFace = 0xF0F0F0;
-constexpr uint32_t kEdge = 0x909090;
-constexpr uint32_t kMark = 0x202020;
+constexpr ColorRef kFace = 0xF0F0F0;
+constexpr ColorRef kEdge = 0x909090;
+constexpr ColorRef kMark = 0x202020;
 
 constexpr ColorRef Rgb(uint32_t rgb) { return ink::MakeColor(rgb >> 16, rgb >> 8 & 0xFF, rgb & 0xFF); }
 
@@ -31,13 +31,6 @@ constexpr uint32_t kGrid[] = {
     0xFFA0A0, 0xFFC890, 0xFFF090, 0xB0F0A0, 0xA0E8E0, 0xA8D4FF, 0xB0B0FF, 0xF0B0F0,  //
     0xFFF0F0, 0xFFF4E4, 0xFFFCE0, 0xF0FCE8, 0xE8FAF6, 0xEAF4FF, 0xF0F0FF, 0xFCF0FC,
 };
-
-void Fill(const ink::PixelSurface& surface, const Rect& area, uint32_t pixel) {
-    const Rect inside = Intersect(area, surface.Bounds());
-    for (int y = inside.top; y < inside.bottom; ++y) {
-        std::fill(surface.Row(y) + inside.left, surface.Row(y) + inside.right, pixel);
-    }
-}
 
 }  // namespace
 
@@ -59,14 +52,14 @@ bool ColorPalette::Choose(platform::Window& owner, ColorRef& color) {
 }
 
 bool ColorPalette::OnCreate() {
-    picture_ = platform::Image::Make(ClientWidth(), ClientHeight());
+    picture_ = platform::Image::Make(ClientWidth(), ClientHeight(), PageScale());
     if (!picture_.IsValid()) return false;
-    Fill(picture_.Surface(), {0, 0, ClientWidth(), ClientHeight()}, kFace);
+    platform::Canvas(picture_).Fill({0, 0, ClientWidth(), ClientHeight()}, kFace);
     for (size_t i = 0; i < colors_.size(); ++i) DrawCell(i);
     return true;
 }
 
-void ColorPalette::OnPaint() { Show(picture_, {0, 0, ClientWidth(), ClientHeight()}); }
+void ColorPalette::OnPaint() { ShowAt(picture_, {0, 0}); }
 
 void ColorPalette::OnPenDown(platform::Point place) { pressed_ = CellAt(place); }
 
@@ -94,14 +87,14 @@ size_t ColorPalette::CellAt(platform::Point place) const {
 }
 
 void ColorPalette::DrawCell(size_t index) {
-    const ink::PixelSurface surface = picture_.Surface();
+    platform::Canvas canvas(picture_);
     const Rect cell = CellRect(index);
     const bool isCurrent = colors_[index] == chosen_;
-    if (isCurrent) Fill(surface, cell, kMark);
-    if (isCurrent) Fill(surface, Inflate(cell, -kInset, -kInset), kFace);
+    if (isCurrent) canvas.Fill(cell, kMark);
+    if (isCurrent) canvas.Fill(Inflate(cell, -kInset, -kInset), kFace);
     const Rect color = Inflate(cell, isCurrent ? -2 * kInset : -kInset, isCurrent ? -2 * kInset : -kInset);
-    Fill(surface, color, kEdge);
-    Fill(surface, Inflate(color, -1, -1), ink::PixelOf(colors_[index]));
+    canvas.Fill(color, kEdge);
+    canvas.Fill(Inflate(color, -1, -1), colors_[index]);
 }
 
 }  // namespace options

@@ -36,6 +36,7 @@ COptPageDefFileName::COptPageDefFileName() : CPropertyPageEx(IDD_OPTIONS_FILE_NA
 
 void COptPageDefFileName::ShowSettings(const store::Settings& settings) {
     SetItemMargins(IDC_PATTERN_HELP, kHelpMargins);
+    NameItem(IDC_PATTERN_HELP, L"Format characters");
     SetItemText(IDC_PATTERN_HELP, kHelp);
     for (const PatternControls& pattern : kPatterns) {
         const bool isDefault = settings.StoredText(pattern.setting).empty();

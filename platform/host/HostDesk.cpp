@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <set>
 
 #include "platform/Dialog.h"
 #include "platform/host/HostDevice.h"
@@ -122,9 +123,18 @@ void HostDesk::TurnWheel(int notches) {
     for (int i = 0; i < std::abs(notches); ++i) window.OnScroll(code, 0);
 }
 
+void HostDesk::Rescale(ink::Scale to) {
+    scale = to;
+    SizeTop();
+}
+
 void HostDesk::Resize(ScreenSize size) {
     sizesScreens = true;
     screen = size;
+    SizeTop();
+}
+
+void HostDesk::SizeTop() {
     auto& window = dynamic_cast<Screen&>(Target());
     if (!window.Handle()->OpenScreen()) return;
     window.OnSize();
@@ -204,6 +214,16 @@ void HostDesk::Settle() {
     }
 }
 
+// What the user changes must say what it is, also to those who can't see what stands beside it.
+void HostDesk::CheckNames(const Window& window) {
+    static const std::set<std::wstring> kKinds{L"EDITTEXT", L"COMBOBOX", L"DATETIMEPICK_CLASS",
+                                               L"MONTHCAL_CLASS"};
+    for (const auto& [id, item] : window.Handle()->items) {
+        const bool isInput = item.isTextEdit || kKinds.count(item.source.kind) != 0;
+        if (isInput && item.name.empty()) problems.push_back("no name for control " + std::to_string(id));
+    }
+}
+
 int HostDesk::RunModal(Window& window) {
     Window::Impl& state = *window.Handle();
     state.ended = state.takenOver = false;
@@ -212,6 +232,7 @@ int HostDesk::RunModal(Window& window) {
     if (!window.OnCreate() && !state.ended) state.ended = true;
     while (!state.ended) {
         Settle();
+        if (wantsNames) CheckNames(*Top());
         if (state.takenOver) TakeOver(window);
         if (state.ended) break;
         if (steps_.empty()) {

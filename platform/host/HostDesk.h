@@ -48,6 +48,7 @@ class HostDesk {
     void OpenFrameMenu();                // answered like a pop-up menu
     void TurnWheel(int notches);         // up when positive
     void Resize(ScreenSize size);        // the screen on top, and those that open later
+    void Rescale(ink::Scale to);         // likewise
     void PrivateMessage(uint32_t code, intptr_t payload = 0);
     void Type(int item, const std::wstring& text);
     void Choose(int item, int index);   // in a drop-down list
@@ -77,11 +78,14 @@ class HostDesk {
     int outOfMemoryBoxes = 0;
     int waitCursorDepth = 0;
     int waitCursors = 0;  // how often it came up
+    bool highContrast = false;
+    bool wantsNames = false;  // an input of a dialog that has no name is a problem
     bool menuBarFails = false;
     bool workersFail = false;
     bool textEditsFail = false;  // Dialog::MakeTextEdit finds no memory
     ScreenSize screen{480, 640};
     bool sizesScreens = false;  // as soon as one was
+    ink::Scale scale;           // of windows that open, and of those that are sized
 
     // What went wrong in the script itself, such as a window left open at its end. Empty in a good test.
     std::vector<std::string> problems;
@@ -94,6 +98,8 @@ class HostDesk {
 
   private:
     Window& Target();
+    void SizeTop();
+    void CheckNames(const Window& window);
     static void TakeOver(Window& window);
 
     std::deque<std::function<void()>> steps_;

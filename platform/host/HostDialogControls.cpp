@@ -60,6 +60,10 @@ constexpr int kAnySize = 1;
 
 }  // namespace
 
+void Dialog::NameItem(int id, const std::wstring& name) {
+    if (HostItem* item = Find(*impl_, id)) item->name = name;
+}
+
 void Dialog::SetItemMargins(int id, int pixels) {
     if (HostItem* item = Find(*impl_, id)) item->margins = pixels;
 }

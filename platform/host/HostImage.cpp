@@ -30,15 +30,17 @@ Image::Image(Image&&) noexcept = default;
 Image& Image::operator=(Image&&) noexcept = default;
 Image::~Image() = default;
 
-Image Image::Make(int width, int height) {
+Image Image::Make(int width, int height, ink::Scale scale) {
     Image image;
-    if (width <= 0 || height <= 0 || int64_t{width} * height > kMostPixels) return image;
+    const int64_t pixels = scale.ToScreen(width) * scale.ToScreen(height);
+    if (width <= 0 || height <= 0 || pixels > kMostPixels) return image;
     if (HostDevice::Current().picturesLeft-- <= 0) return image;
     try {
         auto impl = std::make_unique<Impl>();
         impl->width = width;
         impl->height = height;
-        impl->pixels.resize(static_cast<size_t>(width) * static_cast<size_t>(height));
+        impl->scale = scale;
+        impl->pixels.resize(static_cast<size_t>(pixels));
         image.impl_ = std::move(impl);
     } catch (const std::bad_alloc&) {
         return {};
@@ -46,15 +48,17 @@ Image Image::Make(int width, int height) {
     return image;
 }
 
-Image Image::FromResource(int id) { return resources::ImageOfBitmap(id); }
+Image Image::FromResource(int id, ink::Scale scale) { return resources::ImageOfBitmap(id, scale); }
 
 bool Image::IsValid() const { return impl_ != nullptr; }
 int Image::Width() const { return IsValid() ? impl_->width : 0; }
 int Image::Height() const { return IsValid() ? impl_->height : 0; }
+ink::Scale Image::PageScale() const { return IsValid() ? impl_->scale : ink::Scale(); }
 
 ink::PixelSurface Image::Surface() const {
     if (!IsValid()) return {};
-    return {impl_->pixels.data(), impl_->width, impl_->height, impl_->width};
+    const auto width = static_cast<int32_t>(impl_->scale.ToScreen(impl_->width));
+    return {impl_->pixels.data(), width, static_cast<int32_t>(impl_->scale.ToScreen(impl_->height)), width};
 }
 
 void host::CopyPicture(const Image& from, const ink::Rect& source, const Image& to, ink::Point topLeft) {

@@ -11,22 +11,24 @@ namespace platform {
 
 struct DrawnThing {
     std::wstring text;
-    ink::Rect place;
+    ink::Rect place;  // screen pixels
 };
 
 struct Image::Impl {
-    int width = 0;
+    int width = 0;  // page pixels
     int height = 0;
-    std::vector<uint32_t> pixels;
+    ink::Scale scale;
+    std::vector<uint32_t> pixels;  // screen pixels
     std::vector<DrawnThing> things;
 
-    // Something else covers the area: what lies wholly in it is gone.
+    // Something else covers the area (screen pixels): what lies wholly in it is gone.
     void Cover(const ink::Rect& area);
 };
 
 namespace host {
 
 // Copies `source` of one picture to `topLeft` of another, as far as that has room, things drawn included.
+// Screen pixels.
 void CopyPicture(const Image& from, const ink::Rect& source, const Image& to, ink::Point topLeft);
 
 }  // namespace host

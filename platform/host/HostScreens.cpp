@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "platform/Dialog.h"
 #include "platform/MessageBox.h"
 #include "platform/Popup.h"
@@ -23,6 +25,11 @@ int CannotOpen() {
 
 ToolBar::ToolBar() = default;
 ToolBar::~ToolBar() = default;
+
+Image ToolBar::Images() const {
+    return impl_ == nullptr ? Image()
+                            : Image::FromResource(impl_->bitmapId, HostDevice::Current().desk.scale);
+}
 
 void ToolBar::SetImages(const Image& images) {
     if (impl_ == nullptr) return;
@@ -70,6 +77,7 @@ bool Window::Impl::OpenScreen() {
 
 bool Screen::CanBeSized() const { return HostDevice::Current().desk.sizesScreens; }
 void Screen::ToggleFullScreen() {}
+void Screen::NameClient(const std::wstring& name) { impl_->name = name; }
 
 void Screen::AddToFrameMenu(int command, const std::wstring& text) {
     impl_->frameMenu.push_back({command, text, true, nullptr});
@@ -78,6 +86,7 @@ void Screen::AddToFrameMenu(int command, const std::wstring& text) {
 bool Screen::CreateMenuBar(const ToolBarLayout& layout) {
     if (!Exists() || HostDevice::Current().desk.menuBarFails) return false;
     tools_.Handle() = std::make_unique<ToolBar::Impl>();
+    tools_.Handle()->bitmapId = layout.bitmapId;
     for (const ToolBarButton& button : layout.buttons) {
         if (button.command != 0) tools_.Handle()->buttons[button.command] = {};
     }
@@ -98,8 +107,10 @@ bool Window::Impl::OpenTemplate(int templateId) {
     isDialog = true;
     title = source->caption;
     place = pixels({0, 0, source->width, source->height});
+    std::wstring label;  // names what comes next, as screen readers take it
     for (const resources::DialogItem& item : source->items) {
         HostItem& made = items[item.id] = HostItem();
+        made.name = std::exchange(label, item.kind == L"LTEXT" ? item.text : std::wstring());
         made.source = item;
         made.source.place = pixels(item.place);
         made.text = item.text;
@@ -164,7 +175,7 @@ void Dialog::Place(const Rect& windowRect) {
         windowRect.Width() != impl_->place.Width() || windowRect.Height() != impl_->place.Height();
     impl_->place = windowRect;
     if (!isResized) return;
-    impl_->shown = Image::Make(windowRect.Width(), windowRect.Height());
+    impl_->shown = Image::Make(windowRect.Width(), windowRect.Height(), HostDevice::Current().desk.scale);
     impl_->needsPaint = true;
 }
 

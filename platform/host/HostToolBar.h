@@ -23,6 +23,7 @@ struct ToolBar::Impl {
     static HostButton* Find(const Window& window, int command);
     HostButton* Find(int command);
 
+    int bitmapId = 0;
     std::vector<uint32_t> images;  // the pixels set last, row by row; empty until then
 };
 

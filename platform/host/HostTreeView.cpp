@@ -84,8 +84,10 @@ void TreeView::Impl::DropChildren(HostTreeNode& node) {
 TreeView::TreeView() = default;
 TreeView::~TreeView() = default;
 
-bool TreeView::Create(Window& parent, int, const Rect& place, const Images&, Events& events) {
+bool TreeView::Create(Window& parent, int, const Rect& place, const Images&, Events& events,
+                      const std::wstring& name) {
     impl_ = std::make_unique<Impl>();
+    impl_->name = name;
     impl_->events = &events;
     impl_->place = place;
     parent.Handle()->tree = this;

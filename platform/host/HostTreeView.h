@@ -30,6 +30,7 @@ struct TreeView::Impl {
     HostTreeNode* editing = nullptr;
     std::wstring editText;
     Rect place;
+    std::wstring name;  // for screen readers
     bool visible = true;
     int frozen = 0;
     std::vector<HostTreeNode*>

@@ -11,7 +11,7 @@ namespace platform {
 using host::HostDevice;
 
 bool Window::Impl::Open(int width, int height) {
-    shown = Image::Make(width, height);
+    shown = Image::Make(width, height, HostDevice::Current().desk.scale);
     exists = shown.IsValid();
     return exists;
 }
@@ -20,18 +20,22 @@ Window::Window() : impl_(std::make_unique<Impl>()) {}
 Window::~Window() = default;
 
 bool Window::Exists() const { return impl_->exists; }
+ink::Scale Window::PageScale() const {
+    return Exists() ? impl_->shown.PageScale() : HostDevice::Current().desk.scale;
+}
 int Window::ClientWidth() const { return impl_->shown.Width(); }
 int Window::ClientHeight() const { return impl_->shown.Height(); }
 void Window::SetTitle(const std::wstring& title) { impl_->title = title; }
 std::wstring Window::Title() const { return impl_->title; }
 void Window::Invalidate() { impl_->needsPaint = true; }
 
-void Window::Show(const Image& image, const Rect& source) {
+void Window::ShowPixels(const Image& image, const Rect& source) {
     if (Exists()) host::CopyPicture(image, source, impl_->shown, {source.left, source.top});
 }
 
 void Window::ShowAt(const Image& image, Point topLeft) {
-    if (Exists()) host::CopyPicture(image, {0, 0, image.Width(), image.Height()}, impl_->shown, topLeft);
+    const Rect place = PageScale().ToSurface({topLeft.x, topLeft.y, topLeft.x, topLeft.y});
+    if (Exists()) host::CopyPicture(image, image.Surface().Bounds(), impl_->shown, {place.left, place.top});
 }
 
 void Window::ScrollPixels(int dy) {

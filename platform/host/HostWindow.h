@@ -24,6 +24,7 @@ struct HostItem {
     resources::DialogItem source;
     std::wstring text;
     bool enabled = true;
+    std::wstring name;  // for screen readers
     DateTime moment;
     bool checked = false;
     std::vector<std::wstring> choices;
@@ -46,7 +47,8 @@ struct Window::Impl {
     bool takenOver = false;  // another copy takes this one's place
     int result = -1;
     std::wstring title;
-    Image shown;  // what the client area shows
+    std::wstring name;  // of the client area
+    Image shown;        // what the client area shows
     bool needsPaint = false;
     bool hasScrollBar = false;
     bool hasPen = false;

@@ -4,6 +4,7 @@
 
 #include "platform/keeper/NoticePlace.h"
 #include "platform/windows/Guards.h"
+#include "platform/windows/ScreenScale.h"
 #include "platform/windows/WindowImpl.h"
 
 namespace platform::windows {
@@ -13,10 +14,12 @@ namespace {
 constexpr wchar_t kClass[] = L"InkwrightNotice";
 constexpr wchar_t kPlacingName[] = L"Local\\InkwrightNoticePlacing";
 constexpr DWORD kPlacingMilliseconds = 2000;
-constexpr int kWidth = 300;  // of the client area, pixels
+// Page pixels.
+constexpr int kWidth = 300;  // of the client area
 constexpr int kMargin = 14;
 constexpr int kButtonWidth = 76;
 constexpr int kButtonHeight = 24;
+constexpr int kTextSize = 13;
 constexpr int kTextId = 100;
 constexpr int kDismissed = 1;
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
@@ -50,13 +53,21 @@ void RegisterNotice() {
     RegisterWindowClass(kClass, NoticeProcedure, 0, reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
 }
 
+// What a notice is made of, at the scale of the main monitor, where notices come up.
+struct Looks {
+    ink::Scale scale = ScaleAt(nullptr);
+    OwnedFont font{CreateFontW(-static_cast<int>(scale.ToScreen(kTextSize)), 0, 0, 0, FW_NORMAL, FALSE, FALSE,
+                               FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"Tahoma")};
+};
+
 HWND AddControl(HWND parent, const wchar_t* kind, const std::wstring& text, DWORD style, const Rect& place,
-                int id, HFONT font) {
-    const HWND control = CreateWindowExW(0, kind, text.c_str(), WS_CHILD | WS_VISIBLE | style, place.left,
-                                         place.top, place.Width(), place.Height(), parent,
+                int id, const Looks& looks) {
+    const RECT area = ToDesktop(place, looks.scale);
+    const HWND control = CreateWindowExW(0, kind, text.c_str(), WS_CHILD | WS_VISIBLE | style, area.left,
+                                         area.top, area.right - area.left, area.bottom - area.top, parent,
                                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                                          GetModuleHandleW(nullptr), nullptr);
-    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(looks.font.get()), TRUE);
     return control;
 }
 
@@ -67,13 +78,13 @@ std::wstring WithReturns(const std::wstring& text) {
 }
 
 // Names that are longer than a line are broken, too, as in an edit.
-int TextHeight(const std::wstring& text, HFONT font) {
+int TextHeight(const std::wstring& text, const Looks& looks) {
     const ClientDc screen(nullptr);
-    const Selection selected(screen.Get(), font);
-    RECT area{0, 0, kWidth - 2 * kMargin, 0};
+    const Selection selected(screen.Get(), looks.font.get());
+    RECT area = ToDesktop(Rect{0, 0, kWidth - 2 * kMargin, 0}, looks.scale);
     DrawTextW(screen.Get(), text.c_str(), -1, &area,
               DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX);
-    return area.bottom;
+    return WholePagePixels(area.bottom, looks.scale);
 }
 
 Rect WorkArea() {
@@ -83,33 +94,36 @@ Rect WorkArea() {
 }
 
 // Adds the text, in an edit that scrolls when it is higher than `limit`, and returns the height it takes.
-int AddText(HWND notice, const std::wstring& text, int limit, HFONT font) {
-    const int height = TextHeight(text, font);
+int AddText(HWND notice, const std::wstring& text, int limit, const Looks& looks) {
+    const int height = TextHeight(text, looks);
     const Rect place{kMargin, kMargin, kWidth - kMargin, kMargin + std::min(height, limit)};
     if (height <= limit) {
-        AddControl(notice, L"STATIC", text, SS_NOPREFIX | SS_EDITCONTROL, place, kTextId, font);
+        AddControl(notice, L"STATIC", text, SS_NOPREFIX | SS_EDITCONTROL, place, kTextId, looks);
     } else {
         constexpr DWORD kScrolling = ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_VSCROLL;
-        AddControl(notice, L"EDIT", WithReturns(text), kScrolling, place, kTextId, font);
+        AddControl(notice, L"EDIT", WithReturns(text), kScrolling, place, kTextId, looks);
     }
     return place.Height();
 }
 
-HWND MakeNotice(const std::wstring& title, const std::wstring& text, HFONT font) {
+SIZE FrameFor(int textHeight, const Looks& looks) {
+    RECT frame = ToDesktop(Rect{0, 0, kWidth, kAroundText + textHeight}, looks.scale);
+    AdjustWindowRectEx(&frame, kStyle, FALSE, kExStyle);
+    return {frame.right - frame.left, frame.bottom - frame.top};
+}
+
+HWND MakeNotice(const std::wstring& title, const std::wstring& text, const Looks& looks) {
     const HWND notice = CreateWindowExW(kExStyle, kClass, title.c_str(), kStyle, 0, 0, kWidth, kAroundText,
                                         nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
     if (!notice) return nullptr;
-    RECT frame{0, 0, kWidth, kAroundText};
-    AdjustWindowRectEx(&frame, kStyle, FALSE, kExStyle);
-    const int limit =
-        std::max<int>(kButtonHeight, WorkArea().Height() - 2 * kMargin - (frame.bottom - frame.top));
-    const int height = AddText(notice, text, limit, font);
+    const auto room = static_cast<int>(looks.scale.ToPage(WorkArea().Height() - FrameFor(0, looks).cy));
+    const int height = AddText(notice, text, std::max(kButtonHeight, room - 2 * kMargin), looks);
     const int left = (kWidth - kButtonWidth) / 2;
     const int top = 2 * kMargin + height;
     AddControl(notice, L"BUTTON", L"OK", BS_DEFPUSHBUTTON | WS_TABSTOP,
-               {left, top, left + kButtonWidth, top + kButtonHeight}, IDOK, font);
-    SetWindowPos(notice, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top + height,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+               {left, top, left + kButtonWidth, top + kButtonHeight}, IDOK, looks);
+    const SIZE frame = FrameFor(height, looks);
+    SetWindowPos(notice, nullptr, 0, 0, frame.cx, frame.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     return notice;
 }
 
@@ -161,9 +175,8 @@ bool TakeKey(HWND notice, const MSG& message) {
 
 bool ShowNotice(const std::wstring& title, const std::wstring& text) {
     RegisterNotice();
-    const OwnedFont font(
-        CreateFontW(-13, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"Tahoma"));
-    const HWND notice = MakeNotice(title, text, font.get());
+    const Looks looks;
+    const HWND notice = MakeNotice(title, text, looks);
     if (!notice) return false;
     ShowInPlace(notice);
     MSG message{};

@@ -14,6 +14,7 @@
 
 #include "platform/Product.h"
 #include "platform/qt/ModalRun.h"
+#include "platform/qt/ScreenScale.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WindowImpl.h"
 #include "platform/resources/ResourceTables.h"
@@ -48,7 +49,7 @@ QIcon ProgramIcon() {
 }  // namespace
 
 Application::Application(int& count, char** arguments)
-    : QApplication(count, arguments), calls_([this] {
+    : QApplication((TakeScaleAskedFor(), count), arguments), calls_([this] {
           QMetaObject::invokeMethod(
               this, [this] { calls_.Run(); }, Qt::QueuedConnection);
       }) {

@@ -2,12 +2,12 @@
 
 #include <QFont>
 
+#include "ink/Scale.h"
+
 namespace platform::qt {
 
-// Pixels of a size in tenths of a point at 96 dots per inch: all other sizes of the program are pixels too.
-constexpr int PixelsOf(int tenthPoints) { return (tenthPoints * 96 + 360) / 720; }
-
-// The desktop's own font in another size.
-QFont FontOf(int tenthPoints, bool isBold);
+// The desktop's own font in a size in tenths of a point; in the toolkit's own windows for the usual scale,
+// which makes it as fine as the screen.
+QFont FontOf(int tenthPoints, bool isBold, ink::Scale scale = ink::Scale());
 
 }  // namespace platform::qt

@@ -17,7 +17,11 @@ class MenuBar : public QWidget {
     MenuBar(QWidget* parent, Screen& screen);
 
     bool AddButtons(const ToolBarLayout& layout);
+    // The button images for the Screen's scale and the bar's colour.
+    Image Images() const;
     bool UseImages(const Image& strip);
+    // Takes those again.
+    void Dress();
     ToolButton* Find(int command) const;
     // The frame's menu has entries.
     void ShowMenuButton();
@@ -33,9 +37,8 @@ class MenuBar : public QWidget {
     std::vector<ToolButton*> buttons_;
     QToolButton* menuButton_;
     std::vector<int> separators_;  // their x
-    int end_ = 0;  // of the buttons, in pixels
-    int imageWidth_ = 0;
-    int imageHeight_ = 0;
+    int end_ = 0;                  // of the buttons, in pixels
+    ToolBarLayout layout_;
     bool hasMenu_ = false;
 };
 

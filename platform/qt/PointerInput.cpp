@@ -6,6 +6,7 @@
 #include <QTouchEvent>
 #include <algorithm>
 
+#include "platform/qt/ScreenScale.h"
 #include "platform/qt/WindowImpl.h"
 
 namespace platform::qt {
@@ -25,8 +26,6 @@ bool FingersWrite() {
     return (HasDevice(Type::TouchScreen) && !hasBetter) || qgetenv("INKWRIGHT_FINGERS") == "write";
 }
 
-Point PlaceOf(const QPointF& place) { return {place.toPoint().x(), place.toPoint().y()}; }
-
 // Both ends of one pen are one pointer: it is turned, not exchanged.
 uint32_t NumberOf(const QTabletEvent& event) {
     return static_cast<uint32_t>(event.pointingDevice()->uniqueId().numericId()) | 0x80000000u;
@@ -35,7 +34,7 @@ uint32_t NumberOf(const QTabletEvent& event) {
 PointerPacket PacketOf(const QTabletEvent& event) {
     PointerPacket packet;
     packet.pointer = NumberOf(event);
-    packet.place = PlaceOf(event.position());
+    packet.place = PagePixelAt(event.position());
     packet.time = static_cast<uint32_t>(event.timestamp());
     packet.isDown = event.buttons().testFlag(Qt::LeftButton);
     packet.isInverted = event.pointerType() == QPointingDevice::PointerType::Eraser;
@@ -47,7 +46,7 @@ PointerPacket PacketOf(const QWidget& page, const QEventPoint& point, uint32_t t
     PointerPacket packet;
     packet.pointer = static_cast<uint32_t>(point.id()) & 0x7FFFFFFFu;
     packet.kind = PointerKind::Touch;
-    packet.place = PlaceOf(page.mapFromGlobal(point.globalPosition()));
+    packet.place = PagePixelAt(page.mapFromGlobal(point.globalPosition()));
     packet.time = time;
     packet.isNear = packet.isDown = point.state() != QEventPoint::Released;
     return packet;

@@ -22,6 +22,10 @@ constexpr uint32_t kNoNumber = 0x10000;
 
 }  // namespace
 
+void Dialog::NameItem(int id, const std::wstring& name) {
+    if (auto* item = ItemOf<QWidget>(*impl_, id)) item->setAccessibleName(qt::ToQt(name));
+}
+
 void Dialog::SetItemMargins(int id, int pixels) {
     if (auto* edit = ItemOf<QLineEdit>(*impl_, id)) edit->setTextMargins(pixels, 0, pixels, 0);
     if (auto* edit = ItemOf<QPlainTextEdit>(*impl_, id)) edit->document()->setDocumentMargin(pixels);

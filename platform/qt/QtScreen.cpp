@@ -5,6 +5,7 @@
 #include "platform/qt/MenuBar.h"
 #include "platform/qt/ModalRun.h"
 #include "platform/qt/ScreenFrame.h"
+#include "platform/qt/Text.h"
 #include "platform/qt/ToolBarImpl.h"
 
 namespace platform {
@@ -61,6 +62,10 @@ int Screen::RunModal(Window* owner) {
 }
 
 bool Screen::CanBeSized() const { return impl_->sizing != nullptr; }
+
+void Screen::NameClient(const std::wstring& name) {
+    if (impl_->page) impl_->page->setAccessibleName(qt::ToQt(name));
+}
 
 void Screen::ToggleFullScreen() {
     if (impl_->sizing && impl_->frame) impl_->sizing->ToggleFullScreen(*impl_->frame);

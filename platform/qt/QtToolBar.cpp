@@ -1,7 +1,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "platform/DarkBars.h"
 #include "platform/qt/ImageImpl.h"
+#include "platform/qt/Looks.h"
 #include "platform/qt/MenuBar.h"
 #include "platform/qt/ScreenFrame.h"
 #include "platform/qt/Text.h"
@@ -56,8 +58,7 @@ MenuBar::MenuBar(QWidget* parent, Screen& screen)
 }
 
 bool MenuBar::AddButtons(const ToolBarLayout& layout) {
-    imageWidth_ = layout.imageWidth;
-    imageHeight_ = layout.imageHeight;
+    layout_ = layout;
     end_ = kLeftMargin;
     for (const ToolBarButton& source : layout.buttons) {
         if (source.command == 0) {
@@ -71,22 +72,31 @@ bool MenuBar::AddButtons(const ToolBarLayout& layout) {
         button->setAccessibleName(title);
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::NoFocus);
-        button->setIconSize({imageWidth_, imageHeight_});
-        button->setGeometry(end_, 1, imageWidth_ + kButtonMargin, kButtonHeight);
+        button->setIconSize({layout.imageWidth, layout.imageHeight});
+        button->setGeometry(end_, 1, layout.imageWidth + kButtonMargin, kButtonHeight);
         connect(button, &QAbstractButton::clicked, this,
                 [this, command = source.command] { DispatchCommand(screen_, command); });
         button->show();
         buttons_.push_back(button);
-        end_ += imageWidth_ + kButtonMargin;
+        end_ += layout.imageWidth + kButtonMargin;
     }
-    const Image strip = Image::FromResource(layout.bitmapId);
-    return strip.IsValid() && UseImages(strip);
+    return UseImages(Images());
+}
+
+Image MenuBar::Images() const {
+    Image strip = Image::FromResource(layout_.bitmapId, screen_.PageScale());
+    if (strip.IsValid() && WantsDark()) LightenPictures(strip.Surface(), ink::PixelOf(kTransparent));
+    return strip;
+}
+
+void MenuBar::Dress() {
+    if (!buttons_.empty()) UseImages(Images());
 }
 
 bool MenuBar::UseImages(const Image& strip) {
     for (size_t i = 0; i < buttons_.size(); ++i) {
-        const QPixmap picture =
-            MaskedPicture(strip, static_cast<int>(i), imageWidth_, imageHeight_, kTransparent);
+        const QPixmap picture = MaskedPicture(strip, static_cast<int>(i), layout_.imageWidth,
+                                              layout_.imageHeight, kTransparent, screen_.PageScale());
         if (picture.isNull()) return false;
         buttons_[i]->setIcon(picture);
     }
@@ -122,6 +132,8 @@ void MenuBar::resizeEvent(QResizeEvent*) { PlaceMenuButton(); }
 
 ToolBar::ToolBar() = default;
 ToolBar::~ToolBar() = default;
+
+Image ToolBar::Images() const { return impl_ ? impl_->strip.Images() : Image(); }
 
 void ToolBar::SetImages(const Image& images) {
     if (impl_ && images.IsValid()) impl_->strip.UseImages(images);

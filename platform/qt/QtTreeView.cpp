@@ -1,4 +1,5 @@
 #include <QPainter>
+#include <QTreeWidgetItemIterator>
 #include <algorithm>
 
 #include "platform/TextEncoding.h"
@@ -35,21 +36,31 @@ QTreeWidgetItem* ChildrenOf(qt::TreeWidget& tree, TreeItem item) {
 
 }  // namespace
 
-bool TreeView::Impl::Create(Window& window, int id, const Rect& place, const TreeView::Images& source) {
-    parent = &window;
-    QWidget* page = window.Handle()->page;
-    const platform::Image strip = platform::Image::FromResource(source.bitmapId);
-    if (tree || !page || !strip.IsValid()) return false;
+bool TreeView::Impl::TakeImages() {
+    const ink::Scale scale = parent->PageScale();
+    const platform::Image strip = platform::Image::FromResource(source.bitmapId, scale);
+    images.clear();
     for (int i = 0; (i + 1) * source.imageSize <= strip.Width(); ++i)
-        images.push_back(qt::MaskedPicture(strip, i, source.imageSize, source.imageSize, source.mask));
-    overlay = source.overlay;
+        images.push_back(qt::MaskedPicture(strip, i, source.imageSize, source.imageSize, source.mask, scale));
+    return strip.IsValid();
+}
+
+void TreeView::Impl::LooksChanged() {
+    if (!TakeImages() || !tree) return;
+    for (QTreeWidgetItemIterator item(tree); *item; ++item) ShowImage(static_cast<Node&>(**item));
+}
+
+bool TreeView::Impl::Create(Window& window, int id, const Rect& place, const TreeView::Images& pictures) {
+    parent = &window;
+    source = pictures;
+    QWidget* page = window.Handle()->page;
+    if (tree || !page || !TakeImages()) return false;
     slowTap.setSingleShot(true);
     slowTap.callOnTimeout([this] {
         if (selected && tree) qt::Guarded(*parent, [this] { EditLabel(*selected); });
     });
     tree = new qt::TreeWidget(page, *this);
     tree->setObjectName(QString::number(id));
-    tree->setAccessibleName("Notes");
     tree->setGeometry(qt::ToQt(place));
     tree->show();
     window.Handle()->control = tree;
@@ -60,8 +71,8 @@ void TreeView::Impl::ShowImage(Node& node) const {
     const auto count = static_cast<int>(images.size());
     QPixmap picture =
         node.image >= 0 && node.image < count ? images[static_cast<size_t>(node.image)] : QPixmap();
-    if (node.hasOverlay && overlay < count)
-        QPainter(&picture).drawPixmap(0, 0, images[static_cast<size_t>(overlay)]);
+    if (node.hasOverlay && source.overlay < count)
+        QPainter(&picture).drawPixmap(0, 0, images[static_cast<size_t>(source.overlay)]);
     node.setIcon(0, picture);
 }
 
@@ -72,10 +83,13 @@ TreeView::~TreeView() {
     const std::unique_ptr<QWidget> gone(impl_->tree);
 }
 
-bool TreeView::Create(Window& parent, int id, const Rect& place, const Images& images, Events& events) {
+bool TreeView::Create(Window& parent, int id, const Rect& place, const Images& images, Events& events,
+                      const std::wstring& name) {
     if (!impl_->tree) impl_ = std::make_unique<Impl>();
     impl_->events = &events;
-    return impl_->Create(parent, id, place, images);
+    if (!impl_->Create(parent, id, place, images)) return false;
+    impl_->tree->setAccessibleName(qt::ToQt(name));
+    return true;
 }
 
 void TreeView::Place(const Rect& place) {

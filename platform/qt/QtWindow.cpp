@@ -9,6 +9,7 @@
 #include "platform/qt/Application.h"
 #include "platform/qt/ImageImpl.h"
 #include "platform/qt/ScreenFrame.h"
+#include "platform/qt/ScreenScale.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WindowImpl.h"
 
@@ -18,6 +19,10 @@ namespace {
 
 constexpr char kWindowProperty[] = "inkwright window";
 
+ink::PixelSurface SurfaceOf(QImage& image) {
+    return {reinterpret_cast<uint32_t*>(image.bits()), image.width(), image.height(), image.width()};
+}
+
 }  // namespace
 
 void Window::Impl::Begin(Window& window, Window* below, std::unique_ptr<QWidget> newFrame, QWidget* newPage) {
@@ -26,23 +31,24 @@ void Window::Impl::Begin(Window& window, Window* below, std::unique_ptr<QWidget>
     page = newPage;
     owner = below;
     frame->setProperty(kWindowProperty, QVariant::fromValue(static_cast<void*>(&window)));
+    deviceScale = qt::ScaleOf(*page);
+    scale = below ? below->Handle()->scale : deviceScale;
     events = std::make_unique<qt::WindowEvents>(window);
 }
 
 // What is laid bare by a growing window has its background's colour until it is painted.
 ink::PixelSurface Window::Impl::Shown() {
-    if (shown.size() != page->size()) {
-        QImage larger(page->size(), QImage::Format_RGB32);
+    const Rect size = scale.ToSurface({0, 0, page->width(), page->height()});
+    if (shown.width() != size.right || shown.height() != size.bottom) {
+        QImage larger(size.right, size.bottom, QImage::Format_RGB32);
         if (larger.isNull()) return {};
         larger.fill(page->palette().color(QPalette::Window));
-        const ink::PixelSurface to{reinterpret_cast<uint32_t*>(larger.bits()), larger.width(),
-                                   larger.height(), larger.width()};
-        const ink::PixelSurface from{reinterpret_cast<uint32_t*>(shown.bits()), shown.width(), shown.height(),
-                                     shown.width()};
-        CopyPixels(from, from.Bounds(), to, {0, 0});
+        const ink::PixelSurface before = SurfaceOf(shown);
+        CopyPixels(before, before.Bounds(), SurfaceOf(larger), {0, 0});
         shown = larger;
+        shown.setDevicePixelRatio(scale.Length(1));
     }
-    return {reinterpret_cast<uint32_t*>(shown.bits()), shown.width(), shown.height(), shown.width()};
+    return SurfaceOf(shown);
 }
 
 // The toolkit takes "[*]" for the place of a mark of its own, unless it is doubled.
@@ -52,7 +58,13 @@ void Window::Impl::ShowTitle() {
 
 namespace {
 
-// Copies what `image` has of `source` to the page's picture, and soon to the screen.
+// Soon to be seen on the screen.
+void ShowSoon(const Window::Impl& state, const Rect& screenPixels) {
+    if (!state.painting && !screenPixels.IsEmpty())
+        state.page->update(qt::PagePixelsIn(screenPixels, state.scale));
+}
+
+// Copies what `image` has of `source` to the page's picture; all in screen pixels.
 void CopyToPage(Window::Impl& state, const Image& image, const Rect& source, Point topLeft) {
     if (!state.page || !image.IsValid()) return;
     const ink::PixelSurface shown = state.Shown();
@@ -61,7 +73,7 @@ void CopyToPage(Window::Impl& state, const Image& image, const Rect& source, Poi
         uint32_t* row = shown.Row(y);
         for (int x = area.left; x < area.right; ++x) row[x] |= 0xFF000000u;
     }
-    if (!state.painting && !area.IsEmpty()) state.page->update(qt::ToQt(area));
+    ShowSoon(state, area);
 }
 
 }  // namespace
@@ -70,6 +82,7 @@ Window::Window() : impl_(std::make_unique<Impl>()) {}
 Window::~Window() = default;
 
 bool Window::Exists() const { return impl_->frame != nullptr; }
+ink::Scale Window::PageScale() const { return impl_->scale; }
 int Window::ClientWidth() const { return impl_->page ? impl_->page->width() : 0; }
 int Window::ClientHeight() const { return impl_->page ? impl_->page->height() : 0; }
 
@@ -87,13 +100,14 @@ void Window::Invalidate() {
     impl_->page->update();
 }
 
-void Window::Show(const Image& image, const Rect& source) {
-    const Rect area = Intersect(source, {0, 0, image.Width(), image.Height()});
+void Window::ShowPixels(const Image& image, const Rect& source) {
+    const Rect area = Intersect(source, image.Surface().Bounds());
     CopyToPage(*impl_, image, area, {area.left, area.top});
 }
 
 void Window::ShowAt(const Image& image, Point topLeft) {
-    CopyToPage(*impl_, image, {0, 0, image.Width(), image.Height()}, topLeft);
+    const Rect place = impl_->scale.ToSurface({topLeft.x, topLeft.y, topLeft.x, topLeft.y});
+    CopyToPage(*impl_, image, image.Surface().Bounds(), {place.left, place.top});
 }
 
 void Window::ScrollPixels(int dy) {
@@ -105,7 +119,7 @@ void Window::ScrollPixels(int dy) {
 void Window::InvertPixels(const Rect& area) {
     if (!impl_->page) return;
     platform::InvertPixels(impl_->Shown(), area);
-    if (!impl_->painting) impl_->page->update(qt::ToQt(area));
+    ShowSoon(*impl_, area);
 }
 
 bool Window::StartTimer(int id, uint32_t periodMilliseconds) {
@@ -205,6 +219,14 @@ void DispatchCommand(Window& window, int id) {
 
 void DispatchScroll(Window& window, ScrollCode code, int position) {
     if (!window.Handle()->ended) Guarded(window, [&] { window.OnScroll(code, position); });
+}
+
+void ChangeScale(Window& window, ink::Scale scale) {
+    Window::Impl& state = *window.Handle();
+    if (!state.page || state.scale == scale) return;
+    state.scale = scale;
+    if (state.screen) state.screen->FollowLooks();
+    window.Invalidate();
 }
 
 void LosePen(Window& window) {

@@ -9,6 +9,7 @@
 #include "platform/PopupMenu.h"
 #include "platform/qt/HandheldPlace.h"
 #include "platform/qt/MenuBar.h"
+#include "platform/qt/TreeWidget.h"
 #include "platform/qt/WindowImpl.h"
 
 namespace platform::qt {
@@ -71,6 +72,14 @@ void ScreenFrame::Follow() {
     if (page_->size() == pageSize_) return;
     pageSize_ = page_->size();
     if (!state.ended) Guarded(screen_, [this] { screen_.OnSize(); });
+}
+
+void ScreenFrame::FollowLooks() {
+    const Window::Impl& state = *screen_.Handle();
+    strip_->Dress();
+    if (auto* tree = dynamic_cast<TreeWidget*>(state.control)) tree->Dress();
+    if (!state.ended) Guarded(screen_, [this] { screen_.OnSize(); });
+    screen_.Invalidate();
 }
 
 void ScreenFrame::ShowScroll(const ScrollState& state) {

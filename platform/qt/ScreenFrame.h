@@ -28,6 +28,8 @@ class ScreenFrame : public QWidget {
     void LayOut();
     // The frame was moved or sized, or has another state.
     void Follow();
+    // Another scale or other colours: all of it is drawn anew.
+    void FollowLooks();
     void ShowScroll(const ScrollState& state);
     void OpenFrameMenu();
 

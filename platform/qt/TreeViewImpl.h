@@ -18,8 +18,8 @@ struct TreeView::Impl : qt::TreeUser {
     Window* parent = nullptr;
     Events* events = nullptr;       // null once nobody is to hear of anything any more
     QPointer<qt::TreeWidget> tree;  // belongs to the parent's window, and goes with it
+    TreeView::Images source;
     std::vector<QPixmap> images;
-    int overlay = 0;
     Node* selected = nullptr;
     int frozen = 0;
     std::vector<Node*> leaving;  // branches that the selection is being moved out of; null once removed
@@ -27,7 +27,8 @@ struct TreeView::Impl : qt::TreeUser {
 
     ~Impl() override = default;
 
-    bool Create(Window& window, int id, const Rect& place, const TreeView::Images& source);
+    bool Create(Window& window, int id, const Rect& place, const TreeView::Images& pictures);
+    bool TakeImages();
     void ShowImage(Node& node) const;
     void Select(Node* node);
     // Moves the selection to `heir` when it lies in the branch of `node`. False when whoever heard of that
@@ -39,6 +40,7 @@ struct TreeView::Impl : qt::TreeUser {
     void Erase(Node* node);
     void EditLabel(Node& node);
 
+    void LooksChanged() override;
     void Moved(Node* node) override;
     void Tapped(Node* node) override;
     void DoubleTapped(Node* node) override;

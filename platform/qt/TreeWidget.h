@@ -23,6 +23,7 @@ struct TreeNode : QTreeWidgetItem {
 class TreeUser {
   public:
     virtual ~TreeUser() = default;
+    virtual void LooksChanged() = 0;          // images are to be as fine as the screen
     virtual void Moved(TreeNode* node) = 0;   // the selection, by key
     virtual void Tapped(TreeNode* node) = 0;  // null: beside all texts
     virtual void DoubleTapped(TreeNode* node) = 0;
@@ -42,8 +43,7 @@ class TreeWidget : public QTreeWidget {
     ~TreeWidget() override;
 
     void SetCurrent(TreeNode* node);
-    // Moves by `key` as trees do.
-    void MoveBy(QKeyEvent& event) { QTreeWidget::keyPressEvent(&event); }
+    void Dress() { user_.LooksChanged(); }
 
     void EditLabel(TreeNode& node, const QString& text);
     void EndEdit(bool isKept);

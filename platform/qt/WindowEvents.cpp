@@ -11,9 +11,9 @@
 #include <cstdlib>
 
 #include "platform/WheelTurns.h"
-#include "platform/qt/ImageImpl.h"
 #include "platform/qt/PointerInput.h"
 #include "platform/qt/ScreenFrame.h"
+#include "platform/qt/ScreenScale.h"
 #include "platform/qt/WindowImpl.h"
 
 namespace platform::qt {
@@ -101,6 +101,9 @@ bool WindowEvents::FrameEvent(QEvent& event) {
         case QEvent::WindowStateChange:
             if (state.screen) state.screen->Follow();
             return false;
+        case QEvent::PaletteChange:
+            if (state.screen) state.screen->FollowLooks();
+            return false;
         case QEvent::KeyPress:
             return KeyDown(static_cast<QKeyEvent&>(event));
         default:
@@ -152,6 +155,7 @@ bool WindowEvents::PageEvent(QEvent& event) {
 
 void WindowEvents::Paint(const QRect& area) {
     Window::Impl& state = *window_.Handle();
+    FollowMonitor();
     if (state.needsPaint) {
         state.needsPaint = false;
         state.painting = true;
@@ -159,7 +163,19 @@ void WindowEvents::Paint(const QRect& area) {
         state.painting = false;
     }
     if (state.shown.isNull()) return;
-    QPainter(state.page).drawImage(area, state.shown, area);
+    QPainter painter(state.page);
+    painter.setClipRect(area);
+    painter.drawImage(0, 0, state.shown);
+}
+
+// Whatever becomes of a window's scale, painting comes after it.
+void WindowEvents::FollowMonitor() {
+    Window::Impl& state = *window_.Handle();
+    const ink::Scale scale = ScaleOf(*state.page);
+    if (state.deviceScale == scale) return;
+    state.deviceScale = scale;
+    QMetaObject::invokeMethod(
+        this, [this, scale] { ChangeScale(window_, scale); }, Qt::QueuedConnection);
 }
 
 bool WindowEvents::Mouse(QMouseEvent& event) {
@@ -170,7 +186,7 @@ bool WindowEvents::Mouse(QMouseEvent& event) {
         return true;
     }
     if (event.button() != Qt::LeftButton) return false;
-    const Point place{event.position().toPoint().x(), event.position().toPoint().y()};
+    const Point place = PagePixelAt(event.position());
     GoOn();
     Guarded(window_, [&] {
         event.type() == QEvent::MouseButtonRelease ? window_.OnPenUp(place) : window_.OnPenDown(place);
@@ -184,7 +200,7 @@ void WindowEvents::MouseMoved(const QMouseEvent& event) {
     if (waiting_.empty())
         QMetaObject::invokeMethod(
             this, [this] { GoOn(); }, Qt::QueuedConnection);
-    waiting_.push_back({event.position().toPoint().x(), event.position().toPoint().y()});
+    waiting_.push_back(PagePixelAt(event.position()));
 }
 
 void WindowEvents::GoOn() {

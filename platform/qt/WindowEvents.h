@@ -49,6 +49,7 @@ class WindowEvents : public QObject {
     bool PageEvent(QEvent& event);
     bool FrameEvent(QEvent& event);
     void Paint(const QRect& area);
+    void FollowMonitor();
     bool Mouse(QMouseEvent& event);
     void MouseMoved(const QMouseEvent& event);
     void GoOn();

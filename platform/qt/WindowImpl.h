@@ -35,7 +35,9 @@ struct Window::Impl {
     std::unique_ptr<qt::SizedFrame> sizing;  // of a frame that can be sized
     QEventLoop* loop = nullptr;              // of its modal run
 
-    QImage shown;  // what the page shows, with fourth bytes of 0xFF
+    ink::Scale scale;        // that the window goes by
+    ink::Scale deviceScale;  // that its monitor had when that was last looked at
+    QImage shown;            // what the page shows, in screen pixels with fourth bytes of 0xFF
     bool needsPaint = true;
     bool painting = false;
     std::wstring title;
@@ -60,7 +62,7 @@ struct Window::Impl {
 
     // Makes this the state of a new window whose page is `page`, its frame `frame` or one that others own.
     void Begin(Window& window, Window* below, std::unique_ptr<QWidget> newFrame, QWidget* newPage);
-    // The picture of the page, as large as that is now.
+    // The picture of the page, as large and as fine as that is now.
     ink::PixelSurface Shown();
     void ShowTitle();
 };
@@ -89,6 +91,9 @@ bool Guarded(Window& window, Handler&& handler) {
 // A command reaches a window only while nothing is open over it.
 void DispatchCommand(Window& window, int id);
 void DispatchScroll(Window& window, ScrollCode code, int position);
+
+// The window has come to a monitor of another scale.
+void ChangeScale(Window& window, ink::Scale scale);
 
 // The pen is taken away; whoever holds it is told.
 void LosePen(Window& window);

@@ -77,8 +77,8 @@ int main(int count, char** arguments) {
     std::ofstream out(arguments[2]);
     out << "#include \"platform/resources/ResourceTables.h\"\n\nnamespace platform::resources {\n\n";
     WriteDialogs(out, script);
-    const bool isWhole = WriteFiles(out, "Bitmaps", script.bitmaps, folder) &&
-                         WriteFiles(out, "Icons", script.icons, folder);
+    const bool isWhole =
+        WriteFiles(out, "Bitmaps", script.bitmaps, folder) && WriteFiles(out, "Icons", script.icons, folder);
     out << "}  // namespace platform::resources\n";
     out.flush();
     if (isWhole && out && !script.dialogs.empty()) return 0;

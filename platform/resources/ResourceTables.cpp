@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "platform/Artwork.h"
+
 namespace platform::resources {
 
 namespace {
@@ -32,15 +34,18 @@ ResourceFile FindIcon(int id) {
     return icon != nullptr ? *icon : ResourceFile{};
 }
 
-Image ImageOfBitmap(int id) {
-    const ResourceFile* file = FindIn(Bitmaps(), id);
+Image ImageOfBitmap(int id, ink::Scale scale) {
+    const ArtworkSize artwork = ArtworkFor(scale);
+    const ResourceFile* file = FindIn(Bitmaps(), id + artwork.idOffset);
     if (file == nullptr || file->size < kHeaders || file->bytes[kDepthAt] != 24) return {};
     int32_t size[2];
     std::memcpy(size, file->bytes + kSizeAt, sizeof size);
-    Image image = Image::Make(size[0], size[1]);
+    const ink::Point page = artwork.scale.ToView({size[0], size[1]});
+    Image image = Image::Make(page.x, page.y, artwork.scale);
     const size_t stride = (static_cast<size_t>(size[0]) * 3 + 3) / 4 * 4;
     if (!image.IsValid() || file->size < kHeaders + stride * static_cast<size_t>(size[1])) return {};
     const ink::PixelSurface surface = image.Surface();
+    if (surface.width != size[0] || surface.height != size[1]) return {};
     for (int y = 0; y < size[1]; ++y) {
         const unsigned char* row = file->bytes + kHeaders + stride * static_cast<size_t>(size[1] - 1 - y);
         for (int x = 0; x < size[0]; ++x) {

@@ -42,7 +42,8 @@ const DialogTemplate* FindDialog(int id);
 // Without bytes for an id that the program does not have.
 ResourceFile FindIcon(int id);
 // Only uncompressed 24-bit bitmaps; invalid when there is none or memory is short.
-Image ImageOfBitmap(int id);
+// In the largest size drawn for it that `scale` has room for.
+Image ImageOfBitmap(int id, ink::Scale scale);
 
 // The tables themselves.
 const std::vector<DialogTemplate>& Dialogs();

@@ -2,6 +2,7 @@
 
 #include "platform/windows/HandheldPlace.h"
 #include "platform/windows/MonthTaps.h"
+#include "platform/windows/ScreenScale.h"
 
 namespace platform::windows {
 
@@ -41,6 +42,7 @@ INT_PTR OpenDialog(HWND handle, Window& window) {
     Attach(handle, &window);
     Window::Impl& state = *window.Handle();
     state.frame = state.page = handle;
+    state.scale = ScaleFor(DotsAt(handle));
     WatchMonthTaps(handle);
     bool opens = false;
     Guarded(window, [&] { opens = window.OnCreate(); });
@@ -63,6 +65,10 @@ INT_PTR DialogEvent(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
             if (changed) Guarded(*window, [&] { window->OnControlChanged(static_cast<int>(notice.idFrom)); });
             return FALSE;
         }
+        case WM_DPICHANGED:  // the system enlarges the dialog and its controls
+            state.scale = ScaleFor(LOWORD(wParam));
+            window->Invalidate();
+            return FALSE;
         case WM_ENDSESSION:
             if (wParam && !state.ended) Guarded(*window, [&] { window->OnSessionEnd(); });
             return TRUE;

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "platform/Screen.h"
+#include "platform/windows/ScreenScale.h"
 #include "platform/windows/SystemText.h"
 #include "platform/windows/WindowImpl.h"
 
@@ -33,7 +34,9 @@ ScreenSize HandheldScreen(const Window& window) {
     const HWND screen = windows::ScreenBelow(windows::FrameOf(&window));
     RECT client{};
     if (windows::HasFixedScreen() || !screen || !GetClientRect(screen, &client)) return HandheldScreen();
-    return {client.right, client.bottom + kBarHeight};
+    const ink::Scale scale = windows::ScaleAt(screen);
+    return {windows::WholePagePixels(client.right, scale),
+            windows::WholePagePixels(client.bottom, scale) + kBarHeight};
 }
 
 namespace windows {
@@ -43,27 +46,38 @@ HWND ScreenBelow(HWND window) {
     return window;
 }
 
-POINT HandheldOrigin(HWND window) {
-    window = ScreenBelow(window);
-    POINT origin{0, -kBarHeight};
-    if (window) {
-        ClientToScreen(window, &origin);
+namespace {
+
+// Desktop position of the page's top left, for `window` as in ToHandheld.
+POINT PageOrigin(HWND screen) {
+    POINT origin{0, 0};
+    if (screen) {
+        ClientToScreen(screen, &origin);
         return origin;
     }
-    const ScreenSize screen = HandheldScreen();
-    return CentredPlace({screen.width, screen.height});
+    const ScreenSize handheld = HandheldScreen();
+    const RECT place = ToDesktop(Rect{0, 0, handheld.width, handheld.height}, ScaleAt(nullptr));
+    const RECT bar = ToDesktop(Rect{0, 0, 0, kBarHeight}, ScaleAt(nullptr));
+    const POINT corner = CentredPlace({place.right, place.bottom});
+    return {corner.x, corner.y + bar.bottom};
 }
 
+}  // namespace
+
 Rect ToHandheld(HWND window, const RECT& desktop) {
-    const POINT origin = HandheldOrigin(window);
-    return {desktop.left - origin.x, desktop.top - origin.y, desktop.right - origin.x,
-            desktop.bottom - origin.y};
+    const HWND screen = ScreenBelow(window);
+    const POINT origin = PageOrigin(screen);
+    RECT inPage = desktop;
+    OffsetRect(&inPage, -origin.x, -origin.y);
+    return Offset(ToPage(inPage, ScaleAt(screen)), 0, kBarHeight);
 }
 
 RECT ToDesktop(HWND window, const Rect& handheld) {
-    const POINT origin = HandheldOrigin(window);
-    return {handheld.left + origin.x, handheld.top + origin.y, handheld.right + origin.x,
-            handheld.bottom + origin.y};
+    const HWND screen = ScreenBelow(window);
+    const POINT origin = PageOrigin(screen);
+    RECT desktop = ToDesktop(Offset(handheld, 0, -kBarHeight), ScaleAt(screen));
+    OffsetRect(&desktop, origin.x, origin.y);
+    return desktop;
 }
 
 RECT OntoMonitor(HWND window, const RECT& desktop) {

@@ -13,10 +13,8 @@ constexpr wchar_t kScreenClass[] = L"InkwrightScreen";
 // one.
 HWND ScreenBelow(HWND window);
 
-// Desktop position of the handheld's (0, 0) for `window`: that of the Screen that owns it, directly or
-// through other windows. Without one, where the first Screen would open.
-POINT HandheldOrigin(HWND window);
-
+// Between the handheld's screen, in page pixels, and the desktop. It is that of the Screen which owns
+// `window`, directly or through other windows; without one, it lies where the first Screen would open.
 Rect ToHandheld(HWND window, const RECT& desktop);
 RECT ToDesktop(HWND window, const Rect& handheld);
 

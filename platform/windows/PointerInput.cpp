@@ -6,6 +6,8 @@
 #include <cwchar>
 
 #include "platform/windows/FingerRules.h"
+#include "platform/windows/LookUp.h"
+#include "platform/windows/ScreenScale.h"
 #include "platform/windows/WindowImpl.h"
 
 namespace platform::windows {
@@ -19,12 +21,6 @@ struct PointerFunctions {
     decltype(&::GetPointerPenInfoHistory) penHistory = nullptr;
     bool AreThere() const { return type && info && penHistory; }
 };
-
-template <typename Function>
-void LookUp(Function& function, const char* name) {
-    const FARPROC found = GetProcAddress(GetModuleHandleW(L"user32.dll"), name);
-    function = reinterpret_cast<Function>(reinterpret_cast<void*>(found));
-}
 
 const PointerFunctions& Functions() {
     static const PointerFunctions functions = [] {
@@ -40,13 +36,13 @@ const PointerFunctions& Functions() {
 // More than a pen of 240 packets a second sends while the program is busy for half a second.
 constexpr UINT32 kMostPackets = 128;
 
-PointerPacket PacketOf(const POINTER_INFO& info, HWND page) {
+PointerPacket PacketOf(const POINTER_INFO& info, const Window::Impl& state) {
     PointerPacket packet;
     POINT place = info.ptPixelLocation;
-    ScreenToClient(page, &place);
+    ScreenToClient(state.page, &place);
     packet.pointer = info.pointerId;
     packet.kind = info.pointerType == PT_PEN ? PointerKind::Pen : PointerKind::Touch;
-    packet.place = {place.x, place.y};
+    packet.place = ToPage(place, state.scale);
     packet.time = info.dwTime;
     packet.isNear = (info.pointerFlags & POINTER_FLAG_INRANGE) != 0;
     packet.isDown = (info.pointerFlags & POINTER_FLAG_INCONTACT) != 0;
@@ -54,8 +50,8 @@ PointerPacket PacketOf(const POINTER_INFO& info, HWND page) {
     return packet;
 }
 
-PointerPacket PacketOf(const POINTER_PEN_INFO& pen, HWND page) {
-    PointerPacket packet = PacketOf(pen.pointerInfo, page);
+PointerPacket PacketOf(const POINTER_PEN_INFO& pen, const Window::Impl& state) {
+    PointerPacket packet = PacketOf(pen.pointerInfo, state);
     packet.isInverted = (pen.penFlags & (PEN_FLAG_INVERTED | PEN_FLAG_ERASER)) != 0;
     packet.hasButton = (pen.penFlags & PEN_FLAG_BARREL) != 0;
     return packet;
@@ -94,14 +90,14 @@ bool PointerInput::TakePen(UINT32 pointer) {
     count = std::min(count, kMostPackets);
     std::vector<PointerPacket> packets;
     packets.reserve(count);
-    for (UINT32 i = count; i-- > 0;) packets.push_back(PacketOf(history[i], window_.Handle()->page));
+    for (UINT32 i = count; i-- > 0;) packets.push_back(PacketOf(history[i], *window_.Handle()));
     return pens_.Take(packets.data(), packets.size());
 }
 
 bool PointerInput::TakeFinger(UINT32 pointer) {
     POINTER_INFO info{};
     if (!Functions().info(pointer, &info)) return false;
-    const PointerPacket packet = PacketOf(info, window_.Handle()->page);
+    const PointerPacket packet = PacketOf(info, *window_.Handle());
     return pens_.Take(&packet, 1);
 }
 
@@ -121,12 +117,12 @@ bool PointerInput::TakeGesture(UINT message, WPARAM, LPARAM lParam) {
     const bool isOurs = gesture.dwID == GID_PAN || gesture.dwID == GID_TWOFINGERTAP;
     if (!isOurs) return false;
     CloseGestureInfoHandle(handle);
-    const LONG row = gesture.ptsLocation.y;
-    const LONG rows = (gesture.dwFlags & GF_BEGIN) != 0 ? 0 : row - panRow_;
+    const int64_t row = window_.Handle()->scale.ToPage(gesture.ptsLocation.y);
+    const int64_t rows = (gesture.dwFlags & GF_BEGIN) != 0 ? 0 : row - panRow_;
     panRow_ = row;
     // The hand of somebody who writes moves too.
     if (pens_.IsPenAbout(static_cast<uint32_t>(GetMessageTime()))) return true;
-    if (gesture.dwID == GID_PAN && rows != 0) window_.OnPan(rows);
+    if (gesture.dwID == GID_PAN && rows != 0) window_.OnPan(static_cast<int>(rows));
     if (gesture.dwID == GID_TWOFINGERTAP) window_.OnTwoFingerTap();
     return true;
 }

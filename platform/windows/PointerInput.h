@@ -41,7 +41,7 @@ class PointerInput : public PenListener {
     PenEnd end_ = PenEnd::Tip;
     std::vector<Point> before_;
     const bool fingersWrite_;
-    LONG panRow_ = 0;
+    int64_t panRow_ = 0;
 };
 
 }  // namespace platform::windows

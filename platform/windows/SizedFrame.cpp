@@ -4,8 +4,8 @@
 
 #include "platform/Product.h"
 #include "platform/RegistryKey.h"
-#include "platform/Screen.h"
 #include "platform/windows/HandheldPlace.h"
+#include "platform/windows/ScreenScale.h"
 #include "platform/windows/SystemText.h"
 
 namespace platform::windows {
@@ -39,7 +39,8 @@ std::vector<Rect> WorkAreas() {
 
 Rect UsualFrame() {
     const ScreenSize screen = HandheldScreen();
-    const SIZE size = FrameAround(screen.width, screen.height - 2 * kBarHeight, kSizedFrameStyle);
+    const SIZE size =
+        FrameAroundPage({screen.width, screen.height - 2 * kBarHeight}, kSizedFrameStyle, nullptr);
     const POINT place = CentredPlace(size);
     return {place.x, place.y, place.x + size.cx, place.y + size.cy};
 }
@@ -48,13 +49,14 @@ Rect UsualFrame() {
 
 bool HasFixedScreen() { return !EnvironmentText(L"INKWRIGHT_SCREEN").empty(); }
 
-SIZE FrameAround(int pageWidth, int pageHeight, DWORD style) {
-    RECT frame{0, 0, pageWidth, pageHeight + kBarHeight};
-    AdjustWindowRectEx(&frame, style, FALSE, 0);
-    return {frame.right - frame.left, frame.bottom - frame.top};
+SIZE FrameAroundPage(ScreenSize page, DWORD style, HWND like) {
+    const ink::Scale scale = ScaleAt(like);
+    const RECT client = ToDesktop(Rect{0, 0, page.width, page.height}, scale);
+    const RECT bar = ToDesktop(Rect{0, 0, 0, kBarHeight}, scale);
+    return FrameAround({client.right, client.bottom + bar.bottom}, style, DotsAt(like));
 }
 
-SIZE LeastFrame() { return FrameAround(kLeastPage.width, kLeastPage.height, kSizedFrameStyle); }
+SIZE LeastFrame(HWND like) { return FrameAroundPage(kLeastPage, kSizedFrameStyle, like); }
 
 WindowPlace SizedFrame::PlaceToOpen(const SizedFrame* below) {
     std::wstring text;
@@ -62,7 +64,7 @@ WindowPlace SizedFrame::PlaceToOpen(const SizedFrame* below) {
         !kind_.empty() && PlacesKey().QueryText(ValueName(kind_).c_str(), kLongestPlace, text);
     const std::optional<WindowPlace> kept = isKept ? ReadWindowPlace(text) : std::nullopt;
     place_ = kept ? *kept : below ? below->place_ : WindowPlace{UsualFrame(), false};
-    const SIZE least = LeastFrame();
+    const SIZE least = LeastFrame(nullptr);
     place_.frame = OntoMonitors(place_.frame, WorkAreas(), {0, 0, least.cx, least.cy});
     return place_;
 }

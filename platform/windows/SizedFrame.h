@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/Screen.h"
 #include "platform/WindowPlaces.h"
 #include "platform/windows/SystemHeaders.h"
 
@@ -13,10 +14,11 @@ constexpr DWORD kSizedFrameStyle = kFixedFrameStyle | WS_THICKFRAME | WS_MINIMIZ
 // INKWRIGHT_SCREEN asks for a screen of exactly one size: frames can't be sized then, and none is remembered.
 bool HasFixedScreen();
 
-// The size of a frame of this style around so much of a page, its scroll bar included, and the menu bar.
-SIZE FrameAround(int pageWidth, int pageHeight, DWORD style);
+// The size of a frame of this style around so much of a page, its scroll bar included, and the menu bar, for
+// a window of the monitor that `like` lies on (null: the main one).
+SIZE FrameAroundPage(ScreenSize page, DWORD style, HWND like);
 // The same for the least page that a frame may be sized to: that of the classic handheld.
-SIZE LeastFrame();
+SIZE LeastFrame(HWND like);
 
 // What a frame that can be sized knows of itself: where it is when it is neither maximised nor over the whole
 // monitor, and where that is kept between runs.

@@ -19,6 +19,7 @@ struct TreeView::Impl {
     Window* parent = nullptr;
     Events* events = nullptr;  // null once nobody is to hear of anything any more
     HWND tree = nullptr;       // null again when the parent's window is gone
+    TreeView::Images source;
     windows::OwnedImageList images;
     windows::OwnedFont font;
     std::wstring editText;  // what the open label edit began with
@@ -27,7 +28,9 @@ struct TreeView::Impl {
     bool takesFocus = false;         // while it does
     std::vector<HTREEITEM> leaving;  // branches that the selection is being moved out of; null once removed
 
-    bool Create(Window& window, int id, const Rect& place, const TreeView::Images& source);
+    bool Create(Window& window, int id, const Rect& place, const TreeView::Images& pictures);
+    // Images and font for the scale that the parent has now. Without memory for it they stay what they were.
+    bool Rescale();
     Node* NodeOf(HTREEITEM item) const;
     UINT State(HTREEITEM item, UINT mask) const;
     void SetState(HTREEITEM item, UINT mask, UINT bits);

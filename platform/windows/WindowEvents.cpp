@@ -19,17 +19,19 @@ struct Event {
     LPARAM lParam;
 };
 
-Point PointOf(const Event& event) {
+Point ClientPixelOf(const Event& event) {
     const POINT place = PointIn(event.lParam);
     return {place.x, place.y};
 }
+
+Point PointOf(const Event& event) { return event.state.scale.ToView(ClientPixelOf(event)); }
 
 // A finger's mouse messages are no pen's.
 bool IsIdleFinger(const Event& event) { return event.state.pointers && event.state.pointers->IsFromFinger(); }
 
 bool PenDown(Event& event) {
     if (IsIdleFinger(event)) return true;
-    event.state.pen.Begin(TrailOf(event.handle, PointOf(event)));
+    event.state.pen.Begin(TrailOf(event.handle, ClientPixelOf(event)));
     event.window.OnPenDown(PointOf(event));
     return true;
 }
@@ -38,7 +40,7 @@ bool PenMove(Event& event) {
     // A mouse that does not press is not there.
     if (IsIdleFinger(event)) return true;
     if (!event.state.holdsPen && (event.wParam & MK_LBUTTON) == 0) return false;
-    event.state.pen.Arrive(TrailOf(event.handle, PointOf(event)), InSendMessage() != FALSE);
+    event.state.pen.Arrive(TrailOf(event.handle, ClientPixelOf(event)), InSendMessage() != FALSE);
     event.window.OnPenMove(PointOf(event));
     event.state.pen.Leave();
     return true;
@@ -46,7 +48,7 @@ bool PenMove(Event& event) {
 
 bool PenUp(Event& event) {
     if (IsIdleFinger(event)) return true;
-    event.state.pen.Arrive(TrailOf(event.handle, PointOf(event)), InSendMessage() != FALSE);
+    event.state.pen.Arrive(TrailOf(event.handle, ClientPixelOf(event)), InSendMessage() != FALSE);
     event.window.OnPenUp(PointOf(event));
     event.state.pen.Leave();
     return true;

@@ -18,6 +18,7 @@ struct Window::Impl {
     HWND frame = nullptr;  // the top-level window
     HWND page = nullptr;   // the window that is painted and written on: the frame itself, or a Screen's child
     HDC paintDc = nullptr;   // while OnPaint runs
+    ink::Scale scale;        // of what it shows
     HWND control = nullptr;  // a child of the page that has the keyboard whenever the frame is active
     bool hasScrollBar = false;
     std::vector<int> frameCommands;  // that the program has put into the frame's own menu
@@ -38,7 +39,8 @@ struct Window::Impl {
     windows::PenHistory pen;
     std::unique_ptr<windows::PointerInput> pointers;  // of a page that is written on
     std::unique_ptr<windows::SizedFrame> sizing;      // of a frame that can be sized
-    SIZE clientSize{};                                // of its page, as last told to the window
+    SIZE clientSize{};                                // of a Screen's page, as last told to it
+    ink::Scale shownScale;                            // likewise
 };
 
 namespace windows {

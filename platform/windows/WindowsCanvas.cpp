@@ -1,7 +1,9 @@
 #include <algorithm>
 
+#include "platform/Artwork.h"
 #include "platform/Canvas.h"
 #include "platform/windows/ImageImpl.h"
+#include "platform/windows/ScreenScale.h"
 
 namespace platform {
 
@@ -13,8 +15,8 @@ namespace {
 
 constexpr int kTenthPointsPerInch = 720;
 
-OwnedFont FontFor(HDC dc, const Font& font) {
-    const int height = -MulDiv(font.tenthPoints, GetDeviceCaps(dc, LOGPIXELSY), kTenthPointsPerInch);
+OwnedFont FontFor(const Font& font, ink::Scale scale) {
+    const int height = -MulDiv(font.tenthPoints, scale.Dots(), kTenthPointsPerInch);
     return OwnedFont(CreateFontW(height, 0, 0, 0, font.bold ? FW_BOLD : FW_NORMAL, FALSE, FALSE, FALSE,
                                  DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
                                  DEFAULT_PITCH | FF_DONTCARE, L"Tahoma"));
@@ -49,7 +51,7 @@ class Clipping {
 
 struct ImageList::Impl {
     windows::OwnedImageList list;
-    int imageSize = 0;
+    int imageSize = 0;  // page pixels
 };
 
 ImageList::ImageList() = default;
@@ -57,30 +59,18 @@ ImageList::ImageList(ImageList&&) noexcept = default;
 ImageList& ImageList::operator=(ImageList&&) noexcept = default;
 ImageList::~ImageList() = default;
 
-ImageList ImageList::FromResource(int bitmapId, int imageSize, ink::ColorRef mask) {
+ImageList ImageList::FromResource(int bitmapId, int imageSize, ink::ColorRef mask, ink::Scale scale) {
     ImageList result;
     auto impl = std::make_unique<Impl>();
-    impl->list = windows::MaskedImages(Image::FromResource(bitmapId), imageSize, imageSize, mask);
+    impl->list = windows::MaskedImages(Image::FromResource(bitmapId, scale), imageSize, imageSize, mask);
     impl->imageSize = imageSize;
     if (impl->list) result.impl_ = std::move(impl);
     return result;
 }
 
-ink::ColorRef ColorOf(SystemColor color) {
-    switch (color) {
-        case SystemColor::ButtonFace:
-            return GetSysColor(COLOR_BTNFACE);
-        case SystemColor::ButtonText:
-            return GetSysColor(COLOR_BTNTEXT);
-        case SystemColor::WindowFrame:
-            return GetSysColor(COLOR_WINDOWFRAME);
-    }
-    return 0;
-}
-
 void Canvas::Fill(const Rect& area, ink::ColorRef color) {
     const ink::PixelSurface surface = image_.Surface();
-    const Rect inside = Intersect(area, surface.Bounds());
+    const Rect inside = Intersect(image_.PageScale().ToSurface(area), surface.Bounds());
     for (int y = inside.top; y < inside.bottom; ++y) {
         std::fill_n(surface.Row(y) + inside.left, inside.Width(), ink::PixelOf(color));
     }
@@ -89,42 +79,53 @@ void Canvas::Fill(const Rect& area, ink::ColorRef color) {
 void Canvas::Text(const std::wstring& text, Point topLeft, const Font& font, ink::ColorRef color,
                   const Rect& clip) {
     if (!image_.IsValid() || clip.IsEmpty()) return;
+    const ink::Scale scale = image_.PageScale();
+    const Rect area = scale.ToSurface(clip);
     const HDC dc = image_.Handle()->dc.get();
-    const OwnedFont shape = FontFor(dc, font);
-    const Clipping clipping(dc, clip);
+    const OwnedFont shape = FontFor(font, scale);
+    const Clipping clipping(dc, area);
     const Selection selection(dc, shape.get());
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, color);
-    RECT place{topLeft.x, topLeft.y, topLeft.x, topLeft.y};
+    RECT place = windows::ToDesktop({topLeft.x, topLeft.y, topLeft.x, topLeft.y}, scale);
     DrawTextW(dc, text.data(), static_cast<int>(text.size()), &place,
               DT_LEFT | DT_TOP | DT_NOPREFIX | DT_NOCLIP);
-    ClearFourthByte(image_, clip);
+    ClearFourthByte(image_, area);
 }
 
-Rect Canvas::TextSize(const std::wstring& text, const Font& font) {
+Rect Canvas::TextSize(const std::wstring& text, const Font& font, ink::Scale scale) {
     const OwnedMemoryDc dc(CreateCompatibleDC(nullptr));
-    const OwnedFont shape = FontFor(dc.get(), font);
+    const OwnedFont shape = FontFor(font, scale);
     const Selection selection(dc.get(), shape.get());
     SIZE size{};
     TEXTMETRICW metrics{};
     GetTextMetricsW(dc.get(), &metrics);  // the height of an empty text too
     GetTextExtentPoint32W(dc.get(), text.data(), static_cast<int>(text.size()), &size);
-    return {0, 0, size.cx, metrics.tmHeight};
+    return {0, 0, windows::WholePagePixels(size.cx, scale),
+            windows::WholePagePixels(metrics.tmHeight, scale)};
 }
 
 void Canvas::Draw(const ImageList& images, int index, Point topLeft) {
     if (!image_.IsValid() || !images.IsValid()) return;
     const ImageList::Impl& source = *images.Handle();
-    ImageList_Draw(source.list.get(), index, image_.Handle()->dc.get(), topLeft.x, topLeft.y,
-                   ILD_TRANSPARENT);
-    ClearFourthByte(image_,
-                    {topLeft.x, topLeft.y, topLeft.x + source.imageSize, topLeft.y + source.imageSize});
+    const Rect room = image_.PageScale().ToSurface(
+        {topLeft.x, topLeft.y, topLeft.x + source.imageSize, topLeft.y + source.imageSize});
+    int width = 0;
+    int height = 0;
+    ImageList_GetIconSize(source.list.get(), &width, &height);
+    const Point place = InTheMiddleOf(room, width, height);
+    ImageList_Draw(source.list.get(), index, image_.Handle()->dc.get(), place.x, place.y, ILD_TRANSPARENT);
+    ClearFourthByte(image_, room);
 }
 
 void Canvas::Draw(const Image& picture, Point topLeft) {
     if (!image_.IsValid() || !picture.IsValid()) return;
-    BitBlt(image_.Handle()->dc.get(), topLeft.x, topLeft.y, picture.Width(), picture.Height(),
-           picture.Handle()->dc.get(), 0, 0, SRCCOPY);
+    const Rect room = image_.PageScale().ToSurface(
+        {topLeft.x, topLeft.y, topLeft.x + picture.Width(), topLeft.y + picture.Height()});
+    const SIZE size = picture.Handle()->size;
+    const Point place = InTheMiddleOf(room, size.cx, size.cy);
+    BitBlt(image_.Handle()->dc.get(), place.x, place.y, size.cx, size.cy, picture.Handle()->dc.get(), 0, 0,
+           SRCCOPY);
     GdiFlush();  // pixels are also read and written without the system
 }
 

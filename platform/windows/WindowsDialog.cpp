@@ -2,9 +2,12 @@
 
 #include "platform/Dialog.h"
 #include "platform/windows/DialogEvents.h"
+#include "platform/windows/DialogSource.h"
 #include "platform/windows/HandheldPlace.h"
 #include "platform/windows/ModalRun.h"
 #include "platform/windows/MonthTaps.h"
+#include "platform/windows/ReaderNames.h"
+#include "platform/windows/ScreenScale.h"
 #include "platform/windows/SystemTimes.h"
 
 namespace platform {
@@ -39,8 +42,9 @@ int Dialog::RunModal(Window* owner) {
     *impl_ = Impl();
     const HWND ownerFrame = windows::FrameOf(owner);
     Window* object = this;
-    const HWND handle = CreateDialogParamW(windows::Module(), MAKEINTRESOURCEW(templateId_), ownerFrame,
-                                           DialogProcedure, reinterpret_cast<LPARAM>(object));
+    const windows::DialogSource source = windows::FindDialog(templateId_);
+    const HWND handle = CreateDialogIndirectParamW(windows::Module(), source.Template(), ownerFrame,
+                                                   DialogProcedure, reinterpret_cast<LPARAM>(object));
     if (!handle || !impl_->frame) return windows::CannotOpen(ownerFrame);
     return windows::RunToEnd(*this, ownerFrame, windows::KeyNavigation::Dialog);
 }
@@ -64,6 +68,10 @@ void Dialog::EnableItem(int id, bool enabled) {
     // A disabled control that kept the focus would swallow Esc and Tab.
     if (!enabled && GetFocus() == item) SendMessageW(impl_->frame, WM_NEXTDLGCTL, 0, FALSE);
     EnableWindow(item, enabled);
+}
+
+void Dialog::NameItem(int id, const std::wstring& name) {
+    windows::NameForReaders(Item(impl_->frame, id), name);
 }
 
 // The dialog manager moves the default button's mark along only when it is asked to move the focus itself.
@@ -144,7 +152,9 @@ void Dialog::Place(const Rect& windowRect) {
 
 void Dialog::PlaceItem(int id, const Rect& client) {
     const HWND item = Item(impl_->frame, id);
-    if (item) MoveWindow(item, client.left, client.top, client.Width(), client.Height(), TRUE);
+    const RECT place = windows::ToDesktop(client, impl_->scale);
+    if (item)
+        MoveWindow(item, place.left, place.top, place.right - place.left, place.bottom - place.top, TRUE);
 }
 
 }  // namespace platform

@@ -17,7 +17,8 @@ LRESULT Send(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam) {
 }  // namespace
 
 void Dialog::SetItemMargins(int id, int pixels) {
-    Send(impl_->frame, id, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(pixels, pixels));
+    const int64_t margin = impl_->scale.ToScreen(pixels);
+    Send(impl_->frame, id, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(margin, margin));
 }
 
 void Dialog::LimitItemText(int id, int characters) {

@@ -2,6 +2,7 @@
 #include "platform/Screen.h"
 #include "platform/windows/HandheldPlace.h"
 #include "platform/windows/ModalRun.h"
+#include "platform/windows/ScreenScale.h"
 #include "platform/windows/SystemText.h"
 #include "platform/windows/WindowImpl.h"
 
@@ -82,12 +83,12 @@ LRESULT CALLBACK PopupProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM
 // Window rectangle on the desktop for a client area with this bottom right corner, moved onto the
 // handheld's screen.
 RECT PopupPlace(HWND owner, Point corner, int width, int height) {
-    RECT outer{corner.x - width, corner.y - height, corner.x, corner.y};
-    AdjustWindowRectEx(&outer, kPopupStyle, FALSE, 0);
     const ScreenSize screen = owner ? HandheldScreen(*WindowOf(owner)) : HandheldScreen();
-    const Rect place = ink::MovedInto({outer.left, outer.top, outer.right, outer.bottom},
-                                      {0, 0, screen.width, screen.height});
-    return windows::OntoMonitor(owner, windows::ToDesktop(owner, place));
+    const Rect client{corner.x - width, corner.y - height, corner.x, corner.y};
+    RECT outer =
+        windows::ToDesktop(owner, ink::MovedInto(client, {1, 1, screen.width - 1, screen.height - 1}));
+    AdjustWindowRectEx(&outer, kPopupStyle, FALSE, 0);
+    return windows::OntoMonitor(owner, outer);
 }
 
 }  // namespace
@@ -108,6 +109,7 @@ int Popup::RunModal(Window* owner, const std::wstring& title, Point corner, int 
                                         ownerFrame, nullptr, windows::Module(), object);
     if (!handle) return windows::CannotOpen(ownerFrame);
     impl_->frame = impl_->page = handle;
+    impl_->scale = windows::ScaleAt(windows::ScreenBelow(ownerFrame));
     bool opens = false;
     windows::Guarded(*this, [&] { opens = OnCreate(); });
     if (!opens) return windows::GiveUp(*this);

@@ -1,5 +1,6 @@
 #include "platform/PropertyDialog.h"
 #include "platform/windows/DialogEvents.h"
+#include "platform/windows/DialogSource.h"
 #include "platform/windows/SystemDialog.h"
 
 namespace platform {
@@ -21,19 +22,21 @@ INT_PTR CALLBACK PageProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM 
     return TRUE;
 }
 
-PROPSHEETPAGEW SourceOf(PropertyPage& page) {
+PROPSHEETPAGEW SourceOf(PropertyPage& page, const windows::DialogSource& dialog) {
     *page.Handle() = Window::Impl();
     Window* object = &page;
     PROPSHEETPAGEW source{};
     source.dwSize = sizeof source;
     source.hInstance = windows::Module();
-    source.pszTemplate = MAKEINTRESOURCEW(page.TemplateId());
+    source.dwFlags = PSP_DLGINDIRECT;
+    source.pResource = dialog.Template();
     source.pfnDlgProc = PageProcedure;
     source.lParam = reinterpret_cast<LPARAM>(object);
     return source;
 }
 
-int CALLBACK SheetEvent(HWND sheet, UINT event, LPARAM) {
+int CALLBACK SheetEvent(HWND sheet, UINT event, LPARAM lParam) {
+    if (event == PSCB_PRECREATE) windows::EnlargeDialog(*reinterpret_cast<DLGTEMPLATE*>(lParam));
     if (event == PSCB_INITIALIZED) windows::Centre(sheet);
     return 0;
 }
@@ -44,8 +47,10 @@ PropertyDialog::PropertyDialog(const std::wstring& caption, const std::vector<Pr
     : caption_(caption), pages_(pages) {}
 
 int PropertyDialog::RunModal(Window* owner) {
+    std::vector<windows::DialogSource> dialogs;
+    for (const PropertyPage* page : pages_) dialogs.push_back(windows::FindDialog(page->TemplateId()));
     std::vector<PROPSHEETPAGEW> sources;
-    for (PropertyPage* page : pages_) sources.push_back(SourceOf(*page));
+    for (size_t i = 0; i < pages_.size(); ++i) sources.push_back(SourceOf(*pages_[i], dialogs[i]));
     PROPSHEETHEADERW header{};
     header.dwSize = sizeof header;
     header.dwFlags = PSH_PROPSHEETPAGE | PSH_NOAPPLYNOW | PSH_NOCONTEXTHELP | PSH_USECALLBACK;

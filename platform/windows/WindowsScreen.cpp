@@ -1,9 +1,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/Canvas.h"
 #include "platform/Screen.h"
 #include "platform/windows/HandheldPlace.h"
+#include "platform/windows/Looks.h"
 #include "platform/windows/ModalRun.h"
+#include "platform/windows/ReaderNames.h"
+#include "platform/windows/ScreenScale.h"
 #include "platform/windows/ToolBarImpl.h"
 #include "platform/windows/TreeViewImpl.h"
 #include "platform/windows/WindowImpl.h"
@@ -25,20 +29,20 @@ constexpr UINT_PTR kNoTapFeedback = 0x00000008;
 constexpr UINT_PTR kNoBarrelFeedback = 0x00000010;
 constexpr UINT_PTR kNoFlicks = 0x00010000;
 
-SIZE FixedFrame() {
+SIZE FixedFrame(HWND like) {
     const ScreenSize screen = HandheldScreen();
-    return FrameAround(screen.width, screen.height - 2 * kBarHeight, kFixedFrameStyle);
+    return FrameAroundPage({screen.width, screen.height - 2 * kBarHeight}, kFixedFrameStyle, like);
 }
 
 // A handheld screen may be larger than the desktop, or too narrow for a caption.
-void LimitSizes(LPARAM lParam) {
+void LimitSizes(HWND frame, LPARAM lParam) {
     auto* limits = reinterpret_cast<MINMAXINFO*>(lParam);
     if (!HasFixedScreen()) {
-        const SIZE least = LeastFrame();
+        const SIZE least = LeastFrame(frame);
         limits->ptMinTrackSize = {least.cx, least.cy};
         return;
     }
-    const SIZE size = FixedFrame();
+    const SIZE size = FixedFrame(frame);
     limits->ptMinTrackSize = {1, 1};
     limits->ptMaxTrackSize = {size.cx, size.cy};
 }
@@ -64,18 +68,18 @@ SIZE ClientSizeOf(HWND window) {
     return {client.right, client.bottom};
 }
 
+int BarPixels(ink::Scale scale) { return static_cast<int>(scale.ToScreen(kBarHeight)); }
+
 // The page fills the frame but for the menu bar at its foot.
-void LayOut(const Window::Impl& state) {
+void LayOut(Screen& screen) {
+    const Window::Impl& state = *screen.Handle();
     const HWND strip = FindWindowExW(state.frame, nullptr, kMenuBarClass, nullptr);
     const SIZE room = ClientSizeOf(state.frame);
-    const int pageHeight = std::max<int>(0, room.cy - kBarHeight);
+    const int bar = BarPixels(state.scale);
+    const int pageHeight = std::max<int>(0, room.cy - bar);
     MoveWindow(state.page, 0, 0, room.cx, pageHeight, TRUE);
-    MoveWindow(strip, 0, pageHeight, room.cx, kBarHeight, TRUE);
-    const HWND tools = GetWindow(strip, GW_CHILD);
-    RECT bar{};
-    if (!tools || !GetWindowRect(tools, &bar)) return;
-    MapWindowPoints(nullptr, strip, reinterpret_cast<POINT*>(&bar), 2);
-    MoveWindow(tools, bar.left, bar.top, room.cx - bar.left, bar.bottom - bar.top, TRUE);
+    MoveWindow(strip, 0, pageHeight, room.cx, bar, TRUE);
+    if (screen.Tools().Handle()) screen.Tools().Handle()->Place(ClientSizeOf(strip), state.scale);
     // What moves along with the strip may be the page's pixels, which lay there before.
     RedrawWindow(strip, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
@@ -83,21 +87,45 @@ void LayOut(const Window::Impl& state) {
 // While a frame is minimised nothing changes for what is in it.
 void FollowFrame(Screen& screen) {
     Window::Impl& state = *screen.Handle();
-    if (!state.sizing || !state.page || IsIconic(state.frame)) return;
-    state.sizing->Follow(state.frame);
-    LayOut(state);
+    if (!state.page || IsIconic(state.frame)) return;
+    if (state.sizing) state.sizing->Follow(state.frame);
+    if (!state.sizing && state.shownScale == state.scale) return;
+    LayOut(screen);
     const SIZE size = ClientSizeOf(state.page);
-    if (size.cx == state.clientSize.cx && size.cy == state.clientSize.cy) return;
+    const bool isSame = size.cx == state.clientSize.cx && size.cy == state.clientSize.cy;
+    if (isSame && state.shownScale == state.scale) return;
     state.clientSize = size;
+    state.shownScale = state.scale;
+    if (TreeView::Impl* tree = TreeOf(state.control)) tree->Rescale();
     if (!state.ended) Guarded(screen, [&] { screen.OnSize(); });
 }
 
+// The system says how large the frame is to be there, so that a pen's width away stays one.
+void ChangeScale(Screen& screen, UINT dots, const RECT& frame) {
+    Window::Impl& state = *screen.Handle();
+    state.scale = ScaleFor(dots);
+    SetWindowPos(state.frame, nullptr, frame.left, frame.top, frame.right - frame.left,
+                 frame.bottom - frame.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    FollowFrame(screen);
+    screen.Invalidate();
+}
+
+void FollowColors(Screen& screen) {
+    Window::Impl& state = *screen.Handle();
+    const HWND strip = FindWindowExW(state.frame, nullptr, kMenuBarClass, nullptr);
+    ColorFrame(state.frame);
+    if (screen.Tools().Handle()) screen.Tools().Handle()->Follow(ClientSizeOf(strip));
+    if (!state.ended) Guarded(screen, [&] { screen.OnSize(); });
+    RedrawWindow(state.frame, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
 LRESULT CALLBACK FrameProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_GETMINMAXINFO) LimitSizes(lParam);
+    if (message == WM_GETMINMAXINFO) LimitSizes(handle, lParam);
     if (message == WM_NCCREATE) RememberWindow(handle, lParam);
     Window* window = WindowOf(handle);
     if (!window) return DefWindowProcW(handle, message, wParam, lParam);
     Window::Impl& state = *window->Handle();
+    if (TellsOfColors(message, lParam) && state.page) FollowColors(static_cast<Screen&>(*window));
     switch (message) {
         case WM_GETMINMAXINFO:
             return 0;
@@ -123,6 +151,10 @@ LRESULT CALLBACK FrameProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM
         case WM_MOVE:
         case WM_SIZE:
             FollowFrame(static_cast<Screen&>(*window));
+            return 0;
+        case WM_DPICHANGED:
+            ChangeScale(static_cast<Screen&>(*window), LOWORD(wParam),
+                        *reinterpret_cast<const RECT*>(lParam));
             return 0;
         case WM_DESTROY:
             if (state.sizing) Guarded(*window, [&] { state.sizing->Remember(); });
@@ -166,13 +198,33 @@ LRESULT CALLBACK PageProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM 
     return DefWindowProcW(handle, message, wParam, lParam);
 }
 
+void EraseMenuBar(HWND strip, HDC dc) {
+    RECT area{};
+    GetClientRect(strip, &area);
+    SetDCBrushColor(dc, ColorOf(SystemColor::BarFace));
+    FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
+// The tool bar is as dark as the menu bar below it.
+bool LeavesErasing(const NMHDR& notice) {
+    const auto& drawing = reinterpret_cast<const NMTBCUSTOMDRAW&>(notice).nmcd;
+    if (notice.code != NM_CUSTOMDRAW || drawing.dwDrawStage != CDDS_PREERASE || !WantsDark()) return false;
+    EraseMenuBar(notice.hwndFrom, drawing.hdc);
+    return true;
+}
+
 LRESULT CALLBACK MenuBarProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_ERASEBKGND) {
+        EraseMenuBar(handle, reinterpret_cast<HDC>(wParam));
+        return 1;
+    }
     if (message == WM_NCCREATE) RememberWindow(handle, lParam);
     auto* screen = static_cast<Screen*>(WindowOf(handle));
     if (screen && message == WM_COMMAND && DispatchEvent(*screen, handle, message, wParam, lParam)) return 0;
     if (screen && message == WM_NOTIFY && screen->Tools().Handle()) {
-        screen->Tools().Handle()->GiveToolTip(*reinterpret_cast<NMHDR*>(lParam));
-        return 0;
+        auto& notice = *reinterpret_cast<NMHDR*>(lParam);
+        screen->Tools().Handle()->GiveToolTip(notice);
+        return LeavesErasing(notice) ? CDRF_SKIPDEFAULT : CDRF_DODEFAULT;
     }
     return DefWindowProcW(handle, message, wParam, lParam);
 }
@@ -180,8 +232,7 @@ LRESULT CALLBACK MenuBarProcedure(HWND handle, UINT message, WPARAM wParam, LPAR
 bool RegisterClasses() {
     return RegisterWindowClass(kScreenClass, FrameProcedure, 0, nullptr) &&
            RegisterWindowClass(kPageClass, PageProcedure, CS_OWNDC, nullptr) &&
-           RegisterWindowClass(kMenuBarClass, MenuBarProcedure, 0,
-                               reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
+           RegisterWindowClass(kMenuBarClass, MenuBarProcedure, 0, nullptr);
 }
 
 void SetIcon(HWND frame, WPARAM which, int widthMetric, int heightMetric) {
@@ -192,7 +243,7 @@ void SetIcon(HWND frame, WPARAM which, int widthMetric, int heightMetric) {
 
 // A screen that opens over another one takes its place, as on the handheld.
 WindowPlace FixedPlace(HWND owner) {
-    const SIZE size = FixedFrame();
+    const SIZE size = FixedFrame(owner);
     RECT below{};
     POINT corner = CentredPlace(size);
     if (owner && GetWindowRect(owner, &below)) corner = {below.left, below.top};
@@ -214,23 +265,32 @@ bool CreateFrame(Screen& screen, const std::wstring& kind, HWND owner) {
     return state.frame != nullptr;
 }
 
+// A desktop that is too small for a fixed screen cuts the frame, but not what is in it.
+SIZE RoomInFrame(const Window::Impl& state) {
+    if (state.sizing) return ClientSizeOf(state.frame);
+    const ScreenSize handheld = HandheldScreen();
+    const RECT room = ToDesktop(Rect{0, 0, handheld.width, handheld.height - 2 * kBarHeight}, state.scale);
+    return {room.right, room.bottom + BarPixels(state.scale)};
+}
+
 bool CreateWindows(Screen& screen, const std::wstring& kind, bool withScrollBar, HWND owner) {
     if (!RegisterClasses() || !CreateFrame(screen, kind, owner)) return false;
     Window::Impl& state = *screen.Handle();
     Window* object = &screen;
+    ColorFrame(state.frame);
     SetIcon(state.frame, ICON_BIG, SM_CXICON, SM_CYICON);
     SetIcon(state.frame, ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
 
-    const ScreenSize handheld = HandheldScreen(screen);
-    const SIZE room{handheld.width, handheld.height - kBarHeight};
-    const int pageHeight = room.cy - kBarHeight;
+    state.scale = state.shownScale = ScaleFor(DotsAt(state.frame));
+    const int bar = BarPixels(state.scale);
+    const SIZE room = RoomInFrame(state);
+    const int pageHeight = room.cy - bar;
     const DWORD scrollStyle = withScrollBar ? WS_VSCROLL : 0;
     state.hasScrollBar = withScrollBar;
     state.page = CreateWindowExW(0, kPageClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | scrollStyle, 0,
                                  0, room.cx, pageHeight, state.frame, nullptr, Module(), object);
-    const HWND menuBar =
-        CreateWindowExW(0, kMenuBarClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, pageHeight,
-                        room.cx, kBarHeight, state.frame, nullptr, Module(), object);
+    const HWND menuBar = CreateWindowExW(0, kMenuBarClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0,
+                                         pageHeight, room.cx, bar, state.frame, nullptr, Module(), object);
     if (!state.page || !menuBar) return false;
     state.clientSize = ClientSizeOf(state.page);
     if (withScrollBar) state.pointers = std::make_unique<PointerInput>(screen);  // it is written on
@@ -266,6 +326,8 @@ int Screen::RunModal(Window* owner) {
 
 bool Screen::CanBeSized() const { return impl_->sizing != nullptr; }
 
+void Screen::NameClient(const std::wstring& name) { windows::NameForReaders(impl_->page, name); }
+
 void Screen::ToggleFullScreen() {
     if (impl_->sizing && impl_->frame) impl_->sizing->ToggleFullScreen(impl_->frame);
 }
@@ -284,7 +346,7 @@ bool Screen::CreateMenuBar(const ToolBarLayout& layout) {
         impl_->frame ? FindWindowExW(impl_->frame, nullptr, windows::kMenuBarClass, nullptr) : nullptr;
     if (!strip) return false;
     auto tools = std::make_unique<ToolBar::Impl>();
-    if (!tools->Create(strip, layout)) return false;
+    if (!tools->Create(strip, layout, impl_->scale)) return false;
     tools_.Handle() = std::move(tools);
     return true;
 }

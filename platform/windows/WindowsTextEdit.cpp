@@ -6,6 +6,7 @@
 #include "platform/windows/DialogEvents.h"
 #include "platform/windows/HandheldPlace.h"
 #include "platform/windows/PressAndHold.h"
+#include "platform/windows/ScreenScale.h"
 #include "platform/windows/SystemText.h"
 
 namespace platform {
@@ -88,12 +89,12 @@ int CALLBACK FindWord(wchar_t* text, int current, int length, int code) {
 }
 
 // Null when the system is short of anything.
-HWND NewEdit(HWND parent, Dialog& dialog, int id, const Rect& place, bool wordWrap,
+HWND NewEdit(HWND parent, Dialog& dialog, int id, const RECT& place, bool wordWrap,
              const std::wstring& text) {
     const DWORD style = wordWrap ? kStyle : kStyle | kStyleWithoutWrap;
-    const HWND edit =
-        CreateWindowExW(0, WC_EDITW, L"", style, place.left, place.top, place.Width(), place.Height(), parent,
-                        reinterpret_cast<HMENU>(INT_PTR{id}), windows::Module(), nullptr);
+    const HWND edit = CreateWindowExW(0, WC_EDITW, L"", style, place.left, place.top,
+                                      place.right - place.left, place.bottom - place.top, parent,
+                                      reinterpret_cast<HMENU>(INT_PTR{id}), windows::Module(), nullptr);
     if (!edit) return nullptr;
     SendMessageW(edit, WM_SETFONT, static_cast<WPARAM>(SendMessageW(parent, WM_GETFONT, 0, 0)), FALSE);
     SendMessageW(edit, EM_SETLIMITTEXT, kLongestText, 0);
@@ -128,7 +129,8 @@ bool Dialog::MakeTextEdit(int id, const Rect& place, bool wordWrap) {
     if (!impl_->frame) return false;
     const FillingControls filling(*impl_);
     const HWND old = Item(impl_->frame, id);
-    const HWND edit = NewEdit(impl_->frame, *this, id, place, wordWrap, ItemText(id));
+    const HWND edit =
+        NewEdit(impl_->frame, *this, id, windows::ToDesktop(place, impl_->scale), wordWrap, ItemText(id));
     if (!edit) return false;
     if (old) DestroyWindow(old);
     SetWindowPos(edit, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);

@@ -2,6 +2,8 @@
 #include <vector>
 
 #include "platform/windows/ImageImpl.h"
+#include "platform/windows/ReaderNames.h"
+#include "platform/windows/ScreenScale.h"
 #include "platform/windows/TreeViewImpl.h"
 #include "platform/windows/WindowImpl.h"
 
@@ -15,12 +17,12 @@ namespace {
 constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | TVS_HASLINES | TVS_LINESATROOT |
                          TVS_HASBUTTONS | TVS_SHOWSELALWAYS | TVS_EDITLABELS;
 constexpr int kFontPoints = 9;
+constexpr int kIndent = 19;  // page pixels: the control's own for small screens
 constexpr size_t kLongestText = 1024;
 constexpr UINT kOverlay = INDEXTOOVERLAYMASK(1);
 
-windows::OwnedFont TreeFont(HWND tree) {
-    const windows::ClientDc dc(tree);
-    const int height = -MulDiv(kFontPoints, GetDeviceCaps(dc.Get(), LOGPIXELSY), 72);
+windows::OwnedFont TreeFont(ink::Scale scale) {
+    const int height = -MulDiv(kFontPoints, scale.Dots(), 72);
     return windows::OwnedFont(CreateFontW(height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
                                           OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
                                           DEFAULT_PITCH | FF_DONTCARE, L"Tahoma"));
@@ -53,27 +55,39 @@ int CALLBACK CompareNodes(LPARAM first, LPARAM second, LPARAM order) {
 
 }  // namespace
 
-bool TreeView::Impl::Create(Window& window, int id, const Rect& place, const TreeView::Images& source) {
+bool TreeView::Impl::Create(Window& window, int id, const Rect& place, const TreeView::Images& pictures) {
     parent = &window;
+    source = pictures;
     const HWND page = window.Handle()->page;
     if (tree || !page) return false;
-    images = windows::MaskedImages(platform::Image::FromResource(source.bitmapId), source.imageSize,
-                                   source.imageSize, source.mask);
-    if (!images) return false;
-    ImageList_SetOverlayImage(images.get(), source.overlay, 1);
-    tree =
-        CreateWindowExW(0, WC_TREEVIEWW, L"", kStyle, place.left, place.top, place.Width(), place.Height(),
-                        page, reinterpret_cast<HMENU>(static_cast<intptr_t>(id)), windows::Module(), nullptr);
+    const RECT area = windows::ToDesktop(place, window.PageScale());
+    tree = CreateWindowExW(0, WC_TREEVIEWW, L"", kStyle, area.left, area.top, area.right - area.left,
+                           area.bottom - area.top, page, reinterpret_cast<HMENU>(static_cast<intptr_t>(id)),
+                           windows::Module(), nullptr);
     if (!tree) return false;
-    if (!windows::WatchTree(*this)) {
+    if (!Rescale() || !windows::WatchTree(*this)) {
         DestroyWindow(tree);
         tree = nullptr;
         return false;
     }
-    font = TreeFont(tree);
-    SendMessageW(tree, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), FALSE);
-    SendMessageW(tree, TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images.get()));
     window.Handle()->control = tree;
+    return true;
+}
+
+bool TreeView::Impl::Rescale() {
+    const ink::Scale scale = parent->PageScale();
+    windows::OwnedImageList fresh =
+        windows::MaskedImages(platform::Image::FromResource(source.bitmapId, scale), source.imageSize,
+                              source.imageSize, source.mask);
+    if (!fresh) return false;
+    windows::OwnedFont freshFont = TreeFont(scale);
+    ImageList_SetOverlayImage(fresh.get(), source.overlay, 1);
+    SendMessageW(tree, WM_SETFONT, reinterpret_cast<WPARAM>(freshFont.get()), TRUE);
+    SendMessageW(tree, TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(fresh.get()));
+    const RECT indent = windows::ToDesktop({0, 0, kIndent, 0}, scale);
+    SendMessageW(tree, TVM_SETINDENT, static_cast<WPARAM>(indent.right), 0);
+    images = std::move(fresh);  // what was shown before goes only now
+    font = std::move(freshFont);
     return true;
 }
 
@@ -134,15 +148,20 @@ TreeView::~TreeView() {
     if (impl_->tree) DestroyWindow(impl_->tree);
 }
 
-bool TreeView::Create(Window& parent, int id, const Rect& place, const Images& images, Events& events) {
+bool TreeView::Create(Window& parent, int id, const Rect& place, const Images& images, Events& events,
+                      const std::wstring& name) {
     impl_->events = &events;
     impl_->frozen = 0;
     impl_->visible = true;
-    return impl_->Create(parent, id, place, images);
+    if (!impl_->Create(parent, id, place, images)) return false;
+    windows::NameForReaders(impl_->tree, name);
+    return true;
 }
 
 void TreeView::Place(const Rect& place) {
-    if (impl_->tree) MoveWindow(impl_->tree, place.left, place.top, place.Width(), place.Height(), TRUE);
+    if (!impl_->tree) return;
+    const RECT area = windows::ToDesktop(place, impl_->parent->PageScale());
+    MoveWindow(impl_->tree, area.left, area.top, area.right - area.left, area.bottom - area.top, TRUE);
 }
 
 void TreeView::SetVisible(bool visible) {

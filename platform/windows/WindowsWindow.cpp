@@ -1,9 +1,11 @@
+#include <algorithm>
 #include <cstdlib>
 #include <vector>
 
 #include "platform/windows/Guards.h"
 #include "platform/windows/ImageImpl.h"
 #include "platform/windows/PointerTrail.h"
+#include "platform/windows/ScreenScale.h"
 #include "platform/windows/WindowImpl.h"
 
 namespace platform {
@@ -72,16 +74,18 @@ Window::~Window() {
 
 bool Window::Exists() const { return impl_->frame != nullptr; }
 
+ink::Scale Window::PageScale() const { return impl_->scale; }
+
 int Window::ClientWidth() const {
     RECT client{};
     if (impl_->page) GetClientRect(impl_->page, &client);
-    return client.right;
+    return windows::WholePagePixels(client.right, impl_->scale);
 }
 
 int Window::ClientHeight() const {
     RECT client{};
     if (impl_->page) GetClientRect(impl_->page, &client);
-    return client.bottom;
+    return windows::WholePagePixels(client.bottom, impl_->scale);
 }
 
 void Window::SetTitle(const std::wstring& title) {
@@ -99,17 +103,29 @@ void Window::Invalidate() {
     if (impl_->page) InvalidateRect(impl_->page, nullptr, FALSE);
 }
 
-void Window::Show(const Image& image, const Rect& source) {
-    if (!impl_->page || !image.IsValid()) return;
-    const Rect area = ink::Intersect(source, Rect{0, 0, image.Width(), image.Height()});
-    if (area.IsEmpty()) return;
-    CopyToPage(*impl_, image, area, {area.left, area.top});
-}
-
+// Where a scale is no whole number, a picture may take a row or column more than its own place has: then the
+// one at its edge is shown twice.
 void Window::ShowAt(const Image& image, Point topLeft) {
     if (!impl_->page || !image.IsValid()) return;
-    CopyToPage(*impl_, image, {topLeft.x, topLeft.y, topLeft.x + image.Width(), topLeft.y + image.Height()},
-               {0, 0});
+    const Rect room =
+        PageScale().ToSurface({topLeft.x, topLeft.y, topLeft.x + image.Width(), topLeft.y + image.Height()});
+    const SIZE size = image.Handle()->size;
+    const int across = std::clamp<int>(room.Width() - size.cx, 0, 1);
+    const int along = std::clamp<int>(room.Height() - size.cy, 0, 1);
+    for (int dy = along; dy >= 0; --dy) {
+        for (int dx = across; dx >= 0; --dx) {
+            const Rect place{room.left + dx, room.top + dy, room.left + dx + size.cx,
+                             room.top + dy + size.cy};
+            CopyToPage(*impl_, image, place, {0, 0});
+        }
+    }
+}
+
+void Window::ShowPixels(const Image& image, const Rect& source) {
+    if (!impl_->page || !image.IsValid()) return;
+    const Rect area = ink::Intersect(source, image.Surface().Bounds());
+    if (area.IsEmpty()) return;
+    CopyToPage(*impl_, image, area, {area.left, area.top});
 }
 
 void Window::ScrollPixels(int dy) {
@@ -173,7 +189,11 @@ PenEnd Window::EndOfPen() const { return impl_->pointers ? impl_->pointers->End(
 
 size_t Window::PenSamples(Point* samples, size_t capacity) const {
     if (impl_->HasPenContact()) return impl_->pointers->Samples(samples, capacity);
-    return impl_->page ? impl_->pen.Samples(windows::ClientOrigin(impl_->page), samples, capacity) : 0;
+    if (!impl_->page) return 0;
+    const size_t count = impl_->pen.Samples(windows::ClientOrigin(impl_->page), samples, capacity);
+    std::transform(samples, samples + count, samples,
+                   [this](const Point& place) { return impl_->scale.ToView(place); });
+    return count;
 }
 
 void Window::SetScroll(const ScrollState& state) {

@@ -1,3 +1,4 @@
+#include "platform/Artwork.h"
 #include "platform/Canvas.h"
 #include "tests/contract/Recording.h"
 
@@ -48,6 +49,47 @@ TEST_F(CanvasContract, Pictures) {
     EXPECT_EQ(Drawn(), (Rect{115, 55, 120, 60})) << "what lies outside is cut off";
     EXPECT_EQ(At(115, 55), 0x00123456u);
     EXPECT_EQ(At(119, 59), 0u) << "images begin black, copies are not transparent";
+}
+
+// Page pixels go in, screen pixels come out: the same picture, finer. Small pictures are drawn in the largest
+// size that there is room for.
+TEST_F(CanvasContract, APictureOfAnotherScale) {
+    for (const int dots : {120, 144, 192, 288}) {
+        const ink::Scale scale(dots);
+        image_ = Image::Make(120, 60, scale);
+        ASSERT_TRUE(image_.Width() == 120 && image_.Height() == 60 && image_.PageScale() == scale);
+        EXPECT_EQ(image_.Surface().Bounds(), scale.ToSurface({0, 0, 120, 60}));
+        const auto color = [&](int x, int y) { return At(x * dots / 96, y * dots / 96); };
+        canvas_.Fill({0, 0, 120, 60}, 0xFFFFFF);
+        canvas_.Fill({8, 16, 24, 32}, 0x332211);
+        EXPECT_TRUE(color(8, 16) == 0x112233 && At(24 * dots / 96 - 1, 32 * dots / 96 - 1) == 0x112233);
+        EXPECT_TRUE(color(24, 31) == 0xFFFFFF && At(8 * dots / 96 - 1, 16 * dots / 96) == 0xFFFFFF);
+        const Rect size = Canvas::TextSize(L"A & a", {80, false}, scale);
+        const Rect small = Canvas::TextSize(L"A & a", {80, false});
+        EXPECT_NEAR(size.right, small.right, small.right / 4);
+        EXPECT_NEAR(size.bottom, small.bottom, 2);
+        const ImageList images =
+            ImageList::FromResource(IDB_TREE_IMAGES, 16, ink::MakeColor(0, 255, 0), scale);
+        const Image strip = Image::FromResource(IDB_TREE_IMAGES, scale);
+        const Image mark = Image::FromResource(IDB_NOTE_MARK, scale);
+        ASSERT_TRUE(images.IsValid() && strip.IsValid() && mark.IsValid());
+        EXPECT_EQ(strip.PageScale().Dots(), dots == 120 ? 96 : dots);
+        EXPECT_TRUE(strip.Height() == 16 && mark.Width() == Image::FromResource(IDB_NOTE_MARK).Width());
+        const int side = strip.Surface().height;
+        const Rect room = scale.ToSurface({40, 24, 56, 40});
+        const int inset = (room.Width() - side) / 2;
+        canvas_.Draw(images, 13, {40, 24});
+        for (int i = 0; i < side * side; ++i) {
+            const uint32_t source = strip.Surface().Row(i / side)[13 * side + i % side];
+            const uint32_t drawn = At(room.left + inset + i % side, room.top + inset + i / side);
+            ASSERT_EQ(drawn, source == 0x0000FF00u ? 0xFFFFFFu : source) << dots << " " << i;
+        }
+        canvas_.Draw(mark, {0, 0});
+        const Rect there = mark.Surface().Bounds();
+        const Point corner =
+            InTheMiddleOf(scale.ToSurface({0, 0, mark.Width(), mark.Height()}), there.right, there.bottom);
+        EXPECT_EQ(At(corner.x + 7, corner.y + 6), mark.Surface().Row(6)[7]) << dots;
+    }
 }
 
 TEST_F(CanvasContract, ImagesAndTheirTransparency) {

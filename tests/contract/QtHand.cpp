@@ -103,8 +103,12 @@ class QtHand : public testing_support::Hand {
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
     }
     uint32_t PixelAt(Point place) override {
-        return Page()->grab().toImage().pixel(place.x, place.y) & 0x00FFFFFF;
+        QImage shown(Page()->size(), QImage::Format_RGB32);
+        Page()->render(&shown);  // what was asked to be painted is painted
+        const platform::Rect pixel = Top()->PageScale().ToSurface({place.x, place.y, 0, 0});
+        return Top()->Handle()->shown.pixel(pixel.left, pixel.top) & 0x00FFFFFF;
     }
+    void ChangeScale(ink::Scale scale) override { platform::qt::ChangeScale(*Top(), scale); }
 
     void TypeInto(int item, const std::wstring& text) override {
         if (auto* edit = qobject_cast<QLineEdit*>(Item(item))) {

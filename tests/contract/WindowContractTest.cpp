@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "platform/Canvas.h"
 #include "platform/Worker.h"
 #include "tests/contract/Recording.h"
 
@@ -102,7 +103,7 @@ TEST_F(WindowContract, ShownPixels) {
     const Image image = Image::Make(64, 64);
     for (int y = 0; y < 64; ++y)
         std::fill_n(image.Surface().Row(y), 64, 0x00102000u + static_cast<uint32_t>(y));
-    const Step showPart = [&] { screen_.Show(image, {10, 10, 500, 500}); };
+    const Step showPart = [&] { screen_.ShowPixels(image, {10, 10, 500, 500}); };
     const Step showAt = [&] { screen_.ShowAt(image, {40, -1}); };
     const Step invert = [&] { screen_.InvertPixels({10, 13, 12, 14}); };
     Run({showPart, ExpectPixel({10, 10}, 0x0010200A), ExpectPixel({63, 63}, 0x0010203F),
@@ -112,6 +113,38 @@ TEST_F(WindowContract, ShownPixels) {
          ExpectPixel({40, 0}, 0x00102001), ExpectPixel({39, 13}, 0x00102012)});
     for (const auto& [width, height] : {std::pair{0, 5}, {-1, 5}, {1 << 20, 1 << 20}})
         EXPECT_FALSE(Image::Make(width, height).IsValid()) << width << " x " << height;
+}
+
+struct SizedScreen : TestScreen {
+    using TestScreen::TestScreen;
+    void OnSize() override { ++sizes; }
+    int sizes = 0;
+};
+
+// In page pixels all stays what it was, and is shown as fine as the scale says.
+TEST_F(WindowContract, AMonitorOfAnotherScale) {
+    SizedScreen screen(Screen::ScrollBar::Vertical);
+    screen.penSamples = 64;
+    int width = 0;
+    const auto come = [&](int dots) {
+        return [&, dots] {
+            hand_.ChangeScale(ink::Scale(dots));
+            EXPECT_EQ(screen.PageScale().Dots(), dots);
+            EXPECT_NEAR(screen.ClientWidth(), width, 20) << "frames and scroll bars need not grow";
+            const Image image = Image::Make(64, 64, screen.PageScale());
+            Canvas canvas(image);
+            canvas.Fill({10, 20, 30, 40}, 0x0000FF);
+            screen.ShowAt(image, {8, 8});
+        };
+    };
+    Play({[&] { width = screen.ClientWidth(); }, come(192), ExpectPixel({18, 28}, 0xFF0000),
+          ExpectPixel({37, 47}, 0xFF0000), ExpectPixel({38, 47}, 0), ExpectPixel({17, 28}, 0), Down({50, 60}),
+          Move({{60, 61}, {70, 65}, {80, 70}}), Up({80, 70}), come(120), ExpectPixel({37, 47}, 0xFF0000),
+          ExpectPixel({38, 48}, 0), ExpectPixel({71, 71}, 0), Post(screen, kIdOk)});
+    screen.RunModal(nullptr);
+    EXPECT_EQ(screen.sizes, 2);
+    EXPECT_THAT(screen.log, ElementsAre("down 50 60", "up 80 70", "command 1", "destroy"));
+    EXPECT_THAT(screen.samples, testing::Contains(Point{70, 65}));
 }
 
 TEST_F(WindowContract, WorkersReachAWindowByItsPrivateMessages) {

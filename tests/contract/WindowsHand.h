@@ -6,6 +6,7 @@
 #include <cstring>
 #include <deque>
 
+#include "platform/windows/ScreenScale.h"
 #include "platform/windows/SystemText.h"
 #include "platform/windows/WindowImpl.h"
 #include "tests/support/Steps.h"
@@ -111,9 +112,20 @@ class WindowsHand : public testing_support::Hand {
     void PassTime(uint32_t milliseconds) override { Sleep(milliseconds); }
     uint32_t PixelAt(Point place) override {
         const HDC dc = GetDC(Top()->Handle()->page);
-        const COLORREF color = GetPixel(dc, place.x, place.y);
+        const RECT pixel = platform::windows::ToDesktop({place.x, place.y, 0, 0}, Top()->PageScale());
+        const COLORREF color = GetPixel(dc, pixel.left, pixel.top);
         ReleaseDC(Top()->Handle()->page, dc);
         return RGB(GetBValue(color), GetGValue(color), GetRValue(color));
+    }
+
+    // The system asks for a frame that grows with the scale.
+    void ChangeScale(ink::Scale scale) override {
+        RECT frame{};
+        GetWindowRect(Frame(), &frame);
+        frame.right = frame.left + MulDiv(frame.right - frame.left, scale.Dots(), Top()->PageScale().Dots());
+        frame.bottom = frame.top + MulDiv(frame.bottom - frame.top, scale.Dots(), Top()->PageScale().Dots());
+        SendMessageW(Frame(), WM_DPICHANGED, MAKEWPARAM(scale.Dots(), scale.Dots()),
+                     reinterpret_cast<LPARAM>(&frame));
     }
 
     void TypeInto(int item, const std::wstring& text) override {
@@ -205,7 +217,8 @@ class WindowsHand : public testing_support::Hand {
     HWND Tree() { return FindWindowExW(Top()->Handle()->page, nullptr, WC_TREEVIEWW, nullptr); }
     HWND LabelEdit() { return reinterpret_cast<HWND>(SendMessageW(Tree(), TVM_GETEDITCONTROL, 0, 0)); }
     POINT OnPage(Point place) {
-        return MiddleOf(Top()->Handle()->page, {place.x, place.y, place.x, place.y});
+        const RECT pixel = platform::windows::ToDesktop({place.x, place.y, 0, 0}, Top()->PageScale());
+        return MiddleOf(Top()->Handle()->page, {pixel.left, pixel.top, pixel.left, pixel.top});
     }
     POINT PlaceOf(TreeItem item) {
         RECT text{};  // where the control takes the item and puts the rectangle

@@ -74,15 +74,16 @@ class EditorTest : public DeskSteps {
     }
     Step ExpectInk(const Trace& there, const Trace& notThere = {}) {
         return [=] {
-            for (const Point place : there) EXPECT_NE(Shown().Row(place.y)[place.x], 0xFFFFFFu) << place.x;
-            for (const Point place : notThere) EXPECT_EQ(Shown().Row(place.y)[place.x], 0xFFFFFFu) << place.x;
+            for (const Point place : there) EXPECT_NE(hand.PixelAt(place), 0xFFFFFFu) << place.x;
+            for (const Point place : notThere) EXPECT_EQ(hand.PixelAt(place), 0xFFFFFFu) << place.x;
         };
     }
     Picture Repainted(const ink::InkPage& page, int row) {
-        Picture pixels(kViewWidth * kViewHeight);
-        ink::PixelSurface surface{pixels.data(), kViewWidth, kViewHeight, kViewWidth};
+        const ink::Rect view = Desk().scale.ToSurface({0, 0, kViewWidth, kViewHeight});
+        Picture pixels(static_cast<size_t>(view.right) * static_cast<size_t>(view.bottom));
+        ink::PixelSurface surface{pixels.data(), view.right, view.bottom, view.right};
         ink::InkPainter painter;
-        painter.SetPen(style_, width_);
+        painter.SetPen(style_, width_, Desk().scale);
         painter.Repaint(surface, page, row, surface.Bounds());
         return pixels;
     }

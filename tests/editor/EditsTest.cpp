@@ -21,10 +21,26 @@ TEST_F(Edits, InkVanishesAtOnceAndTheStrokeFallsApartAtTheLift) {
 }
 
 TEST_F(Edits, WhatIsShownIsWhatARepaintShows) {
-    for (int y = 4; y < 260; y += 16) Play({Write(Line({5, y}, 50))});
-    Edited({Press(IDM_ERASER), Write({{30, 20}, {80, 30}, {120, 5}, {223, 250}, {-9, 266}, {40, 150}}),
-            ExpectInk({{100, 30}}),  // the head's paper
-            Press(IDM_SPACE_TOOL), Write({{100, 120}, {100, 150}})});
+    for (const int dots : {96, 120, 168, 288}) {
+        Desk().scale = ink::Scale(dots);
+        PutNote({});
+        for (int y = 4; y < 260; y += 16) Play({Write(Line({5, y}, 50))});
+        Edited({Press(IDM_ERASER), Write({{30, 20}, {80, 30}, {120, 5}, {223, 250}, {-9, 266}, {40, 150}}),
+                ExpectInk({{100, 30}}),  // the head's paper
+                Press(IDM_SPACE_TOOL), Write({{100, 120}, {100, 150}}), Scroll(C::ThumbPosition, 61),
+                Scroll(C::ThumbPosition, 17), Press(IDM_PEN), Write({{70, 40}, {75, 90}})});
+    }
+}
+
+// On the way to a monitor of another scale and back, the tool stays in hand and its swatches in the bar.
+TEST_F(Edits, AMonitorOfAnotherScaleShowsTheSamePageAnew) {
+    const auto rescale = [this](int dots) { return Do(&Hand::ChangeScale, ink::Scale(dots)); };
+    const Step checks = [this] { EXPECT_TRUE(hand.Tool(IDM_ERASER).checked); };
+    PutNote({10, kNoStroke, 300});
+    shortages_ = 1;
+    Edited({Scroll(C::ThumbPosition, 33), Press(IDM_ERASER), rescale(144), ExpectPosition(33), checks,
+            Press(IDM_PEN), Write({{60, 100}, {90, 100}}), ExpectInk({{89, 100}}, {{89, 105}}), rescale(96),
+            ExpectInk({{89, 100}}), rescale(216), WithPictures(1, rescale(96)), rescale(120)});
 }
 
 TEST_F(Edits, ThePageShrinksToWhatIsLeft) {

@@ -45,8 +45,10 @@ TEST_F(Pen, LiveInkIsTheInkOfARepaint) {
     Trace curl;
     for (int i = 0; i < 260; ++i) curl.push_back({20 + i / 2 + i * 7 % 30, 10 + i * i % 251});
     for (const ink::PenStyle style : {ink::PenStyle::Simple, ink::PenStyle::Classic, ink::PenStyle::Smooth}) {
-        for (const uint32_t tenths : {10u, 35u, 100u}) {
+        for (const auto& [tenths, dots] :
+             {std::pair{10u, 96}, {35u, 96}, {100u, 96}, {20u, 120}, {35u, 288}}) {
             UsePenOf(style, tenths);
+            Desk().scale = ink::Scale(dots);
             Written({Write(curl), Write({{40, 40}}),
                      Write({{0, 0}, {223, 267}, {5, 200}, {-4, 100}, {230, 30}}), Scroll(C::PageDown),
                      Press(IDM_PEN_COLOR_2), Down({30, 60}), Move({90, 90}), Move({30, 5}), Up({150, 40}),

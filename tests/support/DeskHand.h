@@ -40,8 +40,10 @@ class DeskHand : public Hand {
     void TakeOver() override { desk_.PrivateMessage(platform::kTakeOver); }
     void PassTime(uint32_t milliseconds) override { desk_.PassTime(milliseconds); }
     uint32_t PixelAt(platform::Point place) override {
-        return Top()->Handle()->shown.Surface().Row(place.y)[place.x];
+        const platform::Rect pixel = Top()->PageScale().ToSurface({place.x, place.y, 0, 0});
+        return Top()->Handle()->shown.Surface().Row(pixel.top)[pixel.left];
     }
+    void ChangeScale(ink::Scale scale) override { desk_.Rescale(scale); }
 
     void TypeInto(int item, const std::wstring& text) override { desk_.Type(item, text); }
     void Choose(int item, int index) override { desk_.Choose(item, index); }

@@ -12,7 +12,10 @@ namespace testing_support {
 // A classic handheld: 240 x 320, so a view of 224 x 268.
 class DeskTest : public testing::Test, public Steps {
   protected:
-    DeskTest() : Steps(hand), hand(device) { device.desk.screen = {240, 320}; }
+    DeskTest() : Steps(hand), hand(device) {
+        device.desk.screen = {240, 320};
+        device.desk.wantsNames = true;
+    }
     ~DeskTest() override {
         EXPECT_THAT(device.desk.problems, testing::IsEmpty());
         EXPECT_EQ(device.desk.waitCursorDepth, 0);

@@ -59,7 +59,9 @@ class Hand {
     virtual void PressClose() = 0;                   // the title bar's button
     virtual void TakeOver() = 0;                     // as another copy of the program
     virtual void PassTime(uint32_t milliseconds) = 0;
-    virtual uint32_t PixelAt(platform::Point place) = 0;  // 0x00RRGGBB of what is shown
+    // 0x00RRGGBB of what is shown, at the top left of a page pixel.
+    virtual uint32_t PixelAt(platform::Point place) = 0;
+    virtual void ChangeScale(ink::Scale scale) = 0;  // the window comes to a monitor of this scale
 
     // Controls of a dialog.
     virtual void TypeInto(int item, const std::wstring& text) = 0;
