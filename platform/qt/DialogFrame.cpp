@@ -56,7 +56,7 @@ class MonthCalendar : public QCalendarWidget {
         setDateRange({1601, 1, 1}, {9999, 12, 31});
         setVerticalHeaderFormat(NoVerticalHeader);
         setHorizontalHeaderFormat(ShortDayNames);
-        setLocale(UserLocale());
+        setLocale(TimeLocale());
         setAccessibleName("Month");
         findChild<QTableView*>()->viewport()->installEventFilter(this);
         connect(this, &QCalendarWidget::activated, [this] {
@@ -170,7 +170,7 @@ QWidget* MakePicker(Making& making, const DialogItem& item) {
         picker->setDisplayFormat(ShortPicture());
         picker->setCalendarPopup(true);
     }
-    picker->setLocale(UserLocale());
+    picker->setLocale(TimeLocale());
     picker->setAccessibleName(isTime ? "Time" : "Date");
     QObject::connect(picker, &QDateTimeEdit::dateTimeChanged,
                      [window = &making.window, id = item.id] { TellChange(*window, id); });

@@ -48,7 +48,7 @@ TEST(Rules, WhatIsDueIsFiredOnceAndTriedAgainInMinutes) {
 TEST(Rules, AnEntryKeepsWhatItWasSetUnder) {
     NotificationEntry entry;
     entry.trigger = {L"C:\\p.exe", L"\"\\a.ikw\" /alarm", {2099, 3, 4, 15, 20, 30, 5, 0}, {}};
-    entry.notification = {true, false, L"title", L"text \u20AC"};
+    entry.notification = {true, false, L"title", L"text \u20AC\U0001F600"};
     entry.device = L"D:\\Device";
     entry.screen = L"240x320";
     NotificationEntry read;

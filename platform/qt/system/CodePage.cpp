@@ -11,6 +11,7 @@
 #include <new>
 
 #include "platform/qt/system/UserFolders.h"
+#include "platform/qt/system/UserLocale.h"
 
 namespace platform::qt {
 
@@ -19,7 +20,7 @@ namespace {
 constexpr int kUsual = 1252;
 // What a page has no character for keeps its byte: in the columns of control characters as that, elsewhere at
 // this distance in the private area.
-constexpr uint32_t kPrivate = 0xF700;
+constexpr uint32_t kPrivate = 0xF800;
 constexpr int kSimplifiedChinese = 936;
 constexpr unsigned char kItsEuro = 0x80;
 constexpr wchar_t kEuro = 0x20AC;
@@ -46,7 +47,7 @@ constexpr struct {
 constexpr struct {
     uint32_t first;
     uint32_t last;
-    char substitute;
+    wchar_t substitute;
 } kLookAlikes[] = {
     {0x2000, 0x200A, ' '},  {0x2010, 0x2011, '-'},  {0x2018, 0x2019, '\''}, {0x201C, 0x201D, '"'},
     {0x2022, 0x2022, '.'},  {0x2032, 0x2032, '\''}, {0x2035, 0x2035, '`'},  {0x2039, 0x2039, '<'},
@@ -110,8 +111,7 @@ char OwnByte(int codePage, uint32_t point) {
 // Letters lose their marks, forms of letters are the letters. Empty where nothing comes near.
 std::wstring BestFit(uint32_t point) {
     for (const auto& each : kLookAlikes) {
-        if (point >= each.first && point <= each.last)
-            return std::wstring(1, static_cast<wchar_t>(each.substitute));
+        if (point >= each.first && point <= each.last) return std::wstring(1, each.substitute);
     }
     const char32_t character = point;
     const QString parts = QString::fromUcs4(&character, 1).normalized(QString::NormalizationForm_KD);
@@ -158,12 +158,7 @@ int CodePageOf(const std::string& locale) {
 
 int UserCodePage() {
     const int told = std::atoi(Environment("INKWRIGHT_CODEPAGE").c_str());
-    if (told > 0) return told;
-    for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
-        const std::string locale = Environment(name);
-        if (!locale.empty()) return CodePageOf(locale);
-    }
-    return kUsual;
+    return told > 0 ? told : CodePageOf(LocaleName("LC_CTYPE"));
 }
 
 bool ToCodePage(int codePage, const std::wstring& text, std::string& bytes) {
@@ -176,8 +171,8 @@ bool ToCodePage(int codePage, const std::wstring& text, std::string& bytes) {
         while (left > 0) {
             converter.Convert(in, left, bytes);
             if (left == 0) break;
-            const auto point = static_cast<uint32_t>(*reinterpret_cast<const wchar_t*>(in));
-            AppendSubstitute(converter, codePage, point, bytes);
+            const wchar_t odd = text[text.size() - left / sizeof(wchar_t)];
+            AppendSubstitute(converter, codePage, static_cast<uint32_t>(odd), bytes);
             in += sizeof(wchar_t);
             left -= sizeof(wchar_t);
         }

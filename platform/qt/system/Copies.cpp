@@ -6,7 +6,6 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 
-#include <climits>
 #include <cstring>
 #include <sstream>
 #include <system_error>
@@ -32,7 +31,7 @@ constexpr int kWindowBits = 32;  // of a reference; the process is above them
 bool AddressOf(const std::string& path, sockaddr_un& address) {
     address = {};
     address.sun_family = AF_UNIX;
-    if (path.size() >= sizeof address.sun_path) return false;
+    if (path.empty() || path.size() >= sizeof address.sun_path) return false;
     std::memcpy(address.sun_path, path.c_str(), path.size());
     return true;
 }
@@ -64,22 +63,11 @@ std::string ReceiveAll(int peer) {
     return text;
 }
 
-// An update takes the file away from under a running program.
-std::string WithoutMark(const std::string& file) {
-    constexpr char kDeleted[] = " (deleted)";
-    const size_t length = sizeof kDeleted - 1;
-    const bool isMarked = file.size() > length && file.compare(file.size() - length, length, kDeleted) == 0;
-    return isMarked ? file.substr(0, file.size() - length) : file;
+// Empty where there is no folder for it.
+std::string SocketOf(pid_t process) {
+    const std::string folder = RuntimeFolder();
+    return folder.empty() ? folder : folder + "/" + kPrefix + std::to_string(process);
 }
-
-std::string FileOfProcess(pid_t process) {
-    char path[PATH_MAX];
-    const std::string link = "/proc/" + std::to_string(process) + "/exe";
-    const ssize_t length = readlink(link.c_str(), path, sizeof path);
-    return length > 0 ? WithoutMark(std::string(path, static_cast<size_t>(length))) : std::string();
-}
-
-std::string SocketOf(pid_t process) { return RuntimeFolder() + "/" + kPrefix + std::to_string(process); }
 
 // Empty when nobody listens there any more; the name of one that is dead goes.
 OwnedFd ConnectTo(const std::string& path) {
@@ -113,7 +101,7 @@ std::vector<Copy> CopiesOf(const std::string& programFile) {
     if (open) closedir(open);
     for (const std::string& name : names) {
         if (name.compare(0, sizeof kPrefix - 1, kPrefix) != 0) continue;
-        OwnedFd peer = ConnectTo(folder + "/" + name);
+        OwnedFd peer = ConnectTo(PathIn(folder, name));
         const pid_t process = peer ? ProcessAt(peer.Get()) : 0;
         if (process != 0 && process != getpid() && FileOfProcess(process) == programFile)
             copies.push_back({process, std::move(peer)});
@@ -218,7 +206,7 @@ bool ShowCopiesOf(const std::string& programFile) {
 
 std::vector<OtherWindow> WindowsOfOtherCopies() {
     std::vector<OtherWindow> found;
-    for (const qt::Copy& copy : qt::CopiesOf(qt::FileOfProcess(getpid()))) {
+    for (const qt::Copy& copy : qt::CopiesOf(qt::ProgramFile())) {
         if (!qt::Send(copy.peer.Get(), qt::kList)) continue;
         std::istringstream lines(qt::ReceiveAll(copy.peer.Get()));
         uint32_t window = 0;

@@ -1,19 +1,18 @@
 #include "platform/qt/system/HandheldPath.h"
 
-#include <dirent.h>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
-#include <memory>
 
 #include "platform/PathParts.h"
 #include "platform/StoragePaths.h"
 #include "platform/TextEncoding.h"
 #include "platform/qt/system/Cards.h"
 #include "platform/qt/system/DiskText.h"
+#include "platform/qt/system/NameLookup.h"
 #include "platform/qt/system/UserFolders.h"
 
 namespace platform::qt {
@@ -21,10 +20,6 @@ namespace platform::qt {
 namespace {
 
 constexpr wchar_t kElsewhere[] = L"File System";
-
-struct CloseFolder {
-    void operator()(DIR* folder) const { closedir(folder); }
-};
 
 bool Exists(const std::string& path) {
     struct stat found {};
@@ -36,27 +31,18 @@ bool IsFolder(const std::string& path) {
     return stat(path.c_str(), &found) == 0 && S_ISDIR(found.st_mode);
 }
 
-// The entry that the handheld would find under this name; empty when there is none.
-std::string EntryLike(const std::string& folder, const std::wstring& name) {
-    const std::unique_ptr<DIR, CloseFolder> open(opendir(folder.empty() ? "/" : folder.c_str()));
-    while (const dirent* const entry = open ? readdir(open.get()) : nullptr) {
-        if (EqualNoCase(NameFromDisk(entry->d_name), name)) return entry->d_name;
-    }
-    return {};
-}
-
 std::string Below(std::string place, const std::vector<std::wstring>& parts, size_t first) {
     bool isThere = true;
     for (size_t i = first; i < parts.size(); ++i) {
         std::string name;
         errno = EINVAL;
         if (!IsName(parts[i]) || !ToDisk(parts[i], name)) return {};
-        if (isThere && !Exists(place + "/" + name)) {
-            const std::string like = EntryLike(place, parts[i]);
+        if (isThere && !Exists(PathIn(place, name))) {
+            const std::string like = EntryLike(place, parts[i], name);
             isThere = !like.empty();
             if (isThere) name = like;
         }
-        place += "/" + name;
+        place = PathIn(place, name);
     }
     return place.empty() ? "/" : place;
 }
@@ -131,8 +117,9 @@ struct Place {
 std::vector<Place> Places() {
     const std::string device = DeviceFolder();
     if (!device.empty()) return {{device, L""}};
-    std::vector<Place> places{{DocumentsPlace(), L"\\" + std::wstring(kDocumentsName)},
-                              {DataFolder() + "/device", L""}};
+    // The documents may be all of the user's folders, with ours among them.
+    std::vector<Place> places{{DataFolder() + "/device", L""},
+                              {DocumentsPlace(), L"\\" + std::wstring(kDocumentsName)}};
     const CardTable cards = CardsNow();
     for (size_t i = 0; i < cards.Count(); ++i)
         places.push_back({cards.Folder(i), L"\\" + StorageCardName(static_cast<int>(i))});

@@ -53,7 +53,8 @@ bool TakeOverAttributes(int from, int old) {
     if (fstat(from, &is) != 0 || fstat(old, &was) != 0) return false;
     if (is.st_gid != was.st_gid && fchown(from, static_cast<uid_t>(-1), was.st_gid) != 0) errno = 0;
     TakeOverExtras(from, old);
-    return ((is.st_mode ^ was.st_mode) & kPermissions) == 0 || fchmod(from, was.st_mode & kPermissions) == 0;
+    return ((is.st_mode ^ was.st_mode) & kPermissions) == 0 ||
+           SetPermissions(from, was.st_mode & kPermissions);
 }
 
 // For file systems that can't rename that way.
@@ -133,6 +134,10 @@ bool RenameInPlace(int openFrom, const std::string& from, const std::string& to)
     const OwnedFd old = OpenHeld(to, O_RDONLY, Hold::Alone);
     if (!old || !TakeOverAttributes(openFrom, old.Get())) return false;
     return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+bool SetPermissions(int fd, mode_t permissions) {
+    return fchmod(fd, permissions) == 0 || errno == EPERM || errno == EOPNOTSUPP;
 }
 
 bool FlushFolder(const std::string& folder) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <functional>
 #include <string>
 
@@ -37,6 +39,9 @@ bool RenameToFreeName(const std::string& from, const std::string& to);
 // Puts `from`, which is open and held, in the place of the file `to`, which keeps its permissions and further
 // attributes. Without such a file it is a RenameToFreeName.
 bool RenameInPlace(int openFrom, const std::string& from, const std::string& to);
+
+// As far as the file's system has permissions of its own: cards have none.
+bool SetPermissions(int fd, mode_t permissions);
 
 bool FlushFolder(const std::string& folder);
 

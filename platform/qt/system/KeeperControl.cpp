@@ -39,12 +39,14 @@ flock OneByte(uint32_t at) {
     return lock;
 }
 
-// 0 when none runs. Locks of this kind tell whose they are.
+// 0 when none runs. Locks of this kind tell whose they are, but for processes that can't be seen from here:
+// -1.
 pid_t KeeperProcess() {
     const OwnedFd file = RoleFile();
     flock lock = OneByte(0);
     const bool isHeld = file && fcntl(file.Get(), F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
-    return isHeld ? lock.l_pid : 0;
+    if (!isHeld) return 0;
+    return lock.l_pid > 0 ? lock.l_pid : -1;
 }
 
 std::string AutostartFile() { return ConfigHome() + "/autostart/inkalarms.desktop"; }
@@ -114,6 +116,11 @@ bool StopKeeper() {
 KeeperRole::KeeperRole() : file_(RoleFile()) {
     flock lock = OneByte(0);
     held_ = file_ && fcntl(file_.Get(), F_SETLK, &lock) == 0;
+}
+
+bool KeeperRole::IsLost() const {
+    struct stat found {};
+    return fstat(file_.Get(), &found) != 0 || found.st_nlink == 0;
 }
 
 FiringClaim::FiringClaim(uint32_t handle) : file_(ClaimFile()) {

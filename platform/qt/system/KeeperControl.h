@@ -29,6 +29,8 @@ class KeeperRole {
   public:
     KeeperRole();
     bool IsHeld() const { return held_; }
+    // The file that stood for it was erased, so that others can't see who has it.
+    bool IsLost() const;
 
   private:
     OwnedFd file_;

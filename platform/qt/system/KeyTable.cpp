@@ -52,7 +52,7 @@ bool Unquote(const std::string& line, size_t& at, std::string& text) {
 // Whether the data is a text with its terminator, and nothing else.
 bool IsText(const ValueBytes& data, std::string& text) {
     std::u16string units = UnitsOf(data);
-    if (data.size() % 2 != 0 || units.find(u'\0') + 1 != units.size()) return false;
+    if (data.empty() || data.size() % 2 != 0 || units.find(u'\0') + 1 != units.size()) return false;
     units.pop_back();
     return ToDisk(FromUtf16(units), text) && BytesOf(ToUtf16(FromUtf16(units)) + u'\0') == data;
 }
@@ -62,12 +62,13 @@ std::string DataText(const KeyValue& value) {
     if (value.type == RegistryType::Number && value.data.size() == 4)
         return std::to_string(NumberOf(value.data));
     if (value.type != RegistryType::Binary && IsText(value.data, text)) return Quoted(text);
+    text = "bytes";
     for (const uint8_t byte : value.data) {
         char code[8];
-        std::snprintf(code, sizeof code, text.empty() ? "%02X" : " %02X", byte);
+        std::snprintf(code, sizeof code, " %02X", byte);
         text += code;
     }
-    return "bytes " + text;
+    return text;
 }
 
 bool ReadBytes(const std::string& text, ValueBytes& data) {

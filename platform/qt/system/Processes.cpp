@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <chrono>
 #include <climits>
+#include <csignal>
 #include <sstream>
 
 #include "platform/qt/system/OwnedFd.h"
@@ -45,6 +46,10 @@ std::vector<std::string> EnvironmentFor(const ProcessStart& start) {
 // system. `failed` ends up behind what is closed.
 [[noreturn]] void BecomeProgram(const ProcessStart& start, char* const* arguments, char* const* variables,
                                 int failed) {
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none,
+                nullptr);  // what the keeper waits for would be blocked in the program, too
     setsid();
     const int nothing = open("/dev/null", O_RDWR);
     for (int standard = 0; standard < 3; ++standard) dup2(nothing, standard);
@@ -63,13 +68,24 @@ std::vector<std::string> EnvironmentFor(const ProcessStart& start) {
     _exit(127);
 }
 
+// An update takes the file away from under a running program.
+std::string WithoutMark(const std::string& file) {
+    constexpr char kDeleted[] = " (deleted)";
+    const size_t length = sizeof kDeleted - 1;
+    const bool isMarked = file.size() > length && file.compare(file.size() - length, length, kDeleted) == 0;
+    return isMarked ? file.substr(0, file.size() - length) : file;
+}
+
 }  // namespace
 
-std::string ProgramFile() {
+std::string FileOfProcess(pid_t process) {
     char path[PATH_MAX];
-    const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
-    return length > 0 ? std::string(path, static_cast<size_t>(length)) : std::string();
+    const std::string link = "/proc/" + std::to_string(process) + "/exe";
+    const ssize_t length = readlink(link.c_str(), path, sizeof path);
+    return length > 0 ? WithoutMark(std::string(path, static_cast<size_t>(length))) : std::string();
 }
+
+std::string ProgramFile() { return FileOfProcess(getpid()); }
 
 std::string PathBesideProgram(const std::string& fileName) {
     return FolderOf(ProgramFile()) + "/" + fileName;
@@ -78,7 +94,7 @@ std::string PathBesideProgram(const std::string& fileName) {
 std::string PathOfCommand(const std::string& name) {
     std::istringstream folders(Environment("PATH"));
     for (std::string folder; std::getline(folders, folder, ':');) {
-        std::string path = folder + "/" + name;
+        std::string path = PathIn(folder, name);
         if (!folder.empty() && folder[0] == '/' && access(path.c_str(), X_OK) == 0) return path;
     }
     return {};

@@ -1,12 +1,16 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace platform::qt {
 
-std::string ProgramFile();  // of the running program, all links followed
+// The file that a process runs, all links followed; empty when that is not known.
+std::string FileOfProcess(pid_t process);
+std::string ProgramFile();  // of this one
 std::string PathBesideProgram(const std::string& fileName);
 
 // The file that a command of this name would start; empty when there is none.

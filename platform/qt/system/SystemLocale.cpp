@@ -3,6 +3,7 @@
 #include <QTime>
 
 #include "platform/Locale.h"
+#include "platform/qt/system/UserFolders.h"
 #include "platform/qt/system/UserLocale.h"
 
 namespace platform {
@@ -15,22 +16,37 @@ constexpr QChar kNarrowBlank(0x202F);
 
 }  // namespace
 
-QLocale UserLocale() {
-    const QLocale system = QLocale::system();
-    return system.language() == QLocale::C ? QLocale(QLocale::English, QLocale::UnitedStates) : system;
+std::string LocaleName(const char* category) {
+    for (const char* const variable : {"LC_ALL", category, "LANG"}) {
+        std::string name = Environment(variable);
+        if (!name.empty()) return name;
+    }
+    return {};
 }
 
+QLocale UserLocale(const char* category) {
+    const QLocale named(QString::fromStdString(LocaleName(category)));
+    return named.language() == QLocale::C ? QLocale(QLocale::English, QLocale::UnitedStates) : named;
+}
+
+QLocale TimeLocale() { return UserLocale("LC_TIME"); }
+
 QString ShortPicture() {
-    QString picture = UserLocale().dateFormat(QLocale::ShortFormat);
+    QString picture = TimeLocale().dateFormat(QLocale::ShortFormat);
     if (!picture.contains(QLatin1String("yyyy"))) picture.replace(QLatin1String("yy"), QLatin1String("yyyy"));
     return picture;
 }
 
+// The long form has a zone as well, the short one no seconds.
 QString TimePicture() {
-    QString picture = UserLocale().timeFormat(QLocale::LongFormat);
-    while (picture.contains(QLatin1Char('t'))) picture.remove(picture.lastIndexOf(QLatin1Char('t')), 1);
-    picture.remove(QLatin1String("()"));
-    picture.remove(QLatin1String("[]"));
+    constexpr char kMinutes[] = "mm";
+    QString picture = TimeLocale().timeFormat(QLocale::ShortFormat);
+    const qsizetype minutes = picture.indexOf(QLatin1String(kMinutes));
+    if (minutes > 0 && picture[minutes - 1].isPunct() && picture[minutes - 1] != QLatin1Char('\'')) {
+        picture.insert(minutes + 2, picture[minutes - 1] + QStringLiteral("ss"));
+    } else {
+        picture = TimeLocale().timeFormat(QLocale::LongFormat).remove(QLatin1Char('t'));
+    }
     return picture.replace(kNarrowBlank, QLatin1Char(' ')).trimmed();
 }
 
@@ -41,8 +57,7 @@ namespace {
 bool IsDate(const DateTime& date) { return IsValidDate(date.year, date.month, date.day); }
 
 QString Format(const DateTime& date, const QString& picture) {
-    return IsDate(date) ? qt::UserLocale().toString(QDate(date.year, date.month, date.day), picture)
-                        : QString();
+    return IsDate(date) ? qt::TimeLocale().toString(QDate(date.year, date.month, date.day), picture) : QString();
 }
 
 }  // namespace
@@ -50,7 +65,7 @@ QString Format(const DateTime& date, const QString& picture) {
 std::wstring ShortDate(const DateTime& date) { return Format(date, qt::ShortPicture()).toStdWString(); }
 
 std::wstring LongDate(const DateTime& date) {
-    return Format(date, qt::UserLocale().dateFormat(QLocale::LongFormat)).toStdWString();
+    return Format(date, qt::TimeLocale().dateFormat(QLocale::LongFormat)).toStdWString();
 }
 
 std::wstring DatePicture(const DateTime& date, const wchar_t* picture) {
@@ -61,7 +76,7 @@ std::wstring DatePicture(const DateTime& date, const wchar_t* picture) {
 std::wstring YearAndMonth(int year, int month) {
     const DateTime first{year, month, 0, 1, 0, 0, 0, 0};
     if (!IsDate(first)) return {};
-    const QLocale locale = qt::UserLocale();
+    const QLocale locale = qt::TimeLocale();
     const QString picture = locale.dateFormat(QLocale::LongFormat);
     const qsizetype day = picture.indexOf(QLatin1Char('d'));
     if (picture.startsWith(QLatin1Char('y')) && day > 0)
@@ -70,18 +85,18 @@ std::wstring YearAndMonth(int year, int month) {
 }
 
 std::wstring ShortDayName(int day) {
-    return qt::UserLocale().standaloneDayName(day + 1, QLocale::ShortFormat).toStdWString();
+    return qt::TimeLocale().standaloneDayName(day + 1, QLocale::ShortFormat).toStdWString();
 }
 
-std::wstring DayName(int day) { return qt::UserLocale().standaloneDayName(day + 1).toStdWString(); }
+std::wstring DayName(int day) { return qt::TimeLocale().standaloneDayName(day + 1).toStdWString(); }
 
-int FirstDayOfWeek() { return qt::UserLocale().firstDayOfWeek() - 1; }
+int FirstDayOfWeek() { return qt::TimeLocale().firstDayOfWeek() - 1; }
 
 std::wstring DateAndTime(const DateTime& moment) {
     std::wstring text = IsValidMoment(moment) ? ShortDate(moment) : std::wstring();
     if (text.empty() || (moment.hour == 0 && moment.minute == 0 && moment.second == 0)) return text;
     const QTime time(moment.hour, moment.minute, moment.second);
-    return text + L" " + qt::UserLocale().toString(time, qt::TimePicture()).toStdWString();
+    return text + L" " + qt::TimeLocale().toString(time, qt::TimePicture()).toStdWString();
 }
 
 }  // namespace platform

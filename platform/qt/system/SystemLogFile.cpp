@@ -16,6 +16,7 @@ namespace platform {
 namespace {
 
 constexpr std::chrono::milliseconds kFlushDelay{400};
+constexpr std::chrono::milliseconds kTryAgain{5000};  // a disk that took nothing
 
 }  // namespace
 
@@ -48,8 +49,7 @@ struct LogFile::Impl {
             guard.unlock();
             const bool isFlushed = Flush();
             guard.lock();
-            // A disk that takes nothing is asked again with the next block only.
-            if (!isFlushed) changed.wait(guard);
+            if (!isFlushed) changed.wait_for(guard, kTryAgain, [this] { return isEnding; });
         }
     }
 

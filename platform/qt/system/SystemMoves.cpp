@@ -22,7 +22,7 @@ namespace {
 using qt::ToHostPath;
 
 constexpr size_t kPortion = 256 * 1024;
-constexpr char kBeside[] = "/.inkwright-XXXXXX";
+constexpr char kBeside[] = "/.inkwright-";
 
 bool IsHostFolder(const std::string& host) {
     struct stat found {};
@@ -44,35 +44,62 @@ bool CopyContent(int from, int to) {
     struct stat found {};
     if (fstat(from, &found) != 0 || !CopyBytes(from, to)) return false;
     const timespec times[] = {{0, UTIME_OMIT}, found.st_mtim};
-    return fchmod(to, found.st_mode & 0777) == 0 && futimens(to, times) == 0 && fsync(to) == 0;
+    return qt::SetPermissions(to, found.st_mode & 0777) && futimens(to, times) == 0 && fsync(to) == 0;
 }
 
-// A copy beside its later place, of a name that nobody looks for; erased with its owner.
+// A copy where it is to lie later, without a name until then as far as the file system can do that: nothing
+// of it is left when this program is ended.
 class CopyBeside {
   public:
-    CopyBeside(int from, const std::string& place) : path_(qt::FolderOf(place) + kBeside) {
-        file_ = qt::OwnedFd(mkostemp(path_.data(), O_CLOEXEC));
+    CopyBeside(int from, const std::string& place) : folder_(qt::FolderOf(place)) {
+        file_ = qt::OwnedFd(open(folder_.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600));
+        if (!file_ && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
+            name_ = folder_ + kBeside + "XXXXXX";
+            file_ = qt::OwnedFd(mkostemp(name_.data(), O_CLOEXEC));
+            if (!file_) name_.clear();
+        }
         isWhole_ = file_ && qt::TakeHold(file_.Get(), qt::Hold::Alone) && CopyContent(from, file_.Get());
         error_ = errno;
     }
     CopyBeside(const CopyBeside&) = delete;
     CopyBeside& operator=(const CopyBeside&) = delete;
     ~CopyBeside() {
-        if (file_ && !isPut_) unlink(path_.c_str());
+        if (!name_.empty()) unlink(name_.c_str());
     }
 
+    // Over a file there only if told.
     bool PutAt(const std::string& place, bool overFile) {
         errno = error_;
-        if (!isWhole_) return false;
-        isPut_ = overFile ? qt::RenameInPlace(file_.Get(), path_, place) : qt::RenameToFreeName(path_, place);
-        return isPut_ && qt::FlushFolder(qt::FolderOf(place));
+        if (!isWhole_ || !MayTake(place)) return false;
+        bool isPut = name_.empty() && Name(place);
+        if (!isPut && overFile && errno == EEXIST && name_.empty()) NameBeside();
+        if (!isPut && !name_.empty()) {
+            isPut =
+                overFile ? qt::RenameInPlace(file_.Get(), name_, place) : qt::RenameToFreeName(name_, place);
+            if (isPut) name_.clear();
+        }
+        return isPut && qt::FlushFolder(folder_);
     }
 
   private:
-    std::string path_;
+    static bool MayTake(const std::string& place) {
+        return access(place.c_str(), F_OK) == 0 || qt::MayBeMade(place);
+    }
+    bool Name(const std::string& path) {
+        const std::string link = "/proc/self/fd/" + std::to_string(file_.Get());
+        return linkat(AT_FDCWD, link.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0;
+    }
+    void NameBeside() {
+        struct stat found {};
+        if (fstat(file_.Get(), &found) != 0) return;
+        const std::string beside = folder_ + kBeside + std::to_string(found.st_ino);
+        if (Name(beside)) name_ = beside;
+    }
+
+    std::string folder_;
+    std::string name_;
     qt::OwnedFd file_;
     bool isWhole_ = false;
-    bool isPut_ = false;
     int error_ = 0;
 };
 

@@ -59,8 +59,7 @@ std::wstring SmallLetters(std::wstring text) {
 
 // The order of file managers, but for digits, which count one by one as on the handheld.
 int CompareNames(const std::wstring& a, const std::wstring& b) {
-    QCollator order(qt::UserLocale());
-    order.setCaseSensitivity(Qt::CaseSensitive);
+    static const QCollator order(qt::UserLocale("LC_COLLATE"));  // dear to make
     const int result = order.compare(QString::fromStdWString(a), QString::fromStdWString(b));
     return result != 0 ? result : a.compare(b);
 }

@@ -14,7 +14,7 @@ namespace {
 constexpr char kOurName[] = "/inkwright";
 
 std::string Home() {
-    const std::string home = Environment("HOME");
+    std::string home = Environment("HOME");
     if (!home.empty()) return home;
     const passwd* const user = getpwuid(getuid());
     return user ? user->pw_dir : "/";
@@ -50,10 +50,13 @@ std::string DocumentsPlace() {
 
 std::string RuntimeFolder() {
     const std::string session = Environment("XDG_RUNTIME_DIR");
-    std::string folder = session.empty() ? std::string("/tmp") + kOurName + "-" + std::to_string(getuid())
-                                         : session + kOurName;
-    mkdir(folder.c_str(), 0700);
-    return IsOursAlone(folder) ? folder : std::string();
+    const std::string ofAll = std::string("/tmp") + kOurName + "-" + std::to_string(getuid());
+    for (const std::string& folder : {session + kOurName, ofAll}) {
+        if (session.empty() && folder != ofAll) continue;
+        mkdir(folder.c_str(), 0700);
+        if (IsOursAlone(folder)) return folder;
+    }
+    return {};
 }
 
 void MakeLevels(const std::string& folder) {
@@ -66,6 +69,11 @@ void MakeLevels(const std::string& folder) {
 std::string FolderOf(const std::string& path) {
     const size_t slash = path.rfind('/');
     return path.substr(0, slash == 0 || slash == std::string::npos ? slash + 1 : slash);
+}
+
+std::string PathIn(const std::string& folder, const std::string& name) {
+    std::string path = folder;
+    return path.append("/").append(name);
 }
 
 std::string NameOf(const std::string& path) { return path.substr(path.rfind('/') + 1); }

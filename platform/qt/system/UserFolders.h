@@ -21,5 +21,6 @@ void MakeLevels(const std::string& folder);
 
 std::string FolderOf(const std::string& path);  // without "/" at the end, but for the root
 std::string NameOf(const std::string& path);
+std::string PathIn(const std::string& folder, const std::string& name);
 
 }  // namespace platform::qt

@@ -93,13 +93,12 @@ class Watch {
     Watch() : events_(inotify_init1(IN_CLOEXEC | IN_NONBLOCK)) {
         const std::string database = platform::qt::DatabaseFile();
         data_ = inotify_add_watch(events_.Get(), platform::qt::FolderOf(database).c_str(),
-                                  IN_MOVED_TO | IN_ATTRIB | IN_DELETE | IN_DELETE_SELF | IN_ONLYDIR);
+                                  IN_MOVED_TO | IN_ATTRIB | IN_DELETE | IN_ONLYDIR);
         inotify_add_watch(events_.Get(), "/etc", IN_MOVED_TO | IN_CREATE | IN_ONLYDIR);
         name_ = platform::qt::NameOf(database);
     }
     bool IsSet() const { return events_ && data_ >= 0; }
     int Descriptor() const { return events_.Get(); }
-    bool IsFolderGone() const { return isGone_; }
 
     // True when something happened that matters.
     bool Take() {
@@ -118,15 +117,12 @@ class Watch {
   private:
     bool Matters(const inotify_event& event) {
         const std::string name = event.len > 0 ? event.name : "";
-        isGone_ = isGone_ || (event.wd == data_ && (event.mask & IN_IGNORED) != 0);
-        return isGone_ || (event.mask & IN_Q_OVERFLOW) != 0 ||
-               name == (event.wd == data_ ? name_ : "localtime");
+        return (event.mask & IN_Q_OVERFLOW) != 0 || name == (event.wd == data_ ? name_ : "localtime");
     }
 
     OwnedFd events_;
     int data_ = -1;
     std::string name_;
-    bool isGone_ = false;
 };
 
 int Keep(bool reports) {
@@ -152,7 +148,7 @@ int Keep(bool reports) {
         const bool isTime =
             events[1].revents != 0 && (read(timer.Get(), &count, sizeof count) > 0 || errno == ECANCELED);
         const bool isChanged = events[2].revents != 0 && watch.Take();
-        if (watch.IsFolderGone()) return 0;
+        if (role.IsLost()) return 0;
         if (woken == 0 || isTime || isChanged) patience = LookAtDatabase(schedule, timer.Get());
     }
 }
