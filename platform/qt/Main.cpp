@@ -1,36 +1,14 @@
-#include <QFileInfo>
 #include <QMessageBox>
 #include <cstdlib>
 #include <exception>
 #include <string>
+#include <vector>
 
-#include "platform/FileSystem.h"
 #include "platform/ProgramEntry.h"
 #include "platform/qt/Application.h"
-#include "platform/qt/Text.h"
+#include "platform/qt/system/CommandText.h"
 
 namespace {
-
-// A lone slash begins a switch unless there is such a file.
-bool NamesPlaceOfHost(const QString& argument) {
-    if (argument.startsWith(u'\\') || argument.isEmpty()) return false;
-    return argument.lastIndexOf(u'/') > 0 || QFileInfo::exists(argument);
-}
-
-// One text as on the handheld, with the handheld's paths, and quotes around what holds blanks.
-std::wstring ArgumentText(const QStringList& arguments) {
-    std::wstring text;
-    for (qsizetype i = 1; i < arguments.size(); ++i) {
-        const bool isOfHost = NamesPlaceOfHost(arguments[i]);
-        const QString whole = isOfHost ? QFileInfo(arguments[i]).absoluteFilePath() : arguments[i];
-        std::wstring argument = platform::qt::FromQt(whole);
-        if (isOfHost) argument = platform::FromHostPath(argument);
-        const bool isPath = isOfHost || argument.front() == L'\\';
-        if (isPath && argument.find(L' ') != std::wstring::npos) argument = L'"' + argument + L'"';
-        text += (text.empty() ? L"" : L" ") + argument;
-    }
-    return text;
-}
 
 // What Require ends the program with, and whatever else nobody caught. Nothing of the program is used any
 // more; no clean-up either, which could make things worse.
@@ -58,5 +36,7 @@ int main(int count, char** arguments) {
     platform::qt::Application application(count, arguments);
     std::set_terminate(ShowAndEnd);
     application.Listen();
-    return platform::RunProgram(ArgumentText(QCoreApplication::arguments()));
+    std::vector<std::string> words;
+    for (const QString& word : QCoreApplication::arguments().sliced(1)) words.push_back(word.toStdString());
+    return platform::RunProgram(platform::qt::CommandTextOf(words));
 }
