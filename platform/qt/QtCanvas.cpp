@@ -56,7 +56,11 @@ ImageList::~ImageList() = default;
 ImageList ImageList::FromResource(int bitmapId, int imageSize, ink::ColorRef mask, ink::Scale scale) {
     ImageList list;
     Image strip = Image::FromResource(bitmapId, scale);
-    if (strip.IsValid()) list.impl_.reset(new Impl{std::move(strip), imageSize, ink::PixelOf(mask)});
+    if (!strip.IsValid()) return list;
+    list.impl_ = std::make_unique<Impl>();
+    list.impl_->strip = std::move(strip);
+    list.impl_->imageSize = imageSize;
+    list.impl_->mask = ink::PixelOf(mask);
     return list;
 }
 

@@ -79,7 +79,7 @@ void Screen::AddToFrameMenu(int command, const std::wstring& text) {
 
 bool Screen::CreateMenuBar(const ToolBarLayout& layout) {
     if (!impl_->screen || !impl_->screen->Strip().AddButtons(layout)) return false;
-    tools_.Handle().reset(new ToolBar::Impl{impl_->screen->Strip()});
+    tools_.Handle() = std::make_unique<ToolBar::Impl>(impl_->screen->Strip());
     return true;
 }
 

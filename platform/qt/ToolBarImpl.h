@@ -6,6 +6,8 @@
 namespace platform {
 
 struct ToolBar::Impl {
+    explicit Impl(qt::MenuBar& menuBar) : strip(menuBar) {}
+
     qt::MenuBar& strip;  // lives as long as the Screen's frame
 };
 

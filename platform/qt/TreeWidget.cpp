@@ -103,7 +103,7 @@ void TreeWidget::currentChanged(const QModelIndex& current, const QModelIndex& p
 
 // The toolkit would select the first item of itself where none is.
 void TreeWidget::focusInEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusInEvent(event);
+    QAbstractScrollArea::focusInEvent(event);  // NOLINT(bugprone-parent-virtual-call): not what lies between
     viewport()->update();
 }
 

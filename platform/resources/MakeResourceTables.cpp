@@ -60,7 +60,8 @@ bool WriteFiles(std::ostream& out, const char* function, const std::vector<Scrip
         for (size_t i = 0; i < bytes.size(); ++i)
             out << (i % 32 == 0 ? "\n" : "") << static_cast<int>(static_cast<unsigned char>(bytes[i])) << ",";
         out << "};\n";
-        entries += "        {" + std::to_string(file.id) + ", " + name + ", sizeof " + name + "},\n";
+        entries.append("        {").append(std::to_string(file.id)).append(", ").append(name);
+        entries.append(", sizeof ").append(name).append("},\n");
     }
     out << "const std::vector<ResourceFile>& " << function << "() {\n"
         << "    static const std::vector<ResourceFile> files{\n"

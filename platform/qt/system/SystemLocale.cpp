@@ -57,7 +57,8 @@ namespace {
 bool IsDate(const DateTime& date) { return IsValidDate(date.year, date.month, date.day); }
 
 QString Format(const DateTime& date, const QString& picture) {
-    return IsDate(date) ? qt::TimeLocale().toString(QDate(date.year, date.month, date.day), picture) : QString();
+    return IsDate(date) ? qt::TimeLocale().toString(QDate(date.year, date.month, date.day), picture)
+                        : QString();
 }
 
 }  // namespace
