@@ -1,9 +1,13 @@
-// Pens and fingers as the toolkit reports them: what the contract's hand, a mouse, can't show.
+// What the contract's hand, a mouse, can't show: pens and fingers as the toolkit reports them, colours of the
+// desktop.
 #include <QApplication>
+#include <QPalette>
 #include <QPointingDevice>
 #include <QTabletEvent>
 #include <QTouchEvent>
+#include <algorithm>
 
+#include "platform/Canvas.h"
 #include "platform/qt/WindowImpl.h"
 #include "tests/contract/Recording.h"
 
@@ -27,11 +31,12 @@ class PenScreen : public TestScreen {
     void OnPenLeave() override { Write("leave"); }
     void OnPan(int rows) override { Write("pan", rows); }
     void OnTwoFingerTap() override { Write("tap"); }
+    void OnSize() override { Write("size"); }
 };
 
-class QtInput : public Contract {
+class QtPort : public Contract {
   protected:
-    QtInput() { page_.penSamples = 64; }
+    QtPort() { page_.penSamples = 64; }
 
     static QPointingDevice Device(QInputDevice::DeviceType type, Pointer pointer) {
         constexpr qint64 kNumber = 77;
@@ -88,7 +93,7 @@ class QtInput : public Contract {
     const QPointingDevice screen_device_ = Device(QInputDevice::DeviceType::TouchScreen, Pointer::Finger);
 };
 
-TEST_F(QtInput, APenWritesWithEverySampleAndItsOtherEndErases) {
+TEST_F(QtPort, APenWritesWithEverySampleAndItsOtherEndErases) {
     EXPECT_THAT(
         After({Pen(QEvent::TabletMove, {{5, 5}}, Qt::NoButton), Pen(QEvent::TabletPress, {{10, 10}}),
                Pen(QEvent::TabletMove, {{11, 10}, {12, 10}, {13, 10}}), Pen(QEvent::TabletMove, {{14, 10}}),
@@ -105,7 +110,7 @@ TEST_F(QtInput, APenWritesWithEverySampleAndItsOtherEndErases) {
 }
 
 // What opens takes the pen, and the next press is a new one.
-TEST_F(QtInput, APenThatIsTakenAwayBeginsAnew) {
+TEST_F(QtPort, APenThatIsTakenAwayBeginsAnew) {
     page_.command = [this](int) { ShowMessage(&page_, L"?", L"", MessageButtons::Ok, MessageIcon::Error); };
     Play({Pen(QEvent::TabletPress, {{10, 10}})});
     hand_.Answer(MessageAnswer::Ok);
@@ -114,7 +119,7 @@ TEST_F(QtInput, APenThatIsTakenAwayBeginsAnew) {
                 ElementsAre("down 10 10", "command 5", "lost", "down 20 20", "up 20 20", "hover 20 20"));
 }
 
-TEST_F(QtInput, FingersMoveThePageUnlessTheyAreAHand) {
+TEST_F(QtPort, FingersMoveThePageUnlessTheyAreAHand) {
     constexpr auto kPressed = QEventPoint::Pressed;
     constexpr auto kMoved = QEventPoint::Updated;
     constexpr auto kReleased = QEventPoint::Released;
@@ -132,6 +137,31 @@ TEST_F(QtInput, FingersMoveThePageUnlessTheyAreAHand) {
     Play({Pen(QEvent::TabletMove, {{5, 5}}, Qt::NoButton)});
     Play(pan);
     EXPECT_THAT(After(tapIn(100)), ElementsAre("hover 5 5"));
+}
+
+// Black in the pictures of the bar would be lost on it.
+TEST_F(QtPort, DarkColoursReachTheBars) {
+    const QPalette light = QApplication::palette();
+    const auto countDark = [&] {
+        constexpr uint32_t kBright = 0x808080;  // in any of the three
+        const Image images = page_.Tools().Images();
+        const ink::PixelSurface surface = images.Surface();
+        return std::count_if(surface.pixels, surface.pixels + surface.width * surface.height,
+                             [](uint32_t pixel) { return (pixel & kBright) == 0; });
+    };
+    const auto darken = [&] {
+        ASSERT_TRUE(page_.CreateMenuBar({IDB_EDITOR_TOOLS, 12, 14, {{IDM_PEN, L"Pen"}}}));
+        EXPECT_GT(countDark(), 0);
+        QPalette dark = light;
+        dark.setColor(QPalette::Button, Qt::black);
+        QApplication::setPalette(dark);
+    };
+    const auto look = [&] {
+        EXPECT_EQ(ColorOf(SystemColor::BarFace), 0u);
+        EXPECT_EQ(countDark(), 0);
+        QApplication::setPalette(light);
+    };
+    EXPECT_THAT(After({darken, look, [&] { EXPECT_GT(countDark(), 0); }}), ElementsAre("size", "size"));
 }
 
 }  // namespace
