@@ -1,9 +1,11 @@
 # Compiler settings shared by every target of ours.
 
-# Natively there is nothing but tests to build. The Windows tree is the program's: it must build on a machine that
-# has no package of the tests.
+option(INKWRIGHT_QT "Build the program for this system, with the toolkit's windows" OFF)
+
+# With the headless port there is nothing but tests to build. The trees of a program must build on a machine that has no
+# package of the tests.
 set(tests_by_default ON)
-if(WIN32)
+if(WIN32 OR INKWRIGHT_QT)
   set(tests_by_default OFF)
 endif()
 option(INKWRIGHT_TESTS "Build tests, benchmarks and probes as well" ${tests_by_default})

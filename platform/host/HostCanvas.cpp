@@ -1,12 +1,10 @@
 // Shapes are drawn for real; a text is a bar of its colour, as wide as its characters are many, which is
 // enough to see where texts go.
-#include <algorithm>
-
 #include "platform/Artwork.h"
 #include "platform/Canvas.h"
+#include "platform/Pixels.h"
 #include "platform/host/HostDevice.h"
 #include "platform/host/HostImage.h"
-#include "platform/host/HostResources.h"
 
 namespace platform {
 
@@ -63,9 +61,7 @@ void Canvas::Fill(const Rect& area, ink::ColorRef color) {
     const ink::PixelSurface surface = image_.Surface();
     const Rect inside = Intersect(image_.PageScale().ToSurface(area), surface.Bounds());
     if (image_.IsValid()) image_.Handle()->Cover(inside);
-    for (int y = inside.top; y < inside.bottom; ++y) {
-        std::fill(surface.Row(y) + inside.left, surface.Row(y) + inside.right, ink::PixelOf(color));
-    }
+    FillPixels(surface, inside, ink::PixelOf(color));
 }
 
 void Canvas::Text(const std::wstring& text, Point topLeft, const Font& font, ink::ColorRef color,
@@ -86,19 +82,12 @@ Rect Canvas::TextSize(const std::wstring& text, const Font& font, ink::Scale) {
 void Canvas::Draw(const ImageList& images, int index, Point topLeft) {
     if (!images.IsValid()) return;
     const ImageList::Impl& list = *images.Handle();
-    const ink::PixelSurface from = list.strip.Surface();
-    const ink::PixelSurface to = image_.Surface();
     const auto side = static_cast<int>(list.strip.PageScale().ToScreen(list.imageSize));
     const Rect room = image_.PageScale().ToSurface(
         {topLeft.x, topLeft.y, topLeft.x + list.imageSize, topLeft.y + list.imageSize});
     const Point start = InTheMiddleOf(room, side, side);
-    for (int y = 0; y < side && y < from.height; ++y) {
-        for (int x = 0; x < side; ++x) {
-            const uint32_t pixel = from.Row(y)[index * side + x];
-            const Point at{start.x + x, start.y + y};
-            if (pixel != list.mask && to.Bounds().Contains(at)) to.Row(at.y)[at.x] = pixel;
-        }
-    }
+    CopyMasked(list.strip.Surface(), ink::Offset({0, 0, side, side}, index * side, 0), list.mask,
+               image_.Surface(), start);
     if (image_.IsValid()) image_.Handle()->things.push_back({L"picture " + std::to_wstring(index), room});
 }
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <new>
 
-#include "platform/Artwork.h"
+#include "platform/Pixels.h"
 #include "platform/host/HostDevice.h"
-#include "platform/host/HostResources.h"
+#include "platform/resources/ResourceTables.h"
 
 namespace platform {
 
@@ -48,11 +48,7 @@ Image Image::Make(int width, int height, ink::Scale scale) {
     return image;
 }
 
-Image Image::FromResource(int id, ink::Scale scale) {
-    const ArtworkSize size = ArtworkFor(scale);
-    const std::string file = host::FindBitmapFile(id + size.idOffset);
-    return file.empty() ? Image() : host::LoadBitmapFile(file, size.scale);
-}
+Image Image::FromResource(int id, ink::Scale scale) { return resources::ImageOfBitmap(id, scale); }
 
 bool Image::IsValid() const { return impl_ != nullptr; }
 int Image::Width() const { return IsValid() ? impl_->width : 0; }
@@ -67,15 +63,9 @@ ink::PixelSurface Image::Surface() const {
 
 void host::CopyPicture(const Image& from, const ink::Rect& source, const Image& to, ink::Point topLeft) {
     if (!from.IsValid() || !to.IsValid()) return;
-    const ink::PixelSurface pixels = from.Surface();
-    const ink::PixelSurface target = to.Surface();
     const int dx = topLeft.x - source.left;
     const int dy = topLeft.y - source.top;
-    const ink::Rect area = Intersect(Offset(Intersect(source, pixels.Bounds()), dx, dy), target.Bounds());
-    for (int y = area.top; y < area.bottom; ++y) {
-        const uint32_t* row = pixels.Row(y - dy) - dx;
-        std::copy(row + area.left, row + area.right, target.Row(y) + area.left);
-    }
+    const ink::Rect area = CopyPixels(from.Surface(), source, to.Surface(), topLeft);
     const std::vector<DrawnThing> copied = from.Handle()->things;
     to.Handle()->Cover(area);
     for (const DrawnThing& thing : copied) {

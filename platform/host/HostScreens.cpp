@@ -98,17 +98,17 @@ Dialog::Dialog(int templateId) : templateId_(templateId) {}
 Dialog::~Dialog() = default;
 
 bool Window::Impl::OpenTemplate(int templateId) {
-    host::DialogTemplate source;
-    if (!host::FindDialogTemplate(templateId, source)) return false;
+    const resources::DialogTemplate* source = resources::FindDialog(templateId);
+    if (source == nullptr) return false;
     // Dialog units of the usual 6 x 13 pixel font.
     const auto pixels = [](const Rect& units) {
         return Rect{units.left * 6 / 4, units.top * 13 / 8, units.right * 6 / 4, units.bottom * 13 / 8};
     };
     isDialog = true;
-    title = source.caption;
-    place = pixels({0, 0, source.width, source.height});
+    title = source->caption;
+    place = pixels({0, 0, source->width, source->height});
     std::wstring label;  // names what comes next, as screen readers take it
-    for (const host::TemplateItem& item : source.items) {
+    for (const resources::DialogItem& item : source->items) {
         HostItem& made = items[item.id] = HostItem();
         made.name = std::exchange(label, item.kind == L"LTEXT" ? item.text : std::wstring());
         made.source = item;

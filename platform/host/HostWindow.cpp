@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/Pixels.h"
 #include "platform/host/HostDevice.h"
 #include "platform/host/HostImage.h"
 
@@ -38,23 +39,10 @@ void Window::ShowAt(const Image& image, Point topLeft) {
 }
 
 void Window::ScrollPixels(int dy) {
-    if (!Exists() || dy == 0) return;
-    const ink::PixelSurface shown = impl_->shown.Surface();
-    const int rows = shown.height - std::min(shown.height, std::abs(dy));
-    for (int i = 0; i < rows; ++i) {
-        const int from = dy > 0 ? rows - 1 - i : i - dy;
-        std::copy_n(shown.pixels + from * shown.stride, shown.width,
-                    shown.pixels + (from + dy) * shown.stride);
-    }
+    if (Exists()) MoveRows(impl_->shown.Surface(), dy);
 }
 
-void Window::InvertPixels(const Rect& area) {
-    const ink::PixelSurface shown = impl_->shown.Surface();
-    const Rect inside = Intersect(area, shown.Bounds());
-    for (int y = inside.top; y < inside.bottom; ++y) {
-        for (int x = inside.left; x < inside.right; ++x) shown.pixels[y * shown.stride + x] ^= 0x00FFFFFF;
-    }
-}
+void Window::InvertPixels(const Rect& area) { platform::InvertPixels(impl_->shown.Surface(), area); }
 
 bool Window::StartTimer(int id, uint32_t period) {
     if (!Exists()) return false;

@@ -11,7 +11,7 @@
 #include "platform/Image.h"
 #include "platform/PopupMenu.h"
 #include "platform/Window.h"
-#include "platform/host/HostResources.h"
+#include "platform/resources/ResourceTables.h"
 
 namespace platform {
 
@@ -21,7 +21,7 @@ struct HostTimer {
 };
 
 struct HostItem {
-    host::TemplateItem source;
+    resources::DialogItem source;
     std::wstring text;
     bool enabled = true;
     std::wstring name;  // for screen readers

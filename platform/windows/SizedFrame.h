@@ -3,8 +3,8 @@
 #include <string>
 
 #include "platform/Screen.h"
+#include "platform/WindowPlaces.h"
 #include "platform/windows/SystemHeaders.h"
-#include "platform/windows/WindowPlaces.h"
 
 namespace platform::windows {
 

@@ -1,9 +1,9 @@
 // From window messages to the handlers of a window object.
 #include <cstdlib>
 
+#include "platform/WheelTurns.h"
 #include "platform/windows/PointerTrail.h"
 #include "platform/windows/SystemText.h"
-#include "platform/windows/WheelTurns.h"
 #include "platform/windows/WindowImpl.h"
 
 namespace platform::windows {

@@ -10,6 +10,7 @@
 #include "platform/qt/system/KeeperControl.h"
 #include "platform/qt/system/OwnedFd.h"
 #include "tests/contract/Device.h"
+#include "tests/contract/QtHand.h"
 
 namespace contract {
 
@@ -27,7 +28,10 @@ std::string NewFolder() {
 struct Device::Impl {
     std::filesystem::path folder = NewFolder();
     std::thread holder;  // of a file, for a moment
+    std::shared_ptr<testing_support::Hand> hand = MakeHand ? MakeHand() : nullptr;
 };
+
+testing_support::Hand& Device::Hand() { return *impl_->hand; }
 
 Device::Device() : impl_(std::make_unique<Impl>()) {
     const auto set = [this](const char* name, const char* sub) {

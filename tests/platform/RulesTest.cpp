@@ -7,13 +7,13 @@
 #include "platform/DarkBars.h"
 #include "platform/NotificationEntry.h"
 #include "platform/ScaleText.h"
+#include "platform/WheelTurns.h"
+#include "platform/WindowPlaces.h"
 #include "platform/keeper/NoticePlace.h"
 #include "platform/mail/MailMessage.h"
 #include "platform/windows/FingerRules.h"
 #include "platform/windows/PathTranslation.h"
 #include "platform/windows/PenHistory.h"
-#include "platform/windows/WheelTurns.h"
-#include "platform/windows/WindowPlaces.h"
 
 namespace platform::windows {
 

@@ -10,6 +10,12 @@ namespace platform {
 
 namespace qt {
 
+namespace {
+
+constexpr QChar kNarrowBlank(0x202F);
+
+}  // namespace
+
 std::string LocaleName(const char* category) {
     for (const char* const variable : {"LC_ALL", category, "LANG"}) {
         std::string name = Environment(variable);
@@ -23,28 +29,15 @@ QLocale UserLocale(const char* category) {
     return named.language() == QLocale::C ? QLocale(QLocale::English, QLocale::UnitedStates) : named;
 }
 
-}  // namespace qt
+QLocale TimeLocale() { return UserLocale("LC_TIME"); }
 
-namespace {
-
-constexpr QChar kNarrowBlank(0x202F);
-
-QLocale TimeLocale() { return qt::UserLocale("LC_TIME"); }
-
-bool IsDate(const DateTime& date) { return IsValidDate(date.year, date.month, date.day); }
-
-QString Format(const DateTime& date, const QString& picture) {
-    return IsDate(date) ? TimeLocale().toString(QDate(date.year, date.month, date.day), picture) : QString();
-}
-
-// Years are written in full: a note may be older than its reader thinks.
 QString ShortPicture() {
     QString picture = TimeLocale().dateFormat(QLocale::ShortFormat);
     if (!picture.contains(QLatin1String("yyyy"))) picture.replace(QLatin1String("yy"), QLatin1String("yyyy"));
     return picture;
 }
 
-// With seconds, which the short form lacks, and without the zone of the long one.
+// The long form has a zone as well, the short one no seconds.
 QString TimePicture() {
     constexpr char kMinutes[] = "mm";
     QString picture = TimeLocale().timeFormat(QLocale::ShortFormat);
@@ -57,12 +50,23 @@ QString TimePicture() {
     return picture.replace(kNarrowBlank, QLatin1Char(' ')).trimmed();
 }
 
+}  // namespace qt
+
+namespace {
+
+bool IsDate(const DateTime& date) { return IsValidDate(date.year, date.month, date.day); }
+
+QString Format(const DateTime& date, const QString& picture) {
+    return IsDate(date) ? qt::TimeLocale().toString(QDate(date.year, date.month, date.day), picture)
+                        : QString();
+}
+
 }  // namespace
 
-std::wstring ShortDate(const DateTime& date) { return Format(date, ShortPicture()).toStdWString(); }
+std::wstring ShortDate(const DateTime& date) { return Format(date, qt::ShortPicture()).toStdWString(); }
 
 std::wstring LongDate(const DateTime& date) {
-    return Format(date, TimeLocale().dateFormat(QLocale::LongFormat)).toStdWString();
+    return Format(date, qt::TimeLocale().dateFormat(QLocale::LongFormat)).toStdWString();
 }
 
 std::wstring DatePicture(const DateTime& date, const wchar_t* picture) {
@@ -73,7 +77,7 @@ std::wstring DatePicture(const DateTime& date, const wchar_t* picture) {
 std::wstring YearAndMonth(int year, int month) {
     const DateTime first{year, month, 0, 1, 0, 0, 0, 0};
     if (!IsDate(first)) return {};
-    const QLocale locale = TimeLocale();
+    const QLocale locale = qt::TimeLocale();
     const QString picture = locale.dateFormat(QLocale::LongFormat);
     const qsizetype day = picture.indexOf(QLatin1Char('d'));
     if (picture.startsWith(QLatin1Char('y')) && day > 0)
@@ -82,18 +86,18 @@ std::wstring YearAndMonth(int year, int month) {
 }
 
 std::wstring ShortDayName(int day) {
-    return TimeLocale().standaloneDayName(day + 1, QLocale::ShortFormat).toStdWString();
+    return qt::TimeLocale().standaloneDayName(day + 1, QLocale::ShortFormat).toStdWString();
 }
 
-std::wstring DayName(int day) { return TimeLocale().standaloneDayName(day + 1).toStdWString(); }
+std::wstring DayName(int day) { return qt::TimeLocale().standaloneDayName(day + 1).toStdWString(); }
 
-int FirstDayOfWeek() { return TimeLocale().firstDayOfWeek() - 1; }
+int FirstDayOfWeek() { return qt::TimeLocale().firstDayOfWeek() - 1; }
 
 std::wstring DateAndTime(const DateTime& moment) {
     std::wstring text = IsValidMoment(moment) ? ShortDate(moment) : std::wstring();
     if (text.empty() || (moment.hour == 0 && moment.minute == 0 && moment.second == 0)) return text;
     const QTime time(moment.hour, moment.minute, moment.second);
-    return text + L" " + TimeLocale().toString(time, TimePicture()).toStdWString();
+    return text + L" " + qt::TimeLocale().toString(time, qt::TimePicture()).toStdWString();
 }
 
 }  // namespace platform

@@ -7,7 +7,7 @@
 #include "ink/Geometry.h"
 
 // Where a window that was left somewhere opens again: by rules alone, nothing here asks the system anything.
-namespace platform::windows {
+namespace platform {
 
 struct WindowPlace {
     ink::Rect frame;  // desktop pixels, while it is neither maximised nor minimised
@@ -24,4 +24,4 @@ std::wstring TextOfPlace(const WindowPlace& place);
 ink::Rect OntoMonitors(const ink::Rect& frame, const std::vector<ink::Rect>& workAreas,
                        const ink::Rect& least);
 
-}  // namespace platform::windows
+}  // namespace platform

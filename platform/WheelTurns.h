@@ -4,7 +4,7 @@
 
 #include "platform/Window.h"
 
-namespace platform::windows {
+namespace platform {
 
 constexpr uint32_t kUsualWheelLines = 3;
 constexpr uint32_t kWheelTurnsPages = 0xFFFFFFFF;  // what the system's setting says for a page each notch
@@ -30,4 +30,4 @@ inline WheelSteps StepsOfTurn(int delta, uint32_t linesPerNotch, int& rest) {
     return {byPage ? ScrollCode::PageDown : ScrollCode::LineDown, count};
 }
 
-}  // namespace platform::windows
+}  // namespace platform

@@ -1,4 +1,4 @@
-#include "platform/windows/WindowPlaces.h"
+#include "platform/WindowPlaces.h"
 
 #include <algorithm>
 #include <iterator>
@@ -6,7 +6,7 @@
 
 #include "ink/Require.h"
 
-namespace platform::windows {
+namespace platform {
 
 namespace {
 
@@ -77,4 +77,4 @@ Rect OntoMonitors(const Rect& frame, const std::vector<Rect>& workAreas, const R
     return isInReach && !isCut ? sized : MovedInto(sized, area);
 }
 
-}  // namespace platform::windows
+}  // namespace platform

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace platform::qt {
+
+// Whether the desktop's own colours are dark.
+bool WantsDark();
+
+}  // namespace platform::qt

@@ -1,0 +1,42 @@
+#include <QMessageBox>
+#include <cstdlib>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "platform/ProgramEntry.h"
+#include "platform/qt/Application.h"
+#include "platform/qt/system/CommandText.h"
+
+namespace {
+
+// What Require ends the program with, and whatever else nobody caught. Nothing of the program is used any
+// more; no clean-up either, which could make things worse.
+[[noreturn]] void ShowAndEnd() {
+    std::string what = "unknown";
+    try {
+        if (const std::exception_ptr failure = std::current_exception()) std::rethrow_exception(failure);
+    } catch (const std::exception& failure) {
+        what = failure.what();
+    } catch (...) {
+        what = "not an exception of the library";
+    }
+    const QString text =
+        "Inkwright has found a fault in itself and must close. Notes that were saved are not "
+        "touched.\n\n" +
+        QString::fromStdString(what);
+    qCritical("%s", qPrintable(text));
+    QMessageBox(QMessageBox::Critical, " Inkwright", text, QMessageBox::Ok).exec();
+    std::_Exit(3);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    platform::qt::Application application(count, arguments);
+    std::set_terminate(ShowAndEnd);
+    application.Listen();
+    std::vector<std::string> words;
+    for (const QString& word : QCoreApplication::arguments().sliced(1)) words.push_back(word.toStdString());
+    return platform::RunProgram(platform::qt::CommandTextOf(words));
+}
