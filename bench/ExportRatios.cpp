@@ -52,7 +52,8 @@ int main(int argc, char** argv) {
     double theirs = 1e9;
     for (int i = 0; i < rounds; ++i) {
         ink::PaletteBitmap exported;
-        ours = std::min(ours, Seconds([&] { editor::MakeNotePicture(page, exported); }));
+        ours = std::min(
+            ours, Seconds([&] { editor::MakeNotePicture(page, editor::PictureWidth::OfView, exported); }));
         if (exported.Height() < 500) return EXIT_FAILURE;
         theirs = std::min(theirs, Seconds([&] { PaintViews(page, picture, exported.Height()); }));
     }

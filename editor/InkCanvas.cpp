@@ -30,6 +30,7 @@ using platform::MessageButtons;
 using platform::MessageIcon;
 
 constexpr int kCannotOpen = -1;
+constexpr int kWatchTimer = 2;
 constexpr int32_t kRowsAbove = 20;  // of what an undone step brings into sight
 
 }  // namespace
@@ -61,6 +62,8 @@ bool InkCanvas::OnCreate() {
     AddToFrameMenu(IDM_REDO, L"Redo\tCtrl+Y");
     if (!view_.Create()) return OutOfMemory();
     if (store::NamesFile(page_.notePath)) LoadNote(this, page_);
+    watch_.Remember(page_.notePath);
+    if (NoteWatch::IsNear(page_.notePath)) StartTimer(kWatchTimer, NoteWatch::kPeriod);
     history_.SetListener(&journal_);
     BeginJournal();
     view_.Redraw();
@@ -264,6 +267,7 @@ void InkCanvas::OnSessionEnd() {
         history_.SetMemo(openMemo_->Memo());
         history_.EndStep();
     }
+    if (page_.modified) StepAside();
     const bool isSaved = !page_.modified || SaveWithoutAsking(Kind(), page_, journal_);
     if (isSaved) journal_.Remove();
     if (!isSaved) journal_.Leave();
@@ -275,13 +279,46 @@ void InkCanvas::OnSessionEnd() {
 
 // False when the note could not be saved and the user does not want to lose it.
 bool InkCanvas::SaveOrDiscard(bool& discarded) {
-    if (SaveNote(this, Kind(), page_, journal_)) return true;
+    const std::wstring others = StepAside();
+    const bool isSaved = SaveNote(this, Kind(), page_, journal_);
+    if (HasFile(page_)) watch_.Remember(page_.notePath);
+    if (isSaved && !others.empty()) {
+        platform::ShowMessage(
+            this,
+            L"'" + others + L"' was changed elsewhere while it was open here.\n\nWhat you wrote is in '" +
+                page_.notePath + L"'.",
+            L" Note Changed", MessageButtons::Ok, MessageIcon::Information);
+    }
+    if (isSaved) return true;
     if (HasFile(page_)) ShowTitle();  // only its memo may be missing
     const MessageAnswer answer =
         platform::ShowMessage(this, L"Saving '" + page_.notePath + L"' failed!\nDiscard changes?", L" Error",
                               MessageButtons::YesNo, MessageIcon::Error, DefaultButton::Second);
     discarded = answer == MessageAnswer::Yes;
     return discarded;
+}
+
+// What somebody else has made of the note meanwhile stays, and this page goes beside it. Returns where that
+// other version lies; empty when there is none.
+std::wstring InkCanvas::StepAside() {
+    if (!HasFile(page_) || !watch_.HasChanged(page_.notePath)) return {};
+    std::wstring others = page_.notePath;
+    page_.notePath = store::FreeNotePath(store::NotePathWith(others, L" (conflict)"));
+    page_.isProposal = true;
+    storeChanged_ = true;
+    return others;
+}
+
+// A page without changes shows what its file has become, as soon as that can be read whole.
+void InkCanvas::FollowFile() {
+    const bool isFree = !page_.modified && !closing_ && !input_.IsDragging() && HasFile(page_);
+    if (!isFree || !watch_.HasChanged(page_.notePath)) return;
+    history_.Clear();
+    if (!ReloadNote(page_)) return;
+    watch_.Remember(page_.notePath);
+    BeginJournal();
+    page_.scroll = UpdateScrollRange();
+    view_.Redraw();
 }
 
 void InkCanvas::ScheduleAlarm() {
@@ -323,6 +360,7 @@ void InkCanvas::ShowTitle() {
 
 void InkCanvas::OnTimer(int id) {
     if (id == PenInput::kTimerId && input_.TimerTick()) AdvancePage();
+    if (id == kWatchTimer) FollowFile();
 }
 
 // Erased or moved ink may leave the page shorter or longer.

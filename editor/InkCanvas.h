@@ -6,6 +6,7 @@
 #include "app/store/PenSettings.h"
 #include "editor/EditorTools.h"
 #include "editor/FileNamePattern.h"
+#include "editor/NoteWatch.h"
 #include "editor/PageView.h"
 #include "editor/PenInput.h"
 #include "ink/PageHistory.h"
@@ -89,6 +90,8 @@ class InkCanvas : public platform::Screen {
     void ShowStep(ink::PageHistory::Result result, const ink::RowSpan& rows);
     void UsePenColor(size_t position, ink::ColorRef color);
     bool SaveOrDiscard(bool& discarded);
+    void FollowFile();
+    std::wstring StepAside();
     void ScheduleAlarm();
     void StartAnew();
     void ShowNewNote();
@@ -113,6 +116,7 @@ class InkCanvas : public platform::Screen {
     ink::InkPage page_;
     ink::PageHistory history_;
     store::NoteJournal journal_;
+    NoteWatch watch_;
     PageView view_;
     PenInput input_;
 };

@@ -33,11 +33,11 @@ bool WriteAndClose(platform::File file, const ink::PaletteBitmap& picture) {
     return file.IsOpen() && picture.WriteBmp(sink);
 }
 
-bool MakePicture(const ink::InkPage& page, const std::wstring& path) {
+bool MakePicture(const ink::InkPage& page, PictureWidth width, const std::wstring& path) {
     const platform::WaitCursor wait;
     store::EnsureFolders(store::TemporaryFolder());
     ink::PaletteBitmap picture;
-    if (!MakeNotePicture(page, picture)) return false;
+    if (!MakeNotePicture(page, width, picture)) return false;
     if (WriteAndClose(platform::File::Create(path), picture)) return true;
     platform::EraseFile(path);
     return false;
@@ -45,14 +45,15 @@ bool MakePicture(const ink::InkPage& page, const std::wstring& path) {
 
 }  // namespace
 
-void SendNote(platform::Window& owner, const ink::InkPage& page) {
+void SendNote(platform::Screen& owner, const ink::InkPage& page) {
     if (!page.HasInk()) {
         platform::ShowMessage(&owner, L"Cannot send empty notes!", L" Error", MessageButtons::Ok,
                               MessageIcon::Error);
         return;
     }
     const std::wstring path = PicturePath();
-    if (!MakePicture(page, path)) {
+    const PictureWidth width = owner.CanBeSized() ? PictureWidth::OfInk : PictureWidth::OfView;
+    if (!MakePicture(page, width, path)) {
         platform::ShowMessage(&owner, L"Creating temporary file failed!", L" Memory Error",
                               MessageButtons::Ok, MessageIcon::Error);
         return;

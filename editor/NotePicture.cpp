@@ -87,13 +87,28 @@ int32_t InkBottom(const ink::InkPage& page, int32_t reach) {
     return static_cast<int32_t>(std::min<int64_t>(bottom, ScrollRangeOf(page).maximum));
 }
 
+// The column right of the last ink; of a damaged file no more than screens ever were wide.
+int32_t InkRight(const ink::InkPage& page, int32_t reach) {
+    constexpr int32_t kWidest = 4096;
+    int32_t right = 0;
+    for (size_t slot = 0; slot < page.SlotCount(); ++slot) {
+        const ink::StrokeBand* band = page.Band(slot);
+        for (size_t i = 0; band != nullptr && i < band->Count(); ++i) {
+            const ink::StrokeRecord& record = band->At(i);
+            for (int32_t p = 0; p < record.count; ++p) right = std::max(right, record.Points()[p].x);
+        }
+    }
+    return right == 0 ? 0 : std::min(right, kWidest - 1 - reach) + 1 + reach;
+}
+
 }  // namespace
 
-bool MakeNotePicture(const ink::InkPage& page, ink::PaletteBitmap& picture) {
+bool MakeNotePicture(const ink::InkPage& page, PictureWidth wanted, ink::PaletteBitmap& picture) {
     ink::InkPainter painter;
     if (!painter.SetPen(page.penStyle, page.PenWidth())) return false;
     const platform::Rect lineSize = platform::Canvas::TextSize(kLine, kLineFont);
-    const int32_t width = std::max(page.canvasWidth, lineSize.right + 2 * kMargin);
+    const int32_t inkRight = wanted == PictureWidth::OfInk ? InkRight(page, painter.Reach()) : 0;
+    const int32_t width = std::max({page.canvasWidth, inkRight, lineSize.right + 2 * kMargin});
     // In range: views end far enough above the last row that a number can tell.
     const int32_t height = InkBottom(page, painter.Reach()) + lineSize.bottom + 2 * kMargin;
     const platform::Image strip = platform::Image::Make(width, kStripRows);

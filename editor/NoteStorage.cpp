@@ -94,6 +94,18 @@ void LoadNote(platform::Window* owner, ink::InkPage& page) {
     ForgetFile(page);
 }
 
+bool ReloadNote(ink::InkPage& page) {
+    ink::InkPage trial;
+    trial.bandHeight = page.bandHeight;
+    trial.notePath = page.notePath;
+    if (!ReadNote(nullptr, trial)) return false;
+    const int32_t scroll = page.scroll;
+    page.Clear();
+    LoadNote(nullptr, page);
+    page.scroll = scroll;
+    return true;
+}
+
 bool HasFile(const ink::InkPage& page) { return store::NamesFile(page.notePath) && !page.isProposal; }
 
 bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page, store::NoteJournal& journal) {

@@ -14,6 +14,10 @@ namespace editor {
 // the page stays empty and its path is cut back to the folder, so that a save makes a new note there.
 void LoadNote(platform::Window* owner, ink::InkPage& page);
 
+// Shows the file's content anew at the place of the page where the view is; the page must be unmodified and
+// has no steps left. False, with the page as it was, while the file can't be read whole.
+bool ReloadNote(ink::InkPage& page);
+
 // True when the note at the page's path is this page's; false for a new note, and for one whose proposed path
 // was kept although the user declined it or the file could not be written.
 bool HasFile(const ink::InkPage& page);

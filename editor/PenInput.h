@@ -51,6 +51,7 @@ class PenInput {
     void ViewMoved(int32_t rows);
 
     static constexpr int kTimerId = 1;
+    bool IsDragging() const { return drag_ != nullptr; }
 
   private:
     DragTool& EndDrag();

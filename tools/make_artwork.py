@@ -3,10 +3,13 @@
 editor's tools from the character grids below.
 
 Run it after changing a grid and commit the pictures with it. Grey 192 is shown as the button face.
+`make_artwork.py icons FOLDER` puts the icon there in the sizes that desktops look for.
 """
 import math
 import pathlib
 import struct
+import sys
+import zlib
 
 import artwork_manager
 import artwork_scales
@@ -190,20 +193,38 @@ def icon_pixel(u, v):
     return (0, 0, 0), 0
 
 
-def icon_image(size):
-    """One 32-bit icon image with its mask; 4 x 4 samples a pixel."""
-    rows = bytearray()
-    for y in reversed(range(size)):
+def icon_rows(size):
+    """The icon's pixels, each (red, green, blue, opacity); 4 x 4 samples a pixel."""
+    for y in range(size):
+        row = []
         for x in range(size):
             samples = [icon_pixel((x + (i + 0.5) / 4) / size, (y + (j + 0.5) / 4) / size)
                        for i in range(4) for j in range(4)]
             opaque = [color for color, opacity in samples if opacity]
             count = max(1, len(opaque))
-            red, green, blue = (sum(color[i] for color in opaque) // count for i in range(3))
-            rows += bytes((blue, green, red, 255 * len(opaque) // 16))
+            row.append((*(sum(color[i] for color in opaque) // count for i in range(3)), 255 * len(opaque) // 16))
+        yield row
+
+
+def png(size):
+    """The icon as a PNG file."""
+    def chunk(kind, data):
+        return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+
+    rows = b"".join(b"\0" + b"".join(bytes(pixel) for pixel in row) for row in icon_rows(size))
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", size, size, 8, 6, 0, 0, 0))
+            + chunk(b"IDAT", zlib.compress(rows, 9)) + chunk(b"IEND", b""))
+
+
+def icon_image(size):
+    """One 32-bit icon image with its mask; the larger ones compressed, as the system wants them."""
+    if size >= 64:
+        return png(size)
+    rows = b"".join(bytes((blue, green, red, opacity)) for row in reversed(list(icon_rows(size)))
+                    for red, green, blue, opacity in row)
     mask = bytes(((size + 31) // 32 * 4) * size)
     header = struct.pack("<IiiHHIIiiII", 40, size, size * 2, 1, 32, 0, len(rows) + len(mask), 0, 0, 0, 0)
-    return header + bytes(rows) + mask
+    return header + rows + mask
 
 
 def icon(sizes):
@@ -211,9 +232,18 @@ def icon(sizes):
     offset = 6 + 16 * len(images)
     directory = struct.pack("<HHH", 0, 1, len(images))
     for size, image in zip(sizes, images):
-        directory += struct.pack("<BBBBHHII", size, size, 0, 0, 1, 32, len(image), offset)
+        side = size % 256  # 0 stands for 256
+        directory += struct.pack("<BBBBHHII", side, side, 0, 0, 1, 32, len(image), offset)
         offset += len(image)
     return directory + b"".join(images)
+
+
+def write_icons(folder):
+    """The icon in the sizes that desktops look for, each in a folder of its own."""
+    for size in (16, 22, 24, 32, 48, 64, 128, 256, 512):
+        place = folder / f"{size}x{size}" / "apps"
+        place.mkdir(parents=True, exist_ok=True)
+        (place / "inkwright.png").write_bytes(png(size))
 
 
 def main():
@@ -226,8 +256,11 @@ def main():
             write(name + end, artwork_scales.strip(grids, tenths, keep))
         for name in ("banner", "beginning", "note_mark"):
             write(name + end, getattr(artwork_manager, name)(handwriting, tenths / 10).pixels)
-    (RES / "inkwright.ico").write_bytes(icon([16, 32, 48]))
+    (RES / "inkwright.ico").write_bytes(icon([16, 24, 32, 48, 64, 128, 256]))
 
 
 if __name__ == "__main__":
-    main()
+    if sys.argv[1:2] == ["icons"]:
+        write_icons(pathlib.Path(sys.argv[2]))
+    else:
+        main()

@@ -52,7 +52,7 @@ class Page:
     def drag(self, points):
         steps = ["mousemove", *self.on_screen(*points[0]), "mousedown", 1]
         for x, y in points[1:]:
-            steps += ["mousemove", *self.on_screen(x, y), "sleep", 0.004]
+            steps += ["mousemove", *self.on_screen(x, y), "sleep", 0.012]
         tool(*steps)
 
     def write(self, text, left, baseline, size, seed):

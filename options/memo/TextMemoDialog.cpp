@@ -131,6 +131,12 @@ void TextMemoDialog::OnTimer(int) {
 
 void TextMemoDialog::OnDestroy() { platform::ShowInputPanel(false); }
 
+// It may have come to a monitor of another scale.
+void TextMemoDialog::OnPaint() {
+    if (picture_.PageScale() != PageScale()) DrawPicture();
+    ShowAt(picture_, {0, 0});
+}
+
 void TextMemoDialog::DrawPicture() {
     picture_ = platform::Image::Make(kWidth, kHeight, PageScale());
     if (!picture_.IsValid()) return;

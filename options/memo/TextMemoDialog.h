@@ -24,7 +24,7 @@ class TextMemoDialog : public platform::Dialog {
 
     bool OnCreate() override;
     void OnDestroy() override;
-    void OnPaint() override { ShowAt(picture_, {0, 0}); }
+    void OnPaint() override;
     void OnPenDown(platform::Point place) override;
     void OnPenMove(platform::Point place) override;
     void OnPenUp(platform::Point place) override;

@@ -9,6 +9,7 @@
 #include "platform/TextEncoding.h"
 #include "platform/windows/Guards.h"
 #include "platform/windows/PathTranslation.h"
+#include "platform/windows/Processes.h"
 #include "platform/windows/ShellHeaders.h"
 #include "platform/windows/SystemText.h"
 
@@ -126,9 +127,15 @@ std::wstring FullPath(const std::wstring& path) {
     return WithoutBackslashAtEnd(std::wstring(text.data(), length < text.size() ? length : 0));
 }
 
+// On a stick the device is carried along beside the program.
 std::wstring DeviceFolder() {
+    static const std::wstring beside = PathBesideProgram(L"Device");
     const std::wstring folder = EnvironmentText(L"INKWRIGHT_DEVICE");
-    return folder.empty() ? folder : FullPath(WithoutLongPrefix(folder));
+    if (!folder.empty()) return FullPath(WithoutLongPrefix(folder));
+    const DWORD attributes = GetFileAttributesW(beside.c_str());
+    const bool isThere =
+        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return isThere ? beside : std::wstring();
 }
 
 std::vector<std::wstring> ReadableCards() {

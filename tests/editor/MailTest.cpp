@@ -66,6 +66,16 @@ TEST_F(Mail, ThePictureIsAsLargeAsWhatItShows) {
     }
 }
 
+// A window that was made narrower crops nothing; a damaged file does not make a picture of any width.
+TEST_F(Mail, ThePictureOfASizedWindowIsAsWideAsTheInk) {
+    UsePenOf(ink::PenStyle::Smooth, 100);
+    for (const auto& [x, width] : {std::pair{100, 240 - 16}, {700, 706}, {4090, 4096}, {1 << 30, 4096}}) {
+        device.files.Put(kNote, Words({5, 0xFFFFFF, 1, kViewHeight, 1, 1, 0, 0, 0, 60, 60, x, 60}));
+        Play({Resize(240, 320)});
+        EXPECT_EQ(Sent().substr(18, 4), Words({width})) << x;
+    }
+}
+
 TEST_F(Mail, WhatCannotBeSent) {
     const Step cannot = ExpectBox(L"Creating temporary file failed!", L" Memory Error");
     PutNote({60});

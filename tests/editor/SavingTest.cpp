@@ -117,6 +117,42 @@ TEST_F(Saving, AFaultOfAnyReadLosesNothing) {
     EXPECT_GE(calls, 3);
 }
 
+// A folder that two devices keep in step: what comes is shown, unless something was written here; then both
+// versions stay.
+TEST_F(Saving, ANoteThatIsChangedElsewhere) {
+    const auto others = [this](const std::vector<int32_t>& rows) {
+        return [=] {
+            device.now.minute += 1;
+            PutNote(rows);
+            device.files.Find(kNote)->lastWrite = device.now;
+        };
+    };
+    const Step half = [this] {
+        device.now.minute += 1;
+        device.files.Put(kNote, device.files.Get(kNote).substr(0, 30));
+        device.files.Find(kNote)->lastWrite = device.now;
+    };
+    PutNote({10, kNoStroke, 300});
+    Run(kNote, {Scroll(platform::ScrollCode::ThumbPosition, 187), others({10, 40, 300}), half, Wait(3000),
+                ExpectInk({{100, 113}}), others({10, kNoStroke, 320}), Wait(3000), ExpectPosition(187),
+                ExpectInk({{100, 133}}, {{100, 113}}), Ok()});
+    EXPECT_EQ(RowsAt(kNote), (std::vector{320, 10}));
+    const std::wstring aside = L"\\Ink\\a (conflict).ikw";
+    const Step said = ExpectBox(
+        std::wstring(L"'") + kNote +
+            L"' was changed elsewhere while it was open here.\n\nWhat you wrote is in '" + aside + L"'.",
+        L" Note Changed");
+    Run(kNote, {Dot(), others({77}), Wait(5000), ExpectInk({{10, 60}}), said, Ok()});
+    EXPECT_EQ(RowsAt(kNote), std::vector{77});
+    EXPECT_EQ(RowsAt(aside).size(), 3u);
+    // Without a word at the end of the session; and one that was deleted is simply written again.
+    Run(kNote, {Dot(), others({78}), [this] { Desk().EndSession(); }});
+    EXPECT_EQ(RowsAt(kNote), std::vector{78});
+    EXPECT_EQ(RowsAt(L"\\Ink\\a (conflict) (1).ikw").size(), 2u);
+    Run(kNote, {Dot(), [this] { device.files.Nodes().erase(device.files.KeyOf(kNote)); }, Ok()});
+    EXPECT_EQ(RowsAt(kNote).size(), 2u);
+}
+
 // Each failing call, and each byte that the storage lacks, leaves the old note or the new one, and is told.
 TEST_F(Saving, AFaultOfAnyWriteLeavesAWholeNote) {
     const auto isSaved = [this] {

@@ -49,6 +49,25 @@ TEST_F(Calendar, MarksDaysWithNotesAndToday) {
     RunManager(L"", {ExpectPicture(1789692784), Press(IDM_NEXT_MONTH), ExpectText(L"picture 7")});
 }
 
+// The system's colours stand out from each other; at any scale the month has its cells where they are tapped.
+TEST_F(Calendar, UnderHighContrastAndFiner) {
+    using platform::SystemColor;
+    Desk().highContrast = true;
+    const auto expect = [this](const std::wstring& text, SystemColor color) {
+        return [=] {
+            const ink::Rect place = Desk().PlaceOf(text);
+            EXPECT_EQ(Shown().Row(place.bottom + 1)[place.left], ink::PixelOf(ColorOf(color))) << text;
+        };
+    };
+    RunManager(L"", {expect(L"March 2007  ", SystemColor::ButtonFace), expect(L"9", SystemColor::Window),
+                     expect(L"25", SystemColor::ButtonFace), Do(&Hand::ChangeScale, ink::Scale(192)),
+                     [this] {
+                         const ink::Rect day = Desk().PlaceOf(L"9");
+                         Write({{day.left / 2 + 2, day.top / 2 + 2}})();
+                     },
+                     ExpectTitle(L"Friday, 3/9/2007 - Inkwright"), Close()});
+}
+
 TEST_F(Calendar, TapsOnDays) {
     PutNote(L"Reminders\\2007-03-20\\r.ikw");
     const Step slip = [this] {  // lifted in the next cell: no tap

@@ -4,7 +4,9 @@
 
 #include "ink/Geometry.h"
 #include "platform/AlarmSchedule.h"
+#include "platform/DarkBars.h"
 #include "platform/NotificationEntry.h"
+#include "platform/ScaleText.h"
 #include "platform/WheelTurns.h"
 #include "platform/WindowPlaces.h"
 #include "platform/keeper/NoticePlace.h"
@@ -89,6 +91,19 @@ TEST(Rules, TheWheelScrollsAsTheSystemSays) {
 }
 
 // On two monitors, the smaller one to the left: what was kept of a window, and where it opens.
+TEST(Rules, PicturesForDarkBarsAndAskedScales) {
+    uint32_t pixels[] = {0x000000, 0x202060, 0xFFFFFF, 0xC02020, 0x123456, 0x9F9F9F, 0xA0A0A0};
+    LightenPictures({pixels, 7, 1, 7}, 0x123456);
+    EXPECT_THAT(pixels, ElementsAre(0xE0E0E0, 0xA0A0E0, 0xFFFFFF, 0xC02020, 0x123456, 0xE0E0E0, 0xA0A0A0));
+    const std::pair<const wchar_t*, int> scales[] = {{L"1", 96},      {L"1.25", 120}, {L"3", 288},
+                                                     {L"0.5", 0},     {L"3.01", 0},   {L"", 0},
+                                                     {L"2 times", 0}, {L"nan", 0}};
+    for (const auto& [text, dots] : scales) {
+        const std::optional<ink::Scale> scale = ScaleOfText(text);
+        EXPECT_EQ(scale ? scale->Dots() : 0, dots) << text;
+    }
+}
+
 TEST(Rules, WindowsOpenWhereTheyWereWithinReach) {
     const std::vector<Rect> kMonitors{{0, 0, 1920, 1040}, {-800, 200, 0, 800}};
     std::wifstream cases(INKWRIGHT_PLACES);

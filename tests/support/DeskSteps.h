@@ -72,7 +72,8 @@ class DeskSteps : public DeskTest {
             const bool asks = box.buttons != platform::MessageButtons::Ok || box.caption == L" Inkwright";
             const bool discards = box.text.find(L"Discard changes?") != std::wstring::npos;
             const bool isDone = begins(L"Alarm is successfully set!") || begins(L"Done!") ||
-                                begins(L"Inkwright") || begins(L"All notes can be read.");
+                                begins(L"Inkwright") || begins(L"All notes can be read.") ||
+                                box.caption == L" Note Changed";
             EXPECT_EQ(box.icon == platform::MessageIcon::Question, asks && !discards);
             EXPECT_EQ(box.icon == platform::MessageIcon::Information, isDone);
             EXPECT_EQ(box.defaultButton == platform::DefaultButton::Second,
