@@ -305,7 +305,6 @@ std::wstring InkCanvas::StepAside() {
     std::wstring others = page_.notePath;
     page_.notePath = store::FreeNotePath(store::NotePathWith(others, L" (conflict)"));
     page_.isProposal = true;
-    storeChanged_ = true;
     return others;
 }
 

@@ -128,7 +128,7 @@ bool SaveNote(platform::Window* owner, NoteKind kind, ink::InkPage& page, store:
 bool SaveWithoutAsking(NoteKind kind, ink::InkPage& page, store::NoteJournal& journal) {
     if (!HasFile(page)) {
         if (!page.HasInk() && page.memo.empty()) return true;
-        if (!page.isProposal) page.notePath = ProposedNotePath(kind, page.notePath);
+        if (!store::NamesFile(page.notePath)) page.notePath = ProposedNotePath(kind, page.notePath);
         page.isProposal = true;
         store::EnsureFolders(store::FolderOf(page.notePath));
     }

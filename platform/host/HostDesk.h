@@ -79,6 +79,7 @@ class HostDesk {
     int waitCursorDepth = 0;
     int waitCursors = 0;  // how often it came up
     bool highContrast = false;
+    int fullScreenToggles = 0;
     bool wantsNames = false;  // an input of a dialog that has no name is a problem
     bool menuBarFails = false;
     bool workersFail = false;

@@ -76,7 +76,7 @@ bool Window::Impl::OpenScreen() {
 }
 
 bool Screen::CanBeSized() const { return HostDevice::Current().desk.sizesScreens; }
-void Screen::ToggleFullScreen() {}
+void Screen::ToggleFullScreen() { ++HostDevice::Current().desk.fullScreenToggles; }
 void Screen::NameClient(const std::wstring& name) { impl_->name = name; }
 
 void Screen::AddToFrameMenu(int command, const std::wstring& text) {

@@ -26,6 +26,8 @@ namespace {
 // The id that every program here gives its own icon.
 constexpr int kProgramIcon = 128;
 
+constexpr unsigned kPatienceSeconds = 5;
+
 // A handler of signals gets nothing to tell it whose they are, and may do little more than write.
 volatile std::sig_atomic_t signalPipe = -1;
 
@@ -85,6 +87,7 @@ void Application::WatchSignals() {
         char bytes[16];
         static_cast<void>(!read(end, bytes, sizeof bytes));
         EndSession();
+        alarm(kPatienceSeconds);  // whatever goes on nevertheless
     });
     for (const int signal : {SIGTERM, SIGHUP, SIGINT}) std::signal(signal, NoteSignal);
 }
@@ -103,6 +106,7 @@ void Application::Push(Open open) {
 void Application::Pop() {
     if (copies_) copies_->RemoveWindow(open_.back().number);
     open_.pop_back();
+    if (open_.empty()) isEnding_ = false;
     TellOfTop();
 }
 
@@ -155,6 +159,7 @@ void Application::TakeOverFromOutside() {
 }
 
 void Application::EndSession() {
+    isEnding_ = !open_.empty();
     const std::vector<Open> open = open_;
     for (size_t i = open.size(); i-- > 0;) {
         Window* window = open[i].window;

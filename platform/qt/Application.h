@@ -43,8 +43,10 @@ class Application : public QApplication {
     void CommandFromOutside(int id);
     void TakeOverFromOutside();
 
-    // The user's session ends.
+    // The user's session ends. Until everything that was open has ended nothing more is asked or opened: it
+    // counts as refused.
     void EndSession();
+    bool IsEnding() const { return isEnding_; }
 
     CallQueue& Calls() { return calls_; }
 
@@ -61,6 +63,7 @@ class Application : public QApplication {
     CallQueue calls_;
     std::unique_ptr<QSocketNotifier> signals_;
     uint32_t lastNumber_ = 0;
+    bool isEnding_ = false;
     std::unique_ptr<Copies> copies_;  // last: its thread hands messages to this object
 };
 

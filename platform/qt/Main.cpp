@@ -1,4 +1,5 @@
 #include <QMessageBox>
+#include <QThread>
 #include <cstdlib>
 #include <exception>
 #include <string>
@@ -26,7 +27,9 @@ namespace {
         "touched.\n\n" +
         QString::fromStdString(what);
     qCritical("%s", qPrintable(text));
-    QMessageBox(QMessageBox::Critical, " Inkwright", text, QMessageBox::Ok).exec();
+    // Only one thread may have windows.
+    if (QThread::currentThread() == QCoreApplication::instance()->thread())
+        QMessageBox(QMessageBox::Critical, " Inkwright", text, QMessageBox::Ok).exec();
     std::_Exit(3);
 }
 

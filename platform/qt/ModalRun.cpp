@@ -38,7 +38,7 @@ int OpenAndRun(Window& window) {
         const OpenHere open(window);
         bool opens = false;
         Guarded(window, [&] { opens = window.OnCreate(); });
-        if (!opens) state.ended = true;
+        if (!opens || Application::The().IsEnding()) state.ended = true;
         if (!state.ended) {
             Show(state);
             state.running = true;

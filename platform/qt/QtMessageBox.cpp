@@ -49,6 +49,7 @@ int Show(Window* owner, QMessageBox& box) {
 
 MessageAnswer ShowMessage(Window* owner, const std::wstring& text, const std::wstring& caption,
                           MessageButtons buttons, MessageIcon icon, DefaultButton defaultButton) {
+    if (qt::Application::The().IsEnding()) return CountedAnswer(buttons, MessageAnswer::Cancel);
     QMessageBox box(IconOf(icon), qt::ToQt(caption), qt::ToQt(text), ButtonsOf(buttons), qt::FrameOf(owner));
     if (buttons != MessageButtons::Ok) {
         const bool isSecond = defaultButton == DefaultButton::Second;
@@ -59,6 +60,7 @@ MessageAnswer ShowMessage(Window* owner, const std::wstring& text, const std::ws
 }
 
 void ShowOutOfMemory(Window* owner) {
+    if (qt::Application::The().IsEnding()) return;
     QMessageBox box(
         QMessageBox::Critical, " Inkwright",
         "There is not enough memory to do this. Close other programs or delete files, then try again.",

@@ -2,6 +2,7 @@
 
 #include "platform/PopupMenu.h"
 #include "platform/Screen.h"
+#include "platform/qt/Application.h"
 #include "platform/qt/HandheldPlace.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WindowImpl.h"
@@ -29,7 +30,7 @@ void Fill(QMenu& menu, const PopupMenu& source) {
 
 int PopupMenu::Choose(Window& owner, ink::Point place) const {
     Window::Impl& state = *owner.Handle();
-    if (!state.frame || state.ended) return 0;
+    if (!state.frame || state.ended || qt::Application::The().IsEnding()) return 0;
     QMenu menu(state.frame);
     Fill(menu, *this);
     // The toolkit keeps menus on the desktop, which may be far larger than the handheld: open towards its

@@ -89,6 +89,7 @@ PropertyDialog::PropertyDialog(const std::wstring& caption, const std::vector<Pr
     : caption_(caption), pages_(pages) {}
 
 int PropertyDialog::RunModal(Window* owner) {
+    if (qt::Application::The().IsEnding()) return kIdCancel;
     Sheet sheet(owner, caption_, pages_);
     const qt::SystemDialog running(owner, [&sheet] { sheet.reject(); });
     if (sheet.exec() != QDialog::Accepted) return kIdCancel;

@@ -40,6 +40,7 @@ void ShowInputPanel(bool up) { QGuiApplication::inputMethod()->setVisible(up); }
 
 // A place that has no name on the handheld can't be chosen: the question comes again.
 bool ChooseFolder(Window* owner, const std::wstring& title, const std::wstring& start, std::wstring& chosen) {
+    if (qt::Application::The().IsEnding()) return false;
     QFileDialog dialog(qt::FrameOf(owner), qt::ToQt(title), QString::fromStdString(qt::ToHostPath(start)));
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);

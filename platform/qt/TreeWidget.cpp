@@ -66,6 +66,7 @@ TreeWidget::TreeWidget(QWidget* parent, TreeUser& user)
           user_.Held(TextAt(place), viewport()->mapToGlobal(place));
       }) {
     setHeaderHidden(true);
+    setHeaderLabel({});
     setColumnCount(1);
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "platform/Canvas.h"
+#include "platform/qt/Application.h"
 #include "platform/qt/WindowImpl.h"
 #include "tests/contract/Recording.h"
 
@@ -137,6 +138,28 @@ TEST_F(QtPort, FingersMoveThePageUnlessTheyAreAHand) {
     Play({Pen(QEvent::TabletMove, {{5, 5}}, Qt::NoButton)});
     Play(pan);
     EXPECT_THAT(After(tapIn(100)), ElementsAre("hover 5 5"));
+}
+
+// A session that ends waits for no answer: what was asking is refused, and so is what is asked then.
+TEST_F(QtPort, TheEndOfASessionLeavesNothingOpen) {
+    TestDialog dialog(IDD_SAVE_AS);
+    std::vector<MessageAnswer> answers;
+    const auto ask = [&] {
+        answers.push_back(ShowMessage(&page_, L"?", L"", MessageButtons::YesNoCancel, MessageIcon::Error));
+    };
+    page_.command = [&](int) {
+        EXPECT_EQ(dialog.RunModal(&page_), kIdCancel);
+        ask();
+        EXPECT_EQ(dialog.RunModal(&page_), -1);
+    };
+    dialog.command = [&](int) {
+        QTimer::singleShot(0, [] { qt::Application::The().EndSession(); });  // while the question is open
+        ask();
+    };
+    Play({Post(page_, 5), Post(dialog, 5)});
+    page_.RunModal(nullptr);
+    EXPECT_THAT(answers, ElementsAre(MessageAnswer::Cancel, MessageAnswer::Cancel));
+    EXPECT_FALSE(qt::Application::The().IsEnding());
 }
 
 // Black in the pictures of the bar would be lost on it.

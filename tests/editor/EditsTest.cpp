@@ -40,7 +40,9 @@ TEST_F(Edits, AMonitorOfAnotherScaleShowsTheSamePageAnew) {
     shortages_ = 1;
     Edited({Scroll(C::ThumbPosition, 33), Press(IDM_ERASER), rescale(144), ExpectPosition(33), checks,
             Press(IDM_PEN), Write({{60, 100}, {90, 100}}), ExpectInk({{89, 100}}, {{89, 105}}), rescale(96),
-            ExpectInk({{89, 100}}), rescale(216), WithPictures(1, rescale(96)), rescale(120)});
+            Press(platform::Key::F2), Press(platform::Key::F11), ExpectInk({{89, 100}}), rescale(216),
+            WithPictures(1, rescale(96)), rescale(120)});
+    EXPECT_EQ(Desk().fullScreenToggles, 1);
 }
 
 TEST_F(Edits, ThePageShrinksToWhatIsLeft) {

@@ -255,6 +255,13 @@ TEST_F(Saving, RepeatedRequestsCloseOnceAndChooseNothing) {
     EXPECT_EQ(device.notifications.size(), 1u);
 }
 
+// The question for a name counts as declined then, and what was saved stays.
+TEST_F(Saving, TheSessionsEndSavesUnderTheNameThatIsProposed) {
+    Run(kNewNotes, {Dot(), Ok(), ExpectDiscard(kPath + L".ikw", platform::MessageAnswer::No),
+                    [&] { Desk().EndSession(); }});
+    EXPECT_THAT(Notes(), testing::ElementsAre(kProposed + L".ikw"));
+}
+
 TEST_F(Saving, ATakeOverEndsTheWholeCopyAndSavesWhatIsOpen) {
     device.SetSetting(L"RootDirPath", L"\\Ink");
     Run(L"/manage Work", {Press(IDM_ADD_NOTE), Dot(), Press(IDM_TEXT_MEMO), TypeInto(IDC_MEMO_TEXT, L"jam"),
