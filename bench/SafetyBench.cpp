@@ -1,5 +1,5 @@
 // Times what being safe costs: the journal while the pen writes, and saving in one step beside writing and
-// flushing the same bytes by bare calls. Run under Windows or Wine, on real files; prints tables.
+// flushing the same bytes by bare calls. Runs on real files; prints tables.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -15,6 +15,7 @@
 #include "ink/NoteFile.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
+#include "platform/ProgramEntry.h"
 #include "platform/Screen.h"
 
 namespace {
@@ -176,8 +177,8 @@ class BenchScreen : public platform::Screen {
 
 }  // namespace
 
-int main() {
-    platform::MakeFolder(L"\\Bench");
+int platform::RunProgram(const std::wstring&) {
+    MakeFolder(L"\\Bench");
     BenchScreen().RunModal(nullptr);
     return 0;
 }
