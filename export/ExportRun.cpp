@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <exception>
 #include <map>
 
@@ -82,7 +83,10 @@ std::string OutputOf(const std::string& note, const Arguments& arguments, bool t
 void CutToThumbnail(Arguments& arguments, PictureSize& size) {
     size.width = std::min(size.width, kWidestThumbnail);
     size.height = std::min(size.height, size.width);
-    arguments.scale = 1.0 * arguments.thumbnail / size.width;
+    const double scale = 1.0 * arguments.thumbnail / size.width;
+    // As painting will do it, but rounded down: a thumbnail must not be larger than it is to be.
+    const double steps = ink::Scale::kPageDots * std::ceil(1 / std::min(scale, 1.0));
+    arguments.scale = std::floor(scale * steps) / steps;
 }
 
 PictureResult Write(const ink::InkPage& page, const PictureSize& size, const Arguments& arguments,

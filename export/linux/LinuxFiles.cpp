@@ -137,6 +137,7 @@ class LinuxOutput : public OutputFile {
         if (hiddenName_.empty()) {
             const std::string nameless = "/proc/self/fd/" + std::to_string(handle_.Number());
             const std::string name = replaces_ ? FreshName() : path_;
+            if (replaces_) ::unlink(name.c_str());  // of a program with this number that was killed just here
             if (::linkat(AT_FDCWD, nameless.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0)
                 return false;
             if (!replaces_) return handle_.Close();
