@@ -26,8 +26,10 @@ constexpr Named<Format> kFormats[] = {{"png", Format::Png}, {"svg", Format::Svg}
 constexpr Named<ink::PenStyle> kStyles[] = {{"smooth", ink::PenStyle::Smooth},
                                             {"classic", ink::PenStyle::Classic},
                                             {"simple", ink::PenStyle::Simple}};
-constexpr Named<Paper> kPapers[] = {{"a4", {595.276, 841.89}}, {"a3", {841.89, 1190.551}},
-                                    {"a5", {419.528, 595.276}}, {"letter", {612, 792}},
+constexpr Named<Paper> kPapers[] = {{"a4", {595.276, 841.89}},
+                                    {"a3", {841.89, 1190.551}},
+                                    {"a5", {419.528, 595.276}},
+                                    {"letter", {612, 792}},
                                     {"legal", {612, 1008}}};
 
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
@@ -79,7 +81,7 @@ class Parser {
     }
 
     static bool TakesValue(const std::string& name) {
-        const char* const kNames[] = {"-o",     "--output", "--format", "--scale",
+        const char* const kNames[] = {"-o",      "--output", "--format", "--scale",
                                       "--style", "--size",   "--paper",  "--thumbnail"};
         return std::find(std::begin(kNames), std::end(kNames), name) != std::end(kNames);
     }

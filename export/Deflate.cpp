@@ -23,8 +23,8 @@ constexpr size_t kLongestRepeat = 3 * kMostFollowing;  // bytes
 constexpr size_t kEndOfBlock = 256;
 constexpr size_t kLengthCodes = 29;
 constexpr size_t kSymbols = 257 + kLengthCodes;
-// The only distance is three bytes back, the third code. It takes one bit, as does another that never comes: a
-// code of one symbol is none.
+// The only distance is three bytes back, the third code. It takes one bit, as does another that never comes:
+// a code of one symbol is none.
 constexpr size_t kDistances = 3;
 constexpr uint64_t kThreeBackBits = 1;
 constexpr int kLongestCode = 15;

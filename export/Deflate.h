@@ -34,7 +34,7 @@ class ZlibStream {
     size_t tokenCount_ = 0;
     std::vector<uint8_t> packed_;
     std::vector<uint8_t> block_;  // room to pack one
-    uint64_t bits_ = 0;  // not yet in `packed_`
+    uint64_t bits_ = 0;           // not yet in `packed_`
     int bitCount_ = 0;
 };
 

@@ -107,11 +107,12 @@ std::string ExportNote(const std::string& note, const std::string& output, Argum
     std::string problem;
     const std::unique_ptr<ink::ByteSource> source = OpenNote(note, problem);
     if (!source) return note + ": " + problem;
-    ink::InkPage page;
+    LoadedNote loaded;
     ink::InkPainter pen;
     PictureSize size;
     if (!pen.SetPen(arguments.style, arguments.size)) throw std::bad_alloc();
-    if (!LoadNote(*source, page, problem)) return note + ": " + problem;
+    if (!loaded.Load(*source, problem)) return note + ": " + problem;
+    const ink::InkPage& page = loaded.Page();
     if (!MeasureNote(page, pen.Reach(), size, problem)) return note + ": " + problem;
     if (arguments.thumbnail != 0) CutToThumbnail(arguments, size);
     const std::unique_ptr<OutputFile> file = OutputFile::Create(output, arguments.replaces, problem);
@@ -130,8 +131,8 @@ std::string ExportWithMemory(const std::string& note, const std::string& output,
 }
 
 int ExportAll(const Arguments& arguments) {
-    const bool toFolder = !arguments.output.empty() &&
-                          (IsFolder(arguments.output) || IsSeparator(arguments.output.back()));
+    const bool toFolder =
+        !arguments.output.empty() && (IsFolder(arguments.output) || IsSeparator(arguments.output.back()));
     if (arguments.notes.size() > 1 && !arguments.output.empty() && !toFolder) {
         Complain(arguments.output + ": several notes need a folder");
         return kWrongUse;

@@ -26,8 +26,8 @@ int FindDepths(const std::vector<uint32_t>& counts, std::vector<uint8_t>& depths
     size_t leaf = 0;
     size_t inner = leaves.size();
     const auto lightest = [&] {
-        const bool isLeaf = leaf < leaves.size() &&
-                            (inner == nodes.size() || nodes[leaf].weight <= nodes[inner].weight);
+        const bool isLeaf =
+            leaf < leaves.size() && (inner == nodes.size() || nodes[leaf].weight <= nodes[inner].weight);
         return isLeaf ? leaf++ : inner++;
     };
     while (nodes.size() < 2 * leaves.size() - 1) {

@@ -24,27 +24,43 @@ int64_t Distance(int64_t a, int64_t b) {
     return std::abs(onPicture(a) - onPicture(b));
 }
 
+bool IsWithin(const ink::SlotRange& range, size_t slot) {
+    return range.first <= static_cast<int64_t>(slot) && static_cast<int64_t>(slot) <= range.last;
+}
+
+bool AllAreFound(const ink::InkPage& page) {
+    for (size_t slot = 0; slot < page.SlotCount(); ++slot) {
+        const ink::StrokeBand* band = page.Band(slot);
+        for (size_t i = 0; band != nullptr && i < band->Count(); ++i) {
+            const ink::StrokeRecord& record = band->At(i);
+            const bool isFound = IsWithin(page.SlotsFor(record.minY, record.minY), slot) &&
+                                 IsWithin(page.SlotsFor(record.maxY, record.maxY), slot);
+            if (!isFound) return false;
+        }
+    }
+    return true;
+}
+
 }  // namespace
 
-bool LoadNote(ink::ByteSource& source, ink::InkPage& page, std::string& problem) {
+bool LoadedNote::Load(ink::ByteSource& source, std::string& problem) {
     ink::NoteFileHeader header;
     if (!ink::ReadNoteHeader(source, header)) {
         problem = "it is no note, or damaged";
         return false;
     }
     // Bands of the same height keep the order that strokes were seen in where they were written.
-    page.bandHeight = header.bandHeight > 0 ? header.bandHeight : kUsualBandHeight;
-    page.findsTallStrokes = true;
-    switch (ink::ReadNoteBody(source, header, page)) {
-        case ink::LoadResult::Loaded:
-            return true;
-        case ink::LoadResult::OutOfMemory:
-            problem = "memory is too short for it";
-            return false;
-        case ink::LoadResult::Damaged:
-            break;
-    }
-    problem = "it is damaged";
+    read_.bandHeight = header.bandHeight > 0 ? header.bandHeight : kUsualBandHeight;
+    read_.findsTallStrokes = filed_.findsTallStrokes = true;
+    const ink::LoadResult result = ink::ReadNoteBody(source, header, read_);
+    if (result == ink::LoadResult::Damaged) problem = "it is damaged";
+    if (result == ink::LoadResult::OutOfMemory) problem = "memory is too short for it";
+    if (result != ink::LoadResult::Loaded) return false;
+    if (AllAreFound(read_)) return true;
+    filed_.bandHeight = read_.bandHeight;
+    isFiledAnew_ = true;
+    if (filed_.FileAnew(read_)) return true;
+    problem = "its strokes can't be filed";
     return false;
 }
 
@@ -66,8 +82,8 @@ bool MeasureNote(const ink::InkPage& page, int32_t reach, PictureSize& size, std
                 top = std::min(top, std::max<int64_t>(y, 0));
                 low = std::max(low, y);
                 if (k == 0) continue;
-                length += static_cast<uint64_t>(std::max(Distance(x, record.Points()[k - 1].x),
-                                                         Distance(y, record.PageY(k - 1))));
+                length += static_cast<uint64_t>(
+                    std::max(Distance(x, record.Points()[k - 1].x), Distance(y, record.PageY(k - 1))));
             }
             bottom = std::max(bottom, low + 1);
             steps += static_cast<uint64_t>(record.count) *

@@ -18,11 +18,22 @@ struct PictureSize {
 // No side of a picture is longer, in pixels of the page or its own.
 constexpr int64_t kMostSide = 1000000;
 
-// Fills an empty page. False with what is wrong, in words for the user.
-bool LoadNote(ink::ByteSource& source, ink::InkPage& page, std::string& problem);
+// All of a note's strokes, where whoever asks for some rows finds them.
+class LoadedNote {
+  public:
+    // Once. False with what is wrong, in words for the user.
+    bool Load(ink::ByteSource& source, std::string& problem);
+    const ink::InkPage& Page() const { return isFiledAnew_ ? filed_ : read_; }
 
-// All ink and a margin, at least as wide as the smallest screen and as high as the page's head. `reach` is how
-// far ink goes beyond its points. False with what is wrong when there is more of it than any picture shows.
+  private:
+    ink::InkPage read_;
+    ink::InkPage filed_;  // when the file has strokes in bands where nobody looks for them
+    bool isFiledAnew_ = false;
+};
+
+// All ink and a margin, at least as wide as the smallest screen and as high as the page's head. `reach` is
+// how far ink goes beyond its points. False with what is wrong when there is more of it than any picture
+// shows.
 bool MeasureNote(const ink::InkPage& page, int32_t reach, PictureSize& size, std::string& problem);
 
 }  // namespace inkexport

@@ -12,11 +12,11 @@ namespace inkexport {
 
 namespace {
 
-constexpr double kMargin = 42.52;          // points: 15 mm
-constexpr double kPointsPerPixel = 0.75;   // of a page pixel of 1/96 inch
-constexpr int kFine = 9;                   // places: the last rows may be a million units from the first
-constexpr uint64_t kFreeRepeats = 1 << 20;   // points told on more than one sheet
-constexpr int64_t kCatalog = 1;            // numbers of the first two objects
+constexpr double kMargin = 42.52;           // points: 15 mm
+constexpr double kPointsPerPixel = 0.75;    // of a page pixel of 1/96 inch
+constexpr int kFine = 9;                    // places: the last rows may be a million units from the first
+constexpr uint64_t kFreeRepeats = 1 << 20;  // points told on more than one sheet
+constexpr int64_t kCatalog = 1;             // numbers of the first two objects
 constexpr int64_t kSheets = 2;
 
 std::string ColorText(ink::ColorRef color) {
@@ -57,7 +57,8 @@ class PdfObjects {
         return static_cast<int64_t>(places_.size()) - 1;
     }
     bool AddStream(int64_t number, const std::vector<uint8_t>& packed) {
-        Begin(number) << "<</Length " << static_cast<int64_t>(packed.size()) << "/Filter/FlateDecode>>stream\n"
+        Begin(number) << "<</Length " << static_cast<int64_t>(packed.size())
+                      << "/Filter/FlateDecode>>stream\n"
                       << std::string(packed.begin(), packed.end()) << "\nendstream\nendobj\n";
         return out_.Flush();
     }
@@ -82,7 +83,10 @@ class PdfObjects {
 class PdfSheets {
   public:
     PdfSheets(const ink::InkPage& page, const PictureSize& size, const Arguments& arguments)
-        : page_(page), size_(size), paper_(arguments.paper), lines_(LinesOf(arguments.style, arguments.size)) {
+        : page_(page),
+          size_(size),
+          paper_(arguments.paper),
+          lines_(LinesOf(arguments.style, arguments.size)) {
         unit_ = std::min(kPointsPerPixel * arguments.scale, (paper_.width - 2 * kMargin) / size.width);
     }
 
@@ -104,7 +108,8 @@ class PdfSheets {
             if (bottom < 0) return;
             points += static_cast<uint64_t>(record.count);
             repeats += static_cast<uint64_t>(record.count) *
-                       static_cast<uint64_t>((std::min<int64_t>(bottom, size_.height) - std::max<int64_t>(top, 0)) / capacity);
+                       static_cast<uint64_t>(
+                           (std::min<int64_t>(bottom, size_.height) - std::max<int64_t>(top, 0)) / capacity);
             strokes.push_back({top - reach, bottom + reach + 1});
         });
         if (repeats > points) return {};
@@ -146,7 +151,8 @@ class PdfSheets {
                 color = wanted;
                 width = line.width;
                 for (int32_t i = 0; i < record.count; ++i) {
-                    out << int64_t{record.Points()[i].x} << " " << record.PageY(i) << (i == 0 ? " m\n" : " l\n");
+                    out << int64_t{record.Points()[i].x} << " " << record.PageY(i)
+                        << (i == 0 ? " m\n" : " l\n");
                 }
                 // A dot is a line of no length.
                 if (record.count == 1)
@@ -184,8 +190,8 @@ PictureResult WritePdf(const ink::InkPage& page, const PictureSize& size, const 
         if (!objects.AddStream(content, packed.Finish())) return PictureResult::NotWritten;
         list += std::to_string(sheet) + " 0 R ";
     }
-    objects.Begin(kSheets) << "<</Type/Pages/Count " << static_cast<int64_t>(breaks.size()) << "/Kids[" << list
-                           << "]>>\nendobj\n";
+    objects.Begin(kSheets) << "<</Type/Pages/Count " << static_cast<int64_t>(breaks.size()) << "/Kids["
+                           << list << "]>>\nendobj\n";
     objects.Begin(kCatalog) << "<</Type/Catalog/Pages " << kSheets << " 0 R>>\nendobj\n";
     return objects.Finish() ? PictureResult::Made : PictureResult::NotWritten;
 }

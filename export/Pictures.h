@@ -13,8 +13,8 @@ namespace inkexport {
 
 enum class PictureResult { Made, NotWritten, TooLarge };
 
-// Pixels as the program itself paints them; smaller than 1 each is the mean of those at a scale of 1 to 2. The
-// page is as large as `size` says; what lies beyond is left out. Throw bad_alloc.
+// Pixels as the program itself paints them; smaller than 1 each is the mean of those at a scale of 1 to 2.
+// The page is as large as `size` says; what lies beyond is left out. Throw bad_alloc.
 PictureResult WritePng(const ink::InkPage& page, const PictureSize& size, const Arguments& arguments,
                        ink::ByteSink& sink);
 PictureResult WriteSvg(const ink::InkPage& page, const PictureSize& size, const Arguments& arguments,

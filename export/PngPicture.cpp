@@ -49,9 +49,7 @@ class Shrinker {
         return isGood;
     }
     // The last rows need not be as many as the others.
-    bool Finish(int32_t paintedWidth) {
-        return (rows_ == 0 || EndRow(paintedWidth)) && writer_.Finish();
-    }
+    bool Finish(int32_t paintedWidth) { return (rows_ == 0 || EndRow(paintedWidth)) && writer_.Finish(); }
 
   private:
     void AddToSums(const uint32_t* pixels, int32_t count) {

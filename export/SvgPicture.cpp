@@ -50,7 +50,8 @@ PictureResult WriteSvg(const ink::InkPage& page, const PictureSize& size, const 
         << "\" viewBox=\"0 0 " << int64_t{size.width} << " " << int64_t{size.height} << "\">\n";
     PutPaper(out, page.background, size);
     // Points lie in the middle of their pixels.
-    out << "<g transform=\"translate(.5 .5)\" fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\"";
+    out << "<g transform=\"translate(.5 .5)\" fill=\"none\" stroke-linecap=\"round\" "
+           "stroke-linejoin=\"round\"";
     const std::vector<PenLine> lines = LinesOf(arguments.style, arguments.size);
     out << " stroke-width=\"" << Decimal(lines.back().width) << "\">\n";
     page.VisitStrokes(0, size.height, [&](const ink::StrokeRecord& record) {

@@ -1,6 +1,5 @@
-#include <windows.h>
-
 #include <io.h>
+#include <windows.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -32,8 +31,8 @@ constexpr DWORD kLargestPiece = 1u << 30;
 
 std::string ErrorText(DWORD error) {
     wchar_t text[512];
-    DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
-                                  text, static_cast<DWORD>(std::size(text)), nullptr);
+    DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error,
+                                  0, text, static_cast<DWORD>(std::size(text)), nullptr);
     while (length > 0 && (text[length - 1] <= L' ' || text[length - 1] == L'.')) --length;
     return length > 0 ? ToUtf8({text, length}) : "error " + std::to_string(error);
 }
@@ -47,7 +46,8 @@ class Handle {
     Handle& operator=(const Handle&) = delete;
 
     bool Open(const std::wstring& path, DWORD access, DWORD share, DWORD disposition) {
-        handle_ = CreateFileW(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+        handle_ =
+            CreateFileW(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
         return IsOpen();
     }
     bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
@@ -64,7 +64,8 @@ class Handle {
 class HostNote : public ink::ByteSource {
   public:
     bool Open(const std::wstring& path) {
-        return handle_.Open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING);
+        return handle_.Open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                            OPEN_EXISTING);
     }
     bool Read(void* buffer, size_t size, size_t& got) override {
         for (got = 0; got < size;) {
