@@ -15,7 +15,7 @@ constexpr uint32_t kByte = 0xFFu << 24;
 constexpr uint32_t kMostFollowing = 86;
 constexpr uint32_t kNoToken = kByte | 0xFFFF;
 
-constexpr size_t kTokensPerBlock = 1u << 16;
+constexpr size_t kTokensPerBlock = 1u << 15;
 constexpr size_t kMostPixelsAtOnce = 8192;
 // No token takes more bits than three bytes and a repetition.
 constexpr size_t kBlockRoom = (kTokensPerBlock + kMostPixelsAtOnce + 1) * 9 + 2 * sizeof(uint64_t);
@@ -27,7 +27,9 @@ constexpr size_t kSymbols = 257 + kLengthCodes;
 // a code of one symbol is none.
 constexpr size_t kDistances = 3;
 constexpr uint64_t kThreeBackBits = 1;
-constexpr int kLongestCode = 15;
+// Three bytes and a repetition fit into 64 bits beside what is left of the last byte.
+constexpr int kLongestCode = 12;
+static_assert(4 * kLongestCode + 5 + 1 + 7 <= 64);
 constexpr int kLongestHeadCode = 7;
 
 // Of each length code: the bits that follow it, and the shortest length that it stands for.
@@ -115,7 +117,8 @@ void ZlibStream::AddPixels(const uint32_t* pixels, size_t count) {
     uint32_t last = kNoToken;
     uint32_t following = 0;
     for (size_t i = 0; i < count;) {
-        if (following + 8 <= kMostFollowing && i + 8 <= count && AreAll(pixels + i, last)) {
+        if (following + 8 > kMostFollowing) last = kNoToken;
+        if (i + 8 <= count && AreAll(pixels + i, last)) {
             following += 8;
             i += 8;
             *token = last | following << 24;
@@ -123,9 +126,9 @@ void ZlibStream::AddPixels(const uint32_t* pixels, size_t count) {
         }
         const size_t end = std::min(i + 8, count);
         for (; i < end; ++i) {
-            const bool goesOn = pixels[i] == last && following < kMostFollowing;
-            following = goesOn ? following + 1 : 0;
-            token += goesOn ? 0 : 1;
+            const uint32_t goesOn = pixels[i] == last ? 1 : 0;
+            following = (following + 1) & (0 - goesOn);
+            token += 1 - goesOn;
             last = pixels[i];
             *token = last | following << 24;
         }
@@ -189,28 +192,25 @@ void ZlibStream::EndBlock(bool isLast) {
     uint8_t* out = block_.data();
     uint64_t pending = bits_;
     int pendingCount = bitCount_;
-    const auto add = [&](const Bits& one) {
-        pending |= one.bits << pendingCount;
-        pendingCount += one.count;
-    };
-    const auto write = [&] {
+    for (size_t i = 0; i < tokenCount_; ++i) {
+        const uint32_t token = tokens_[i];
+        Bits whole = bytes[token & 255];
+        if (token < kByte) {
+            const Bits& red = bytes[token >> 16 & 255];
+            const Bits& green = bytes[token >> 8 & 255];
+            const Bits& again = repeats[token >> 24];
+            const int beforeBlue = red.count + green.count;
+            const int beforeAgain = beforeBlue + whole.count;
+            whole.bits =
+                red.bits | green.bits << red.count | whole.bits << beforeBlue | again.bits << beforeAgain;
+            whole.count = beforeAgain + again.count;
+        }
+        pending |= whole.bits << pendingCount;
+        pendingCount += whole.count;
         std::memcpy(out, &pending, sizeof pending);
         out += pendingCount >> 3;
         pending >>= pendingCount & ~7;
         pendingCount &= 7;
-    };
-    for (size_t i = 0; i < tokenCount_; ++i) {
-        const uint32_t token = tokens_[i];
-        if (token < kByte) {
-            add(bytes[token >> 16 & 255]);
-            add(bytes[token >> 8 & 255]);
-            add(bytes[token & 255]);
-            write();
-            add(repeats[token >> 24]);
-        } else {
-            add(bytes[token & 255]);
-        }
-        write();
     }
     packed_.insert(packed_.end(), block_.data(), out);
     bits_ = pending;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <numeric>
 #include <utility>
 
 namespace inkexport {
@@ -56,10 +57,14 @@ uint16_t Reversed(uint32_t code, int length) {
 
 HuffmanCode MakeHuffmanCode(std::vector<uint32_t> counts, int longest) {
     HuffmanCode code{std::vector<uint8_t>(counts.size()), std::vector<uint16_t>(counts.size())};
-    // The flatter the counts the flatter the tree.
-    while (FindDepths(counts, code.lengths) > longest) {
-        for (uint32_t& count : counts) count = (count + 1) / 2;
-    }
+    // The rarer a symbol the deeper it lies: raised to a least count that nearly always does.
+    uint64_t least = std::accumulate(counts.begin(), counts.end(), uint64_t{0}) >> longest;
+    do {
+        for (uint32_t& count : counts) {
+            if (count != 0) count = static_cast<uint32_t>(std::max<uint64_t>(count, least));
+        }
+        least = 2 * least + 1;
+    } while (FindDepths(counts, code.lengths) > longest);
     uint32_t next = 0;
     for (int length = 1; length <= longest; ++length, next <<= 1) {
         for (size_t i = 0; i < counts.size(); ++i) {

@@ -13,7 +13,7 @@ namespace inkexport {
 namespace {
 
 constexpr int64_t kMostPixels = int64_t{1} << 30;
-constexpr int64_t kStripPixels = 256 * 1024;  // painted at a time: what stays in the processor's cache
+constexpr int64_t kStripPixels = 128 * 1024;  // painted at a time: what stays in the processor's cache
 
 // Paints no smaller than the page is: what is smaller is the mean of so many pixels in either direction.
 struct PaintScale {
