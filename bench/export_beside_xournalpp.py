@@ -90,7 +90,7 @@ def run(command, environment):
     process.returncode = os.waitstatus_to_exitcode(status)
     if process.returncode != 0:
         sys.exit(f"{command[0]} failed")
-    return time.monotonic() - begin, usage.ru_utime + usage.ru_stime, usage.ru_maxrss / 1024
+    return time.monotonic() - begin, usage.ru_utime + usage.ru_stime
 
 
 def compare(folder, count, rounds):
@@ -110,8 +110,6 @@ def compare(folder, count, rounds):
         a, b = (statistics.median(pair[side][which] for pair in figures) for side in (0, 1))
         ratio = statistics.median(pair[1][which] / pair[0][which] for pair in figures)
         print(f"| {count} strokes, {name} time | {a * 1000:.1f} ms | {b * 1000:.1f} ms | {ratio:.1f} |")
-    peak = [max(pair[side][2] for pair in figures) for side in (0, 1)]
-    print(f"| {count} strokes, memory | {peak[0]:.0f} MB | {peak[1]:.0f} MB | |")
     size = [sum(path.stat().st_size for path in paths) / 1e6 for paths in ([ours], pictures)]
     print(f"| {count} strokes, files of {pixels[0]} and {pixels[1]} pixels | {size[0]:.1f} MB | {size[1]:.1f} MB | |")
 
