@@ -65,6 +65,11 @@ std::optional<Format> FormatOfName(const std::string& path) {
     return format;
 }
 
+bool EndsAsNote(const std::string& path) {
+    const std::string ending = ".ikw";
+    return path.size() >= ending.size() && Lower(path.substr(path.size() - ending.size())) == ending;
+}
+
 class Parser {
   public:
     explicit Parser(Arguments& arguments) : arguments_(arguments) {}
@@ -106,6 +111,8 @@ class Parser {
 
     std::string Whole() {
         Arguments& a = arguments_;
+        // An -o whose file was forgotten would take the first note for it.
+        if (EndsAsNote(a.output)) return a.output + " is named like a note, not like a picture";
         if (a.showsHelp || a.showsVersion) return "";
         if (a.notes.empty()) return "no note is named";
         const std::optional<Format> named = FormatOfName(a.output);

@@ -27,7 +27,7 @@ class OutputFile : public ink::ByteSink {
 
 void Print(const std::string& text);
 void PrintError(const std::string& text);
-// Whether somebody looks at the errors as they come.
+// Whether somebody looks at the errors as they come, on a terminal that can wipe a line (ESC [ K).
 bool ErrorsAreSeen();
 
 // The program: returns its exit code.

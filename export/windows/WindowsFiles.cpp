@@ -1,4 +1,3 @@
-#include <io.h>
 #include <windows.h>
 
 #include <algorithm>
@@ -165,6 +164,13 @@ std::unique_ptr<OutputFile> OutputFile::Create(const std::string& path, bool rep
 
 void Print(const std::string& text) { std::fputs(text.c_str(), stdout); }
 void PrintError(const std::string& text) { std::fputs(text.c_str(), stderr); }
-bool ErrorsAreSeen() { return _isatty(_fileno(stderr)) != 0; }
+
+// Older consoles don't know how to wipe a line.
+bool ErrorsAreSeen() {
+    const HANDLE console = GetStdHandle(STD_ERROR_HANDLE);
+    DWORD mode = 0;
+    return GetConsoleMode(console, &mode) != FALSE &&
+           SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != FALSE;
+}
 
 }  // namespace inkexport

@@ -79,7 +79,7 @@ class Export(unittest.TestCase):
                                 (["note.ikw", "--format", "gif"], "png, svg or pdf"), (["--scale=0.2", "x"], "0.25 to 5"),
                                 (["--scale", "2x", "x"], "2x"), (["--scale", "nan", "x"], "nan"), (["--size=26", "x"], "25.5"),
                                 (["--style", "bold", "x"], "smooth"), (["--paper", "b5", "x"], "letter"), (["-o", "", "x"], "folder"),
-                                (["--thumbnail", "8", "x"], "16"), (["--thumbnail=64", "--format=pdf", "x"], "PNG"),
+                                (["-o", "note.IKW", "note.ikw", "--force"], "named like a note"), (["--thumbnail", "8", "x"], "16"), (["--thumbnail=64", "--format=pdf", "x"], "PNG"),
                                 (["a.ikw", "b.ikw", "-o", "c.png"], "need a folder")):
             self.assertIn(word, self.run_program(*arguments, code=2))
         self.assertIn("Usage", self.run_program("--help", "--format", "png"))
