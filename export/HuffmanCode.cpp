@@ -22,6 +22,7 @@ int FindDepths(const std::vector<uint32_t>& counts, std::vector<uint8_t>& depths
     }
     std::sort(leaves.begin(), leaves.end());
     std::vector<Node> nodes;
+    nodes.reserve(2 * leaves.size());
     for (const auto& leaf : leaves) nodes.push_back({leaf.first, 0});
     // Leaves and inner nodes are each in order of weight, so the two lightest are at the head of either.
     size_t leaf = 0;
