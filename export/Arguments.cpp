@@ -70,6 +70,10 @@ bool EndsAsNote(const std::string& path) {
     return path.size() >= ending.size() && Lower(path.substr(path.size() - ending.size())) == ending;
 }
 
+std::string NotTaken(const std::string& option, const std::string& value, const std::string& wanted) {
+    return option + " takes " + wanted + ", not \"" + value + "\"";
+}
+
 class Parser {
   public:
     explicit Parser(Arguments& arguments) : arguments_(arguments) {}
@@ -172,7 +176,7 @@ bool ParseArguments(const std::vector<std::string>& words, Arguments& arguments,
         const std::string value = equals == std::string::npos ? words[i] : word.substr(equals + 1);
         const std::string wanted = parser.Option(name, value);
         if (!wanted.empty()) {
-            problem = name + " takes " + wanted + ", not \"" + value + "\"";
+            problem = NotTaken(name, value, wanted);
             return false;
         }
     }

@@ -130,6 +130,10 @@ std::string ExportWithMemory(const std::string& note, const std::string& output,
     }
 }
 
+std::string IsTaken(const std::string& note, const std::string& output, const std::string& earlier) {
+    return note + ": " + output + " is the picture of " + earlier;
+}
+
 int ExportAll(const Arguments& arguments) {
     const bool toFolder =
         !arguments.output.empty() && (IsFolder(arguments.output) || IsSeparator(arguments.output.back()));
@@ -144,8 +148,8 @@ int ExportAll(const Arguments& arguments) {
         progress.Next(note);
         const std::string output = OutputOf(note, arguments, toFolder);
         const auto [earlier, isNew] = noteOf.emplace(output, note);
-        const std::string problem = isNew ? ExportWithMemory(note, output, arguments)
-                                          : note + ": " + output + " is the picture of " + earlier->second;
+        const std::string problem =
+            isNew ? ExportWithMemory(note, output, arguments) : IsTaken(note, output, earlier->second);
         if (problem.empty()) continue;
         progress.Wipe();
         Complain(problem);
