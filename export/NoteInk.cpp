@@ -14,9 +14,10 @@ constexpr int32_t kLeastWidth = 240;  // of the smallest screen that notes are w
 constexpr int32_t kMargin = 14;
 constexpr int32_t kUsualBandHeight = 588;
 // Pixels that all lines are long together: a file of some megabytes can name lines that take days to paint.
-constexpr uint64_t kMostInk = uint64_t{1} << 32;
-// Points that are gone through, once for each strip of about so many rows that their stroke reaches into.
-constexpr uint64_t kMostSteps = uint64_t{1} << 30;
+constexpr uint64_t kMostInk = uint64_t{1} << 30;
+// Points that are gone through, once for each strip of about so many rows that their stroke reaches into,
+// beyond what strokes of usual height take.
+constexpr uint64_t kMostSteps = uint64_t{1} << 26;
 constexpr int64_t kStripRows = 512;
 
 int64_t Distance(int64_t a, int64_t b) {
@@ -69,6 +70,7 @@ bool MeasureNote(const ink::InkPage& page, int32_t reach, PictureSize& size, std
     int64_t bottom = 0;
     uint64_t length = 0;
     uint64_t steps = 0;
+    uint64_t points = 0;
     for (size_t slot = 0; slot < page.SlotCount(); ++slot) {
         const ink::StrokeBand* band = page.Band(slot);
         for (size_t i = 0; band != nullptr && i < band->Count(); ++i) {
@@ -86,6 +88,7 @@ bool MeasureNote(const ink::InkPage& page, int32_t reach, PictureSize& size, std
                     std::max(Distance(x, record.Points()[k - 1].x), Distance(y, record.PageY(k - 1))));
             }
             bottom = std::max(bottom, low + 1);
+            points += static_cast<uint64_t>(record.count);
             steps += static_cast<uint64_t>(record.count) *
                      static_cast<uint64_t>(1 + std::max<int64_t>(low - top, 0) / kStripRows);
         }
@@ -97,7 +100,7 @@ bool MeasureNote(const ink::InkPage& page, int32_t reach, PictureSize& size, std
                   " rows; a picture has at most " + std::to_string(kMostSide);
         return false;
     }
-    if (length > kMostInk || steps > kMostSteps) {
+    if (length > kMostInk || steps > kMostSteps + 4 * points) {
         problem = "it has more ink than any hand can write";
         return false;
     }

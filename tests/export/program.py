@@ -167,6 +167,7 @@ class Export(unittest.TestCase):
         cases = [(name, path.read_bytes()) for path in FIXTURES.glob("*.ikw") if (name := path.stem).startswith("damaged")]
         cases += [("wide", note_bytes([(0, [(far, 5)])])), ("tall", note_bytes([(0, [(5, far)])])),
                   ("long", note_bytes([(0, [(0, i % 2 * 900000) for i in range(5000)])])),
+                  ("steep", note_bytes([(0, [(5, i * 10) for i in range(90000)])])),
                   ("large", note_bytes([(0, [(5, 900000), (999000, 5)])]))]
         # The sanitizers take terabytes of addresses.
         limit = [] if os.environ["INKWRIGHT_SANITIZED"] == "ON" else ["sh", "-c", 'ulimit -v 100000; exec "$@"', "sh"]
@@ -175,7 +176,7 @@ class Export(unittest.TestCase):
             self.assertIn("hostile.ikw: it", self.run_program("hostile.ikw", code=1, limit=limit), name)
         self.assertEqual(self.names(), ["hostile.ikw", "note.ikw"])
         # On every sheet again these would be gigabytes.
-        self.put("hostile.ikw", note_bytes([(0, [(i % 99, i % 2 * 700000) for i in range(2400)])]))
+        self.put("hostile.ikw", note_bytes([(0, [(i % 99, i % 2 * 700000) for i in range(1400)])]))
         self.assertIn("too large", self.run_program("hostile.ikw", "--format=pdf", "--scale=5", code=1, limit=limit))
 
     def test_progress_is_shown_to_a_person(self):
