@@ -17,7 +17,7 @@ constexpr int32_t kUsualBandHeight = 588;
 constexpr uint64_t kMostInk = uint64_t{1} << 30;
 // Points that are gone through, once for each strip of about so many rows that their stroke reaches into,
 // beyond what strokes of usual height take.
-constexpr uint64_t kMostSteps = uint64_t{1} << 26;
+constexpr uint64_t kMostSteps = uint64_t{1} << 24;
 constexpr int64_t kStripRows = 512;
 
 int64_t Distance(int64_t a, int64_t b) {
