@@ -17,7 +17,6 @@ namespace {
 // Mask levels of the classic pen.
 constexpr uint8_t kRim = 1;
 constexpr uint8_t kCore = 2;
-constexpr float kRimShade = 0.39f;
 
 // `width` in page pixels.
 std::unique_ptr<Nib> MakeNib(PenStyle style, double width, Scale scale) {
@@ -87,7 +86,7 @@ struct InkPainter::Impl {
 
     void SetColor(ColorRef color) {
         pixel = PixelOf(color);
-        if (style == PenStyle::Classic) rimPixel = PixelOf(Shade(color, kRimShade));
+        if (style == PenStyle::Classic) rimPixel = PixelOf(Shade(color, kClassicRimShade));
     }
     void EndLive() {
         if (live) tracer->Mask().Clear(inked);

@@ -15,6 +15,9 @@ namespace ink {
 // How many rows at the top of the page carry the head decoration.
 constexpr int32_t kHeadRows = 45;
 
+// How much lighter the classic pen's outer line is than its core.
+constexpr float kClassicRimShade = 0.39f;
+
 // Surfaces are made of screen pixels, points and `scroll` of page pixels (see Scale): a point (x, y) of the
 // page is painted at column ToScreen(x), row ToScreen(y) - ToScreen(scroll). So a picture that is moved by
 // the difference of two scrolls' screen rows fits what is painted beside it. Every call paints exactly inside

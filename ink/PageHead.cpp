@@ -7,24 +7,25 @@
 namespace ink {
 namespace {
 
-constexpr int32_t kTitleRow = 37;  // page row of the title line; the head's last row is a line as well
-constexpr int32_t kMargin = 14;    // page columns left free beside the title line
-
 // How far each part's tone lies between the background and black, or white on dark pages.
 constexpr int kPaperShare = 3;  // percent
 constexpr int kTitleShare = 16;
 constexpr int kEdgeShare = 26;
 
-uint32_t Tone(ColorRef background, int percent) {
+ColorRef Tone(ColorRef background, int percent) {
     const auto [low, high] = std::minmax({Red(background), Green(background), Blue(background)});
     const int contrast = low + high > 230 ? 0 : 255;
     const auto part = [&](int from) {
         return static_cast<uint32_t>((from * (100 - percent) + contrast * percent + 50) / 100);
     };
-    return PixelOf(MakeColor(part(Red(background)), part(Green(background)), part(Blue(background))));
+    return MakeColor(part(Red(background)), part(Green(background)), part(Blue(background)));
 }
 
 }  // namespace
+
+HeadTones HeadTonesOf(ColorRef background) {
+    return {Tone(background, kPaperShare), Tone(background, kTitleShare), Tone(background, kEdgeShare)};
+}
 
 void PaintPageHead(PixelSurface& surface, ColorRef background, int32_t scroll, const Rect& clip,
                    Scale scale) {
@@ -32,13 +33,14 @@ void PaintPageHead(PixelSurface& surface, ColorRef background, int32_t scroll, c
     const int64_t top = scale.ToScreen(scroll);
     const int64_t bottom = scale.ToScreen(kHeadRows);
     if (box.IsEmpty() || top + box.top >= bottom) return;
-    const uint32_t paper = Tone(background, kPaperShare);
-    const uint32_t title = Tone(background, kTitleShare);
-    const uint32_t edge = Tone(background, kEdgeShare);
+    const HeadTones tones = HeadTonesOf(background);
+    const uint32_t paper = PixelOf(tones.paper);
+    const uint32_t title = PixelOf(tones.title);
+    const uint32_t edge = PixelOf(tones.edge);
     const int64_t titleTop = scale.ToScreen(kTitleRow);
     // The same for both lines, wherever on the raster they begin.
     const int64_t line = scale.ToScreen(1);
-    const int32_t margin = static_cast<int32_t>(scale.ToScreen(kMargin));
+    const int32_t margin = static_cast<int32_t>(scale.ToScreen(kTitleMargin));
     for (int32_t y = box.top; y < box.bottom; ++y) {
         const int64_t row = top + y;
         if (row < 0 || row >= bottom) continue;

@@ -16,13 +16,14 @@ MAY_USE = {
     "options": {"ink", "platform", STORE, "res"},
     "search": {"platform", STORE, "res"},
     "editor": {"ink", "platform", STORE, "alarms", "options", "res"},
+    "export": {"ink", "res"},
     "manager": {"ink", "platform", STORE, "alarms", "options", "editor", "search", "res"},
     "app": {"ink", "platform", STORE, "alarms", "editor", "manager"},
 }
 
 # The Windows port and the programs that come with it.
-WINDOWS = ("platform/windows/", "platform/keeper/", "platform/mail/")
-LINUX = ("platform/qt/",)
+WINDOWS = ("platform/windows/", "platform/keeper/", "platform/mail/", "export/windows/")
+LINUX = ("platform/qt/", "export/linux/")
 PORTS = {"windows": WINDOWS, "keeper": WINDOWS, "mail": WINDOWS, "host": ("platform/host/",), "qt": LINUX}
 
 # All but what would go past the contract. Names with a dot or a slash are the system's.

@@ -167,7 +167,7 @@ class Case(unittest.TestCase):
 
 
 def main():
-    needed = [PROGRAMS / name for name in ("inkwright.exe", "wine_probe.exe", "contract_test.exe")]
+    needed = [PROGRAMS / name for name in ("inkwright.exe", "inkwright-export.exe", "wine_probe.exe", "contract_test.exe")]
     missing = [str(path) for path in needed if not path.exists()]
     if missing:
         print("Skipped: not built:", *missing)
