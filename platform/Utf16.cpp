@@ -17,7 +17,7 @@ std::u16string ToUtf16(const std::wstring& text) {
     std::u16string units;
     units.reserve(text.size());
     for (const wchar_t c : text) {
-        const auto point = static_cast<uint32_t>(c);
+        const auto point = static_cast<char32_t>(c);
         if (kIsWide && point > 0xFFFF) {
             units += static_cast<char16_t>(0xD800 + ((point - 0x10000) >> 10 & 0x3FF));
             units += static_cast<char16_t>(0xDC00 + (point & 0x3FF));

@@ -57,7 +57,7 @@ std::wstring Decode(const std::string& bytes, Odd odd) {
 bool ToDisk(const std::wstring& text, std::string& bytes) {
     bytes.clear();
     for (const wchar_t c : text) {
-        const auto point = static_cast<uint32_t>(c);
+        const auto point = static_cast<char32_t>(c);
         if (point == 0 || !IsCharacter(point)) return false;
         Append(point, bytes);
     }
