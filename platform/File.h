@@ -33,6 +33,9 @@ class File {
     bool Size(uint64_t& bytes);
     // What was written is on the disk, and would survive a power cut. May take long.
     bool Flush();
+    // The same for the bytes alone: a file that was just made may have lost its name after a power cut. For
+    // what is moved in place next, whose name at first nobody asks for.
+    bool FlushBytes();
     // As PutInPlace() of FileSystem.h, for this file while it is written: of what was flushed nothing is read
     // again, and a power cut leaves the old file or this one, as long as the storage keeps its changes in
     // order. False where the system moves no open file, or where PutInPlace() has more to do.

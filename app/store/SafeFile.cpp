@@ -42,13 +42,13 @@ SafeFile::~SafeFile() {
 }
 
 bool SafeFile::Finish() {
-    const bool isOnDisk = file_.Flush();
+    const bool isOnDisk = file_.FlushBytes();  // the move flushes the name
     file_.Close();
     return isOnDisk;
 }
 
 bool SafeFile::Commit() {
-    if (!file_.Flush()) return false;
+    if (!file_.FlushBytes()) return false;
     const bool isPut = file_.MoveInPlace(path_);
     // The journal may lie on another disk, which must not forget the page before this one has it.
     if (isPut && !platform::StorageOf(path_).empty()) file_.Flush();

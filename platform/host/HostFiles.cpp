@@ -155,6 +155,8 @@ bool File::Size(uint64_t& bytes) {
     return true;
 }
 
+bool File::FlushBytes() { return Flush(); }
+
 bool File::Flush() {
     if (impl_ == nullptr || !impl_->writing) return false;
     impl_->error = FaultAt(FileCall::Flush, impl_->path);

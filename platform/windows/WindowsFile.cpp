@@ -127,6 +127,8 @@ bool File::Size(uint64_t& bytes) {
     return true;
 }
 
+bool File::FlushBytes() { return Flush(); }
+
 bool File::Flush() { return impl_ && impl_->Report(FlushFileBuffers(impl_->handle.get())); }
 
 bool File::MoveInPlace(const std::wstring& to) {

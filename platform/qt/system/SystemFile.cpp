@@ -117,8 +117,10 @@ bool File::Size(uint64_t& bytes) {
     return true;
 }
 
+bool File::FlushBytes() { return impl_ && impl_->Report(fsync(impl_->file.Get()) == 0); }
+
 bool File::Flush() {
-    if (!impl_ || !impl_->Report(fsync(impl_->file.Get()) == 0)) return false;
+    if (!FlushBytes()) return false;
     if (!impl_->isFolderFlushed) impl_->isFolderFlushed = qt::FlushFolder(qt::FolderOf(impl_->host));
     return impl_->Report(impl_->isFolderFlushed);
 }
