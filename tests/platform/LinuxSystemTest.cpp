@@ -347,8 +347,14 @@ TEST_F(Linux, AnAlarmStartsItsProgramAndLeavesTheDatabase) {
     const uint32_t start = TickMilliseconds();
     while (ListNotifications(left) && left.size() > 1 && TickMilliseconds() - start < 5000) Pause(5);
     EXPECT_THAT(left, testing::ElementsAre(later));
-    EXPECT_NE(Read(ConfigHome() + "/autostart/inkalarms.desktop").find("inkalarms\" --replace"),
-              std::string::npos);
+    const std::string autostart = ConfigHome() + "/autostart/inkalarms.desktop";
+    EXPECT_NE(Read(autostart).find("inkalarms\" --session"), std::string::npos);
+    // A session that begins keeps the keeper for what is still to come, and none for nothing.
+    const std::string keeper = PathBesideProgram("inkalarms");
+    EXPECT_EQ(std::system((keeper + " --stop").c_str()), 0);
+    EXPECT_NE(Read(autostart).find("Hidden=true"), std::string::npos);
+    EXPECT_TRUE(ClearNotification(later));
+    EXPECT_EQ(std::system((keeper + " --session").c_str()), 0) << "nothing is set: it ends";
 }
 
 }  // namespace

@@ -62,13 +62,10 @@ std::string QuotedForDesktop(const std::string& program) {
     return quoted + "\"";
 }
 
-void StartWithSessions(const std::string& program, bool replace) {
+// Stands before an entry of the same name that is everybody's.
+void WriteAutostart(const std::string& lines) {
     const std::string path = AutostartFile();
-    if (!replace && access(path.c_str(), F_OK) == 0) return;
-    const std::string text =
-        "[Desktop Entry]\nType=Application\nName=Inkwright Alarms\nComment=Opens notes at their alarms\n"
-        "NoDisplay=true\nExec=" +
-        QuotedForDesktop(program) + " " + kReplaceSwitch + "\n";
+    const std::string text = "[Desktop Entry]\nType=Application\nName=Inkwright Alarms\n" + lines;
     MakeLevels(FolderOf(path));
     const std::string beside = path + "~";
     {
@@ -76,6 +73,12 @@ void StartWithSessions(const std::string& program, bool replace) {
         if (!file || !WriteAll(file.Get(), text.data(), text.size())) return;
     }
     std::rename(beside.c_str(), path.c_str());
+}
+
+void StartWithSessions(const std::string& program, bool replace) {
+    if (!replace && access(AutostartFile().c_str(), F_OK) == 0) return;
+    WriteAutostart("Comment=Opens notes at their alarms\nNoDisplay=true\nExec=" + QuotedForDesktop(program) +
+                   " " + kSessionSwitch + "\n");
 }
 
 bool StartKeeper(const std::string& program) {
@@ -100,7 +103,7 @@ bool EnsureKeeper() {
     return true;
 }
 
-void ForgetSessions() { unlink(AutostartFile().c_str()); }
+void ForgetSessions() { WriteAutostart("Hidden=true\n"); }
 
 bool StopKeeper() {
     while (const pid_t keeper = KeeperProcess()) {

@@ -11,7 +11,7 @@
 namespace platform::qt {
 
 constexpr char kStopSwitch[] = "--stop";        // ends it, now and for the next sessions
-constexpr char kReplaceSwitch[] = "--replace";  // of an earlier session, whose windows are gone
+constexpr char kSessionSwitch[] = "--session";  // takes over from an earlier session, if there are entries
 constexpr char kReportSwitch[] = "--report";    // tells when it runs, see ProcessStart::report
 constexpr char kFireSwitch[] = "--fire";        // an entry
 
@@ -21,7 +21,7 @@ bool EnsureKeeper();
 // Ends the keeper and waits until it has ended. False when it does not end.
 bool StopKeeper();
 
-// It starts with no session any more.
+// It starts with no session of this user any more, not even where a package has it start with everybody's.
 void ForgetSessions();
 
 // What makes a process the keeper, as long as it lives: only one has it at a time.

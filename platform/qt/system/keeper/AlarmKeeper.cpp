@@ -125,6 +125,12 @@ class Watch {
     std::string name_;
 };
 
+// Who sets the first entry starts this program.
+bool IsNeeded() {
+    std::vector<NotificationHandle> handles;
+    return !platform::qt::NotificationStore().Handles(handles) || !handles.empty();
+}
+
 int Keep(bool reports) {
     const platform::qt::KeeperRole role;
     if (!role.IsHeld()) return 0;
@@ -174,6 +180,9 @@ int main(int count, char** arguments) {
         FireEntry(count > 2 ? static_cast<NotificationHandle>(std::strtoul(arguments[2], nullptr, 10)) : 0);
         return 0;
     }
-    if (what == kReplaceSwitch && !StopKeeper()) return 1;
+    if (what == kSessionSwitch) {
+        if (!StopKeeper()) return 1;
+        if (!IsNeeded()) return 0;
+    }
     return Keep(what == kReportSwitch);
 }
