@@ -16,4 +16,5 @@ img { max-width: 100%; border: 1px solid #ccc; }
 ${body}</body>
 </html>
 ")
-file(COPY ${DOCS}/pictures DESTINATION ${GUIDE})
+# Those of another document stay out.
+file(COPY ${DOCS}/pictures DESTINATION ${GUIDE} PATTERN raster-* EXCLUDE)

@@ -32,12 +32,29 @@ UninstPage instfiles
     ExecWait '"$INSTDIR\inkalarms.exe" /stop'
 !macroend
 
+; A program that runs can be neither replaced nor erased; what it has open is for its user to close.
+!macro WantClosed which
+    check${which}:
+    IfFileExists "$INSTDIR\inkwright.exe" 0 closed${which}
+    ClearErrors
+    FileOpen $1 "$INSTDIR\inkwright.exe" a
+    IfErrors 0 release${which}
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Inkwright is open. Close its windows, then retry." \
+        /SD IDCANCEL IDRETRY check${which}
+    SetErrorLevel 1
+    Quit
+    release${which}:
+    FileClose $1
+    closed${which}:
+!macroend
+
 ; Explorer reads what opens a file only when it is told.
 !macro TellShell
     System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
 !macroend
 
 Section
+    !insertmacro WantClosed Install
     ReadRegStr $0 HKCU "Software\Microsoft\Windows\CurrentVersion\Run" "InkwrightAlarms"
     !insertmacro StopAlarms
     SetOutPath "$INSTDIR"
@@ -70,6 +87,7 @@ SectionEnd
 
 ; Notes, settings and alarms stay where they are: they are the user's.
 Section "Uninstall"
+    !insertmacro WantClosed Uninstall
     !insertmacro StopAlarms
     Delete "$SMPROGRAMS\Inkwright.lnk"
     ReadRegStr $0 HKCU "Software\Classes\.ikw" ""

@@ -10,7 +10,9 @@
 #include <chrono>
 #include <cstdio>
 #include <cstring>
+#include <system_error>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "platform/qt/system/HandheldPath.h"
@@ -25,6 +27,7 @@ constexpr milliseconds kPatience{300};
 constexpr milliseconds kPause{15};
 constexpr int kTries = 5;  // to open what is being replaced just now
 constexpr mode_t kPermissions = 07777;
+constexpr off_t kSlowToFree = 256 * 1024;  // bytes, from which on a thread costs less
 
 bool IsPlainFile(int fd) {
     struct stat found {};
@@ -55,6 +58,15 @@ bool TakeOverAttributes(int from, int old) {
     TakeOverExtras(from, old);
     return ((is.st_mode ^ was.st_mode) & kPermissions) == 0 ||
            SetPermissions(from, was.st_mode & kPermissions);
+}
+
+// Who closes a file last that has no name any more frees its blocks. Nobody need wait for that.
+void CloseApart(OwnedFd file) {
+    try {
+        std::thread([held = std::move(file)] {}).detach();
+    } catch (const std::system_error&) {
+        return;  // no thread: it is closed already
+    }
 }
 
 // For file systems that can't rename that way.
@@ -131,9 +143,11 @@ bool RenameInPlace(int openFrom, const std::string& from, const std::string& to)
     struct stat found {};
     if (lstat(to.c_str(), &found) != 0) return errno == ENOENT && RenameToFreeName(from, to);
     if (IsReadOnly(to)) return false;
-    const OwnedFd old = OpenHeld(to, O_RDONLY, Hold::Alone);
+    OwnedFd old = OpenHeld(to, O_RDONLY, Hold::Alone);
     if (!old || !TakeOverAttributes(openFrom, old.Get())) return false;
-    return std::rename(from.c_str(), to.c_str()) == 0;
+    if (std::rename(from.c_str(), to.c_str()) != 0) return false;
+    if (found.st_size >= kSlowToFree) CloseApart(std::move(old));
+    return true;
 }
 
 bool SetPermissions(int fd, mode_t permissions) {

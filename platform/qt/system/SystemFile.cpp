@@ -17,6 +17,9 @@ namespace {
 // One call of the system takes no more.
 constexpr size_t kLargestPiece = size_t{1} << 30;
 
+// So much is sent to the disk while the rest is still being made, for whoever flushes it all then.
+constexpr uint64_t kAhead = 512 * 1024;
+
 FileError ErrorOf(int systemError) {
     switch (systemError) {
         case 0:
@@ -55,7 +58,16 @@ struct File::Impl {
     qt::OwnedFd file;
     std::string host;             // where it lies, as far as this program knows
     bool isFolderFlushed = true;  // of its name
+    uint64_t written = 0;
+    uint64_t sent = 0;  // of that, on its way to the disk
     FileError error = FileError::None;
+
+    void SendAhead() {
+        if (written - sent < kAhead) return;
+        sync_file_range(file.Get(), static_cast<off_t>(sent), static_cast<off_t>(written - sent),
+                        SYNC_FILE_RANGE_WRITE);
+        sent = written;
+    }
 
     bool Report(bool succeeded) {
         error = succeeded ? FileError::None : ErrorOf(errno);
@@ -107,7 +119,10 @@ bool File::Read(void* buffer, size_t size, size_t& got) {
 }
 
 bool File::Write(const void* bytes, size_t size) {
-    return impl_ && impl_->Report(qt::WriteAll(impl_->file.Get(), bytes, size));
+    if (!impl_ || !impl_->Report(qt::WriteAll(impl_->file.Get(), bytes, size))) return false;
+    impl_->written += size;
+    impl_->SendAhead();
+    return true;
 }
 
 bool File::Size(uint64_t& bytes) {
