@@ -1,7 +1,9 @@
 #include "platform/StoragePaths.h"
 
+#include <algorithm>
 #include <iterator>
 
+#include "platform/FileSystem.h"
 #include "platform/TextEncoding.h"
 
 namespace platform {
@@ -25,6 +27,18 @@ std::wstring StorageCardName(int index) {
 
 bool BeginsAsStorageCard(const std::wstring& name) {
     return EqualNoCase(name.substr(0, kCardNameLength), kCardName);
+}
+
+std::vector<std::wstring> CardFoldersOfDevice() {
+    std::vector<std::wstring> cards;
+    std::vector<FolderEntry> entries;
+    ListFolder(L"\\", L"*.*", entries);
+    for (const FolderEntry& entry : entries) {
+        if (entry.isFolder && BeginsAsStorageCard(entry.name)) cards.push_back(entry.name);
+    }
+    std::sort(cards.begin(), cards.end(),
+              [](const std::wstring& a, const std::wstring& b) { return LowerCase(a) < LowerCase(b); });
+    return cards;
 }
 
 bool IsStorageCardName(const std::wstring& name) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 // Which handheld paths name a storage: a share of the network, a storage card, a drive. A storage is there or
 // it is not; no program makes one, and nothing else may take the name of one that is missing.
@@ -16,6 +17,9 @@ bool IsStorageCardName(const std::wstring& name);
 // True for a name that begins so: where one folder is the whole device, its folders of such names are the
 // cards.
 bool BeginsAsStorageCard(const std::wstring& name);
+
+// Those cards: the names of such folders, in the order of their names.
+std::vector<std::wstring> CardFoldersOfDevice();
 
 // The leading part of a rooted path that names its storage ("\\server\share", "\Storage Card2", "\X:"), no
 // trailing "\". Empty for everything that lies in the handheld's own memory.

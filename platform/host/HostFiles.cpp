@@ -318,14 +318,7 @@ std::wstring DocumentsFolder() {
     return kDocuments;
 }
 
-std::vector<std::wstring> StorageCards() {
-    std::vector<std::wstring> cards;
-    for (const std::wstring& name : Store().NamesIn(L"")) {
-        const HostFileStore::NodePointer card = BeginsAsStorageCard(name) ? Store().Find(name) : nullptr;
-        if (card != nullptr && card->isFolder) cards.push_back(name);
-    }
-    return cards;
-}
+std::vector<std::wstring> StorageCards() { return CardFoldersOfDevice(); }
 
 bool ChooseFolder(Window*, const std::wstring&, const std::wstring&, std::wstring& chosen) {
     chosen = HostDevice::Current().desk.chosenFolder;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/FaultText.h"
 #include "platform/ProgramEntry.h"
 #include "platform/qt/Application.h"
 #include "platform/qt/system/CommandText.h"
@@ -14,18 +15,7 @@ namespace {
 // What Require ends the program with, and whatever else nobody caught. Nothing of the program is used any
 // more; no clean-up either, which could make things worse.
 [[noreturn]] void ShowAndEnd() {
-    std::string what = "unknown";
-    try {
-        if (const std::exception_ptr failure = std::current_exception()) std::rethrow_exception(failure);
-    } catch (const std::exception& failure) {
-        what = failure.what();
-    } catch (...) {
-        what = "not an exception of the library";
-    }
-    const QString text =
-        "Inkwright has found a fault in itself and must close. Notes that were saved are not "
-        "touched.\n\n" +
-        QString::fromStdString(what);
+    const QString text = QString::fromStdString(platform::FaultText());
     qCritical("%s", qPrintable(text));
     // Only one thread may have windows.
     if (QThread::currentThread() == QCoreApplication::instance()->thread())

@@ -55,7 +55,7 @@ PointerPacket PacketOf(const QWidget& page, const QEventPoint& point, uint32_t t
 }  // namespace
 
 PointerInput::PointerInput(Window& window, WindowEvents& events)
-    : window_(window), events_(events), pens_(*this) {
+    : PenRelay(window), events_(events), pens_(*this) {
     pens_.LetFingersWrite(FingersWrite());
 }
 
@@ -113,32 +113,9 @@ void PointerInput::Gesture(const QEventPoint& point, const PointerPacket& packet
     if (isTap) Guarded(window_, [&] { window_.OnTwoFingerTap(); });
 }
 
-void PointerInput::PenDown(Point place, PenEnd end) {
-    end_ = end;
-    before_.clear();
-    window_.OnPenDown(place);
-}
-
-void PointerInput::PenMove(Point place, const std::vector<Point>& before) {
-    before_ = before;
-    window_.OnPenMove(place);
-    before_.clear();
-}
-
-void PointerInput::PenUp(Point place, const std::vector<Point>& before) {
-    before_ = before;
-    window_.OnPenUp(place);
-    before_.clear();
-    end_ = PenEnd::Tip;
-}
-
 void PointerInput::PenLost() {
     LosePen(window_);
     end_ = PenEnd::Tip;
 }
-
-void PointerInput::PenHovers(Point place, PenEnd end) { window_.OnPenHover(place, end); }
-
-void PointerInput::PenLeaves() { window_.OnPenLeave(); }
 
 }  // namespace platform::qt

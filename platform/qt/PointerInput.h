@@ -3,7 +3,7 @@
 #include <QEventPoint>
 #include <QObject>
 
-#include "platform/PenTranslator.h"
+#include "platform/PenRelay.h"
 #include "platform/Window.h"
 #include "platform/qt/FingerGestures.h"
 
@@ -15,7 +15,7 @@ namespace platform::qt {
 class WindowEvents;
 
 // The pens and fingers over one page.
-class PointerInput : public QObject, private PenListener {
+class PointerInput : public QObject, public PenRelay {
   public:
     PointerInput(Window& window, WindowEvents& events);
     PointerInput(const PointerInput&) = delete;
@@ -27,10 +27,7 @@ class PointerInput : public QObject, private PenListener {
     void TakeTouch(const QTouchEvent& event);
 
     void ContactTaken() { pens_.ContactTaken(); }
-    bool HasContact() const { return pens_.HasContact() || !before_.empty(); }
-    PenEnd End() const { return end_; }
-    // Where the pen was between the event before and the one that is being handled.
-    const std::vector<Point>& Before() const { return before_; }
+    bool HasContact() const { return pens_.HasContact() || !Before().empty(); }
 
   private:
     void Wait(const PointerPacket& packet);
@@ -38,20 +35,12 @@ class PointerInput : public QObject, private PenListener {
     void TakeFinger(const QEventPoint& point, uint32_t time);
     void Gesture(const QEventPoint& point, const PointerPacket& packet);
 
-    void PenDown(Point place, PenEnd end) override;
-    void PenMove(Point place, const std::vector<Point>& before) override;
-    void PenUp(Point place, const std::vector<Point>& before) override;
     void PenLost() override;
-    void PenHovers(Point place, PenEnd end) override;
-    void PenLeaves() override;
 
-    Window& window_;
     WindowEvents& events_;
     PenTranslator pens_;
     FingerGestures fingers_;
-    PenEnd end_ = PenEnd::Tip;
     std::vector<PointerPacket> waiting_;  // of one pen, not handed on yet
-    std::vector<Point> before_;
 };
 
 }  // namespace platform::qt

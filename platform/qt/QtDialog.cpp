@@ -7,6 +7,7 @@
 #include <QSpinBox>
 
 #include "platform/Dialog.h"
+#include "platform/FillingControls.h"
 #include "platform/qt/DialogFrame.h"
 #include "platform/qt/EditText.h"
 #include "platform/qt/HandheldPlace.h"
@@ -15,7 +16,6 @@
 
 namespace platform {
 
-using qt::FillingControls;
 using qt::ItemOf;
 
 namespace {
@@ -67,7 +67,7 @@ std::wstring Dialog::ItemText(int id) const {
 }
 
 void Dialog::SetItemText(int id, const std::wstring& text) {
-    const FillingControls filling(*impl_);
+    const FillingControls filling(impl_->fillingControls);
     if (auto* edit = ItemOf<QLineEdit>(*impl_, id)) edit->setText(qt::ToQt(text));
     if (auto* edit = ItemOf<QPlainTextEdit>(*impl_, id)) edit->setPlainText(qt::Shown(text));
     if (auto* label = ItemOf<QLabel>(*impl_, id)) label->setText(qt::ToQt(text));
@@ -105,7 +105,7 @@ DateTime Dialog::PickedTime(int id) const { return PickedDate(id); }
 
 void Dialog::SetPicked(int id, const DateTime& moment) {
     if (!IsValidDate(moment.year, moment.month, moment.day)) return;
-    const FillingControls filling(*impl_);
+    const FillingControls filling(impl_->fillingControls);
     const QDate date(moment.year, moment.month, moment.day);
     const QTime time(moment.hour, moment.minute, moment.second, moment.milliseconds);
     if (auto* calendar = ItemOf<QCalendarWidget>(*impl_, id)) calendar->setSelectedDate(date);

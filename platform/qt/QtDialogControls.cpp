@@ -7,13 +7,13 @@
 #include <algorithm>
 
 #include "platform/Dialog.h"
+#include "platform/FillingControls.h"
 #include "platform/qt/DialogFrame.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WindowImpl.h"
 
 namespace platform {
 
-using qt::FillingControls;
 using qt::ItemOf;
 
 namespace {
@@ -48,7 +48,7 @@ void Dialog::CheckItem(int id, bool checked) {
 void Dialog::SetChoices(int id, const std::vector<std::wstring>& texts) {
     auto* list = ItemOf<QComboBox>(*impl_, id);
     if (!list) return;
-    const FillingControls filling(*impl_);
+    const FillingControls filling(impl_->fillingControls);
     list->clear();
     for (const std::wstring& text : texts) list->addItem(qt::ToQt(text));
     list->setCurrentIndex(-1);
@@ -60,17 +60,17 @@ int Dialog::Choice(int id) const {
 }
 
 void Dialog::Choose(int id, int index) {
-    const FillingControls filling(*impl_);
+    const FillingControls filling(impl_->fillingControls);
     if (auto* list = ItemOf<QComboBox>(*impl_, id)) list->setCurrentIndex(index < list->count() ? index : -1);
 }
 
 void Dialog::SetSpinRange(int id, int16_t minimum, int16_t maximum) {
-    const FillingControls filling(*impl_);
+    const FillingControls filling(impl_->fillingControls);
     if (auto* spin = ItemOf<QSpinBox>(*impl_, id)) spin->setRange(minimum, maximum);
 }
 
 void Dialog::SetSpin(int id, int16_t position) {
-    const FillingControls filling(*impl_);
+    const FillingControls filling(impl_->fillingControls);
     if (auto* spin = ItemOf<QSpinBox>(*impl_, id)) spin->setValue(position);
 }
 

@@ -76,11 +76,11 @@ void Sheet::Open(int index) {
     opened_.push_back(&page);
     page.Handle()->Begin(page, nullptr, nullptr, tabs_.widget(index));
     qt::MakeItems(*tabs_.widget(index), page, *source);
-    qt::Guarded(page, [&page] { page.OnCreate(); });
+    Guarded(page, [&page] { page.OnCreate(); });
 }
 
 void Sheet::Apply() {
-    for (PropertyPage* page : opened_) qt::Guarded(*page, [page] { page->OnApply(); });
+    for (PropertyPage* page : opened_) Guarded(*page, [page] { page->OnApply(); });
 }
 
 }  // namespace

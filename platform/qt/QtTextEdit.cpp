@@ -8,6 +8,7 @@
 #include <new>
 
 #include "platform/Dialog.h"
+#include "platform/FillingControls.h"
 #include "platform/qt/DialogFrame.h"
 #include "platform/qt/EditText.h"
 #include "platform/qt/HandheldPlace.h"
@@ -17,7 +18,6 @@
 
 namespace platform {
 
-using qt::FillingControls;
 using qt::ItemOf;
 
 namespace {
@@ -43,7 +43,7 @@ class TextEdit : public QPlainTextEdit {
 
   private:
     void Hold(QPoint desktop) {
-        qt::Guarded(dialog_, [&] { dialog_.OnEditHold(id_, qt::ToHandheld(&dialog_, desktop)); });
+        Guarded(dialog_, [&] { dialog_.OnEditHold(id_, qt::ToHandheld(&dialog_, desktop)); });
     }
 
     Dialog& dialog_;
@@ -60,7 +60,7 @@ void Delete(QPlainTextEdit& edit) { edit.textCursor().removeSelectedText(); }
 
 bool Dialog::MakeTextEdit(int id, const Rect& place, bool wordWrap) {
     if (!impl_->frame) return false;
-    const FillingControls filling(*impl_);
+    const FillingControls filling(impl_->fillingControls);
     std::unique_ptr<TextEdit> edit;
     try {
         edit = std::make_unique<TextEdit>(impl_->frame, *this, id);

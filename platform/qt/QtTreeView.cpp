@@ -57,7 +57,7 @@ bool TreeView::Impl::Create(Window& window, int id, const Rect& place, const Tre
     if (tree || !page || !TakeImages()) return false;
     slowTap.setSingleShot(true);
     slowTap.callOnTimeout([this] {
-        if (selected && tree) qt::Guarded(*parent, [this] { EditLabel(*selected); });
+        if (selected && tree) Guarded(*parent, [this] { EditLabel(*selected); });
     });
     tree = new qt::TreeWidget(page, *this);
     tree->setObjectName(QString::number(id));

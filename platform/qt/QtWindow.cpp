@@ -127,7 +127,7 @@ bool Window::StartTimer(int id, uint32_t periodMilliseconds) {
     auto timer = std::make_unique<QTimer>();
     timer->setInterval(static_cast<int>(std::min<uint32_t>(periodMilliseconds, INT32_MAX)));
     timer->callOnTimeout(impl_->page, [this, id] {
-        if (!impl_->ended) qt::Guarded(*this, [&] { OnTimer(id); });
+        if (!impl_->ended) Guarded(*this, [&] { OnTimer(id); });
     });
     timer->start();
     StopTimer(id);
@@ -186,14 +186,14 @@ void Window::PostScroll(ScrollCode code) {
 
 void Window::SendPrivateMessage(uint32_t code, intptr_t payload) {
     qt::Application::The().Calls().Send([this, code, payload] {
-        if (Exists()) qt::Guarded(*this, [&] { OnPrivateMessage(code, payload); });
+        if (Exists()) Guarded(*this, [&] { OnPrivateMessage(code, payload); });
     });
 }
 
 void Window::PostPrivateMessage(uint32_t code, intptr_t payload) {
     QWidget* frame = impl_->frame;
     if (!frame) return;
-    const auto tell = [this, code, payload] { qt::Guarded(*this, [&] { OnPrivateMessage(code, payload); }); };
+    const auto tell = [this, code, payload] { Guarded(*this, [&] { OnPrivateMessage(code, payload); }); };
     QMetaObject::invokeMethod(frame, tell, Qt::QueuedConnection);
 }
 

@@ -83,19 +83,18 @@ void TreeView::Impl::EditLabel(Node& node) {
 }
 
 void TreeView::Impl::LabelEdited(Node* node, const QString& text, bool isKept) {
-    if (events && isKept)
-        qt::Guarded(*parent, [&] { events->OnTreeEditEnds(ItemOf(node), qt::FromQt(text)); });
+    if (events && isKept) Guarded(*parent, [&] { events->OnTreeEditEnds(ItemOf(node), qt::FromQt(text)); });
 }
 
 void TreeView::Impl::Moved(Node* node) {
-    qt::Guarded(*parent, [&] { Select(node); });
+    Guarded(*parent, [&] { Select(node); });
 }
 
 void TreeView::Impl::Tapped(Node* node) {
     slowTap.stop();
     if (!node) return;
     if (node == selected) return slowTap.start(QApplication::doubleClickInterval());
-    qt::Guarded(*parent, [&] { Select(node); });
+    Guarded(*parent, [&] { Select(node); });
 }
 
 // An item with children also opens or closes, unless whoever heard of the taps has removed it.
@@ -103,7 +102,7 @@ void TreeView::Impl::DoubleTapped(Node* node) {
     slowTap.stop();
     if (!node || !events) return;
     leaving.push_back(node);
-    qt::Guarded(*parent, [&] { events->OnTreeActivated(ItemOf(node)); });
+    Guarded(*parent, [&] { events->OnTreeActivated(ItemOf(node)); });
     const bool isThere = leaving.back() != nullptr;
     leaving.pop_back();
     if (isThere && node->childCount() > 0) Toggled(node);
@@ -111,13 +110,12 @@ void TreeView::Impl::DoubleTapped(Node* node) {
 
 void TreeView::Impl::Toggled(Node* node) {
     if (!node->isExpanded()) return node->setExpanded(true);
-    qt::Guarded(*parent, [&] { CloseBranch(*node); });
+    Guarded(*parent, [&] { CloseBranch(*node); });
 }
 
 void TreeView::Impl::Held(Node* node, QPoint desktop) {
     slowTap.stop();
-    if (events)
-        qt::Guarded(*parent, [&] { events->OnTreeHold(ItemOf(node), qt::ToHandheld(parent, desktop)); });
+    if (events) Guarded(*parent, [&] { events->OnTreeHold(ItemOf(node), qt::ToHandheld(parent, desktop)); });
 }
 
 bool TreeView::Impl::KeyPressed(const QKeyEvent& event) {
@@ -125,7 +123,7 @@ bool TreeView::Impl::KeyPressed(const QKeyEvent& event) {
     if (!events || parent->Handle()->ended || qt::TakeShortcut(*parent, event)) return true;
     const Key key = qt::KeyOf(event.key());
     bool isUsed = key == Key::Enter || key == Key::Escape;
-    qt::Guarded(*parent, [&] {
+    Guarded(*parent, [&] {
         if (key == Key::Enter && selected) events->OnTreeActivated(ItemOf(selected));
         if (key != Key::Enter) isUsed = events->OnTreeKey(key) || isUsed;
     });
@@ -135,7 +133,7 @@ bool TreeView::Impl::KeyPressed(const QKeyEvent& event) {
 }
 
 bool TreeView::Impl::StepOut(Node& node) {
-    qt::Guarded(*parent, [&] {
+    Guarded(*parent, [&] {
         if (node.isExpanded() && node.childCount() > 0) {
             CloseBranch(node);
         } else if (Node* above = ParentOf(node)) {
@@ -150,7 +148,7 @@ bool TreeView::Impl::StepIn(Node& node) {
     if (!node.isExpanded()) {
         node.setExpanded(true);
     } else {
-        qt::Guarded(*parent, [&] { Select(static_cast<Node*>(node.child(0))); });
+        Guarded(*parent, [&] { Select(static_cast<Node*>(node.child(0))); });
     }
     return true;
 }

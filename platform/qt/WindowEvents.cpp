@@ -77,9 +77,9 @@ PenEnd WindowEvents::EndOfPen() const { return pointers_ ? pointers_->End() : Pe
 
 // Where there is no room for all, the latest.
 size_t WindowEvents::Samples(Point* samples, size_t capacity) const {
-    const std::vector<Point>& known = pointers_ && pointers_->HasContact() ? pointers_->Before() : samples_;
-    const size_t count = std::min(capacity, known.size());
-    std::copy(known.end() - static_cast<std::ptrdiff_t>(count), known.end(), samples);
+    if (pointers_ && pointers_->HasContact()) return pointers_->Samples(samples, capacity);
+    const size_t count = std::min(capacity, samples_.size());
+    std::copy(samples_.end() - static_cast<std::ptrdiff_t>(count), samples_.end(), samples);
     return count;
 }
 

@@ -8,6 +8,7 @@
 #include <new>
 #include <vector>
 
+#include "platform/Guarded.h"
 #include "platform/MessageBox.h"
 #include "platform/PopupMenu.h"
 #include "platform/Window.h"
@@ -75,19 +76,6 @@ inline QWidget* FrameOf(const Window* window) { return window ? window->Handle()
 // The window object behind a frame or page of ours; null for any other widget.
 Window* WindowOf(const QWidget* widget);
 
-// Runs what handles an event: nothing may be thrown through the toolkit. False when memory was short, which
-// the user was told.
-template <typename Handler>
-bool Guarded(Window& window, Handler&& handler) {
-    try {
-        handler();
-        return true;
-    } catch (const std::bad_alloc&) {
-        ShowOutOfMemory(&window);
-        return false;
-    }
-}
-
 // A command reaches a window only while nothing is open over it.
 void DispatchCommand(Window& window, int id);
 void DispatchScroll(Window& window, ScrollCode code, int position);
@@ -100,21 +88,6 @@ void LosePen(Window& window);
 
 // Tells the window that it goes, and destroys it.
 void CloseWindow(Window& window);
-
-// What the program itself puts into a control is not reported back as the user's change.
-class FillingControls {
-  public:
-    explicit FillingControls(Window::Impl& state) : state_(state), before_(state.fillingControls) {
-        state_.fillingControls = true;
-    }
-    FillingControls(const FillingControls&) = delete;
-    FillingControls& operator=(const FillingControls&) = delete;
-    ~FillingControls() { state_.fillingControls = before_; }
-
-  private:
-    Window::Impl& state_;
-    bool before_;
-};
 
 }  // namespace qt
 

@@ -18,19 +18,4 @@ inline HWND Item(HWND dialog, int id) { return dialog ? GetDlgItem(dialog, id) :
 // Whether the control is an edit of many lines.
 bool IsTextEdit(HWND control);
 
-// What the program itself puts into a control is not reported back as the user's change.
-class FillingControls {
-  public:
-    explicit FillingControls(Window::Impl& state) : state_(state), before_(state.fillingControls) {
-        state_.fillingControls = true;
-    }
-    FillingControls(const FillingControls&) = delete;
-    FillingControls& operator=(const FillingControls&) = delete;
-    ~FillingControls() { state_.fillingControls = before_; }
-
-  private:
-    Window::Impl& state_;
-    bool before_;
-};
-
 }  // namespace platform::windows

@@ -2,6 +2,7 @@
 #include <exception>
 #include <string>
 
+#include "platform/FaultText.h"
 #include "platform/ProgramEntry.h"
 #include "platform/windows/Processes.h"
 
@@ -29,17 +30,7 @@ void LoadControls() {
 // What Require ends the program with, and whatever else nobody caught. Nothing of the program is used any
 // more; no clean-up either, which could make things worse.
 [[noreturn]] void ShowAndEnd() {
-    std::string what = "unknown";
-    try {
-        if (const std::exception_ptr failure = std::current_exception()) std::rethrow_exception(failure);
-    } catch (const std::exception& failure) {
-        what = failure.what();
-    } catch (...) {
-        what = "not an exception of the library";
-    }
-    const std::string text =
-        "Inkwright has found a fault in itself and must close. Notes that were saved are not touched.\n\n" +
-        what;
+    const std::string text = platform::FaultText();
     MessageBoxA(nullptr, text.c_str(), " Inkwright", MB_OK | MB_ICONERROR | MB_SETFOREGROUND);
     TerminateProcess(GetCurrentProcess(), 3);
     std::abort();

@@ -66,7 +66,7 @@ bool FingersWriteHere() {
 }  // namespace
 
 PointerInput::PointerInput(Window& window)
-    : window_(window), pens_(*this), fingersWrite_(FingersWriteHere()) {
+    : PenRelay(window), pens_(*this), fingersWrite_(FingersWriteHere()) {
     pens_.LetFingersWrite(fingersWrite_);
 }
 
@@ -127,42 +127,13 @@ bool PointerInput::TakeGesture(UINT message, WPARAM, LPARAM lParam) {
     return true;
 }
 
-size_t PointerInput::Samples(Point* samples, size_t capacity) const {
-    const size_t count = std::min(capacity, before_.size());
-    std::copy(before_.end() - static_cast<std::ptrdiff_t>(count), before_.end(), samples);
-    return count;
-}
-
 bool PointerInput::IsFromFinger() const {
     return !fingersWrite_ && IsMadeOfTouch(static_cast<uint32_t>(GetMessageExtraInfo()));
-}
-
-void PointerInput::PenDown(Point place, PenEnd end) {
-    end_ = end;
-    before_.clear();
-    window_.OnPenDown(place);
-}
-
-void PointerInput::PenMove(Point place, const std::vector<Point>& before) {
-    before_ = before;
-    window_.OnPenMove(place);
-    before_.clear();
-}
-
-void PointerInput::PenUp(Point place, const std::vector<Point>& before) {
-    before_ = before;
-    window_.OnPenUp(place);
-    before_.clear();
-    end_ = PenEnd::Tip;
 }
 
 void PointerInput::PenLost() {
     if (window_.HasPen()) window_.ReleasePen();
     end_ = PenEnd::Tip;
 }
-
-void PointerInput::PenHovers(Point place, PenEnd end) { window_.OnPenHover(place, end); }
-
-void PointerInput::PenLeaves() { window_.OnPenLeave(); }
 
 }  // namespace platform::windows

@@ -43,7 +43,7 @@ LRESULT CALLBACK TreeProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM 
         return result;
     }
     bool isHandled = true;
-    windows::Guarded(*tree.parent, [&] { isHandled = tree.events && tree.Input(message, wParam, lParam); });
+    Guarded(*tree.parent, [&] { isHandled = tree.events && tree.Input(message, wParam, lParam); });
     if (isHandled) return 0;
     return DefSubclassProc(handle, message, wParam, lParam);
 }

@@ -4,6 +4,7 @@
 #include <new>
 #include <vector>
 
+#include "platform/Guarded.h"
 #include "platform/MessageBox.h"
 #include "platform/Window.h"
 #include "platform/windows/PenHistory.h"
@@ -58,19 +59,6 @@ bool DispatchEvent(Window& window, HWND handle, UINT message, WPARAM wParam, LPA
 // Tells the window that another copy takes this one's place, unless it has ended or something else is open
 // over it: that is asked first.
 void TakeOver(Window& window);
-
-// Runs what handles an event: nothing may be thrown through the system's own frames on the stack. False when
-// memory was short, which the user was told.
-template <typename Handler>
-bool Guarded(Window& window, Handler&& handler) {
-    try {
-        handler();
-        return true;
-    } catch (const std::bad_alloc&) {
-        ShowOutOfMemory(&window);
-        return false;
-    }
-}
 
 Key KeyOf(WPARAM virtualKey);
 

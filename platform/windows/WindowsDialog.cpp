@@ -1,6 +1,7 @@
 #include <vector>
 
 #include "platform/Dialog.h"
+#include "platform/FillingControls.h"
 #include "platform/windows/DialogEvents.h"
 #include "platform/windows/DialogSource.h"
 #include "platform/windows/HandheldPlace.h"
@@ -14,7 +15,6 @@ namespace platform {
 
 namespace {
 
-using windows::FillingControls;
 using windows::Item;
 
 INT_PTR CALLBACK DialogProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -58,7 +58,7 @@ std::wstring Dialog::ItemText(int id) const {
 }
 
 void Dialog::SetItemText(int id, const std::wstring& text) {
-    const FillingControls filling(*impl_);
+    const FillingControls filling(impl_->fillingControls);
     if (const HWND item = Item(impl_->frame, id)) SetWindowTextW(item, text.c_str());
 }
 
@@ -103,7 +103,7 @@ DateTime Dialog::PickedDate(int id) const {
 DateTime Dialog::PickedTime(int id) const { return PickedDate(id); }
 
 void Dialog::SetPicked(int id, const DateTime& moment) {
-    const FillingControls filling(*impl_);
+    const FillingControls filling(impl_->fillingControls);
     const SYSTEMTIME system = windows::SystemTimeOf(moment);
     const HWND picker = Item(impl_->frame, id);
     const auto from = reinterpret_cast<LPARAM>(&system);

@@ -1,10 +1,10 @@
 // Check boxes, lists and spin buttons of dialogs.
 #include "platform/Dialog.h"
+#include "platform/FillingControls.h"
 #include "platform/windows/DialogEvents.h"
 
 namespace platform {
 
-using windows::FillingControls;
 using windows::Item;
 
 namespace {
@@ -50,12 +50,12 @@ void Dialog::Choose(int id, int index) {
 }
 
 void Dialog::SetSpinRange(int id, int16_t minimum, int16_t maximum) {
-    const FillingControls filling(*impl_);
+    const FillingControls filling(impl_->fillingControls);
     Send(impl_->frame, id, UDM_SETRANGE, 0, MAKELPARAM(maximum, minimum));
 }
 
 void Dialog::SetSpin(int id, int16_t position) {
-    const FillingControls filling(*impl_);
+    const FillingControls filling(impl_->fillingControls);
     Send(impl_->frame, id, UDM_SETPOS, 0, MAKELPARAM(position, 0));
 }
 

@@ -261,17 +261,7 @@ std::wstring DocumentsFolder() {
 }
 
 std::vector<std::wstring> StorageCards() {
-    if (windows::DeviceFolder().empty()) return windows::ReadableCards();
-    std::vector<std::wstring> cards;
-    std::vector<FolderEntry> entries;
-    ListFolder(L"\\", L"*.*", entries);
-    for (const FolderEntry& entry : entries) {
-        if (entry.isFolder && BeginsAsStorageCard(entry.name)) cards.push_back(entry.name);
-    }
-    std::sort(cards.begin(), cards.end(), [](const std::wstring& a, const std::wstring& b) {
-        return CompareStringOrdinal(a.c_str(), -1, b.c_str(), -1, TRUE) == CSTR_LESS_THAN;
-    });
-    return cards;
+    return windows::DeviceFolder().empty() ? windows::ReadableCards() : CardFoldersOfDevice();
 }
 
 std::wstring FromHostPath(const std::wstring& path) { return windows::ToHandheldPath(path); }

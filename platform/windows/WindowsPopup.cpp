@@ -65,7 +65,7 @@ LRESULT CALLBACK PopupProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM
         case WM_ERASEBKGND:
             return 1;
         case WM_DESTROY:
-            windows::Guarded(*window, [&] { window->OnDestroy(); });
+            Guarded(*window, [&] { window->OnDestroy(); });
             return 0;
         case WM_NCDESTROY:
             Attach(handle, nullptr);
@@ -111,7 +111,7 @@ int Popup::RunModal(Window* owner, const std::wstring& title, Point corner, int 
     impl_->frame = impl_->page = handle;
     impl_->scale = windows::ScaleAt(windows::ScreenBelow(ownerFrame));
     bool opens = false;
-    windows::Guarded(*this, [&] { opens = OnCreate(); });
+    Guarded(*this, [&] { opens = OnCreate(); });
     if (!opens) return windows::GiveUp(*this);
     impl_->holdsPointer = true;
     SetCapture(handle);

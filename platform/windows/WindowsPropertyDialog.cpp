@@ -17,7 +17,7 @@ INT_PTR CALLBACK PageProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM 
         page && message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == PSN_APPLY;
     if (!isApply) return windows::DialogEvent(handle, message, wParam, lParam);
     auto& applied = static_cast<PropertyPage&>(*page);
-    windows::Guarded(applied, [&] { applied.OnApply(); });
+    Guarded(applied, [&] { applied.OnApply(); });
     SetWindowLongPtrW(handle, DWLP_MSGRESULT, PSNRET_NOERROR);
     return TRUE;
 }

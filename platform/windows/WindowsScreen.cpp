@@ -317,7 +317,7 @@ int Screen::RunModal(Window* owner) {
         return windows::CannotOpen(ownerFrame);
     }
     bool opens = false;
-    windows::Guarded(*this, [&] { opens = OnCreate(); });
+    Guarded(*this, [&] { opens = OnCreate(); });
     const int result =
         opens ? windows::RunToEnd(*this, ownerFrame, windows::KeyNavigation::None) : windows::GiveUp(*this);
     tools_.Handle().reset();

@@ -2,6 +2,7 @@
 #include <new>
 
 #include "platform/Dialog.h"
+#include "platform/FillingControls.h"
 #include "platform/MessageBox.h"
 #include "platform/windows/DialogEvents.h"
 #include "platform/windows/HandheldPlace.h"
@@ -11,7 +12,6 @@
 
 namespace platform {
 
-using windows::FillingControls;
 using windows::Item;
 
 namespace {
@@ -25,7 +25,7 @@ constexpr WPARAM kCtrlA = 1;  // as a character
 
 void Hold(Dialog& dialog, HWND edit, POINT desktop) {
     const Rect place = windows::ToHandheld(edit, {desktop.x, desktop.y, desktop.x, desktop.y});
-    windows::Guarded(dialog, [&] { dialog.OnEditHold(GetDlgCtrlID(edit), {place.left, place.top}); });
+    Guarded(dialog, [&] { dialog.OnEditHold(GetDlgCtrlID(edit), {place.left, place.top}); });
 }
 
 // True when the control is not to see the press.
@@ -127,7 +127,7 @@ bool IsTextEdit(HWND control) {
 // The old one goes only when the new one holds the text.
 bool Dialog::MakeTextEdit(int id, const Rect& place, bool wordWrap) {
     if (!impl_->frame) return false;
-    const FillingControls filling(*impl_);
+    const FillingControls filling(impl_->fillingControls);
     const HWND old = Item(impl_->frame, id);
     const HWND edit =
         NewEdit(impl_->frame, *this, id, windows::ToDesktop(place, impl_->scale), wordWrap, ItemText(id));

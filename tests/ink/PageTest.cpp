@@ -84,7 +84,6 @@ TEST(PageEdits, AreWhatTheSlowModelsSay) {
         InkPage page;
         FillAtRandom(page, dice);
         ink::PageHistory history(page);
-        ink::RowSpan rows;
         for (int edits = 0; edits < 2; ++edits) {
             const Lines before = Describe(page);
             Strokes wanted;

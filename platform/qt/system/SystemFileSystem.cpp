@@ -158,16 +158,7 @@ std::wstring DocumentsFolder() {
 }
 
 std::vector<std::wstring> StorageCards() {
-    if (qt::DeviceFolder().empty()) return qt::ReadableCards();
-    std::vector<std::wstring> cards;
-    std::vector<FolderEntry> entries;
-    ListFolder(L"\\", L"*.*", entries);
-    for (const FolderEntry& entry : entries) {
-        if (entry.isFolder && BeginsAsStorageCard(entry.name)) cards.push_back(entry.name);
-    }
-    std::sort(cards.begin(), cards.end(),
-              [](const std::wstring& a, const std::wstring& b) { return LowerCase(a) < LowerCase(b); });
-    return cards;
+    return qt::DeviceFolder().empty() ? qt::ReadableCards() : CardFoldersOfDevice();
 }
 
 std::wstring FromHostPath(const std::wstring& path) {
