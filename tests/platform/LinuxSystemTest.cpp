@@ -202,7 +202,19 @@ TEST_F(Linux, BetweenFileSystemsFilesAreCopiedAndFoldersStay) {
     EXPECT_FALSE(MoveEntry(L"\\c.ikw", L"\\Storage Card\\B.ikw") || MoveEntry(L"\\F", L"\\Storage Card\\F"));
     EXPECT_EQ(Read(other + "/b.ikw") + Read(Root() / "c.ikw"), "bytesmore");
     EXPECT_THAT(Names(L"\\Storage Card"), testing::ElementsAre(L"b.ikw")) << "nothing half done is left";
+    // A note that its owner keeps elsewhere and has linked stays there.
+    fs::create_symlink(other + "/b.ikw", Root() / "link.ikw");
+    {
+        File file = File::Create(L"\\link.ik~");
+        EXPECT_TRUE(file.Write("new", 3) && file.FlushBytes() && !file.MoveInPlace(L"\\link.ikw"));
+    }
+    EXPECT_TRUE(PutInPlace(L"\\link.ik~", L"\\link.ikw") && !Exists(L"\\link.ik~"));
+    EXPECT_EQ(Read(other + "/b.ikw"), "new");
+    EXPECT_TRUE(CopyFileTo(L"\\c.ikw", L"\\link.ikw") && fs::is_symlink(Root() / "link.ikw"));
+    EXPECT_EQ(Read(other + "/b.ikw"), "more");
     fs::remove_all(other);
+    EXPECT_TRUE(CopyFileTo(L"\\c.ikw", L"\\link.ikw")) << "it leads nowhere now";
+    EXPECT_EQ(Read(Root() / "link.ikw"), "more");
 }
 
 TEST_F(Linux, PlacesOfTheUserHaveNamesBothWays) {

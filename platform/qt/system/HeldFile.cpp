@@ -142,6 +142,10 @@ bool RenameToFreeName(const std::string& from, const std::string& to) {
 bool RenameInPlace(int openFrom, const std::string& from, const std::string& to) {
     struct stat found {};
     if (lstat(to.c_str(), &found) != 0) return errno == ENOENT && RenameToFreeName(from, to);
+    if (S_ISLNK(found.st_mode)) {
+        errno = ELOOP;
+        return false;
+    }
     if (IsReadOnly(to)) return false;
     OwnedFd old = OpenHeld(to, O_RDONLY, Hold::Alone);
     if (!old || !TakeOverAttributes(openFrom, old.Get())) return false;

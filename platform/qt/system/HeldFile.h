@@ -37,7 +37,7 @@ bool IsReadOnly(const std::string& path);
 bool RenameToFreeName(const std::string& from, const std::string& to);
 
 // Puts `from`, which is open and held, in the place of the file `to`, which keeps its permissions and further
-// attributes. Without such a file it is a RenameToFreeName.
+// attributes. Without such a file it is a RenameToFreeName; a link it leaves alone: errno ELOOP.
 bool RenameInPlace(int openFrom, const std::string& from, const std::string& to);
 
 // As far as the file's system has permissions of its own: cards have none.

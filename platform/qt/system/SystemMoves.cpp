@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
@@ -103,6 +104,24 @@ class CopyBeside {
     int error_ = 0;
 };
 
+// Where a link to a file leads; the place itself where there is none, or one that leads nowhere is dropped.
+std::string LinkedFile(const std::string& place) {
+    struct stat found {};
+    if (lstat(place.c_str(), &found) != 0 || !S_ISLNK(found.st_mode)) return place;
+    char target[PATH_MAX];
+    if (realpath(place.c_str(), target) != nullptr) return target;
+    unlink(place.c_str());
+    return place;
+}
+
+// What somebody keeps elsewhere and has linked here is replaced there.
+bool PutHeldInPlace(int openFrom, const std::string& from, const std::string& to) {
+    const std::string place = LinkedFile(to);
+    if (place == to) return qt::RenameInPlace(openFrom, from, to) && qt::FlushFolder(qt::FolderOf(to));
+    CopyBeside copy(openFrom, place);
+    return copy.PutAt(place, true) && unlink(from.c_str()) == 0;
+}
+
 // From one file system to another a file is copied and erased; folders stay where they are.
 bool MoveFileAcross(int openFrom, const std::string& from, const std::string& to) {
     CopyBeside copy(openFrom, to);
@@ -166,8 +185,9 @@ bool CopyFileTo(const std::wstring& from, const std::wstring& to) {
     if (hostFrom.empty() || hostTo.empty() || hostFrom == hostTo) return false;
     const qt::OwnedFd source = qt::OpenHeldPatiently(hostFrom, O_RDONLY, qt::Hold::Shared);
     if (!source) return false;
-    CopyBeside copy(source.Get(), hostTo);
-    return qt::TryThroughHolds([&] { return copy.PutAt(hostTo, true); });
+    const std::string place = LinkedFile(hostTo);
+    CopyBeside copy(source.Get(), place);
+    return qt::TryThroughHolds([&] { return copy.PutAt(place, true); });
 }
 
 bool PutInPlace(const std::wstring& from, const std::wstring& to) {
@@ -176,8 +196,7 @@ bool PutInPlace(const std::wstring& from, const std::wstring& to) {
     if (hostFrom.empty() || hostTo.empty()) return false;
     return qt::TryThroughHolds([&] {
         const qt::OwnedFd file = qt::OpenHeld(hostFrom, O_RDONLY, qt::Hold::Alone);
-        return file && fsync(file.Get()) == 0 && qt::RenameInPlace(file.Get(), hostFrom, hostTo) &&
-               qt::FlushFolder(qt::FolderOf(hostTo));
+        return file && fsync(file.Get()) == 0 && PutHeldInPlace(file.Get(), hostFrom, hostTo);
     });
 }
 
