@@ -40,6 +40,7 @@ class Sheet : public QDialog {
 Sheet::Sheet(Window* owner, const std::wstring& caption, const std::vector<PropertyPage*>& pages)
     : QDialog(qt::FrameOf(owner)), pages_(pages) {
     setWindowTitle(qt::ToQt(caption));
+    tabs_.setFocusPolicy(Qt::NoFocus);  // it is the bar in it that takes the keyboard
     setWindowModality(Qt::ApplicationModal);
     setFont(qt::FontOf(kTenthPoints, false));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);

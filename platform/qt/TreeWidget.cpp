@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "platform/qt/Fonts.h"
@@ -81,7 +82,10 @@ TreeWidget::TreeWidget(QWidget* parent, TreeUser& user)
     setTextElideMode(Qt::ElideNone);
 }
 
-TreeWidget::~TreeWidget() { isOurs_ = true; }
+TreeWidget::~TreeWidget() {
+    isOurs_ = true;
+    const std::unique_ptr<QWidget> gone(label_);
+}
 
 void TreeWidget::SetCurrent(TreeNode* node) {
     const bool before = std::exchange(isOurs_, true);
@@ -162,14 +166,21 @@ void TreeWidget::scrollContentsBy(int dx, int dy) {
     QTreeWidget::scrollContentsBy(dx, dy);
 }
 
+void TreeWidget::hideEvent(QHideEvent* event) {
+    QTreeWidget::hideEvent(event);
+    EndEdit(true);
+}
+
 void TreeWidget::EditLabel(TreeNode& node, const QString& text) {
     EndEdit(true);
     scrollToItem(&node);
     const QRect row = visualItemRect(&node);
     const int left = row.left() + iconSize().width() + 2;
     edited_ = &node;
-    label_ = new LabelEdit(viewport(), *this);
-    label_->setGeometry(left, row.top() - 1, std::max(60, viewport()->width() - left - 4), row.height() + 2);
+    // Beside the tree, as readers of the screen find nothing but items in it.
+    label_ = new LabelEdit(parentWidget(), *this);
+    const QPoint corner = viewport()->mapTo(parentWidget(), QPoint(left, row.top() - 1));
+    label_->setGeometry({corner, QSize(std::max(60, viewport()->width() - left - 4), row.height() + 2)});
     label_->setText(text);
     label_->selectAll();
     label_->show();
@@ -177,7 +188,8 @@ void TreeWidget::EditLabel(TreeNode& node, const QString& text) {
 }
 
 void TreeWidget::EndEdit(bool isKept) {
-    QLineEdit* label = std::exchange(label_, nullptr);
+    QLineEdit* label = label_;
+    label_.clear();
     TreeNode* node = std::exchange(edited_, nullptr);
     if (!label) return;
     const bool hadFocus = label->hasFocus();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QPointer>
 #include <QTimer>
 #include <QTreeWidget>
 
@@ -61,6 +62,7 @@ class TreeWidget : public QTreeWidget {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
     TreeNode* TextAt(QPoint place) const;
@@ -69,7 +71,7 @@ class TreeWidget : public QTreeWidget {
     TreeUser& user_;
     bool isOurs_ = false;  // the change of the current item
     TreeNode* edited_ = nullptr;
-    QLineEdit* label_ = nullptr;  // a child of the viewport
+    QPointer<QLineEdit> label_;  // over the tree, and no child of it
     PressAndHold presses_;
 };
 
