@@ -59,6 +59,7 @@ class MonthCalendar : public QCalendarWidget {
         setHorizontalHeaderFormat(ShortDayNames);
         setLocale(TimeLocale());
         setAccessibleName("Month");
+        NameParts();
         findChild<QTableView*>()->viewport()->installEventFilter(this);
         connect(this, &QCalendarWidget::activated, [this] {
             isChosen_ = QGuiApplication::mouseButtons() != Qt::NoButton;
@@ -74,6 +75,15 @@ class MonthCalendar : public QCalendarWidget {
     }
 
   private:
+    void NameParts() {
+        findChild<QTableView*>()->setAccessibleName("Days");
+        constexpr const char* kParts[][2] = {{"qt_calendar_prevmonth", "Previous Month"},
+                                             {"qt_calendar_nextmonth", "Next Month"}};
+        for (const auto& [part, name] : kParts) {
+            if (auto* button = findChild<QWidget*>(part)) button->setAccessibleName(name);
+        }
+    }
+
     Window& window_;
     bool isChosen_ = false;
 };
@@ -215,11 +225,12 @@ QRect PlaceOf(const QWidget& dialog, const DialogItem& item, const QWidget& made
     return place;
 }
 
-// Lists tell what is chosen for their name, whatever that is: what they are for is told by the label beside them.
+// Lists tell what is chosen for their name, whatever that is: what they are for is told by the label beside
+// them.
 void TellPurpose(const Making& making, QWidget& made) {
     const QString label = making.label ? making.label->text() : making.caption;
     if (made.accessibleName().isEmpty()) made.setAccessibleName(label);
-    if (making.label) making.label->setBuddy(&made);
+    if (making.label && !making.label->buddy()) making.label->setBuddy(&made);
 }
 
 }  // namespace

@@ -40,7 +40,9 @@ class Sheet : public QDialog {
 Sheet::Sheet(Window* owner, const std::wstring& caption, const std::vector<PropertyPage*>& pages)
     : QDialog(qt::FrameOf(owner)), pages_(pages) {
     setWindowTitle(qt::ToQt(caption));
-    tabs_.setFocusPolicy(Qt::NoFocus);  // it is the bar in it that takes the keyboard
+    // It is the bar in it that takes the keyboard, not both.
+    tabs_.setFocusProxy(nullptr);
+    tabs_.setFocusPolicy(Qt::NoFocus);
     setWindowModality(Qt::ApplicationModal);
     setFont(qt::FontOf(kTenthPoints, false));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);

@@ -68,11 +68,15 @@ def windows():
     return [window for application in children(desktop) for window in children(application)]
 
 
+def everything():
+    return [node for window in windows() for node in below(window)]
+
+
 def wait_for(what, condition):
     try:
         return whole.wait_for(what, condition)
     except AssertionError as failure:
-        seen = "\n".join(str(described(node)) for window in windows() for node in below(window))
+        seen = "\n".join(str(described(node)) for node in everything())
         if picture := os.environ.get("INKWRIGHT_PICTURE"):
             subprocess.run(["import", "-window", "root", picture], check=False)
         raise AssertionError(f"{failure}; on the screen are\n{seen}") from None
@@ -153,15 +157,21 @@ class Case(whole.Case):
         left, top, width, height = self.place(node)
         self.xdotool("mousemove", left + width // 2, top + height // 2, "click", button)
 
-    def press(self, node):
+    def press(self, title, name, role="push button"):
+        """What can be pressed in the window that has the keyboard."""
+        control = wait_for(f"{role} {name!r} of {title!r}", lambda: next(
+            (node for window in windows() if described(window)[1] == title and is_in(window, ACTIVE)
+             for node in below(window) if described(node) == (role, name) and is_in(node, ENABLED)), None))
+        self.act(control)
+
+    def act(self, control):
         """As a screen reader does."""
-        wait_for(f"{described(node)} to be possible", lambda: is_in(node, ENABLED))
-        self.assertTrue(Atspi.Action.do_action(node, 0))
+        self.assertTrue(Atspi.Action.do_action(control, 0))
 
     def choose(self, name):
         """An entry of the menu that is open."""
         entry = wait_for(f"the entry {name!r}", lambda: next(
-            (node for window in windows() for node in below(window) if described(node) == ("menu item", name)), None))
+            (node for node in everything() if described(node) == ("menu item", name)), None))
         self.click(entry)
 
     def page(self, title):
