@@ -139,8 +139,8 @@ class Case(whole.Case):
         return wait_for(f"a window titled {title!r}", lambda: next(
             (w for w in windows() if described(w)[1] == title and is_in(w, ACTIVE)), None))
 
-    def wait_until_gone(self, title):
-        wait_for(f"{title!r} to go away", lambda: title not in [described(w)[1] for w in windows()])
+    def wait_until_gone(self, name):
+        wait_for(f"{name!r} to go away", lambda: name not in [described(node)[1] for node in everything()])
 
     def control(self, window, role, name):
         return wait_for(f"{role} {name!r}", lambda: next(
