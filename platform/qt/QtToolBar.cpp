@@ -16,7 +16,7 @@ namespace platform {
 namespace {
 
 constexpr int kSeparatorWidth = 6;
-constexpr int kButtonMargin = 6;  // both sides of an image together
+constexpr int kButtonMargin = 7;  // both sides of an image together, as on Windows
 constexpr int kLeftMargin = 2;
 constexpr int kButtonHeight = kBarHeight - 3;
 constexpr int kMenuButtonWidth = 20;

@@ -58,7 +58,7 @@ def below(node):
 def described(node):
     with contextlib.suppress(GLib.Error):
         return node.get_role_name(), node.get_name()
-    return None, None
+    return "", ""
 
 
 def windows():
