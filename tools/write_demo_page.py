@@ -172,7 +172,7 @@ def show_dialogs(folder):
     page.click(MANAGER_TOOLS)
     show(["Up", "Return"], "about", "About")
     show(["Delete"], "question", "Confirm")
-    for downs, name, title in ((5, "alarm", None), (7, "date", "- Date$")):
+    for downs, name, title in ((5, "alarm", None), (7, "date", "Date$")):
         page.click(95, 58, button=3)
         show(["Down"] * downs + ["Return"], name, title)
     show(["F2"], "label", None)

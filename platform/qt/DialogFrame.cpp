@@ -14,6 +14,7 @@
 #include <QRegularExpressionValidator>
 #include <QSpinBox>
 #include <QTableView>
+#include <QTextCharFormat>
 #include <QTimeEdit>
 #include <iterator>
 #include <utility>
@@ -58,6 +59,7 @@ class MonthCalendar : public QCalendarWidget {
         setVerticalHeaderFormat(NoVerticalHeader);
         setHorizontalHeaderFormat(ShortDayNames);
         setLocale(TimeLocale());
+        for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) setWeekdayTextFormat(day, {});
         setAccessibleName("Month");
         NameParts();
         findChild<QTableView*>()->viewport()->installEventFilter(this);

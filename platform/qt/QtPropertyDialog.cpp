@@ -1,3 +1,4 @@
+#include <QAbstractButton>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QTabWidget>
@@ -48,6 +49,7 @@ Sheet::Sheet(Window* owner, const std::wstring& caption, const std::vector<Prope
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
     connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
+    for (QAbstractButton* button : buttons->buttons()) button->setIcon({});  // as those of our own dialogs
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
     layout->addWidget(&tabs_);

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kIndent = 19;
 constexpr int kTenthPoints = 90;
+constexpr int kTextGap = 2;     // on either side of a text, and before its selection
 constexpr int kButtonSide = 9;  // odd, for a middle
 
 class LabelEdit : public QLineEdit {
@@ -56,6 +57,23 @@ void DrawButton(QPainter& painter, QPoint middle, const QPalette& palette, bool 
 
 }  // namespace
 
+void ItemPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const {
+    QStyleOptionViewItem item = option;
+    initStyleOption(&item, index);
+    painter->save();
+    painter->setFont(item.font);
+    const int iconWidth = item.decorationSize.width();
+    item.icon.paint(painter, QRect(item.rect.topLeft(), QSize(iconWidth, item.rect.height())));
+    QRect text = item.rect.adjusted(iconWidth + kTextGap, 0, 0, 0);
+    text.setWidth(painter->fontMetrics().horizontalAdvance(item.text) + 2 * kTextGap);
+    const bool isSelected = item.state.testFlag(QStyle::State_Selected);
+    if (isSelected) painter->fillRect(text, item.palette.brush(QPalette::Highlight));
+    painter->setPen(item.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+    painter->drawText(text.adjusted(kTextGap, 0, 0, 0), Qt::AlignVCenter | Qt::TextSingleLine, item.text);
+    painter->restore();
+}
+
 bool TreeNode::operator<(const QTreeWidgetItem& other) const {
     const auto& node = static_cast<const TreeNode&>(other);
     if (!order) return QTreeWidgetItem::operator<(other);
@@ -80,6 +98,7 @@ TreeWidget::TreeWidget(QWidget* parent, TreeUser& user)
     setExpandsOnDoubleClick(false);
     setEditTriggers(NoEditTriggers);
     setTextElideMode(Qt::ElideNone);
+    setItemDelegate(new ItemPainter(this));
 }
 
 TreeWidget::~TreeWidget() {

@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 #include <QPointer>
+#include <QStyledItemDelegate>
 #include <QTimer>
 #include <QTreeWidget>
 
@@ -33,6 +34,15 @@ class TreeUser {
     virtual bool KeyPressed(const QKeyEvent& event) = 0;  // true: it was used up
     // Editing is over; false when it was given up.
     virtual void LabelEdited(TreeNode* node, const QString& text, bool isKept) = 0;
+};
+
+// What is selected of an item is its text.
+class ItemPainter : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
 };
 
 // A tree as the handheld shows it: dotted lines, buttons with plus and minus.
