@@ -9,7 +9,8 @@ build_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix cmark-gfm)
 linux_packages=(cmake ninja-build g++ qt6-base-dev cmark-gfm)
 wine_packages=(wine wine64 fonts-wine xvfb)
 test_packages=(g++ python3-minimal libgtest-dev libgmock-dev googletest libbenchmark-dev libcairo2-dev libpng-dev
-    pkg-config clang libclang-rt-14-dev clang-format clang-tidy xdotool imagemagick qt6-base-dev dbus-daemon syncthing)
+    pkg-config clang libclang-rt-14-dev clang-format clang-tidy xdotool imagemagick qt6-base-dev dbus-daemon xvfb
+    at-spi2-core python3-gi gir1.2-atspi-2.0 weston qt6-wayland syncthing)
 
 say() { printf '%s\n' "$*" >&2; }
 

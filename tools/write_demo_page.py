@@ -12,6 +12,7 @@ SCALE = float(os.environ.get("PICTURE_SCALE", "1"))
 PAGE_TOOLS = {"pen 2": 74, "pen 3": 93, "palette": 131, "space": 158, "eraser": 177}
 EDITOR_TOOLS = 219
 MANAGER_TOOLS = 181
+CALENDAR = 88
 TOOL_ROW = 599  # y of the tool bar's middle
 
 
@@ -59,8 +60,8 @@ class Page:
         for points in handwriting.write(text, left, baseline, size, seed):
             self.stroke(points)
 
-    def click(self, x, y=TOOL_ROW):
-        tool("mousemove", *self.on_screen(x, y), "click", 1)
+    def click(self, x, y=TOOL_ROW, button=1):
+        tool("mousemove", *self.on_screen(x, y), "click", button)
 
     def picture(self, path, pointer_away=True):
         if pointer_away:
@@ -99,9 +100,11 @@ def write_page(folder):
     window_named("Color Palette")
     page.picture(folder / "palette.png")
     page.click(300, 420)  # a tap outside
-    tool("sleep", 0.5, "search", "--name", "Inkwright$", "windowfocus")
-    tool("key", "alt+F4")
-    window_named("Save As")
+    tool("sleep", 0.5)
+    close_window()
+    save_as = window_named("Save As")
+    if folder.name != "pictures":
+        take_picture(save_as, folder / "save_as.png")
     tool("sleep", 0.5, "type", "Garden plans")
     tool("key", "Return", "sleep", 1)
 
@@ -114,16 +117,24 @@ def show_eraser_and_space(folder):
     page.click(PAGE_TOOLS["space"])
     page.drag([(320, y) for y in range(220, 275, 3)])
     page.picture(folder / "space.png", pointer_away=False)
-    tool("mouseup", 1, "search", "--name", "Inkwright$", "windowfocus")
-    tool("key", "alt+F4")
+    tool("mouseup", 1)
+    close_window()
+
+
+def close_window():
+    tool("search", "--onlyvisible", "--name", "Inkwright$", "windowfocus")
+    tool("key", "ctrl+w")
+
+
+def select_first_note():
+    tool("key", "Home", "sleep", 0.3)
+    for key in ("Right", "Down", "Right", "Down"):
+        tool("key", key, "sleep", 0.3)
 
 
 def show_manager(folder):
     page = Page()
-    first_folder, first_note = 42, 58
-    page.click(75, first_folder)
-    tool("sleep", 0.7)
-    page.click(95, first_note)
+    select_first_note()
     page.picture(folder / "manager.png")
     tool("key", "ctrl+f")
     window_named("Find...")
@@ -134,13 +145,38 @@ def show_manager(folder):
     tool("sleep", 0.5, "key", "Down", "Down", "Down", "Return")
     window_named("Options")
     page.picture(folder / "options.png")
-    page.click(187, 173)  # the second tab
+    tool("key", "ctrl+Tab")
     page.picture(folder / "names.png")
     tool("key", "Escape", "sleep", 0.5)
-    page.click(88)
+    page.click(CALENDAR)
     page.picture(folder / "calendar.png")
-    tool("search", "--name", "Inkwright$", "windowfocus")
-    tool("key", "alt+F4")
+    close_window()
+
+
+def show_dialogs(folder):
+    """Those of the manager that the guide does not show."""
+    page = Page()
+    page.click(CALENDAR)  # as the manager was left
+    tool("sleep", 0.5)
+    select_first_note()
+
+    def show(keys, name, title):
+        tool("sleep", 0.5, "key", *keys)
+        if title:
+            window_named(title)
+        page.picture(folder / f"{name}.png")
+        tool("key", "Escape", "sleep", 0.5, "key", "Escape", "sleep", 0.5)
+
+    page.click(MANAGER_TOOLS)
+    show(["Down"], "menu", None)
+    page.click(MANAGER_TOOLS)
+    show(["Up", "Return"], "about", "About")
+    show(["Delete"], "question", "Confirm")
+    for downs, name, title in ((5, "alarm", None), (7, "date", "Date$")):
+        page.click(95, 58, button=3)
+        show(["Down"] * downs + ["Return"], name, title)
+    show(["F2"], "label", None)
+    close_window()
 
 
 def send(_):
@@ -152,21 +188,21 @@ def send(_):
 
 def show_notice(folder):
     take_picture(window_named("Alarm$"), folder / "notice.png")
-    tool("search", "--name", "Inkwright$", "windowfocus")
-    tool("key", "alt+F4")
+    close_window()
 
 
 def show_memo(folder):
     page = Page()
     page.click(EDITOR_TOOLS)
     tool("sleep", 0.5, "key", "Down", "Return", "sleep", 1)
-    tool("type", "--delay", 30, "Radishes, peas, sweet basil\nTwo bags of earth")
+    tool("type", "--delay", 30, "Radishes, peas, sweet basil")
+    tool("key", "Return", "type", "--delay", 30, "Two bags of earth")
     page.picture(folder / "memo.png")
-    tool("key", "Escape", "sleep", 0.5, "search", "--name", "Inkwright$", "windowfocus")
-    tool("key", "alt+F4")
+    tool("key", "Escape", "sleep", 0.5)
+    close_window()
 
 
 if __name__ == "__main__":
-    shows = {"page": write_page, "tools": show_eraser_and_space, "manager": show_manager, "memo": show_memo,
+    shows = {"page": write_page, "dialogs": show_dialogs, "tools": show_eraser_and_space, "manager": show_manager, "memo": show_memo,
              "notice": show_notice, "mail": send}
     shows[sys.argv[1]](pathlib.Path(sys.argv[2]))

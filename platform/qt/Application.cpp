@@ -14,6 +14,7 @@
 
 #include "platform/Product.h"
 #include "platform/qt/ModalRun.h"
+#include "platform/qt/Roles.h"
 #include "platform/qt/ScreenScale.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WindowImpl.h"
@@ -59,6 +60,7 @@ Application::Application(int& count, char** arguments)
     setDesktopFileName("inkwright");
     setQuitOnLastWindowClosed(false);
     setWindowIcon(ProgramIcon());
+    TellRoles();
     // Each position of the pen counts.
     setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     setAttribute(Qt::AA_CompressTabletEvents, false);
@@ -108,6 +110,13 @@ void Application::Pop() {
     open_.pop_back();
     if (open_.empty()) isEnding_ = false;
     TellOfTop();
+    if (applicationState() == Qt::ApplicationActive) GiveKeyboardToTop();
+}
+
+// Window managers hand it back themselves; on a display without one nobody else does.
+void Application::GiveKeyboardToTop() {
+    const Window* top = open_.empty() ? nullptr : open_.back().window;
+    if (top && top->Handle()->frame) top->Handle()->frame->activateWindow();
 }
 
 void Application::Listen() {

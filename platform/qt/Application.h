@@ -57,6 +57,7 @@ class Application : public QApplication {
     void WatchSignals();
     void TellOfTop();
     void ShowTop();
+    void GiveKeyboardToTop();
     void Take(const PostedMessage& message);
 
     std::vector<Open> open_;

@@ -14,11 +14,13 @@
 #include <QRegularExpressionValidator>
 #include <QSpinBox>
 #include <QTableView>
+#include <QTextCharFormat>
 #include <QTimeEdit>
 #include <iterator>
 #include <utility>
 
 #include "platform/qt/Fonts.h"
+#include "platform/qt/Roles.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WindowImpl.h"
 #include "platform/qt/system/UserLocale.h"
@@ -57,7 +59,9 @@ class MonthCalendar : public QCalendarWidget {
         setVerticalHeaderFormat(NoVerticalHeader);
         setHorizontalHeaderFormat(ShortDayNames);
         setLocale(TimeLocale());
+        for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) setWeekdayTextFormat(day, {});
         setAccessibleName("Month");
+        NameParts();
         findChild<QTableView*>()->viewport()->installEventFilter(this);
         connect(this, &QCalendarWidget::activated, [this] {
             isChosen_ = QGuiApplication::mouseButtons() != Qt::NoButton;
@@ -73,6 +77,15 @@ class MonthCalendar : public QCalendarWidget {
     }
 
   private:
+    void NameParts() {
+        findChild<QTableView*>()->setAccessibleName("Days");
+        constexpr const char* kParts[][2] = {{"qt_calendar_prevmonth", "Previous Month"},
+                                             {"qt_calendar_nextmonth", "Next Month"}};
+        for (const auto& [part, name] : kParts) {
+            if (auto* button = findChild<QWidget*>(part)) button->setAccessibleName(name);
+        }
+    }
+
     Window& window_;
     bool isChosen_ = false;
 };
@@ -81,7 +94,8 @@ class MonthCalendar : public QCalendarWidget {
 struct Making {
     QWidget& parent;
     Window& window;
-    QString label;  // the text before a control tells what it is for
+    QString caption;
+    QLabel* label = nullptr;  // the text before a control tells what it is for
     QLineEdit* buddy = nullptr;
     int buddyId = 0;
 };
@@ -95,7 +109,7 @@ QWidget* MakeLabel(Making& making, const DialogItem& item) {
                                : item.kind == L"CTEXT" ? Qt::AlignHCenter
                                                        : Qt::AlignLeft;
     label->setAlignment(side | Qt::AlignTop);
-    making.label = ToQt(item.text);
+    making.label = label;
     return label;
 }
 
@@ -104,7 +118,7 @@ QWidget* MakeButton(Making& making, const DialogItem& item) {
     button->setDefault(item.kind == L"DEFPUSHBUTTON");
     const int id = item.id;
     QObject::connect(button, &QAbstractButton::clicked,
-                     [window = &making.window, id] { DispatchCommand(*window, id); });
+                     [window = &making.window, id] { window->PostCommand(id); });
     return button;
 }
 
@@ -112,7 +126,7 @@ QWidget* MakeCheckBox(Making& making, const DialogItem& item) {
     auto* box = new CheckBox(WithoutAccessKeys(item.text), &making.parent);
     const int id = item.id;
     QObject::connect(box, &QAbstractButton::clicked,
-                     [window = &making.window, id] { DispatchCommand(*window, id); });
+                     [window = &making.window, id] { window->PostCommand(id); });
     return box;
 }
 
@@ -213,10 +227,19 @@ QRect PlaceOf(const QWidget& dialog, const DialogItem& item, const QWidget& made
     return place;
 }
 
+// Lists tell what is chosen for their name, whatever that is: what they are for is told by the label beside
+// them.
+void TellPurpose(const Making& making, QWidget& made) {
+    const QString label = making.label ? making.label->text() : making.caption;
+    if (made.accessibleName().isEmpty()) made.setAccessibleName(label);
+    if (making.label && !making.label->buddy()) making.label->setBuddy(&made);
+}
+
 }  // namespace
 
 DialogFrame::DialogFrame(QWidget* owner, const resources::DialogTemplate& source)
     : QDialog(owner, FlagsOf(source)), hasBorder_(source.styles.find(L" WS_BORDER ") != std::wstring::npos) {
+    GiveRole(*this, QAccessible::Dialog);
     setFont(FontOf(kTenthPoints, false));
     setWindowModality(Qt::ApplicationModal);
     resize(PixelsOf(*this, {0, 0, source.width, source.height}).size());
@@ -241,7 +264,7 @@ QRect PixelsOf(const QWidget& dialog, const ink::Rect& units) {
 }
 
 void MakeItems(QWidget& parent, Window& window, const resources::DialogTemplate& source) {
-    Making making{parent, window, ToQt(source.caption).trimmed(), nullptr, 0};
+    Making making{parent, window, ToQt(source.caption).trimmed(), nullptr, nullptr, 0};
     QRect before;
     for (const DialogItem& item : source.items) {
         QWidget* made = MakeItem(making, item);
@@ -251,7 +274,7 @@ void MakeItems(QWidget& parent, Window& window, const resources::DialogTemplate&
         made->setObjectName(QString::number(item.id));
         made->show();  // a page of a sheet may be shown before it is filled
         const bool hasText = qobject_cast<QLabel*>(made) || qobject_cast<QAbstractButton*>(made);
-        if (!hasText && made->accessibleName().isEmpty()) made->setAccessibleName(making.label);
+        if (!hasText) TellPurpose(making, *made);
         window.Handle()->items[item.id] = made;
     }
     window.Handle()->hasOwnFocus = false;

@@ -5,6 +5,8 @@
 #include "platform/Screen.h"
 #include "platform/qt/HandheldPlace.h"
 #include "platform/qt/ModalRun.h"
+#include "platform/qt/Roles.h"
+#include "platform/qt/Text.h"
 
 namespace platform {
 
@@ -15,6 +17,8 @@ class PopupFrame : public QWidget {
   public:
     PopupFrame(QWidget* owner, Window& window)
         : QWidget(owner, Qt::Popup | Qt::FramelessWindowHint), window_(window), page_(new QWidget(this)) {
+        qt::GiveRole(*this, QAccessible::Dialog);
+        qt::GiveRole(*page_, QAccessible::Canvas);
         // The press that turns away from it is none for the window below.
         setAttribute(Qt::WA_NoMouseReplay);
         page_->setAttribute(Qt::WA_OpaquePaintEvent);
@@ -61,7 +65,7 @@ int Popup::RunModal(Window* owner, const std::wstring& title, Point corner, int 
     PopupFrame* frame = made.get();
     frame->setGeometry(PopupPlace(owner, corner, width, height));
     frame->Page()->setGeometry(1, 1, width, height);
-    frame->setAccessibleName(QString::fromStdWString(title));
+    frame->Page()->setAccessibleName(qt::ToQt(title));
     impl_->Begin(*this, owner, std::move(made), frame->Page());
     SetTitle(title);
     return qt::OpenAndRun(*this);

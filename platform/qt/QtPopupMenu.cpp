@@ -40,8 +40,14 @@ int PopupMenu::Choose(Window& owner, ink::Point place) const {
     QPoint corner = qt::HandheldOrigin(&owner) + QPoint(place.x, place.y);
     if (place.x > screen.width / 2) corner.rx() -= size.width();
     if (place.y > screen.height / 2) corner.ry() -= size.height();
+    // Who chooses for a screen reader triggers an entry; the menu would wait on.
+    const QAction* chosen = nullptr;
+    QObject::connect(&menu, &QMenu::triggered, &menu, [&menu, &chosen](const QAction* entry) {
+        chosen = entry;
+        menu.close();
+    });
     state.menu = &menu;
-    const QAction* chosen = menu.exec(corner);
+    menu.exec(corner);
     state.menu = nullptr;
     return state.ended || !chosen ? 0 : chosen->data().toInt();
 }

@@ -1,3 +1,4 @@
+#include <QAbstractButton>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QTabWidget>
@@ -40,11 +41,15 @@ class Sheet : public QDialog {
 Sheet::Sheet(Window* owner, const std::wstring& caption, const std::vector<PropertyPage*>& pages)
     : QDialog(qt::FrameOf(owner)), pages_(pages) {
     setWindowTitle(qt::ToQt(caption));
+    // It is the bar in it that takes the keyboard, not both.
+    tabs_.setFocusProxy(nullptr);
+    tabs_.setFocusPolicy(Qt::NoFocus);
     setWindowModality(Qt::ApplicationModal);
     setFont(qt::FontOf(kTenthPoints, false));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
     connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
+    for (QAbstractButton* button : buttons->buttons()) button->setIcon({});  // as those of our own dialogs
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
     layout->addWidget(&tabs_);

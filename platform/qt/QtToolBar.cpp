@@ -5,6 +5,7 @@
 #include "platform/qt/ImageImpl.h"
 #include "platform/qt/Looks.h"
 #include "platform/qt/MenuBar.h"
+#include "platform/qt/Roles.h"
 #include "platform/qt/ScreenFrame.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/ToolBarImpl.h"
@@ -15,7 +16,7 @@ namespace platform {
 namespace {
 
 constexpr int kSeparatorWidth = 6;
-constexpr int kButtonMargin = 6;  // both sides of an image together
+constexpr int kButtonMargin = 7;  // both sides of an image together, as on Windows
 constexpr int kLeftMargin = 2;
 constexpr int kButtonHeight = kBarHeight - 3;
 constexpr int kMenuButtonWidth = 20;
@@ -44,6 +45,7 @@ void ToolButton::mouseReleaseEvent(QMouseEvent* event) {
 
 MenuBar::MenuBar(QWidget* parent, Screen& screen)
     : QWidget(parent), screen_(screen), menuButton_(new QToolButton(this)) {
+    GiveRole(*this, QAccessible::ToolBar);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Button);
     setAccessibleName("Menu bar");
@@ -53,8 +55,10 @@ MenuBar::MenuBar(QWidget* parent, Screen& screen)
     menuButton_->setAutoRaise(true);
     menuButton_->setFocusPolicy(Qt::NoFocus);
     menuButton_->hide();
-    connect(menuButton_, &QAbstractButton::clicked, this,
-            [this] { screen_.Handle()->screen->OpenFrameMenu(); });
+    // Who presses for a screen reader waits until the press is over, not until the menu is.
+    connect(
+        menuButton_, &QAbstractButton::clicked, this, [this] { screen_.Handle()->screen->OpenFrameMenu(); },
+        Qt::QueuedConnection);
 }
 
 bool MenuBar::AddButtons(const ToolBarLayout& layout) {
@@ -75,7 +79,7 @@ bool MenuBar::AddButtons(const ToolBarLayout& layout) {
         button->setIconSize({layout.imageWidth, layout.imageHeight});
         button->setGeometry(end_, 1, layout.imageWidth + kButtonMargin, kButtonHeight);
         connect(button, &QAbstractButton::clicked, this,
-                [this, command = source.command] { DispatchCommand(screen_, command); });
+                [this, command = source.command] { screen_.PostCommand(command); });
         button->show();
         buttons_.push_back(button);
         end_ += layout.imageWidth + kButtonMargin;

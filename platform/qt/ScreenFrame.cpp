@@ -9,6 +9,7 @@
 #include "platform/PopupMenu.h"
 #include "platform/qt/HandheldPlace.h"
 #include "platform/qt/MenuBar.h"
+#include "platform/qt/Roles.h"
 #include "platform/qt/TreeWidget.h"
 #include "platform/qt/WindowImpl.h"
 
@@ -42,9 +43,11 @@ ScreenFrame::ScreenFrame(QWidget* owner, Screen& screen, bool withScrollBar)
       screen_(screen),
       page_(new QWidget(this)),
       strip_(new MenuBar(this, screen)) {
+    GiveRole(*this, QAccessible::Window);
+    GiveRole(*page_, QAccessible::Canvas);
+    page_->setAccessibleName("Page");
     page_->setAttribute(Qt::WA_OpaquePaintEvent);
     page_->setFocusPolicy(Qt::StrongFocus);
-    page_->setAccessibleName("Page");
     if (!withScrollBar) return;
     scrollBar_ = new PageScrollBar(this, screen);
     connect(scrollBar_, &QAbstractSlider::actionTriggered, this, [this](int action) { ScrollAsked(action); });

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "platform/qt/Fonts.h"
@@ -15,6 +16,7 @@ namespace {
 
 constexpr int kIndent = 19;
 constexpr int kTenthPoints = 90;
+constexpr int kTextGap = 2;     // on either side of a text, and before its selection
 constexpr int kButtonSide = 9;  // odd, for a middle
 
 class LabelEdit : public QLineEdit {
@@ -55,6 +57,23 @@ void DrawButton(QPainter& painter, QPoint middle, const QPalette& palette, bool 
 
 }  // namespace
 
+void ItemPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const {
+    QStyleOptionViewItem item = option;
+    initStyleOption(&item, index);
+    painter->save();
+    painter->setFont(item.font);
+    const int iconWidth = item.decorationSize.width();
+    item.icon.paint(painter, QRect(item.rect.topLeft(), QSize(iconWidth, item.rect.height())));
+    QRect text = item.rect.adjusted(iconWidth + kTextGap, 0, 0, 0);
+    text.setWidth(painter->fontMetrics().horizontalAdvance(item.text) + 2 * kTextGap);
+    const bool isSelected = item.state.testFlag(QStyle::State_Selected);
+    if (isSelected) painter->fillRect(text, item.palette.brush(QPalette::Highlight));
+    painter->setPen(item.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+    painter->drawText(text.adjusted(kTextGap, 0, 0, 0), Qt::AlignVCenter | Qt::TextSingleLine, item.text);
+    painter->restore();
+}
+
 bool TreeNode::operator<(const QTreeWidgetItem& other) const {
     const auto& node = static_cast<const TreeNode&>(other);
     if (!order) return QTreeWidgetItem::operator<(other);
@@ -79,9 +98,13 @@ TreeWidget::TreeWidget(QWidget* parent, TreeUser& user)
     setExpandsOnDoubleClick(false);
     setEditTriggers(NoEditTriggers);
     setTextElideMode(Qt::ElideNone);
+    setItemDelegate(new ItemPainter(this));
 }
 
-TreeWidget::~TreeWidget() { isOurs_ = true; }
+TreeWidget::~TreeWidget() {
+    isOurs_ = true;
+    const std::unique_ptr<QWidget> gone(label_);
+}
 
 void TreeWidget::SetCurrent(TreeNode* node) {
     const bool before = std::exchange(isOurs_, true);
@@ -162,14 +185,21 @@ void TreeWidget::scrollContentsBy(int dx, int dy) {
     QTreeWidget::scrollContentsBy(dx, dy);
 }
 
+void TreeWidget::hideEvent(QHideEvent* event) {
+    QTreeWidget::hideEvent(event);
+    EndEdit(true);
+}
+
 void TreeWidget::EditLabel(TreeNode& node, const QString& text) {
     EndEdit(true);
     scrollToItem(&node);
     const QRect row = visualItemRect(&node);
     const int left = row.left() + iconSize().width() + 2;
     edited_ = &node;
-    label_ = new LabelEdit(viewport(), *this);
-    label_->setGeometry(left, row.top() - 1, std::max(60, viewport()->width() - left - 4), row.height() + 2);
+    // Beside the tree, as readers of the screen find nothing but items in it.
+    label_ = new LabelEdit(parentWidget(), *this);
+    const QPoint corner = viewport()->mapTo(parentWidget(), QPoint(left, row.top() - 1));
+    label_->setGeometry({corner, QSize(std::max(60, viewport()->width() - left - 4), row.height() + 2)});
     label_->setText(text);
     label_->selectAll();
     label_->show();
@@ -177,7 +207,8 @@ void TreeWidget::EditLabel(TreeNode& node, const QString& text) {
 }
 
 void TreeWidget::EndEdit(bool isKept) {
-    QLineEdit* label = std::exchange(label_, nullptr);
+    QLineEdit* label = label_;
+    label_.clear();
     TreeNode* node = std::exchange(edited_, nullptr);
     if (!label) return;
     const bool hadFocus = label->hasFocus();

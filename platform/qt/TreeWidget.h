@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QPointer>
+#include <QStyledItemDelegate>
 #include <QTimer>
 #include <QTreeWidget>
 
@@ -34,6 +36,15 @@ class TreeUser {
     virtual void LabelEdited(TreeNode* node, const QString& text, bool isKept) = 0;
 };
 
+// What is selected of an item is its text.
+class ItemPainter : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+};
+
 // A tree as the handheld shows it: dotted lines, buttons with plus and minus.
 class TreeWidget : public QTreeWidget {
   public:
@@ -61,6 +72,7 @@ class TreeWidget : public QTreeWidget {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
     TreeNode* TextAt(QPoint place) const;
@@ -69,7 +81,7 @@ class TreeWidget : public QTreeWidget {
     TreeUser& user_;
     bool isOurs_ = false;  // the change of the current item
     TreeNode* edited_ = nullptr;
-    QLineEdit* label_ = nullptr;  // a child of the viewport
+    QPointer<QLineEdit> label_;  // over the tree, and no child of it
     PressAndHold presses_;
 };
 

@@ -1,63 +1,36 @@
-"""A desk for each test of the real program: a display of its own, a hand on the pointer and the keyboard, and eyes on
-the program's windows. Nothing here sleeps for a guessed time: everything waits for what it needs, with a deadline."""
+"""A desk for each test of the real Windows program: a display of its own, and eyes on the program's windows."""
 import json
 import os
 import pathlib
-import shutil
-import struct
 import subprocess
 import sys
-import tempfile
-import time
 import unittest
 
-DEADLINE_SECONDS = 20
+import whole
+from whole import DEADLINE_SECONDS, ROOT, WHITE, note_bytes, wait_for  # noqa: F401 - for the tests
+
 PROGRAMS = pathlib.Path(os.environ["INKWRIGHT_WINDOWS_BUILD"])
 PREFIX = os.environ.get("WINEPREFIX", os.environ["INKWRIGHT_WINE_STATE"])
 TOOLS = pathlib.Path(__file__).resolve().parent.parent.parent / "tools"
 SETTINGS = "HKCU\\Software\\Larkspur Works\\Inkwright"
-ROOT = "\\My Documents\\Inkwright"
 WM_CLOSE, WM_ENDSESSION, WM_COMMAND = 0x0010, 0x0016, 0x0111
 MESSAGE_TEXT = 0xFFFF
-WHITE, GREY = 0xFFFFFF, 0x808080
-
-
-def wait_for(what, condition):
-    """Polls until the condition gives something true, and returns that."""
-    end = time.monotonic() + DEADLINE_SECONDS
-    while not (result := condition()):
-        if time.monotonic() > end:
-            raise AssertionError(f"waited {DEADLINE_SECONDS} s in vain for {what}")
-        time.sleep(0.01)
-    return result
 
 
 def windows_path(path):
     return "Z:" + str(pathlib.Path(path).resolve()).replace("/", "\\")
 
 
-def note_bytes(height, strokes=()):
-    """A note file of grey strokes in one band, each the page positions of its points."""
-    data = struct.pack("<IIii", 5, WHITE, 1 if strokes else 0, height)
-    if strokes:
-        data += struct.pack("<I", len(strokes))
-    for points in strokes:
-        rows = [y for _, y in points]
-        data += struct.pack("<6i", len(points), 0, GREY & 0xFFFF, GREY >> 16, min(rows), max(rows))
-        data += b"".join(struct.pack("<2i", *point) for point in points)
-    return data
-
-
-class Case(unittest.TestCase):
+class Case(whole.Case):
     """An empty device and empty settings for each test."""
 
     def setUp(self):
-        self.device = pathlib.Path(tempfile.mkdtemp(prefix="inkwright-device-"))
-        self.addCleanup(shutil.rmtree, self.device, ignore_errors=True)
-        self.root = self.device / "My Documents" / "Inkwright"
+        super().setUp()
         self.environment = dict(os.environ, WINEDEBUG="-all", WINEDLLOVERRIDES="mscoree=;mshtml=", LC_ALL="C.UTF-8",
                                 WINEPREFIX=PREFIX, INKWRIGHT_DEVICE=windows_path(self.device))
-        self.start_display()
+        display, self.environment["DISPLAY"] = whole.start_display()
+        self.addCleanup(display.wait)
+        self.addCleanup(display.terminate)
         self.running = []
         self.addCleanup(self.stop_wine)
         subprocess.run(["bash", "-c", '. "$0" && use_wine_prefix "$1" && let_wine_manage_windows yes',
@@ -66,16 +39,6 @@ class Case(unittest.TestCase):
         self.finish(self.start("reg", "delete", SETTINGS.rpartition("\\")[0], "/f"))
         self.assertEqual(self.finish(self.start("reg", "add", SETTINGS, "/v", "RootDirPath", "/d", ROOT)), 0)
         self.probe = self.start(PROGRAMS / "wine_probe.exe", stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-
-    def start_display(self):
-        reader, writer = os.pipe()
-        display = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1024x768x24"], pass_fds=[writer],
-                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        self.addCleanup(display.wait)
-        self.addCleanup(display.terminate)
-        os.close(writer)
-        with os.fdopen(reader) as number:
-            self.environment["DISPLAY"] = ":" + number.readline().strip()
 
     def stop_wine(self):
         subprocess.run(["wineserver", "--kill"], env=self.environment, check=False)
@@ -128,29 +91,12 @@ class Case(unittest.TestCase):
         """Starts the program."""
         return self.start(PROGRAMS / "inkwright.exe", *arguments, environment=environment)
 
-    def finish(self, program):
-        """Waits for the program's own end and returns its exit code."""
-        return program.wait(DEADLINE_SECONDS)
-
-    def put_note(self, name, data=note_bytes(588)):
-        path = self.root / name
-        path.parent.mkdir(parents=True, exist_ok=True)
-        path.write_bytes(data)
-        return path
-
     def close(self, program, title):
         self.post(self.window(title), WM_CLOSE)
         self.assertEqual(self.finish(program), 0)
 
     def post(self, window, message, wparam=0):
         self.ask(f"post {window['handle']} {message} {wparam} 0")
-
-    def xdotool(self, *arguments):
-        subprocess.run(["xdotool", *map(str, arguments)], env=self.environment, check=True)
-
-    def keys(self, *names):
-        for name in names:
-            self.xdotool("key", name)
 
     def stroke(self, page, points):
         """Writes with the pointer. Each step is waited for until it shows: the system merges moves that nobody fetches,

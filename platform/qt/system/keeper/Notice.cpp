@@ -1,5 +1,6 @@
 #include "platform/qt/system/keeper/Notice.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -83,6 +84,7 @@ Outcome ShowByWindow(const QString& title, const QString& text) {
     QApplication application(count, arguments);
     QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::Ok);
     const QPushButton* const open = box.addButton(QStringLiteral("Open"), QMessageBox::AcceptRole);
+    for (QAbstractButton* button : box.buttons()) button->setIcon({});  // as on the program's own boxes
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(QMessageBox::Ok);
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
