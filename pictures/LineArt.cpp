@@ -1,4 +1,4 @@
-#include "export/LineArt.h"
+#include "pictures/LineArt.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,7 +6,7 @@
 
 #include "ink/PageHead.h"
 
-namespace inkexport {
+namespace pictures {
 
 std::vector<PenLine> LinesOf(ink::PenStyle style, double size) {
     switch (style) {
@@ -42,4 +42,4 @@ std::string Decimal(double value, int places) {
     return sign + std::to_string(parts / one) + (fraction.empty() ? "" : "." + fraction);
 }
 
-}  // namespace inkexport
+}  // namespace pictures

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "export/Checksums.h"
+#include "pictures/Checksums.h"
 
-namespace inkexport {
+namespace pictures {
 
 // Made for pictures of ink: it knows repetitions of the pixel before and nothing else, which is where the
 // paper is, and gives every block codes of its own. Several times as fast as what looks for any repetition,
@@ -38,4 +38,4 @@ class ZlibStream {
     int bitCount_ = 0;
 };
 
-}  // namespace inkexport
+}  // namespace pictures

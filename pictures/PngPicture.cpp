@@ -3,12 +3,12 @@
 #include <new>
 #include <vector>
 
-#include "export/Pictures.h"
-#include "export/PngWriter.h"
 #include "ink/InkPainter.h"
 #include "ink/Scale.h"
+#include "pictures/Pictures.h"
+#include "pictures/PngWriter.h"
 
-namespace inkexport {
+namespace pictures {
 
 namespace {
 
@@ -83,15 +83,15 @@ class Shrinker {
 
 }  // namespace
 
-PictureResult WritePng(const ink::InkPage& page, const PictureSize& size, const Arguments& arguments,
+PictureResult WritePng(const ink::InkPage& page, const PictureSize& size, const PictureOptions& options,
                        ink::ByteSink& sink) {
-    const PaintScale scale(arguments.scale);
+    const PaintScale scale(options.scale);
     const int64_t width = scale.Shown(size.width);
     const int64_t height = scale.Shown(size.height);
     if (width > kMostSide || height > kMostSide || width * height > kMostPixels)
         return PictureResult::TooLarge;
     ink::InkPainter painter;
-    if (!painter.SetPen(arguments.style, arguments.size, scale.scale)) throw std::bad_alloc();
+    if (!painter.SetPen(options.style, options.size, scale.scale)) throw std::bad_alloc();
 
     const int32_t paintedWidth = static_cast<int32_t>(scale.Painted(size.width));
     const int64_t stripRows = scale.scale.ToPage(kStripPixels / paintedWidth);
@@ -110,4 +110,4 @@ PictureResult WritePng(const ink::InkPage& page, const PictureSize& size, const 
     return shrinker.Finish(paintedWidth) ? PictureResult::Made : PictureResult::NotWritten;
 }
 
-}  // namespace inkexport
+}  // namespace pictures

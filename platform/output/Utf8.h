@@ -1,11 +1,11 @@
-// The program's paths and texts are UTF-8, the system's UTF-16.
+// Paths of the host are UTF-8 here, the system's UTF-16.
 #pragma once
 
 #include <string>
 
-namespace inkexport {
+namespace platform {
 
 std::string ToUtf8(const std::wstring& text);
 std::wstring FromUtf8(const std::string& text);
 
-}  // namespace inkexport
+}  // namespace platform

@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <vector>
 
-#include "export/Deflate.h"
 #include "ink/ByteStream.h"
 #include "ink/PixelSurface.h"
+#include "pictures/Deflate.h"
 
-namespace inkexport {
+namespace pictures {
 
 // Eight bits for each of red, green and blue. Memory does not grow with the picture. Throws bad_alloc.
 class PngWriter {
@@ -33,4 +33,4 @@ class PngWriter {
     ZlibStream rows_;
 };
 
-}  // namespace inkexport
+}  // namespace pictures

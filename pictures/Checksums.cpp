@@ -1,8 +1,8 @@
-#include "export/Checksums.h"
+#include "pictures/Checksums.h"
 
 #include "ink/Lanes.h"
 
-namespace inkexport {
+namespace pictures {
 
 Crc32::Crc32() {
     constexpr uint32_t kPolynomial = 0xEDB88320;
@@ -59,4 +59,4 @@ void Adler32::AddPixels(const uint32_t* pixels, size_t count) {
     Settle();
 }
 
-}  // namespace inkexport
+}  // namespace pictures

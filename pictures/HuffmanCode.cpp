@@ -1,4 +1,4 @@
-#include "export/HuffmanCode.h"
+#include "pictures/HuffmanCode.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +6,7 @@
 #include <numeric>
 #include <utility>
 
-namespace inkexport {
+namespace pictures {
 
 namespace {
 
@@ -75,4 +75,4 @@ HuffmanCode MakeHuffmanCode(std::vector<uint32_t> counts, int longest) {
     return code;
 }
 
-}  // namespace inkexport
+}  // namespace pictures

@@ -1,8 +1,8 @@
-#include "export/PageBreaks.h"
+#include "pictures/PageBreaks.h"
 
 #include <algorithm>
 
-namespace inkexport {
+namespace pictures {
 
 namespace {
 
@@ -43,4 +43,4 @@ std::vector<RowSpan> BreakPages(std::vector<RowSpan> strokes, int64_t height, in
     return sheets;
 }
 
-}  // namespace inkexport
+}  // namespace pictures

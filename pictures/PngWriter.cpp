@@ -1,9 +1,9 @@
-#include "export/PngWriter.h"
+#include "pictures/PngWriter.h"
 
 #include <cmath>
 #include <cstring>
 
-namespace inkexport {
+namespace pictures {
 
 namespace {
 
@@ -68,4 +68,4 @@ void PngWriter::WriteChunk(const char* type, const std::vector<uint8_t>& data) {
               sink_.Write(tail.data(), tail.size());
 }
 
-}  // namespace inkexport
+}  // namespace pictures

@@ -1,4 +1,4 @@
-#include "export/NoteInk.h"
+#include "pictures/NoteInk.h"
 
 #include <algorithm>
 #include <limits>
@@ -6,7 +6,7 @@
 #include "ink/InkPainter.h"
 #include "ink/NoteFile.h"
 
-namespace inkexport {
+namespace pictures {
 
 namespace {
 
@@ -44,6 +44,15 @@ bool AllAreFound(const ink::InkPage& page) {
 
 }  // namespace
 
+bool FoundInk::Find(const ink::InkPage& page) {
+    found_ = &page;
+    if (page.findsTallStrokes && AllAreFound(page)) return true;
+    found_ = &filed_;
+    filed_.findsTallStrokes = true;
+    filed_.bandHeight = page.bandHeight;
+    return filed_.FileAnew(page);
+}
+
 bool LoadedNote::Load(ink::ByteSource& source, std::string& problem) {
     ink::NoteFileHeader header;
     if (!ink::ReadNoteHeader(source, header)) {
@@ -52,15 +61,12 @@ bool LoadedNote::Load(ink::ByteSource& source, std::string& problem) {
     }
     // Bands of the same height keep the order that strokes were seen in where they were written.
     read_.bandHeight = header.bandHeight > 0 ? header.bandHeight : kUsualBandHeight;
-    read_.findsTallStrokes = filed_.findsTallStrokes = true;
+    read_.findsTallStrokes = true;
     const ink::LoadResult result = ink::ReadNoteBody(source, header, read_);
     if (result == ink::LoadResult::Damaged) problem = "it is damaged";
     if (result == ink::LoadResult::OutOfMemory) problem = "memory is too short for it";
     if (result != ink::LoadResult::Loaded) return false;
-    if (AllAreFound(read_)) return true;
-    filed_.bandHeight = read_.bandHeight;
-    isFiledAnew_ = true;
-    if (filed_.FileAnew(read_)) return true;
+    if (found_.Find(read_)) return true;
     problem = "its strokes can't be filed";
     return false;
 }
@@ -108,4 +114,4 @@ bool MeasureNote(const ink::InkPage& page, int32_t reach, PictureSize& size, std
     return true;
 }
 
-}  // namespace inkexport
+}  // namespace pictures

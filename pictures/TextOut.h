@@ -7,7 +7,7 @@
 
 #include "ink/ByteStream.h"
 
-namespace inkexport {
+namespace pictures {
 
 // Collects text and writes it in large pieces. The sink must outlive it. Throws bad_alloc.
 class TextOut {
@@ -46,4 +46,4 @@ class TextOut {
     bool isGood_ = true;
 };
 
-}  // namespace inkexport
+}  // namespace pictures

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace inkexport {
+namespace pictures {
 
 struct HuffmanCode {
     std::vector<uint8_t> lengths;  // bits of each symbol; 0 when it does not occur
@@ -15,4 +15,4 @@ struct HuffmanCode {
 // a symbol occurs. Two symbols at least must occur.
 HuffmanCode MakeHuffmanCode(std::vector<uint32_t> counts, int longest);
 
-}  // namespace inkexport
+}  // namespace pictures

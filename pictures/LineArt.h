@@ -9,7 +9,7 @@
 #include "ink/InkPainter.h"
 #include "ink/PenStyle.h"
 
-namespace inkexport {
+namespace pictures {
 
 // A pen's lines, one over the other, with round caps and joins. Widths in page pixels.
 struct PenLine {
@@ -32,4 +32,4 @@ std::vector<HeadBar> HeadBarsOf(ink::ColorRef background, int32_t width);
 // The shortest decimal with up to so many places, 9 at most, whatever the locale; below a billion.
 std::string Decimal(double value, int places = 3);
 
-}  // namespace inkexport
+}  // namespace pictures

@@ -1,10 +1,10 @@
 #include <cstdio>
 
-#include "export/LineArt.h"
-#include "export/Pictures.h"
-#include "export/TextOut.h"
+#include "pictures/LineArt.h"
+#include "pictures/Pictures.h"
+#include "pictures/TextOut.h"
 
-namespace inkexport {
+namespace pictures {
 
 namespace {
 
@@ -42,17 +42,17 @@ void PutPoints(TextOut& out, const ink::StrokeRecord& record) {
 
 }  // namespace
 
-PictureResult WriteSvg(const ink::InkPage& page, const PictureSize& size, const Arguments& arguments,
+PictureResult WriteSvg(const ink::InkPage& page, const PictureSize& size, const PictureOptions& options,
                        ink::ByteSink& sink) {
     TextOut out(sink);
     out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\""
-        << Decimal(size.width * arguments.scale) << "\" height=\"" << Decimal(size.height * arguments.scale)
+        << Decimal(size.width * options.scale) << "\" height=\"" << Decimal(size.height * options.scale)
         << "\" viewBox=\"0 0 " << int64_t{size.width} << " " << int64_t{size.height} << "\">\n";
     PutPaper(out, page.background, size);
     // Points lie in the middle of their pixels.
     out << "<g transform=\"translate(.5 .5)\" fill=\"none\" stroke-linecap=\"round\" "
            "stroke-linejoin=\"round\"";
-    const std::vector<PenLine> lines = LinesOf(arguments.style, arguments.size);
+    const std::vector<PenLine> lines = LinesOf(options.style, options.size);
     out << " stroke-width=\"" << Decimal(lines.back().width) << "\">\n";
     page.VisitStrokes(0, size.height, [&](const ink::StrokeRecord& record) {
         for (const PenLine& line : lines) {
@@ -67,4 +67,4 @@ PictureResult WriteSvg(const ink::InkPage& page, const PictureSize& size, const 
     return out.Flush() ? PictureResult::Made : PictureResult::NotWritten;
 }
 
-}  // namespace inkexport
+}  // namespace pictures

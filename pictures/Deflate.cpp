@@ -1,12 +1,12 @@
-#include "export/Deflate.h"
+#include "pictures/Deflate.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
 
-#include "export/HuffmanCode.h"
+#include "pictures/HuffmanCode.h"
 
-namespace inkexport {
+namespace pictures {
 
 namespace {
 
@@ -219,4 +219,4 @@ void ZlibStream::EndBlock(bool isLast) {
     tokenCount_ = 0;
 }
 
-}  // namespace inkexport
+}  // namespace pictures

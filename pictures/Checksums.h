@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace inkexport {
+namespace pictures {
 
 // Of a PNG's chunks.
 class Crc32 {
@@ -45,4 +45,4 @@ class Adler32 {
     uint64_t high_ = 0;
 };
 
-}  // namespace inkexport
+}  // namespace pictures

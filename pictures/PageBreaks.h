@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace inkexport {
+namespace pictures {
 
 // Half open, in page pixels.
 struct RowSpan {
@@ -17,4 +17,4 @@ struct RowSpan {
 // quarters of it empty; then at its very end. Rows that no ink touches fill no sheet of their own.
 std::vector<RowSpan> BreakPages(std::vector<RowSpan> strokes, int64_t height, int64_t capacity);
 
-}  // namespace inkexport
+}  // namespace pictures

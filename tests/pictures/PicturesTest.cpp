@@ -2,15 +2,15 @@
 #include <gtest/gtest.h>
 #include <png.h>
 
-#include "export/PageBreaks.h"
-#include "export/Pictures.h"
-#include "export/PngWriter.h"
 #include "ink/InkPainter.h"
+#include "pictures/PageBreaks.h"
+#include "pictures/Pictures.h"
+#include "pictures/PngWriter.h"
 #include "tests/ink/PlainPainter.h"
 
 namespace {
 
-using namespace inkexport;
+using namespace pictures;
 using sketch::Dice;
 using sketch::Picture;
 
@@ -84,12 +84,12 @@ TEST(Pictures, PixelsAreThePlainPainters) {
             SCOPED_TRACE(row.scale);
             const sketch::Pen pen{style, 2.5, row.dots};
             if (row.side > 1 && style != ink::PenStyle::Smooth) continue;
-            Arguments arguments;
-            arguments.scale = row.scale;
-            arguments.style = style;
-            arguments.size = pen.width;
+            PictureOptions options;
+            options.scale = row.scale;
+            options.style = style;
+            options.size = pen.width;
             ink::MemorySink sink;
-            ASSERT_EQ(WritePng(page, size, arguments, sink), PictureResult::Made);
+            ASSERT_EQ(WritePng(page, size, options, sink), PictureResult::Made);
             Picture plain(pen.OnScreen(size.width), pen.OnScreen(size.height));
             PlainPaper(plain, pen, page.background, 0, plain.surface.Bounds(), false);
             for (const sketch::Stroke& stroke : sketch::StrokesOf(page, true))
