@@ -32,7 +32,7 @@ constexpr Named<ink::PenStyle> kStyles[] = {{"smooth", ink::PenStyle::Smooth},
 constexpr Named<Paper> kPapers[] = {{"a4", pictures::kA4},
                                     {"a3", {841.89, 1190.551}},
                                     {"a5", {419.528, 595.276}},
-                                    {"letter", {612, 792}},
+                                    {"letter", pictures::kLetter},
                                     {"legal", {612, 1008}}};
 
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }

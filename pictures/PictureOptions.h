@@ -16,6 +16,7 @@ struct Paper {
     double height;
 };
 constexpr Paper kA4{595.276, 841.89};
+constexpr Paper kLetter{612, 792};
 
 struct PictureOptions {
     double scale = 1;  // of a page pixel, which measures 1/96 inch
