@@ -1,5 +1,3 @@
-#include <commdlg.h>
-
 #include <algorithm>
 
 #include "platform/MessageBox.h"
@@ -7,6 +5,11 @@
 #include "platform/windows/GdiSheet.h"
 #include "platform/windows/Guards.h"
 #include "platform/windows/SystemDialog.h"
+// Needs what those have included.
+// clang-format off
+#include <commdlg.h>
+#include <cderr.h>
+// clang-format on
 
 namespace platform {
 
@@ -44,9 +47,16 @@ double MarginOf(HDC dc, const GdiPaper& paper) {
 
 class WindowsPrintJob : public PrintJob {
   public:
-    // Sheets are counted from 1. Takes the device context over.
-    WindowsPrintJob(HDC dc, std::wstring name, size_t first, size_t last)
-        : dc_(dc), name_(std::move(name)), first_(first), last_(last), paper_(PaperOf(dc)) {}
+    // What the user has chosen. Takes the device context over.
+    WindowsPrintJob(const PRINTDLGW& chosen, std::wstring name)
+        : dc_(chosen.hDC),
+          name_(std::move(name)),
+          isToFile_((chosen.Flags & PD_PRINTTOFILE) != 0),
+          paper_(PaperOf(chosen.hDC)) {
+        if ((chosen.Flags & PD_PAGENUMS) == 0) return;
+        first_ = chosen.nFromPage;
+        last_ = chosen.nToPage;
+    }
     WindowsPrintJob(const WindowsPrintJob&) = delete;
     WindowsPrintJob& operator=(const WindowsPrintJob&) = delete;
     ~WindowsPrintJob() override {
@@ -69,6 +79,7 @@ class WindowsPrintJob : public PrintJob {
             DOCINFOW document{};
             document.cbSize = sizeof document;
             document.lpszDocName = name_.c_str();
+            document.lpszOutput = isToFile_ ? L"FILE:" : nullptr;
             isBegun_ = StartDocW(dc_.get(), &document) > 0;
         }
         if (!isBegun_ || StartPage(dc_.get()) <= 0) return nullptr;
@@ -88,14 +99,18 @@ class WindowsPrintJob : public PrintJob {
   private:
     windows::OwnedMemoryDc dc_;
     std::wstring name_;
-    size_t first_;
-    size_t last_;
+    bool isToFile_;     // whose name the system asks for
+    size_t first_ = 1;  // sheets, counted from 1
+    size_t last_ = kMostSheets;
     GdiPaper paper_;
     std::unique_ptr<GdiSheet> sheet_;
     bool isBegun_ = false;
 };
 
-void TellThatNoneIsThere(Window& owner) {
+// That there is no printer at all the dialog tells by itself; 0 is the user's own Cancel.
+bool IsUntold(DWORD error) { return error != 0 && error != PDERR_NODEFAULTPRN && error != PDERR_NODEVICES; }
+
+void TellThatNoneWorks(Window& owner) {
     ShowMessage(&owner, L"No printer can be used!\n\nPlease make sure that a printer is set up.", L" Error",
                 MessageButtons::Ok, MessageIcon::Error);
 }
@@ -106,7 +121,7 @@ std::unique_ptr<PrintJob> ChoosePrinter(Window& owner, const std::wstring& name)
     PRINTDLGW request{};
     request.lStructSize = sizeof request;
     request.hwndOwner = windows::FrameOf(&owner);
-    request.Flags = PD_RETURNDC | PD_ALLPAGES | PD_NOSELECTION | PD_USEDEVMODECOPIESANDCOLLATE | PD_NOWARNING;
+    request.Flags = PD_RETURNDC | PD_ALLPAGES | PD_NOSELECTION | PD_USEDEVMODECOPIESANDCOLLATE;
     request.nFromPage = request.nToPage = request.nMinPage = 1;
     request.nMaxPage = kMostSheets;
     request.nCopies = 1;
@@ -117,12 +132,8 @@ std::unique_ptr<PrintJob> ChoosePrinter(Window& owner, const std::wstring& name)
     }
     const OwnedGlobal mode(request.hDevMode);
     const OwnedGlobal names(request.hDevNames);
-    if (isChosen && request.hDC) {
-        const bool isRange = (request.Flags & PD_PAGENUMS) != 0;
-        return std::make_unique<WindowsPrintJob>(request.hDC, name, isRange ? request.nFromPage : 1,
-                                                 isRange ? request.nToPage : kMostSheets);
-    }
-    if (isChosen || CommDlgExtendedError() != 0) TellThatNoneIsThere(owner);
+    if (isChosen && request.hDC) return std::make_unique<WindowsPrintJob>(request, name);
+    if (isChosen || IsUntold(CommDlgExtendedError())) TellThatNoneWorks(owner);
     return nullptr;
 }
 
