@@ -6,51 +6,13 @@
 
 #include "platform/Printer.h"
 #include "platform/qt/Application.h"
+#include "platform/qt/QtSheet.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WindowImpl.h"
 
 namespace platform {
 
 namespace {
-
-constexpr double kPointsPerInch = 72;
-
-QColor ToQt(ink::ColorRef color) { return {ink::Red(color), ink::Green(color), ink::Blue(color)}; }
-
-// A sheet of the printer that the painter draws on, in points from the corner of the paper.
-class QtSheet : public ink::LineCanvas {
-  public:
-    QtSheet(QPainter& painter, const QSizeF& paper, double dots) : painter_(painter), paper_(paper) {
-        painter_.save();
-        painter_.setRenderHint(QPainter::Antialiasing);
-        painter_.scale(dots / kPointsPerInch, dots / kPointsPerInch);
-    }
-    QtSheet(const QtSheet&) = delete;
-    QtSheet& operator=(const QtSheet&) = delete;
-    ~QtSheet() override { painter_.restore(); }
-
-    void FillPaper(ink::ColorRef color) override { painter_.fillRect(QRectF({0, 0}, paper_), ToQt(color)); }
-    void Show(const ink::SheetView& view) override {
-        painter_.setClipRect(QRectF(0, view.clipTop, paper_.width(), view.clipBottom - view.clipTop));
-        painter_.translate(view.left, view.top);
-        painter_.scale(view.unit, view.unit);
-    }
-    void Fill(const ink::Rect& area, ink::ColorRef color) override {
-        painter_.fillRect(QRectF(area.left, area.top, area.Width(), area.Height()), ToQt(color));
-    }
-    void Draw(const ink::StrokeRecord& record, double width, ink::ColorRef color) override {
-        painter_.setPen(QPen(ToQt(color), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        QPolygonF line;
-        line.reserve(record.count);
-        for (int32_t i = 0; i < record.count; ++i)
-            line.append({record.Points()[i].x + 0.5, static_cast<double>(record.PageY(i)) + 0.5});
-        record.count == 1 ? painter_.drawPoint(line.front()) : painter_.drawPolyline(line);
-    }
-
-  private:
-    QPainter& painter_;
-    const QSizeF paper_;
-};
 
 class QtPrintJob : public PrintJob {
   public:
@@ -95,7 +57,7 @@ class QtPrintJob : public PrintJob {
     ink::LineCanvas* BeginSheet() override {
         const bool isGood = painter_.isActive() ? printer_.newPage() : painter_.begin(&printer_);
         if (!isGood) return nullptr;
-        sheet_ = std::make_unique<QtSheet>(painter_, Size(), printer_.resolution());
+        sheet_ = std::make_unique<qt::QtSheet>(painter_, Size(), printer_.resolution());
         return sheet_.get();
     }
     bool EndSheet() override {
@@ -127,7 +89,7 @@ class QtPrintJob : public PrintJob {
 
     QPrinter printer_;
     QPainter painter_;
-    std::unique_ptr<QtSheet> sheet_;
+    std::unique_ptr<qt::QtSheet> sheet_;
 };
 
 }  // namespace

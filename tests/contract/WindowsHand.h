@@ -181,10 +181,11 @@ class WindowsHand : public testing_support::Hand {
     void Answer(platform::MessageAnswer answer) override { answers_.push_back(answer); }
     std::vector<testing_support::SeenBox> Boxes() const override { return boxes_; }
     void ChooseEntries(const testing_support::Texts&) override {}  // no test here opens a menu
-    // Of the chooser the folder that it opens at, or none.
+    // Of the choosers what they propose, or nothing.
     void ChooseFolder(const std::wstring& folder) override {
         Answer(folder.empty() ? platform::MessageAnswer::Cancel : platform::MessageAnswer::Ok);
     }
+    void ChoosePlace(const std::wstring& place) override { ChooseFolder(place); }
 
   private:
     static constexpr UINT kTickMilliseconds = 10;
