@@ -60,7 +60,10 @@ class WindowsHand : public testing_support::Hand {
     // Of a property sheet the page that is shown.
     platform::Window* Top() override {
         const HWND active = GetActiveWindow();
-        platform::Window* window = platform::windows::WindowOf(active);
+        // What a dialog of the system's keeps in the place of our window means nothing to us.
+        const bool isOurs = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(active, GWLP_HINSTANCE)) ==
+                            platform::windows::Module();
+        platform::Window* window = isOurs ? platform::windows::WindowOf(active) : nullptr;
         const LRESULT page = window ? 0 : SendMessageW(active, PSM_GETCURRENTPAGEHWND, 0, 0);
         return page == 0 ? window : platform::windows::WindowOf(reinterpret_cast<HWND>(page));
     }
