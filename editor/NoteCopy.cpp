@@ -79,7 +79,7 @@ std::wstring WritePicture(platform::Screen& owner, const ink::InkPage& page, pic
 
 std::wstring WriteCopy(platform::Screen& owner, const ink::InkPage& page, const SavePlace& place) {
     const CopyKind& kind = kKinds[place.kind];
-    const std::wstring failed = L"Saving '" + place.shown + L"' failed!";
+    std::wstring failed = L"Saving '" + place.shown + L"' failed!";
     const platform::WaitCursor wait;
     platform::OutputFault fault;
     const std::unique_ptr<OutputFile> file = OutputFile::Create(place.path, place.replaces, fault);
