@@ -77,19 +77,20 @@ TEST_F(ForOthers, ACopyIsOfTheKindThatItsNameTells) {
 // What is on the screen, with the pen that wrote it.
 TEST_F(ForOthers, ACopyShowsThePageAsItIs) {
     UsePenOf(ink::PenStyle::Smooth, 25);
-    PutNote({60, 90});
+    PutNote({60, 900});
     Desk().scale = ink::Scale(192);
     Edited({Write({{30, 100}, {40, 130}}), SaveCopy(L"\\Out\\a.svg"), SaveCopy(L"\\Out\\a.ikw"),
             SaveCopy(kPlan)});
     const std::string drawing = device.files.Get(L"\\Out\\a.svg");
     for (const char* part : {"M100 60l0 0", "M30 100l10 30", "stroke-width=\"2.5\"", "viewBox=\"0 0 240 "})
         EXPECT_THAT(drawing, HasSubstr(part));
-    EXPECT_THAT(RowsAt(L"\\Out\\a.ikw"), testing::UnorderedElementsAre(60, 90, 100));
+    EXPECT_THAT(RowsAt(L"\\Out\\a.ikw"), testing::UnorderedElementsAre(60, 900, 100));
     EXPECT_EQ(device.files.Get(kPlan).substr(16, 4), std::string("\0\0\1\xE0", 4))
         << "480 screen pixels wide";
     device.usesLetterPaper = true;
     Edited({SaveCopy(L"\\Out\\a.pdf")});
-    EXPECT_THAT(device.files.Get(L"\\Out\\a.pdf"), HasSubstr("/MediaBox[0 0 612 792]"));
+    for (const char* part : {"/MediaBox[0 0 612 792]", "/Count 1/"})
+        EXPECT_THAT(device.files.Get(L"\\Out\\a.pdf"), HasSubstr(part));
 }
 
 TEST_F(ForOthers, WhatCannotBeCopiedLeavesWhatWasThere) {
@@ -148,10 +149,10 @@ TEST_F(ForOthers, SheetsAreAsTheDocuments) {
 TEST_F(ForOthers, LongPrintsCanBeStopped) {
     PutNote({60, 1100, 2200, 3300, 4400});
     Edited({Print({}), ExpectTitle(L" Printing"), ExpectItem(IDC_PROGRESS, L"Sheet 1 of 5"), Wait(10),
-            ExpectItem(IDC_PROGRESS, L"Sheet 2 of 5"), Press(platform::kIdCancel), Print({}),
+            ExpectItem(IDC_PROGRESS, L"Sheet 2 of 5"), Press(platform::kIdCancel),
             // The file changes meanwhile: the sheets are those of the page that was there.
-            [this] { PutNote({70}); }, Wait(20), Wait(editor::NoteWatch::kPeriod),
-            Wait(editor::NoteWatch::kPeriod)});
+            Wait(editor::NoteWatch::kPeriod - 35), Print({}), [this] { PutNote({70}); }, Wait(30),
+            ExpectItem(IDC_PROGRESS, L"Sheet 4 of 5"), Wait(20), Wait(editor::NoteWatch::kPeriod)});
     EXPECT_FALSE(Desk().printed[0].isFinished);
     EXPECT_TRUE(Desk().printed[1].isFinished);
     EXPECT_THAT(PrintedRows(), ElementsAre(ElementsAre(60), ElementsAre(1100), ElementsAre(2200),
