@@ -26,7 +26,7 @@ const InkCanvas::Command InkCanvas::kCommands[] = {
     {platform::kIdOk, L'W', &InkCanvas::Close},
     {IDM_NEW_NOTE, L'N', &InkCanvas::NewNote},
     {IDM_BACKGROUND_COLOR, 0, &InkCanvas::ChooseBackground},
-    {IDM_PEN, L'P', &InkCanvas::UsePen},
+    {IDM_PEN, L'I', &InkCanvas::UsePen},
     {IDM_PEN_COLOR_2, 0, &InkCanvas::UseRecentColor2},
     {IDM_PEN_COLOR_3, 0, &InkCanvas::UseRecentColor3},
     {IDM_PEN_COLOR_4, 0, &InkCanvas::UseRecentColor4},
@@ -41,6 +41,8 @@ const InkCanvas::Command InkCanvas::kCommands[] = {
     {IDM_TEXT_MEMO, 0, &InkCanvas::EditTextMemo},
     {IDM_SET_ALARM, 0, &InkCanvas::SetAlarmAndExit, HasInk},
     {IDM_SEND_EMAIL, 0, &InkCanvas::SendAsEmail, HasInk},
+    {IDM_SAVE_COPY, L's', &InkCanvas::SaveCopy, HasInk},
+    {IDM_PRINT, L'P', &InkCanvas::Print, HasInk},
 };
 
 // A key may come while the pen is down: what is written so far belongs to the page before it is saved or
@@ -70,6 +72,12 @@ bool InkCanvas::IsOffered(int id) const {
         if (command.id == id) return command.isOffered == nullptr || command.isOffered(page_);
     }
     return false;
+}
+
+bool InkCanvas::OffersInFrame(int command) {
+    if (command == IDM_UNDO) return history_.CanUndo();
+    if (command == IDM_REDO) return history_.CanRedo();
+    return IsOffered(command);
 }
 
 void InkCanvas::ShowToolsMenu() {

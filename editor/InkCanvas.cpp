@@ -8,7 +8,10 @@
 #include "app/store/MemoFile.h"
 #include "app/store/NoteFiles.h"
 #include "app/store/StorePaths.h"
+#include "editor/NewNoteFile.h"
+#include "editor/NoteCopy.h"
 #include "editor/NoteMail.h"
+#include "editor/NotePrint.h"
 #include "editor/NoteStorage.h"
 #include "editor/PageScroll.h"
 #include "options/memo/TextMemoDialog.h"
@@ -57,6 +60,8 @@ bool InkCanvas::OnCreate() {
     NameClient(L"Page");
     AddToFrameMenu(IDM_UNDO, L"Undo\tCtrl+Z");
     AddToFrameMenu(IDM_REDO, L"Redo\tCtrl+Y");
+    AddToFrameMenu(IDM_SAVE_COPY, L"Save a Copy As\u2026\tCtrl+Shift+S");
+    AddToFrameMenu(IDM_PRINT, L"Print\u2026\tCtrl+P");
     if (!view_.Create()) return OutOfMemory();
     if (store::NamesFile(page_.notePath)) LoadNote(this, page_);
     watch_.Remember(page_.notePath);
@@ -239,7 +244,23 @@ void InkCanvas::SetAlarmAndExit() {
 
 void InkCanvas::SendAsEmail() { SendNote(*this, page_); }
 
+void InkCanvas::SaveCopy() {
+    if (SaveNoteCopy(*this, page_, NameForOthers())) storeChanged_ = true;
+}
+
+void InkCanvas::Print() {
+    isPrinting_ = true;
+    PrintNote(*this, page_, NameForOthers());
+    isPrinting_ = false;
+}
+
 // What they share.
+
+// Of a new note the one that it would be proposed.
+std::wstring InkCanvas::NameForOthers() const {
+    const bool hasName = store::NamesFile(page_.notePath);
+    return store::NoteName(hasName ? page_.notePath : ProposedNotePath(Kind(), page_.notePath));
+}
 
 void InkCanvas::ShowTitle() {
     const std::wstring title = titleOverride_.empty() ? store::NoteName(page_.notePath) : titleOverride_;

@@ -52,9 +52,7 @@ class InkCanvas : public platform::Screen {
     void OnScroll(platform::ScrollCode code, int thumbPosition) override;
     bool OnKeyDown(platform::Key key) override;
     bool OnShortcut(wchar_t letter) override;
-    bool OffersInFrame(int command) override {
-        return command == IDM_UNDO ? history_.CanUndo() : history_.CanRedo();
-    }
+    bool OffersInFrame(int command) override;
     void OnCommand(int id) override;
     void OnTakeOver() override;
     void OnSessionEnd() override;
@@ -84,6 +82,8 @@ class InkCanvas : public platform::Screen {
     void EditTextMemo();
     void SetAlarmAndExit();
     void SendAsEmail();
+    void SaveCopy();
+    void Print();
     void Close();
 
     bool IsOffered(int id) const;
@@ -95,6 +95,7 @@ class InkCanvas : public platform::Screen {
     void ScheduleAlarm();
     void StartAnew();
     void ShowNewNote();
+    std::wstring NameForOthers() const;
     void ShowTitle();
     void BeginJournal();
     NoteKind Kind() const { return titleOverride_.empty() ? NoteKind::Ordinary : NoteKind::Reminder; }
@@ -111,6 +112,7 @@ class InkCanvas : public platform::Screen {
     const bool openedByAlarm_;
     bool storeChanged_ = false;
     bool closing_ = false;
+    bool isPrinting_ = false;   // sheets are made of the page, which must stay
     bool sizeRefused_ = false;  // memory was short for the window's size, which the user was told
     options::TextMemoDialog* openMemo_ = nullptr;  // of a note without a file, while it is edited
     ink::InkPage page_;

@@ -83,7 +83,8 @@ std::wstring InkCanvas::StepAside() {
 
 // A page without changes shows what its file has become, as soon as that can be read whole.
 void InkCanvas::FollowFile() {
-    const bool isFree = !page_.modified && !closing_ && !input_.IsDragging() && HasFile(page_);
+    const bool isFree =
+        !page_.modified && !closing_ && !isPrinting_ && !input_.IsDragging() && HasFile(page_);
     if (!isFree || !watch_.HasChanged(page_.notePath)) return;
     history_.Clear();
     if (!ReloadNote(page_)) return;

@@ -9,6 +9,9 @@ namespace inkexport {
 
 namespace {
 
+using pictures::Format;
+using pictures::Paper;
+
 constexpr double kLeastScale = 0.25;
 constexpr double kMostScale = 5;
 constexpr double kLeastSize = 0.1;
@@ -26,10 +29,10 @@ constexpr Named<Format> kFormats[] = {{"png", Format::Png}, {"svg", Format::Svg}
 constexpr Named<ink::PenStyle> kStyles[] = {{"smooth", ink::PenStyle::Smooth},
                                             {"classic", ink::PenStyle::Classic},
                                             {"simple", ink::PenStyle::Simple}};
-constexpr Named<Paper> kPapers[] = {{"a4", {595.276, 841.89}},
+constexpr Named<Paper> kPapers[] = {{"a4", pictures::kA4},
                                     {"a3", {841.89, 1190.551}},
                                     {"a5", {419.528, 595.276}},
-                                    {"letter", {612, 792}},
+                                    {"letter", pictures::kLetter},
                                     {"legal", {612, 1008}}};
 
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
@@ -106,10 +109,13 @@ class Parser {
             hasFormat_ = true;
             return Find(kFormats, value, a.format) ? "" : "png, svg or pdf";
         }
-        if (name == "--style") return Find(kStyles, value, a.style) ? "" : "smooth, classic or simple";
-        if (name == "--paper") return Find(kPapers, value, a.paper) ? "" : "a3, a4, a5, letter or legal";
-        if (name == "--scale") return Read(value, kLeastScale, kMostScale, a.scale) ? "" : "0.25 to 5";
-        if (name == "--size") return Read(value, kLeastSize, kMostSize, a.size) ? "" : "0.1 to 25.5";
+        if (name == "--style")
+            return Find(kStyles, value, a.picture.style) ? "" : "smooth, classic or simple";
+        if (name == "--paper")
+            return Find(kPapers, value, a.picture.paper) ? "" : "a3, a4, a5, letter or legal";
+        if (name == "--scale")
+            return Read(value, kLeastScale, kMostScale, a.picture.scale) ? "" : "0.25 to 5";
+        if (name == "--size") return Read(value, kLeastSize, kMostSize, a.picture.size) ? "" : "0.1 to 25.5";
         return Read(value, kLeastThumbnail, kMostThumbnail, a.thumbnail) ? "" : "16 to 1024";
     }
 
@@ -135,21 +141,8 @@ class Parser {
 
 }  // namespace
 
-const char* EndingOf(Format format) {
-    switch (format) {
-        case Format::Png:
-            return ".png";
-        case Format::Svg:
-            return ".svg";
-        case Format::Pdf:
-            break;
-    }
-    return ".pdf";
-}
-
 bool ParseArguments(const std::vector<std::string>& words, Arguments& arguments, std::string& problem) {
     arguments = Arguments();
-    arguments.paper = kPapers[0].value;
     Parser parser(arguments);
     bool optionsEnded = false;
     for (size_t i = 0; i < words.size(); ++i) {

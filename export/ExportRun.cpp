@@ -5,14 +5,21 @@
 
 #include "export/Arguments.h"
 #include "export/HostFiles.h"
-#include "export/NoteInk.h"
-#include "export/Pictures.h"
 #include "ink/InkPainter.h"
+#include "pictures/NoteInk.h"
+#include "pictures/Pictures.h"
+#include "platform/OutputFile.h"
 #include "res/version.h"
 
 namespace inkexport {
 
 namespace {
+
+using pictures::Format;
+using pictures::PictureResult;
+using pictures::PictureSize;
+using platform::OutputFault;
+using platform::OutputFile;
 
 constexpr int kDone = 0;
 constexpr int kSomeFailed = 1;
@@ -69,7 +76,7 @@ std::string WithEnding(const std::string& path, Format format) {
     const size_t nameAt = path.size() - FileNameOf(path).size();
     const size_t dot = path.rfind('.');
     const bool hasEnding = dot != std::string::npos && dot > nameAt;
-    return path.substr(0, hasEnding ? dot : path.size()) + EndingOf(format);
+    return path.substr(0, hasEnding ? dot : path.size()) + pictures::EndingOf(format);
 }
 
 std::string OutputOf(const std::string& note, const Arguments& arguments, bool toFolder) {
@@ -86,20 +93,11 @@ void CutToThumbnail(Arguments& arguments, PictureSize& size) {
     const double scale = 1.0 * arguments.thumbnail / size.width;
     // As painting will do it, but rounded down: a thumbnail must not be larger than it is to be.
     const double steps = ink::Scale::kPageDots * std::ceil(1 / std::min(scale, 1.0));
-    arguments.scale = std::floor(scale * steps) / steps;
+    arguments.picture.scale = std::floor(scale * steps) / steps;
 }
 
-PictureResult Write(const ink::InkPage& page, const PictureSize& size, const Arguments& arguments,
-                    ink::ByteSink& sink) {
-    switch (arguments.format) {
-        case Format::Png:
-            return WritePng(page, size, arguments, sink);
-        case Format::Svg:
-            return WriteSvg(page, size, arguments, sink);
-        case Format::Pdf:
-            break;
-    }
-    return WritePdf(page, size, arguments, sink);
+std::string TextOf(const OutputFault& fault) {
+    return fault.text + (fault.isThere ? "; --force replaces it" : "");
 }
 
 // Empty, or what is wrong with the note.
@@ -107,19 +105,20 @@ std::string ExportNote(const std::string& note, const std::string& output, Argum
     std::string problem;
     const std::unique_ptr<ink::ByteSource> source = OpenNote(note, problem);
     if (!source) return note + ": " + problem;
-    LoadedNote loaded;
+    pictures::LoadedNote loaded;
     ink::InkPainter pen;
     PictureSize size;
-    if (!pen.SetPen(arguments.style, arguments.size)) throw std::bad_alloc();
+    if (!pen.SetPen(arguments.picture.style, arguments.picture.size)) throw std::bad_alloc();
     if (!loaded.Load(*source, problem)) return note + ": " + problem;
     const ink::InkPage& page = loaded.Page();
-    if (!MeasureNote(page, pen.Reach(), size, problem)) return note + ": " + problem;
+    if (!pictures::MeasureNote(page, pen.Reach(), size, problem)) return note + ": " + problem;
     if (arguments.thumbnail != 0) CutToThumbnail(arguments, size);
-    const std::unique_ptr<OutputFile> file = OutputFile::Create(output, arguments.replaces, problem);
-    if (!file) return output + ": " + problem;
-    if (Write(page, size, arguments, *file) == PictureResult::TooLarge)
+    OutputFault fault;
+    const std::unique_ptr<OutputFile> file = OutputFile::Create(output, arguments.replaces, fault);
+    if (!file) return output + ": " + TextOf(fault);
+    if (WritePicture(arguments.format, page, size, arguments.picture, *file) == PictureResult::TooLarge)
         return note + ": its picture would be too large; try a smaller --scale";
-    return file->PutInPlace(problem) ? "" : output + ": " + problem;
+    return file->PutInPlace(fault) ? "" : output + ": " + TextOf(fault);
 }
 
 std::string ExportWithMemory(const std::string& note, const std::string& output, const Arguments& arguments) {

@@ -15,16 +15,6 @@ std::unique_ptr<ink::ByteSource> OpenNote(const std::string& path, std::string& 
 bool IsFolder(const std::string& path);
 bool IsSeparator(char c);
 
-// A file that comes to its place only when it is whole; until then nothing is seen of it there, and what was
-// there stays. Devices and pipes are written as they are.
-class OutputFile : public ink::ByteSink {
-  public:
-    // Null with what is wrong. What is there under that name is replaced only where that is wanted.
-    static std::unique_ptr<OutputFile> Create(const std::string& path, bool replaces, std::string& problem);
-    // The last call. False with what is wrong, also when a write has failed before.
-    virtual bool PutInPlace(std::string& problem) = 0;
-};
-
 void Print(const std::string& text);
 void PrintError(const std::string& text);
 // Whether somebody looks at the errors as they come, on a terminal that can wipe a line (ESC [ K).

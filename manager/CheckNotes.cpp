@@ -133,7 +133,7 @@ class CheckDialog : public platform::Dialog {
     explicit CheckDialog(StoreCheck& check) : Dialog(IDD_CHECK_NOTES), check_(check) {}
 
     bool OnCreate() override {
-        SetItemText(IDC_CHECK_PROGRESS, check_.Progress());
+        SetItemText(IDC_PROGRESS, check_.Progress());
         if (StartTimer(kTimer, kTimerMilliseconds)) return true;
         platform::ShowOutOfMemory(this);
         EndModal(kQuiet);
@@ -141,7 +141,7 @@ class CheckDialog : public platform::Dialog {
     }
     void OnTimer(int) override {
         for (int i = 0; i < kStepsAtATime && !check_.IsDone(); ++i) check_.Step();
-        SetItemText(IDC_CHECK_PROGRESS, check_.Progress());
+        SetItemText(IDC_PROGRESS, check_.Progress());
         if (check_.IsDone()) EndModal(kTell);
     }
     void OnCommand(int id) override {

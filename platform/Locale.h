@@ -18,6 +18,8 @@ std::wstring ShortDayName(int day);
 std::wstring DayName(int day);
 // The locale's first day of the week, 0 = Monday to 6 = Sunday.
 int FirstDayOfWeek();
+// Whether paper is 8.5 by 11 inches where the user lives, and not A4.
+bool UsesLetterPaper();
 // The default date-and-time form; midnight shows the date only.
 std::wstring DateAndTime(const DateTime& moment);
 

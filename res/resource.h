@@ -39,6 +39,7 @@
 #define IDD_OPTIONS_FILE_NAME 175
 #define IDD_OPTIONS_MISC 177
 #define IDD_CHECK_NOTES 178
+#define IDD_PRINTING 179
 
 // Controls; the same number may stand for others in another dialog
 #define IDC_LABEL -1
@@ -69,7 +70,7 @@
 #define IDC_SEARCH_NOTES 1032
 #define IDC_SEARCH_FOLDERS 1033
 #define IDC_SEARCH_MEMOS 1034
-#define IDC_CHECK_PROGRESS 1036
+#define IDC_PROGRESS 1036
 
 // Commands of the editor
 #define IDM_NEW_NOTE 32701
@@ -89,6 +90,8 @@
 // In the frame's own menu, where commands are multiples of 16.
 #define IDM_UNDO 33104
 #define IDM_REDO 33120
+#define IDM_SAVE_COPY 33136
+#define IDM_PRINT 33152
 
 // Commands of the manager; some stand in the editor's menus as well
 #define IDM_ADD_NOTE 32801

@@ -11,7 +11,7 @@ using platform::RegistryType;
 
 const std::wstring kKeyPath = std::wstring(platform::kCompanyKey) + L"\\" + platform::kProductName;
 constexpr size_t kTextCapacity = 260;
-constexpr size_t kSearchTextCapacity = 32768;
+constexpr size_t kLongTextCapacity = 32768;
 
 constexpr SettingInfo Number(SettingId id, const wchar_t* name, uint32_t defaultNumber) {
     return {id, name, RegistryType::Number, defaultNumber, nullptr, 0};
@@ -31,12 +31,13 @@ constexpr SettingInfo kTable[] = {
     Number(SettingId::FirstDayOfWeek, L"FirstDayOfWeek", 0),
     Number(SettingId::AlarmTimeOffset, L"AlarmTimeOffset", 0),
     Number(SettingId::ViewCalMode, L"ViewCalMode", 0),
-    {SettingId::SearchLastText, L"SearchLastText", RegistryType::Text, 0, L"", kSearchTextCapacity},
+    {SettingId::SearchLastText, L"SearchLastText", RegistryType::Text, 0, L"", kLongTextCapacity},
     Number(SettingId::SearchOpt, L"SearchOpt", 0),
     {SettingId::SaveAs_NoteFN, L"SaveAs_NoteFN", RegistryType::Number, 0, L"%F %Y-%m-%d", kTextCapacity},
     {SettingId::SaveAs_ReminderFN, L"SaveAs_ReminderFN", RegistryType::Number, 0, L"Reminder %f",
      kTextCapacity},
     {SettingId::TextMemoWordWrap, L"TextMemoWordWrap", RegistryType::Binary, 0, nullptr, 0},
+    {SettingId::CopyFolder, L"CopyFolder", RegistryType::Text, 0, L"", kLongTextCapacity},
 };
 static_assert(std::size(kTable) == static_cast<size_t>(SettingId::Count), "one row for each setting");
 

@@ -26,6 +26,7 @@ enum class SettingId {
     SaveAs_NoteFN,
     SaveAs_ReminderFN,
     TextMemoWordWrap,
+    CopyFolder,
     Count
 };
 

@@ -2,11 +2,14 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/MessageBox.h"
 #include "platform/PopupMenu.h"
+#include "platform/Printer.h"
+#include "platform/SaveChooser.h"
 #include "platform/Screen.h"
 #include "platform/Window.h"
 
@@ -18,6 +21,32 @@ struct ShownMessage {
     MessageButtons buttons = MessageButtons::Ok;
     MessageIcon icon = MessageIcon::Error;
     DefaultButton defaultButton = DefaultButton::First;
+};
+
+// What is chosen in the print dialog.
+struct PrinterChoice {
+    PrintPaper paper{595, 842, 0};
+    size_t first = 1;
+    size_t last = 1000;
+    size_t failsAfter = 1000;  // so many sheets
+};
+
+struct PrintedLine {
+    std::vector<Point> points;  // page pixels
+    double width = 0;
+    ink::ColorRef color = 0;
+};
+struct PrintedSheet {
+    ink::ColorRef paper = 0;
+    ink::SheetView view;
+    std::vector<Rect> fills;
+    std::vector<PrintedLine> lines;
+};
+// Of one job.
+struct PrintedPaper {
+    std::wstring name;
+    std::vector<PrintedSheet> sheets;
+    bool isFinished = false;
 };
 
 // The person in front of the device: does the next scripted step whenever the program waits for an event,
@@ -74,6 +103,14 @@ class HostDesk {
 
     // The folder chooser: what it gives; cancelled when empty.
     std::wstring chosenFolder;
+    // The save chooser: the name that is typed, cancelled when empty, and the kind that is chosen in its
+    // list; what it was asked.
+    std::wstring chosenPlace;
+    size_t chosenKind = 0;
+    std::vector<SaveQuestion> saveQuestions;
+    // The print dialog: cancelled without a choice. What was printed.
+    std::optional<PrinterChoice> chosenPrinter;
+    std::vector<PrintedPaper> printed;
 
     int outOfMemoryBoxes = 0;
     int waitCursorDepth = 0;

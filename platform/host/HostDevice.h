@@ -63,6 +63,7 @@ class HostDevice {
     std::wstring folder;           // tells devices that share one database apart
     std::set<NotificationHandle> unreadableNotifications;
 
+    bool usesLetterPaper = false;
     int guidesOpened = 0;
     std::vector<std::wstring> mailed;  // attachments handed to the mail program
 

@@ -6,6 +6,7 @@
 
 #include "platform/Locale.h"
 #include "platform/TextEncoding.h"
+#include "platform/host/HostDevice.h"
 #include "platform/host/HostFileStore.h"
 
 namespace platform {
@@ -79,6 +80,7 @@ std::wstring DayName(int day) { return kDays[(day + 1) % 7]; }
 
 std::wstring ShortDayName(int day) { return DayName(day).substr(0, 3); }
 
+bool UsesLetterPaper() { return host::HostDevice::Current().usesLetterPaper; }
 int FirstDayOfWeek() { return 6; }
 
 bool EqualNoCase(const std::wstring& a, const std::wstring& b) {

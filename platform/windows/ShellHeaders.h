@@ -16,6 +16,9 @@ namespace platform::windows {
 struct FreeTaskMemory {
     void operator()(void* memory) const { CoTaskMemFree(memory); }
 };
+struct ReleaseObject {
+    void operator()(IUnknown* object) const { object->Release(); }
+};
 using OwnedItemIds = std::unique_ptr<std::remove_pointer_t<PIDLIST_ABSOLUTE>, FreeTaskMemory>;
 
 }  // namespace platform::windows

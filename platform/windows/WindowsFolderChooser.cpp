@@ -9,14 +9,11 @@
 namespace platform {
 
 using windows::OwnedItemIds;
+using windows::ReleaseObject;
 
 namespace {
 
 constexpr DWORD kLongestPath = 32768;
-
-struct ReleaseObject {
-    void operator()(IUnknown* object) const { object->Release(); }
-};
 
 OwnedItemIds ItemIdsOf(const std::wstring& hostPath) {
     PIDLIST_ABSOLUTE ids = nullptr;

@@ -55,6 +55,8 @@ std::wstring DayName(int day) {
     return IsDay(day) ? LocaleText(LOCALE_SDAYNAME1 + static_cast<LCTYPE>(day)) : std::wstring();
 }
 
+bool UsesLetterPaper() { return LocaleText(LOCALE_IPAPERSIZE) == L"1"; }
+
 int FirstDayOfWeek() {
     const std::wstring digit = LocaleText(LOCALE_IFIRSTDAYOFWEEK);
     const int day = digit.empty() ? -1 : digit[0] - L'0';

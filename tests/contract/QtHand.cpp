@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPrintDialog>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTabWidget>
@@ -167,10 +168,11 @@ class QtHand : public testing_support::Hand {
     void Answer(platform::MessageAnswer answer) override { answers_.push_back(answer); }
     std::vector<testing_support::SeenBox> Boxes() const override { return boxes_; }
     void ChooseEntries(const testing_support::Texts&) override {}  // no test here opens a menu
-    // Of the chooser the folder that it opens at, or none.
+    // Of the choosers what they propose, or nothing.
     void ChooseFolder(const std::wstring& folder) override {
         Answer(folder.empty() ? platform::MessageAnswer::Cancel : platform::MessageAnswer::Ok);
     }
+    void ChoosePlace(const std::wstring& place) override { ChooseFolder(place); }
 
   private:
     static constexpr int kTickMilliseconds = 1;
@@ -234,16 +236,26 @@ class QtHand : public testing_support::Hand {
     bool AnswerQuestion() {
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         auto* box = qobject_cast<QMessageBox*>(dialog);
-        if (!box && !qobject_cast<QFileDialog*>(dialog)) return false;
+        if (!box && !qobject_cast<QFileDialog*>(dialog) && !qobject_cast<QPrintDialog*>(dialog)) return false;
         if (answers_.empty()) return true;
         const platform::MessageAnswer answer = answers_.front();
         answers_.pop_front();
         if (box) {
             AnswerBox(*box, answer);
+        } else if (answer != platform::MessageAnswer::Ok) {
+            dialog->reject();
+        } else if (auto* printing = qobject_cast<QPrintDialog*>(dialog)) {
+            PrintIntoFile(*printing);
         } else {
-            answer == platform::MessageAnswer::Ok ? dialog->accept() : dialog->reject();
+            dialog->accept();
         }
         return true;
+    }
+    // Without a display no name of what is printed is remembered, so that a folder is proposed.
+    static void PrintIntoFile(QPrintDialog& dialog) {
+        auto* file = dialog.findChild<QLineEdit*>("filename");
+        if (file->text().endsWith('/')) file->setText(file->text() + "Plan.pdf");
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
     }
     void AnswerBox(QMessageBox& box, platform::MessageAnswer answer) {
         constexpr QMessageBox::StandardButton kButtons[] = {QMessageBox::Ok, QMessageBox::Cancel,
@@ -273,6 +285,7 @@ int main(int count, char** arguments) {
     testing::InitGoogleMock(&count, arguments);
     if (!qEnvironmentVariableIsSet("INKWRIGHT_SHOW_TESTS")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("INKWRIGHT_SCREEN", "480x640");
+    qputenv("CUPS_SERVER", "/nowhere");  // no test wastes real paper
     const platform::qt::Application application(count, arguments);
     return RUN_ALL_TESTS();
 }

@@ -1,6 +1,7 @@
 // What the contract's hand, a mouse, can't show: pens and fingers as the toolkit reports them, colours of the
 // desktop.
 #include <QApplication>
+#include <QDir>
 #include <QPalette>
 #include <QPointingDevice>
 #include <QTabletEvent>
@@ -8,9 +9,12 @@
 #include <algorithm>
 
 #include "platform/Canvas.h"
+#include "platform/Printer.h"
 #include "platform/qt/Application.h"
+#include "platform/qt/QtSheet.h"
 #include "platform/qt/WindowImpl.h"
 #include "tests/contract/Recording.h"
+#include "tests/contract/SheetSketch.h"
 
 using namespace contract;
 using namespace platform;
@@ -138,6 +142,48 @@ TEST_F(QtPort, FingersMoveThePageUnlessTheyAreAHand) {
     Play({Pen(QEvent::TabletMove, {{5, 5}}, Qt::NoButton)});
     Play(pan);
     EXPECT_THAT(After(tapIn(100)), ElementsAre("hover 5 5"));
+}
+
+TEST_F(QtPort, SheetsAreDrawnToScale) {
+    QImage paper(2 * kSketchWidth, 2 * kSketchHeight, QImage::Format_RGB32);
+    QPainter painter(&paper);
+    {
+        qt::QtSheet sheet(painter, {kSketchWidth, kSketchHeight}, kSketchDots);
+        SketchOn(sheet);
+    }
+    EXPECT_FALSE(painter.hasClipping());
+    ExpectSketch([&](int x, int y) { return paper.pixel(x, y) & 0xFFFFFF; });
+}
+
+// Without a printer the dialog proposes a file named after what is printed.
+TEST_F(QtPort, SheetsArePrintedIntoAFile) {
+    const QDir home = QDir::home();
+    ASSERT_TRUE(home.mkpath("."));
+    page_.command = [this](int) {
+        const std::unique_ptr<PrintJob> job = ChoosePrinter(page_, L"Plan");
+        if (!job) return;
+        const PrintPaper paper = job->Paper();
+        EXPECT_TRUE(paper.width > 500 && paper.height > paper.width && paper.margin < 72);
+        EXPECT_THAT(job->Wanted(3), ElementsAre(0, 1, 2));
+        for (int sheet = 0; sheet < 3; ++sheet) {
+            ink::LineCanvas* canvas = job->BeginSheet();
+            ASSERT_NE(canvas, nullptr);
+            SketchOn(*canvas);
+            EXPECT_TRUE(job->EndSheet());
+        }
+        EXPECT_TRUE(job->Finish());
+    };
+    for (const MessageAnswer answer : {MessageAnswer::Cancel, MessageAnswer::Ok}) {
+        QFile file(home.filePath("Plan.pdf"));
+        EXPECT_FALSE(file.exists());
+        hand_.Answer(answer);
+        After({Post(page_, 5)});
+        if (answer == MessageAnswer::Cancel) continue;
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray bytes = file.readAll();
+        EXPECT_TRUE(bytes.startsWith("%PDF"));
+        EXPECT_EQ(bytes.count("/Type /Page\n"), 3);
+    }
 }
 
 // A session that ends waits for no answer: what was asking is refused, and so is what is asked then.

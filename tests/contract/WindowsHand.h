@@ -60,7 +60,10 @@ class WindowsHand : public testing_support::Hand {
     // Of a property sheet the page that is shown.
     platform::Window* Top() override {
         const HWND active = GetActiveWindow();
-        platform::Window* window = platform::windows::WindowOf(active);
+        // What a dialog of the system's keeps in the place of our window means nothing to us.
+        const bool isOurs = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(active, GWLP_HINSTANCE)) ==
+                            platform::windows::Module();
+        platform::Window* window = isOurs ? platform::windows::WindowOf(active) : nullptr;
         const LRESULT page = window ? 0 : SendMessageW(active, PSM_GETCURRENTPAGEHWND, 0, 0);
         return page == 0 ? window : platform::windows::WindowOf(reinterpret_cast<HWND>(page));
     }
@@ -181,10 +184,11 @@ class WindowsHand : public testing_support::Hand {
     void Answer(platform::MessageAnswer answer) override { answers_.push_back(answer); }
     std::vector<testing_support::SeenBox> Boxes() const override { return boxes_; }
     void ChooseEntries(const testing_support::Texts&) override {}  // no test here opens a menu
-    // Of the chooser the folder that it opens at, or none.
+    // Of the choosers what they propose, or nothing.
     void ChooseFolder(const std::wstring& folder) override {
         Answer(folder.empty() ? platform::MessageAnswer::Cancel : platform::MessageAnswer::Ok);
     }
+    void ChoosePlace(const std::wstring& place) override { ChooseFolder(place); }
 
   private:
     static constexpr UINT kTickMilliseconds = 10;

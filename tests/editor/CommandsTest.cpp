@@ -29,7 +29,7 @@ class Commands : public EditorTest {
 TEST_F(Commands, ExactlyTheChosenToolIsChecked) {
     Play({ExpectChecked(IDM_PEN), Press(IDM_ERASER), ExpectChecked(IDM_ERASER), Press(IDM_SPACE_TOOL),
           ExpectChecked(IDM_SPACE_TOOL), Press(IDM_PEN), ExpectChecked(IDM_PEN), Shortcut(L'E'),
-          ExpectChecked(IDM_ERASER), Shortcut(L'P'), ExpectChecked(IDM_PEN), Press(IDM_ERASER)});
+          ExpectChecked(IDM_ERASER), Shortcut(L'I'), ExpectChecked(IDM_PEN), Press(IDM_ERASER)});
     const auto page = Edited({Press(IDM_PEN_COLOR_4), ExpectChecked(IDM_PEN), Write({{30, 100}})});
     EXPECT_EQ(Rows(*page), std::vector{100}) << "a colour brings the pen back";
     Run(kNewNotes, {Write({{30, 100}}), Shortcut(L'N'), ExpectTitle(L" Inkwright - Save As"), Ok(),

@@ -63,6 +63,15 @@ class EditorTest : public DeskSteps {
     Step ExpectDiscard(const std::wstring& path, platform::MessageAnswer answer) {
         return ExpectBox(L"Saving '" + path + L"' failed!\nDiscard changes?", L" Error", answer);
     }
+    // These stand together in the frame's menu; the first one is chosen.
+    Step ExpectFrameMenu(const Texts& entries) {
+        return [=] {
+            hand.ChooseEntries({entries.front()});
+            Desk().OpenFrameMenu();
+            const Texts& all = hand.Menu();
+            EXPECT_NE(std::search(all.begin(), all.end(), entries.begin(), entries.end()), all.end());
+        };
+    }
     Step ExpectPosition(int row) {
         return [=] { EXPECT_EQ(Desk().Top()->GetScroll().position, row); };
     }

@@ -125,17 +125,10 @@ TEST_F(Edits, StepsAreUndoneAndDoneAgainWhereTheyHappened) {
         EXPECT_TRUE(ShownPixels() == seen.back());
         seen.pop_back();
     };
-    const auto expectMenu = [this](const Texts& texts) {
-        return [=] {
-            hand.ChooseEntries({texts.front()});
-            Desk().OpenFrameMenu();
-            EXPECT_EQ(hand.Menu(), texts);
-        };
-    };
     const Texts none{L"(Undo\tCtrl+Z)", L"(Redo\tCtrl+Y)"};
-    Play({expectMenu(none), look, Write(Line({20, 100}, 60)), look, Press(IDM_ERASER)});
+    Play({ExpectFrameMenu(none), look, Write(Line({20, 100}, 60)), look, Press(IDM_ERASER)});
     Play({Write(Line({40, 100}, 3)), look, Press(IDM_SPACE_TOOL), Write({{9, 90}, {9, 120}}), undo, compare});
-    Play({undo, compare, expectMenu({L"Undo\tCtrl+Z", L"Redo\tCtrl+Y"}), compare, key(L'Y'), key(L'z')});
+    Play({undo, compare, ExpectFrameMenu({L"Undo\tCtrl+Z", L"Redo\tCtrl+Y"}), compare, key(L'Y'), key(L'z')});
     Play({Press(IDM_PEN), Scroll(C::PageDown), Write(Line({20, 200}, 9)), Scroll(C::Top), Down({9, 9})});
     const auto page = Edited({undo, undo, ExpectPosition(268), undo, ExpectPosition(0),
                               ExpectInk({{46, 100}}), key(L'Y'), ExpectInk({}, {{46, 100}})});
@@ -195,7 +188,7 @@ TEST_F(Edits, TheBandOfTheSpaceToolIsInvertedFromItsRowToThePen) {
 
 TEST_F(Edits, WithoutALiftNothingIsErasedOrMoved) {
     for (const int tool : {IDM_ERASER, IDM_SPACE_TOOL}) {
-        for (const Step& ending : {TakePenAway(), Shortcut(L'P'), Press(IDM_BACKGROUND_COLOR)}) {
+        for (const Step& ending : {TakePenAway(), Shortcut(L'I'), Press(IDM_BACKGROUND_COLOR)}) {
             Play({Write(Line({20, 100}, 10)), Press(tool), Down({30, 95}), Move({30, 103}), ending});
             const auto page = Written({Press(platform::Key::Escape), Move({40, 200}), Up({40, 200}),
                                        ExpectInk({{32, 100}}, {{200, 200}, {40, 200}})});

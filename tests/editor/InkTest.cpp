@@ -20,7 +20,7 @@ TEST_F(Pen, WhatBecomesInk) {
         {{Down({50, 20}), Move({50, 0}), Move({50, -5}), Up({50, -10})}, {{{50, 20}, {50, 0}, {50, -10}}}},
         {{Down({50, 100}), Move({60, 100}), TakePenAway(), Move({70, 100}), Up({70, 100})},
          {{{50, 100}, {60, 100}}}},
-        {{Down({30, 100}), Move({60, 100}), Shortcut(L'P'), Move({70, 100}), Up({70, 100})},
+        {{Down({30, 100}), Move({60, 100}), Shortcut(L'I'), Move({70, 100}), Up({70, 100})},
          {{{30, 100}, {60, 100}}}},
         // Under the eraser, a contact that never ended erases nothing.
         {{Write({{50, 100}, {60, 100}}), Press(IDM_ERASER), Down({50, 100}), Down({80, 80}), Up({80, 80})},

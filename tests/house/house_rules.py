@@ -10,20 +10,21 @@ TOP = pathlib.Path(__file__).resolve().parent.parent.parent
 STORE = "app/store"
 MAY_USE = {
     "ink": set(),
+    "pictures": {"ink"},
     "platform": {"ink"},
     STORE: {"ink", "platform"},
     "alarms": {"ink", "platform", STORE, "res"},
     "options": {"ink", "platform", STORE, "res"},
     "search": {"platform", STORE, "res"},
-    "editor": {"ink", "platform", STORE, "alarms", "options", "res"},
-    "export": {"ink", "res"},
+    "editor": {"ink", "pictures", "platform", STORE, "alarms", "options", "res"},
+    "export": {"ink", "pictures", "platform", "res"},
     "manager": {"ink", "platform", STORE, "alarms", "options", "editor", "search", "res"},
     "app": {"ink", "platform", STORE, "alarms", "editor", "manager"},
 }
 
 # The Windows port and the programs that come with it.
-WINDOWS = ("platform/windows/", "platform/keeper/", "platform/mail/", "export/windows/")
-LINUX = ("platform/qt/", "export/linux/")
+WINDOWS = ("platform/windows/", "platform/keeper/", "platform/mail/", "platform/output/Windows", "export/windows/")
+LINUX = ("platform/qt/", "platform/output/Linux", "export/linux/")
 PORTS = {"windows": WINDOWS, "keeper": WINDOWS, "mail": WINDOWS, "host": ("platform/host/",), "qt": LINUX}
 
 # All but what would go past the contract. Names with a dot or a slash are the system's.

@@ -87,6 +87,12 @@ TEST_F(Commands, NotesAreOpenedAndMadeFromTheTree) {
          dot, Press(IDM_NEW_NOTE), Close(), Close(), ExpectSelected(L"Work  (2 found) ")});
 }
 
+TEST_F(Commands, ANoteThatIsACopyShowsInItsFolder) {
+    Desk().chosenPlace = kRoot + L"Work\\twin.ikw";
+    RunManager(L"Work\\a.ikw", {Press(IDM_OPEN), Write({{30, 100}}), Press(IDM_SAVE_COPY), Close(),
+                                ExpectSelected(L"a"), ExpectTree(L"Notes\\Work", {L"a", L"twin"})});
+}
+
 TEST_F(Commands, RemindersComeAndGoWithTheirDays) {
     const Step pick = PickDay(IDC_MONTH_CALENDAR, 2007, 4, 2);
     const Step noDay = [this] { EXPECT_FALSE(Has(L"Reminders\\2007-04-02")); };

@@ -271,7 +271,7 @@ TEST_F(Operations, CheckingNotes) {
     const Step mend = [=] { device.files.Put(kRoot + L"Home\\torn.ikw", whole); };
     Play({Fail({FileCall::Create}), check,
           expect(torn + L"Writing 'Home\\torn (salvaged)' failed!\n\nNotes checked: 4"), Wait(30)});
-    Play({Fail({}), check, Wait(10), ExpectItem(IDC_CHECK_PROGRESS, L"Notes checked: 1\nHome\\")});
+    Play({Fail({}), check, Wait(10), ExpectItem(IDC_PROGRESS, L"Notes checked: 1\nHome\\")});
     Play({expect(damaged + L"Deep\\Low\\bare\n\nNotes checked: 1"), Press(platform::kIdCancel)});
     Play({check, expect(kept + L"4"), Wait(30), ExpectTree(L"Notes\\Home", {L"torn", L"torn (salvaged)"})});
     Play({check, expect(kept + L"5"), Wait(30), expectStore, check, Wait(10), Ok(), mend});

@@ -87,6 +87,7 @@ class DeskHand : public Hand {
         };
     }
     void ChooseFolder(const std::wstring& folder) override { desk_.chosenFolder = folder; }
+    void ChoosePlace(const std::wstring& place) override { desk_.chosenPlace = place; }
 
   private:
     platform::TreeView& TreeControl() { return *Top()->Handle()->tree; }

@@ -85,6 +85,7 @@ class Hand {
     // The menus that come next are answered with the entries of these texts, one after another.
     virtual void ChooseEntries(const Texts& texts) = 0;
     virtual void ChooseFolder(const std::wstring& folder) = 0;  // in the folder chooser; empty: cancelled
+    virtual void ChoosePlace(const std::wstring& place) = 0;    // in the save chooser, likewise
 
     // All entries of the last menu: greyed ones in brackets, separators as "-", submenus' after their text.
     const Texts& Menu() const { return menu_; }

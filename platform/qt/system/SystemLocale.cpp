@@ -1,3 +1,6 @@
+#include <langinfo.h>
+#include <locale.h>
+
 #include <QDate>
 #include <QString>
 #include <QTime>
@@ -90,6 +93,17 @@ std::wstring ShortDayName(int day) {
 }
 
 std::wstring DayName(int day) { return qt::TimeLocale().standaloneDayName(day + 1).toStdWString(); }
+
+// What the C library knows of the country; A4 where it has no such locale.
+bool UsesLetterPaper() {
+    constexpr int kLetterMillimetres = 279;
+    const locale_t locale = newlocale(LC_PAPER_MASK, "", nullptr);
+    if (locale == nullptr) return false;
+    // This one number comes in the place of a pointer.
+    const auto height = static_cast<int>(reinterpret_cast<intptr_t>(nl_langinfo_l(_NL_PAPER_HEIGHT, locale)));
+    freelocale(locale);
+    return height == kLetterMillimetres;
+}
 
 int FirstDayOfWeek() { return qt::TimeLocale().firstDayOfWeek() - 1; }
 
