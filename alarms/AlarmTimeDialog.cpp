@@ -29,7 +29,7 @@ AlarmTimeDialog::AlarmTimeDialog(platform::Point anchor)
     : Dialog(IDD_ALARM_TIME), moment_(InitialMoment(L"")), centred_(false), anchor_(anchor) {}
 
 bool AlarmTimeDialog::OnCreate() {
-    SetTitle(L"Set Alarm");  // readers of the screen tell it
+    NameDialog(L"Set Alarm");
     SetPicked(IDC_ALARM_DATE, moment_);
     SetPicked(IDC_ALARM_TIME, moment_);
     NameItem(IDC_ALARM_DATE, L"Date");

@@ -30,16 +30,17 @@ def make_strokes(count):
         yield chance.choice(COLORS), points
 
 
-def write_note(path, strokes):
+def write_note(path, strokes, view=VIEW):
+    """Filed for a view of so many rows."""
     slots = {}
     for color, points in strokes:
         low, high = min(y for _, y in points), max(y for _, y in points)
         record = struct.pack("<6i", len(points), 0, color & 0xFFFF, color >> 16, low, high)
         record += b"".join(struct.pack("<2i", *point) for point in points)
-        slots.setdefault(low // VIEW + high // VIEW, []).append(record)
+        slots.setdefault(low // view + high // view, []).append(record)
     count = max(slots) + 1
     bands = b"".join(struct.pack("<I", len(slots.get(i, []))) + b"".join(slots.get(i, [])) for i in range(count))
-    path.write_bytes(struct.pack("<IIii", 5, 0xFFFFFF, count, VIEW) + bands)
+    path.write_bytes(struct.pack("<IIii", 5, 0xFFFFFF, count, view) + bands)
 
 
 def write_xopp(path, strokes, width, height):

@@ -29,6 +29,7 @@ class Dialog : public Window {
     void EnableItem(int id, bool enabled);
     // What a control is, for screen readers: where neither its own text nor a label before it says so.
     void NameItem(int id, const std::wstring& name);
+    void NameDialog(const std::wstring& name);  // the same for one without a caption
     void FocusItem(int id);
     void SelectItemText(int id);  // all of an edit's text
     // Free page pixels left and right of an edit's text.

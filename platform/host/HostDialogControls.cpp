@@ -64,6 +64,8 @@ void Dialog::NameItem(int id, const std::wstring& name) {
     if (HostItem* item = Find(*impl_, id)) item->name = name;
 }
 
+void Dialog::NameDialog(const std::wstring& name) { impl_->name = name; }
+
 void Dialog::SetItemMargins(int id, int pixels) {
     if (HostItem* item = Find(*impl_, id)) item->margins = pixels;
 }

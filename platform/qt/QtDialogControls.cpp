@@ -26,6 +26,10 @@ void Dialog::NameItem(int id, const std::wstring& name) {
     if (auto* item = ItemOf<QWidget>(*impl_, id)) item->setAccessibleName(qt::ToQt(name));
 }
 
+void Dialog::NameDialog(const std::wstring& name) {
+    if (impl_->frame) impl_->frame->setAccessibleName(qt::ToQt(name));
+}
+
 void Dialog::SetItemMargins(int id, int pixels) {
     if (auto* edit = ItemOf<QLineEdit>(*impl_, id)) edit->setTextMargins(pixels, 0, pixels, 0);
     if (auto* edit = ItemOf<QPlainTextEdit>(*impl_, id)) edit->document()->setDocumentMargin(pixels);

@@ -74,6 +74,8 @@ void Dialog::NameItem(int id, const std::wstring& name) {
     windows::NameForReaders(Item(impl_->frame, id), name);
 }
 
+void Dialog::NameDialog(const std::wstring& name) { windows::NameForReaders(impl_->frame, name); }
+
 // The dialog manager moves the default button's mark along only when it is asked to move the focus itself.
 void Dialog::FocusItem(int id) {
     const HWND item = Item(impl_->frame, id);
