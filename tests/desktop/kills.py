@@ -1,18 +1,24 @@
-"""The native program killed: see tests/support/kills.py."""
+"""The native program killed: see tests/support/killing.py."""
 import desk
-import kills
+import killing
 
 
-class NativeKills(kills.Kills, desk.Case):
+class NativeKills(killing.Kills, desk.Case):
+    kills = 15
+    longest_save, longest_move = 0.06, 0.02
+
     def front(self):
-        """By title: no two windows have the same one here."""
+        """Told by all that it shows: the question and what is said after it have one title."""
         def active():
-            return next((desk.described(w)[1] for w in desk.windows() if desk.is_in(w, desk.ACTIVE)), None)
-        title = desk.wait_for("a window", active)
-        return title, title
+            return next((w for w in desk.windows() if desk.is_in(w, desk.ACTIVE)), None)
+        window = desk.wait_for("a window", active)
+        return [desk.described(node) for node in desk.below(window)], desk.described(window)[1]
 
     def answer(self, front):
         self.keys("Return")
+
+    def wait_until_gone(self, front):
+        desk.wait_for("the answer to count", lambda: self.front()[0] != front)
 
     def begin_closing(self, title):
         self.window(title)

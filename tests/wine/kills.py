@@ -1,11 +1,11 @@
-"""The Windows program killed: see tests/support/kills.py."""
+"""The Windows program killed: see tests/support/killing.py."""
 import desk
-import kills
+import killing
 
 IDM_RENAME = 32902
 
 
-class WineKills(kills.Kills, desk.Case):
+class WineKills(killing.Kills, desk.Case):
     def front(self):
         window = desk.wait_for("a window", self.windows)[0]
         return window, window["text"]

@@ -9,8 +9,6 @@ import time
 
 from whole import ROOT, note_bytes
 
-KILLS = int(os.environ.get("INKWRIGHT_KILLS", "20"))
-LONGEST_SAVE_SECONDS, LONGEST_MOVE_SECONDS = 0.4, 0.05
 
 
 def first_points(data):
@@ -31,6 +29,12 @@ def first_points(data):
 class Kills:
     """Beside a desk's case that has `front` (what identifies the window in front, and its title), `answer` (presses its
     default button), `begin_closing` and `begin_rename`."""
+    kills = 20
+    longest_save, longest_move = 0.4, 0.05  # seconds, after which all is done
+
+    def setUp(self):
+        super().setUp()
+        self.kills = int(os.environ.get("INKWRIGHT_KILLS", self.kills))
 
     def kill(self, program, seconds):
         time.sleep(seconds)
@@ -54,14 +58,14 @@ class Kills:
 
     def test_memos_stay_with_notes(self):
         dice = random.Random(6)
-        for kill in range(KILLS // 5):
+        for kill in range(self.kills // 5):
             shutil.rmtree(self.root, ignore_errors=True)
             self.put_note("Work/a.ikw", note_bytes(588, [[(10, 20), (30, 40)]]))
             self.put_note("Work/a.txt", b"tea")
             program = self.open("/manage", f"{ROOT}\\Work\\a.ikw")
             self.begin_rename(self.window("Inkwright"))
             self.keys("b", "Return")
-            self.kill(program, dice.uniform(0, LONGEST_MOVE_SECONDS))
+            self.kill(program, dice.uniform(0, self.longest_move))
             self.restart()
             with self.subTest(kill=kill):
                 self.assertEqual(self.strokes(), [(10, 20)])
@@ -70,7 +74,7 @@ class Kills:
     def test_ink_outlives_the_program(self):
         dice = random.Random(5)
         many = [[(x, y), (x + 1, y + 1)] for x in range(0, 400, 4) for y in range(300, 580, 2)]
-        for kill in range(KILLS):
+        for kill in range(self.kills):
             is_new = dice.random() < 0.5
             old, title = ([], "[new] - Inkwright") if is_new else (many, "a - Inkwright")
             for path in self.root.rglob("*.ikw"):
@@ -87,9 +91,9 @@ class Kills:
                 if is_new:
                     self.window(" Inkwright - Save As")
                     self.keys("Return")
-            self.kill(program, dice.uniform(0, LONGEST_SAVE_SECONDS))
+            self.kill(program, dice.uniform(0, self.longest_save))
             if dice.random() < 0.4:
-                self.restart(killed_after=dice.uniform(0, LONGEST_SAVE_SECONDS))
+                self.restart(killed_after=dice.uniform(0, self.longest_save))
             self.restart()
             with self.subTest(kill=kill):
                 self.assertEqual(self.strokes(), sorted(tuple(line[0]) for line in old + lines))
