@@ -42,7 +42,6 @@ MessageAnswer AnswerOf(int button) {
 int Show(Window* owner, QMessageBox& box) {
     box.setTextFormat(Qt::PlainText);
     for (QAbstractButton* button : box.buttons()) button->setIcon({});  // as those of our own dialogs
-    box.setWindowModality(Qt::ApplicationModal);
     const qt::SystemDialog running(owner, [&box] { box.done(0); });
     return box.exec();
 }

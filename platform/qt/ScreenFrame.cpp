@@ -45,7 +45,6 @@ ScreenFrame::ScreenFrame(QWidget* owner, Screen& screen, bool withScrollBar)
       strip_(new MenuBar(this, screen)) {
     GiveRole(*this, QAccessible::Window);
     GiveRole(*page_, QAccessible::Canvas);
-    page_->setAccessibleName("Page");
     page_->setAttribute(Qt::WA_OpaquePaintEvent);
     page_->setFocusPolicy(Qt::StrongFocus);
     if (!withScrollBar) return;
